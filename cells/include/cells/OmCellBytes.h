@@ -1,0 +1,67 @@
+#ifndef CELLS_OMCELLBYTES_H
+#define CELLS_OMCELLBYTES_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include <cells/Export.h>
+
+class OmMemoryRegion;
+class icuTracker;
+
+/// The storage of one text of a cell: bytes of its own in a region, or a share in a tracker's copy.
+///
+/// The bytes are kept as they are, whatever they are. An empty text of its own takes no storage.
+/// A moved-from object holds the empty text.
+///
+/// Thread safety: none; see OmCellText and icuTracker.
+class CELLS_EXPORT OmCellBytes {
+ public:
+  /// Copies `text` into `region`; null means the default heap.
+  /// @throws std::bad_alloc.
+  OmCellBytes(std::string_view text, OmMemoryRegion* region);
+
+  OmCellBytes(OmCellBytes&& other) noexcept
+      : storage_(std::exchange(other.storage_, nullptr)),
+        extent_(std::exchange(other.extent_, 0)) {}
+  OmCellBytes& operator=(OmCellBytes&& other) noexcept {
+    std::swap(storage_, other.storage_);
+    std::swap(extent_, other.extent_);
+    return *this;
+  }
+  ~OmCellBytes();
+
+  /// The bytes. Valid until this object changes or goes.
+  std::string_view View() const;
+
+  /// A copy of the bytes.
+  std::string Text() const { return std::string(View()); }
+
+  /// The tracker that the text is bound to; null when it has bytes of its own or the tracker is
+  /// gone.
+  icuTracker* Tracker() const;
+
+  /// Whether the text is bound to `tracker`; for null, whether it has bytes of its own.
+  bool IsBoundTo(icuTracker const* tracker) const;
+
+  /// The same text bound to `tracker`; for null, with bytes of its own in the region that they were
+  /// in before they were first bound.
+  /// @throws std::bad_alloc; nothing has changed then.
+  OmCellBytes BoundTo(icuTracker* tracker) const;
+
+ private:
+  OmCellBytes(void* storage, std::uintptr_t extent) : storage_(storage), extent_(extent) {}
+
+  bool IsBound() const { return (extent_ & 1) != 0; }
+  OmMemoryRegion* Home() const;
+
+  // Own bytes: the bytes, and twice their number. Bound: the tracker's entry, and the address of
+  // the region to return to, plus 1.
+  void* storage_;
+  std::uintptr_t extent_;
+};
+
+#endif

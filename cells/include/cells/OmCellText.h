@@ -1,0 +1,153 @@
+#ifndef CELLS_OMCELLTEXT_H
+#define CELLS_OMCELLTEXT_H
+
+#include <cstddef>
+#include <memory>
+#include <string>
+
+#include <cells/Export.h>
+#include <cells/OmLabelDisplay.h>
+#include <cells/OmMemoryRegion.h>
+
+class OmCellMetaData;
+class OmComposite;
+class OmNumDataValue;
+class OmNumber;
+class OmStringCell;
+class OmStringCellUTF8;
+class OmStringDataValue;
+class OmVariable;
+class icuTracker;
+
+/// The value of one table cell, or one label: a text, a number, a variable, a composite, ...
+///
+/// Cells are handled through pointers and their virtual operations. They are made with `new` on the
+/// default heap, with `new (region)` in a region, on the stack, or by Clone(); `delete` is right
+/// for every cell that was made by `new` or Clone(), wherever it lives.
+///
+/// Beside its value a cell may carry metadata and a context. A context is a setting that the labels
+/// of one family share, so that changing it through one of them changes it for all.
+///
+/// Thread safety: cells that share nothing may be used by different threads. Cells in one region
+/// that is not shared, with one context or with one tracker belong to one thread at a time.
+class CELLS_EXPORT OmCellText {
+ public:
+  class Visitor;
+
+  /// The values of GetKind() for the kinds of this library. Kinds made elsewhere use other values.
+  enum Kind : long {
+    StringCellKind = 1,
+    StringCellUTF8Kind,
+    NumberKind,
+    VariableKind,
+    NumDataValueKind,
+    StringDataValueKind,
+    CompositeKind,
+  };
+
+  OmCellText& operator=(OmCellText const&) = delete;
+
+  virtual ~OmCellText();
+
+  /// A copy in `region` (null: the default heap) with all of its state: value, metadata, display
+  /// mode, and a context of its own that has the same setting. It is bound to no tracker and
+  /// depends on nothing but the region. The caller owns it.
+  /// @throws std::bad_alloc; nothing is left behind then.
+  virtual OmCellText* Clone(OmMemoryRegion* region) const = 0;
+
+  /// The value rendered as UTF-8; texts as the bytes that they were made from.
+  virtual std::string GetText() const = 0;
+
+  /// A number that is the same for all cells of one class and differs between classes.
+  virtual long GetKind() const = 0;
+
+  /// Orders this cell against `other`: negative, 0 or positive. Cells of one kind compare by value,
+  /// then by text; texts by their bytes, which is code point order in UTF-8. Cells of different
+  /// kinds, the two string kinds among them, compare by the bytes of GetText().
+  /// @param ignoreCase compares texts after simple case folding, independently of the locale. Bytes
+  ///        that are not UTF-8 stand for themselves.
+  virtual short Compare(OmCellText const& other, bool ignoreCase) const = 0;
+
+  /// Drops the own context and shares that of `other`; none when `other` has none.
+  /// @throws std::bad_alloc; nothing has changed then.
+  virtual void ShareContext(OmCellText const& other);
+
+  /// Binds the texts of the cell to `tracker`, which keeps each distinct text once; null gives them
+  /// storage of their own again. Does nothing for kinds without texts. The tracker is not owned.
+  /// @throws std::bad_alloc; nothing has changed then.
+  virtual void UseTracker(icuTracker* tracker);
+
+  /// Writes `indent` times two blanks and GetText() to standard output, without a line end.
+  virtual void Dump(int indent) const;
+
+  /// Calls the `Visit` of `visitor` for the class of this cell.
+  virtual void Accept(Visitor& visitor) = 0;
+
+  /// The tracker that the cell is bound to; null when there is none, or when it is gone.
+  virtual icuTracker* GetTracker() const;
+
+  /// Whether the cell has metadata.
+  bool hasMeta() const { return getMeta() != nullptr; }
+
+  /// The cell's metadata, or null; valid until the next setMeta() or the end of the cell.
+  OmCellMetaData const* getMeta() const;
+
+  /// Replaces the cell's metadata by a copy of `*meta`; null removes it. A cell's own metadata may
+  /// be given back to it.
+  /// @throws std::bad_alloc; nothing has changed then.
+  void setMeta(OmCellMetaData const* meta);
+
+  /// Whether the cell has a context.
+  bool hasContext() const;
+
+  /// The display mode that the context holds; OmLabelDisplay::Label when there is no context.
+  OmLabelDisplay ContextDisplay() const;
+
+  /// Sets the display mode for all cells that share the context; makes a context when there is
+  /// none.
+  /// @throws std::bad_alloc; nothing has changed then.
+  void ContextDisplay(OmLabelDisplay display);
+
+  static void* operator new(std::size_t size) {
+    return OmMemoryRegion::DefaultHeap()->Allocate(size);
+  }
+  /// @param region where the cell is made; null means the default heap.
+  static void* operator new(std::size_t size, OmMemoryRegion* region) {
+    return (region != nullptr ? region : OmMemoryRegion::DefaultHeap())->Allocate(size);
+  }
+  static void operator delete(void* cell) { OmMemoryRegion::Release(cell); }
+  static void operator delete(void* cell, OmMemoryRegion*) { OmMemoryRegion::Release(cell); }
+
+ protected:
+  OmCellText() noexcept;
+
+  /// Copies metadata and context, as Clone() does.
+  OmCellText(OmCellText const& other);
+
+  /// Compare() for cells of different kinds.
+  short CompareTexts(OmCellText const& other, bool ignoreCase) const;
+
+ private:
+  struct Extras;
+
+  Extras& MakeExtras();
+
+  std::unique_ptr<Extras> extras_;  // null until metadata or a context is needed
+};
+
+/// Tells the kinds of cells apart. Each operation does nothing unless it is overridden.
+///
+/// Thread safety: none of its own.
+class CELLS_EXPORT OmCellText::Visitor {
+ public:
+  virtual ~Visitor();
+  virtual void Visit(OmNumber& cell);
+  virtual void Visit(OmStringCell& cell);
+  virtual void Visit(OmStringCellUTF8& cell);
+  virtual void Visit(OmVariable& cell);
+  virtual void Visit(OmNumDataValue& cell);
+  virtual void Visit(OmStringDataValue& cell);
+  virtual void Visit(OmComposite& cell);
+};
+
+#endif

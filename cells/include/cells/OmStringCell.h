@@ -1,0 +1,75 @@
+#ifndef CELLS_OMSTRINGCELL_H
+#define CELLS_OMSTRINGCELL_H
+
+#include <string>
+
+#include <cells/OmCellBytes.h>
+#include <cells/OmCellText.h>
+
+/// What the two kinds of plain texts have in common: one text, kept as the bytes that were given.
+///
+/// A clone keeps its bytes in the region that it lives in; any other cell keeps them on the default
+/// heap.
+///
+/// Thread safety: see OmCellText.
+class CELLS_EXPORT OmPlainText : public OmCellText {
+ public:
+  ~OmPlainText() override;
+
+  std::string GetText() const override;
+  short Compare(OmCellText const& other, bool ignoreCase) const override;
+  void UseTracker(icuTracker* tracker) override;
+  icuTracker* GetTracker() const override;
+
+ protected:
+  explicit OmPlainText(std::string const& text);
+  OmPlainText(OmPlainText const& other, OmMemoryRegion* region);
+
+ private:
+  OmCellBytes text_;
+};
+
+/// A plain text.
+///
+/// Thread safety: see OmCellText.
+class CELLS_EXPORT OmStringCell : public OmPlainText {
+ public:
+  /// @param text         kept as it is.
+  /// @param translatable whether the text may be shown in another language.
+  /// @throws std::bad_alloc.
+  explicit OmStringCell(std::string const& text, bool translatable = false);
+  ~OmStringCell() override;
+
+  OmCellText* Clone(OmMemoryRegion* region) const override;
+  long GetKind() const override;
+  void Accept(Visitor& visitor) override;
+
+  /// Whether the text may be shown in another language.
+  bool IsTranslatable() const { return translatable_; }
+
+ protected:
+  OmStringCell(OmStringCell const& other, OmMemoryRegion* region = nullptr);
+
+ private:
+  bool translatable_;
+};
+
+/// A plain text that is UTF-8 whatever the back end works in.
+///
+/// Thread safety: see OmCellText.
+class CELLS_EXPORT OmStringCellUTF8 : public OmPlainText {
+ public:
+  /// @param text kept as it is; it is not checked to be UTF-8.
+  /// @throws std::bad_alloc.
+  explicit OmStringCellUTF8(std::string const& text);
+  ~OmStringCellUTF8() override;
+
+  OmCellText* Clone(OmMemoryRegion* region) const override;
+  long GetKind() const override;
+  void Accept(Visitor& visitor) override;
+
+ protected:
+  OmStringCellUTF8(OmStringCellUTF8 const& other, OmMemoryRegion* region = nullptr);
+};
+
+#endif

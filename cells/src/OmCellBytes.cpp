@@ -1,0 +1,58 @@
+#include <cstring>
+
+#include <cells/OmCellBytes.h>
+#include <cells/OmMemoryRegion.h>
+#include <cells/icuTracker.h>
+
+#include "TextPool.h"
+
+namespace {
+
+OmTextPool::Entry* EntryOf(void* storage) {
+  return static_cast<OmTextPool::Entry*>(storage);
+}
+
+}  // namespace
+
+OmCellBytes::OmCellBytes(std::string_view text, OmMemoryRegion* region)
+    : storage_(nullptr), extent_(text.size() << 1) {
+  if (!text.empty()) {
+    storage_ = (region != nullptr ? region : OmMemoryRegion::DefaultHeap())->Allocate(text.size());
+    std::memcpy(storage_, text.data(), text.size());
+  }
+}
+
+OmCellBytes::~OmCellBytes() {
+  if (IsBound()) {
+    EntryOf(storage_)->Release();
+  } else {
+    OmMemoryRegion::Release(storage_);
+  }
+}
+
+std::string_view OmCellBytes::View() const {
+  return IsBound() ? EntryOf(storage_)->View()
+                   : std::string_view(static_cast<char const*>(storage_), extent_ >> 1);
+}
+
+icuTracker* OmCellBytes::Tracker() const {
+  return IsBound() ? EntryOf(storage_)->Tracker() : nullptr;
+}
+
+bool OmCellBytes::IsBoundTo(icuTracker const* tracker) const {
+  return tracker != nullptr ? Tracker() == tracker : !IsBound();
+}
+
+OmCellBytes OmCellBytes::BoundTo(icuTracker* tracker) const {
+  if (tracker == nullptr) {
+    return {View(), Home()};
+  }
+  return {tracker->pool_->Share(View()), reinterpret_cast<std::uintptr_t>(Home()) | 1};
+}
+
+OmMemoryRegion* OmCellBytes::Home() const {
+  if (IsBound()) {
+    return reinterpret_cast<OmMemoryRegion*>(extent_ & ~std::uintptr_t{1});
+  }
+  return storage_ != nullptr ? OmMemoryRegion::OwnerOf(storage_) : nullptr;
+}

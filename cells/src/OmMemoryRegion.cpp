@@ -1,0 +1,239 @@
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <initializer_list>
+#include <new>
+
+#include <cells/OmMemoryRegion.h>
+
+#include "Poison.h"
+
+namespace {
+
+constexpr unsigned long kChunkSize = 64UL << 10;
+constexpr unsigned long kPageSize = 1UL << 10;
+constexpr unsigned long kPages = kChunkSize / kPageSize;
+constexpr unsigned long kLargestShared = kChunkSize / 4;
+constexpr unsigned long kLargestBlock = 1UL << 40;
+constexpr unsigned long kLongestRun = 16;
+constexpr unsigned long kLongestSpan = 16;
+constexpr unsigned char kAlone = 0xFF;
+constexpr std::align_val_t kChunkAlignment{kChunkSize};
+
+/// Sizes up to 256 in steps of 16, above it four steps per doubling.
+unsigned int BinOf(unsigned long size) {
+  unsigned long const last = size - 1;
+  if (last < 256) {
+    return static_cast<unsigned int>(last / 16);
+  }
+  auto const top = static_cast<unsigned int>(std::bit_width(last)) - 1;
+  return 16 + (top - 8) * 4 + static_cast<unsigned int>((last >> (top - 2)) & 3);
+}
+
+unsigned long SizeOf(unsigned int bin) {
+  return bin < 16 ? (bin + 1) * 16UL : (5UL + (bin & 3)) << (6 + (bin - 16) / 4);
+}
+
+unsigned long RoundUp(unsigned long value, unsigned long step) {
+  return (value + step - 1) / step * step;
+}
+
+/// The shortest run of at least `pages` pages that wastes no more than an eighth of itself.
+unsigned long RunLength(unsigned long pages, unsigned long blockSize) {
+  while (pages * kPageSize % blockSize * 8 > pages * kPageSize) {
+    ++pages;
+  }
+  return pages;
+}
+
+}  // namespace
+
+/// Stands at the start of every chunk, and before every block that stands alone. Both are aligned
+/// to the chunk size, so that masking a block's address finds it.
+struct OmMemoryRegion::Chunk {
+  OmMemoryRegion* owner;
+  Chunk* next;  // the next span or lone block; null in the later chunks of a span
+  Chunk* previous;
+  unsigned long size;  // of what came from the system with this chunk at its start
+  unsigned char binOfPage[kPages];
+
+  static Chunk* Of(void const* block) {
+    return reinterpret_cast<Chunk*>(reinterpret_cast<std::uintptr_t>(block) & ~(kChunkSize - 1));
+  }
+
+  unsigned int BinOf(void const* block) const {
+    return binOfPage[(reinterpret_cast<std::uintptr_t>(block) & (kChunkSize - 1)) / kPageSize];
+  }
+
+  bool IsAlone() const { return binOfPage[0] == kAlone; }
+  unsigned long AloneSize() const { return size - sizeof(Chunk); }
+};
+
+std::atomic<OmMemoryRegion::AllocationProbe> OmMemoryRegion::probe_{nullptr};
+
+OmMemoryRegion::OmMemoryRegion(bool shared)
+    : shared_(shared), quick_(!shared && !poison::kActive) {}
+
+OmMemoryRegion::~OmMemoryRegion() {
+  for (Chunk* list : {spans_, alone_}) {
+    while (list != nullptr) {
+      Chunk* const next = list->next;
+      poison::Permit(list, list->size);
+      operator delete(list, kChunkAlignment);
+      list = next;
+    }
+  }
+}
+
+void* OmMemoryRegion::AllocateSlow(unsigned long size) {
+  if (AllocationProbe const probe = probe_.load(std::memory_order_relaxed)) {
+    probe(size);
+  }
+  if (size > kLargestShared) {
+    return AllocateAlone(size);
+  }
+  unsigned int const index = BinOf(std::max(size, 1UL));
+  unsigned long const blockSize = SizeOf(index);
+  auto const lock = Lock();
+  Bin& bin = bins_[index];
+  poison::Permit(bin.released, bin.released != nullptr ? sizeof(void*) : 0);
+  void* block = bin.Take(blockSize);
+  if (block == nullptr) {
+    StartRun(bin, index);
+    block = bin.Take(blockSize);
+  }
+  bytesInUse_ += blockSize;
+  poison::Forbid(block, blockSize);
+  poison::Permit(block, size);
+  return block;
+}
+
+void OmMemoryRegion::StartRun(Bin& bin, unsigned int index) {
+  unsigned long const blockSize = SizeOf(index);
+  if (static_cast<unsigned long>(chunkEnd_ - page_) < blockSize) {
+    StartChunk();
+  }
+  Chunk* const chunk = Chunk::Of(page_);
+  auto* const base = reinterpret_cast<char*>(chunk);
+  auto const start = static_cast<unsigned long>(page_ - base);
+  unsigned long const wanted = RunLength(bin.runPages, blockSize) * kPageSize;
+  unsigned long const end = std::min(RoundUp(start + wanted, kPageSize), kChunkSize);
+  std::fill(chunk->binOfPage + start / kPageSize, chunk->binOfPage + end / kPageSize,
+            static_cast<unsigned char>(index));
+  bin.fresh = page_;
+  bin.freshEnd = page_ + (end - start) / blockSize * blockSize;
+  bin.runPages = std::min(bin.runPages * 2, kLongestRun);
+  page_ = base + end;
+}
+
+void OmMemoryRegion::StartChunk() {
+  if (chunkEnd_ == spanEnd_) {
+    unsigned long const count = std::clamp(bytesReserved_ / kChunkSize / 4, 1UL, kLongestSpan);
+    unsigned long const size = count * kChunkSize;
+    void* const memory = operator new(size, kChunkAlignment);
+    spans_ = ::new (memory) Chunk{this, spans_, nullptr, size, {}};
+    bytesReserved_ += size;
+    chunkEnd_ = static_cast<char*>(memory);
+    spanEnd_ = chunkEnd_ + size;
+  } else {
+    ::new (chunkEnd_) Chunk{this, nullptr, nullptr, 0, {}};
+  }
+  page_ = chunkEnd_ + sizeof(Chunk);
+  chunkEnd_ += kChunkSize;
+  poison::Forbid(page_, kChunkSize - sizeof(Chunk));
+}
+
+void* OmMemoryRegion::AllocateAlone(unsigned long size) {
+  if (size > kLargestBlock) {
+    throw std::bad_alloc();
+  }
+  unsigned long const blockSize = RoundUp(size, kGrain);
+  void* const memory = operator new(sizeof(Chunk) + blockSize, kChunkAlignment);
+  auto const lock = Lock();
+  alone_ = ::new (memory) Chunk{this, alone_, nullptr, sizeof(Chunk) + blockSize, {kAlone}};
+  if (alone_->next != nullptr) {
+    alone_->next->previous = alone_;
+  }
+  bytesInUse_ += blockSize;
+  bytesReserved_ += alone_->size;
+  void* const block = alone_ + 1;
+  poison::Forbid(block, blockSize);
+  poison::Permit(block, size);
+  return block;
+}
+
+void OmMemoryRegion::Release(void* block) {
+  if (block == nullptr) {
+    return;
+  }
+  Chunk* const chunk = Chunk::Of(block);
+  OmMemoryRegion& owner = *chunk->owner;
+  bool const working = owner.working_.load(std::memory_order_relaxed);
+  if (!working && !poison::kActive) {
+    return;
+  }
+  bool const alone = chunk->IsAlone();
+  unsigned int const index = chunk->BinOf(block);
+  poison::Forbid(block, alone ? chunk->AloneSize() : SizeOf(index));
+  if (!working) {
+    return;
+  }
+  if (alone) {
+    owner.ReleaseAlone(chunk);
+    return;
+  }
+  auto const lock = owner.Lock();
+  poison::Permit(block, sizeof(void*));
+  Bin& bin = owner.bins_[index];
+  *static_cast<void**>(block) = bin.released;
+  bin.released = block;
+  poison::Forbid(block, sizeof(void*));
+  owner.bytesInUse_ -= SizeOf(index);
+}
+
+void OmMemoryRegion::ReleaseAlone(Chunk* chunk) {
+  {
+    auto const lock = Lock();
+    (chunk->previous != nullptr ? chunk->previous->next : alone_) = chunk->next;
+    if (chunk->next != nullptr) {
+      chunk->next->previous = chunk->previous;
+    }
+    bytesInUse_ -= chunk->AloneSize();
+    bytesReserved_ -= chunk->size;
+  }
+  poison::Permit(chunk, chunk->size);
+  operator delete(chunk, kChunkAlignment);
+}
+
+OmMemoryRegion* OmMemoryRegion::OwnerOf(void const* block) {
+  return Chunk::Of(block)->owner;
+}
+
+OmMemoryRegion* OmMemoryRegion::DefaultHeap() {
+  // Never destroyed: cells with static storage may be released after any destructor of ours.
+  alignas(OmMemoryRegion) static unsigned char storage[sizeof(OmMemoryRegion)];
+  static auto* const heap = ::new (static_cast<void*>(storage)) OmMemoryRegion(true);
+  return heap;
+}
+
+void OmMemoryRegion::WorkingRelease(bool on) {
+  working_.store(on, std::memory_order_relaxed);
+}
+
+unsigned long OmMemoryRegion::BytesInUse() const {
+  auto const lock = Lock();
+  return bytesInUse_;
+}
+
+unsigned long OmMemoryRegion::BytesReserved() const {
+  auto const lock = Lock();
+  return bytesReserved_;
+}
+
+void OmMemoryRegion::setAllocationProbe(AllocationProbe probe) {
+  probe_.store(probe, std::memory_order_relaxed);
+}
+
+std::unique_lock<std::mutex> OmMemoryRegion::Lock() const {
+  return shared_ ? std::unique_lock<std::mutex>(mutex_) : std::unique_lock<std::mutex>();
+}

@@ -1,0 +1,35 @@
+#include <cells/OmNumber.h>
+
+#include "CellOrder.h"
+#include "NumberText.h"
+
+OmNumber::OmNumber(double value, int decimals) : value_(value), decimals_(decimals) {}
+
+OmNumber::OmNumber(OmNumber const& other) = default;
+
+OmNumber::~OmNumber() = default;
+
+OmCellText* OmNumber::Clone(OmMemoryRegion* region) const {
+  return new (region) OmNumber(*this);
+}
+
+std::string OmNumber::GetText() const {
+  return NumberText(value_, decimals_);
+}
+
+long OmNumber::GetKind() const {
+  return NumberKind;
+}
+
+short OmNumber::Compare(OmCellText const& other, bool ignoreCase) const {
+  if (auto const* number = dynamic_cast<OmNumber const*>(&other)) {
+    if (short const order = cell_order::CompareValues(value_, number->value_)) {
+      return order;
+    }
+  }
+  return CompareTexts(other, ignoreCase);
+}
+
+void OmNumber::Accept(Visitor& visitor) {
+  visitor.Visit(*this);
+}

@@ -1,0 +1,71 @@
+#include <cells/OmStringCell.h>
+
+#include "CellOrder.h"
+
+OmPlainText::OmPlainText(std::string const& text) : text_(text, nullptr) {}
+
+OmPlainText::OmPlainText(OmPlainText const& other, OmMemoryRegion* region)
+    : OmCellText(other), text_(other.text_.View(), region) {}
+
+OmPlainText::~OmPlainText() = default;
+
+std::string OmPlainText::GetText() const {
+  return text_.Text();
+}
+
+short OmPlainText::Compare(OmCellText const& other, bool ignoreCase) const {
+  // The same answer as from the rendered texts, without copying them.
+  if (auto const* text = dynamic_cast<OmPlainText const*>(&other)) {
+    return cell_order::CompareTexts(text_.View(), text->text_.View(), ignoreCase);
+  }
+  return CompareTexts(other, ignoreCase);
+}
+
+void OmPlainText::UseTracker(icuTracker* tracker) {
+  if (!text_.IsBoundTo(tracker)) {
+    text_ = text_.BoundTo(tracker);
+  }
+}
+
+icuTracker* OmPlainText::GetTracker() const {
+  return text_.Tracker();
+}
+
+OmStringCell::OmStringCell(std::string const& text, bool translatable)
+    : OmPlainText(text), translatable_(translatable) {}
+
+OmStringCell::OmStringCell(OmStringCell const& other, OmMemoryRegion* region)
+    : OmPlainText(other, region), translatable_(other.translatable_) {}
+
+OmStringCell::~OmStringCell() = default;
+
+OmCellText* OmStringCell::Clone(OmMemoryRegion* region) const {
+  return new (region) OmStringCell(*this, region);
+}
+
+long OmStringCell::GetKind() const {
+  return StringCellKind;
+}
+
+void OmStringCell::Accept(Visitor& visitor) {
+  visitor.Visit(*this);
+}
+
+OmStringCellUTF8::OmStringCellUTF8(std::string const& text) : OmPlainText(text) {}
+
+OmStringCellUTF8::OmStringCellUTF8(OmStringCellUTF8 const& other, OmMemoryRegion* region)
+    : OmPlainText(other, region) {}
+
+OmStringCellUTF8::~OmStringCellUTF8() = default;
+
+OmCellText* OmStringCellUTF8::Clone(OmMemoryRegion* region) const {
+  return new (region) OmStringCellUTF8(*this, region);
+}
+
+long OmStringCellUTF8::GetKind() const {
+  return StringCellUTF8Kind;
+}
+
+void OmStringCellUTF8::Accept(Visitor& visitor) {
+  visitor.Visit(*this);
+}
