@@ -1,0 +1,260 @@
+#include "OmDisplayRowHeadingData.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace {
+
+using PathNode = OmDisplayRowHeading::PathNode;
+
+PuppetVector<short> Reversed(PuppetVector<short> axis) {
+  std::reverse(axis.begin(), axis.end());
+  return axis;
+}
+
+/// A place cut to a signed 32-bit value and widened again, as the queries by row number take it.
+unsigned long long Narrowed(unsigned long long place) {
+  return static_cast<unsigned long long>(static_cast<int>(place));
+}
+
+}  // namespace
+
+using RowData = OmDisplayRowHeading::Data;
+
+// Construction
+
+RowData::Data(OmDisplayLayerHeading& layer, PuppetVector<short> const& axis,
+              PuppetVector<short> const& across, bool skip, bool namesInCorner, bool collectCorner)
+    : layerHeading(&layer),
+      table(&layer.Table()),
+      skipEmpty(skip),
+      dimNamesInCorner(namesInCorner),
+      heads(Reversed(axis)),
+      calc(heads, table->SizeVector()),
+      nPlaces(0) {
+  for (std::size_t j = 0; j < heads.size(); ++j) {
+    if (OmDimHeader* const header = layout().Header(heads.elements[j])) {
+      known_.push_back({j, header});
+    }
+  }
+  if (skipEmpty) {
+    layout().FindNonEmptyHeaders(heads, Reversed(across), nonEmpty);
+  }
+  nPlaces = CountPlaces();
+  FindVisibleLevels();
+  totalLevels = std::accumulate(visibleLevels.begin(), visibleLevels.end(), 0ULL);
+  if (collectCorner) {
+    CollectCornerLabels();
+  }
+}
+
+RowData::Layout& RowData::layout() const {
+  return *layerHeading->_my;
+}
+
+unsigned long long RowData::CountPlaces() const {
+  return skipEmpty ? nonEmpty.size() : calc.Size();
+}
+
+void RowData::FindVisibleLevels() {
+  layout().FindVisibleLevels(nonEmpty, calc, visibleLevels);
+  if (!dimNamesInCorner) {
+    return;
+  }
+  for (std::size_t j = 0; j < known_.size(); ++j) {
+    Path const* const first = known_[j].header->PathAt(0);
+    if (first != nullptr && visibleLevels[j] != 0 && !(*first)[first->size() - 1].Value().hide) {
+      --visibleLevels[j];
+    }
+  }
+}
+
+bool RowData::CollectCornerLabels() {
+  bool placed = false;
+  if (dimNamesInCorner) {
+    std::vector<Path*> const paths = FindNodes(0);
+    for (std::size_t j = 0; j < paths.size(); ++j) {
+      if (paths[j] == nullptr) {
+        continue;
+      }
+      std::size_t const start = cornerLabels.size();
+      cornerLabels.resize(start + visibleLevels[j], nullptr);
+      OmDimensionNode const& root = (*paths[j])[paths[j]->size() - 1].Value();
+      if (visibleLevels[j] != 0 && !root.hide) {
+        cornerLabels[start] = root.label;
+        placed = placed || root.label != nullptr;
+      }
+    }
+  }
+  if (nPlaces != 0 && !placed) {
+    cornerLabels.resize(totalLevels, nullptr);
+    if (!cornerLabels.empty()) {
+      cornerLabels[0] = table->CornerText();
+    }
+  }
+  return placed;
+}
+
+// Places
+
+bool RowData::PlaceOf(int r, unsigned long long& place) const {
+  auto const row = static_cast<unsigned long long>(r);
+  if (r < 0 || row >= nPlaces) {
+    return false;
+  }
+  place = skipEmpty ? nonEmpty[row] : row;
+  return true;
+}
+
+bool RowData::PathPlaceOf(int r, unsigned long long& place) const {
+  if (PlaceOf(r, place)) {
+    return true;
+  }
+  place = static_cast<unsigned long long>(r);
+  return skipEmpty && r >= 0 && place < calc.Size();
+}
+
+RowData::Layout::Places const& RowData::NonEmptyPlaces() {
+  if (!skipEmpty && nonEmpty.empty()) {
+    nonEmpty.resize(calc.Size());
+    std::iota(nonEmpty.begin(), nonEmpty.end(), 0ULL);
+  }
+  return nonEmpty;
+}
+
+// The nodes of a place
+
+RowData::Path* RowData::PathOf(Head const& head, std::vector<unsigned int> const& digits) {
+  return head.header->PathAt(digits[head.digit]);
+}
+
+std::vector<RowData::Path*> RowData::FindNodes(unsigned long long place) {
+  calc.base.Digits(place, digits_);
+  std::vector<Path*> paths;
+  for (Head const& head : known_) {
+    paths.push_back(PathOf(head, digits_));
+  }
+  return paths;
+}
+
+void RowData::AppendLevels(Path* path, std::size_t width, std::deque<PathNode*>& out) const {
+  std::size_t taken = 0;
+  for (std::size_t step = path != nullptr ? path->size() : 0; step != 0 && taken != width; --step) {
+    PathNode& node = (*path)[step - 1];
+    if (node.Value().group && node.Value().hideLabels) {
+      break;
+    }
+    if (node.Value().hide || (dimNamesInCorner && node.depth == 0)) {
+      continue;
+    }
+    out.push_back(&node);
+    ++taken;
+  }
+  out.resize(out.size() + width - taken, nullptr);
+}
+
+void RowData::GetRowNodes(unsigned long long place, std::deque<PathNode*>& out) {
+  calc.base.Digits(place, digits_);
+  for (std::size_t j = 0; j < known_.size(); ++j) {
+    AppendLevels(PathOf(known_[j], digits_), visibleLevels[j], out);
+  }
+}
+
+void RowData::GetRowNodeCategories(unsigned long long place, std::deque<PathNode*>& out) {
+  for (Path* path : FindNodes(place)) {
+    out.push_back(path != nullptr ? path->begin : nullptr);
+  }
+}
+
+// Queries by row
+
+std::deque<PathNode*> RowData::Row(int r) {
+  std::deque<PathNode*> nodes;
+  unsigned long long place = 0;
+  if (PlaceOf(r, place)) {
+    GetRowNodes(Narrowed(place), nodes);
+  }
+  return nodes;
+}
+
+std::deque<PathNode*> RowData::RowCategories(int r) {
+  std::deque<PathNode*> nodes;
+  unsigned long long place = 0;
+  if (PlaceOf(r, place)) {
+    GetRowNodeCategories(Narrowed(place), nodes);
+  }
+  return nodes;
+}
+
+std::deque<PathNode*> RowData::Level(int level, bool narrow) {
+  std::deque<PathNode*> nodes;
+  std::size_t j = 0;
+  long long within = level;
+  while (j < visibleLevels.size() && within >= visibleLevels[j]) {
+    within -= visibleLevels[j];
+    ++j;
+  }
+  if (within < 0 || j == visibleLevels.size()) {
+    return nodes;
+  }
+  // What each leaf shows at this level is found once, not once per row.
+  Head const& head = known_[j];
+  std::vector<PathNode*> shown;
+  shown.reserve(head.header->paths.size());
+  std::deque<PathNode*> levels;
+  for (Path& path : head.header->paths) {
+    levels.clear();
+    AppendLevels(&path, visibleLevels[j], levels);
+    shown.push_back(levels[static_cast<std::size_t>(within)]);
+  }
+  for (unsigned long long row = 0; row < nPlaces; ++row) {
+    unsigned long long const place = skipEmpty ? nonEmpty[row] : row;
+    calc.base.Digits(narrow ? Narrowed(place) : place, digits_);
+    unsigned int const position = digits_[head.digit];
+    nodes.push_back(position < shown.size() ? shown[position] : nullptr);
+  }
+  return nodes;
+}
+
+void RowData::DimAllNodes(int r, std::vector<PathNode*>& out) {
+  unsigned long long place = 0;
+  if (!PathPlaceOf(r, place)) {
+    return;
+  }
+  for (Path* path : FindNodes(place)) {
+    for (std::size_t step = path != nullptr && path->size() > 1 ? path->size() : 0; step != 0;
+         --step) {
+      out.push_back(&(*path)[step - 1]);
+    }
+  }
+}
+
+void RowData::DimCatNodes(int r, std::vector<PathNode*>& outermost,
+                          std::vector<PathNode*>& categories) {
+  unsigned long long place = 0;
+  if (!PathPlaceOf(r, place)) {
+    return;
+  }
+  for (Path* path : FindNodes(place)) {
+    if (path != nullptr && path->size() > 1) {
+      outermost.push_back(path->end - 1);
+      categories.push_back(path->begin);
+    }
+  }
+}
+
+void RowData::Fill(std::vector<int>& index, int r) {
+  unsigned long long place = 0;
+  if (PlaceOf(r, place)) {
+    layout().Fill(place, calc, index);
+  }
+}
+
+int RowData::VisibleLevels(int j) const {
+  auto const position = static_cast<std::size_t>(j);
+  return position < visibleLevels.size() ? visibleLevels[position] : 0;
+}
+
+int RowData::DimensionAt(int j) const {
+  return heads[j];
+}

@@ -1,0 +1,114 @@
+#include <iterator>
+#include <memory>
+#include <utility>
+
+#include <cells/OmStringCell.h>
+#include <lakresvos/OmHeading.h>
+#include <lakresvos/OmOutputTree.h>
+#include <lakresvos/OmTextBlock.h>
+
+namespace {
+
+using PartTree = ListTree<OmOutputPart*>;
+
+/// Deletes an element's part. The element holds null while the destructor runs, so that nothing is
+/// deleted twice if that throws.
+void DeletePart(PartTree::Node const& node) {
+  delete std::exchange(node.Value(), nullptr);
+}
+
+/// A text block whose label is `label`, or empty when there is none.
+std::unique_ptr<OmTextBlock> MakeTextBlock(OmCellText const* label, std::string const& text) {
+  return label != nullptr ? std::make_unique<OmTextBlock>(*label, text)
+                          : std::make_unique<OmTextBlock>(OmStringCell("", false), text);
+}
+
+/// Hands `block` over to the tree as the last child of `node`.
+PartTree::Node AppendBlock(PartTree::Node const& node, std::unique_ptr<OmTextBlock> block) {
+  PartTree::Node const child = node.AppendChild(block.get());
+  // The tree is the owner now.
+  static_cast<void>(block.release());
+  return child;
+}
+
+PartTree::Node ReplaceContent(PartTree::Node node, OmCellText const* label,
+                              std::string const& text) {
+  OmOutputTree& tree = static_cast<OmOutputTree&>(*node.tree);
+  for (PartTree::Node child = node.FirstChild(); !child.AtEnd(); child = node.FirstChild()) {
+    tree.Prune(child);
+  }
+  return AppendBlock(node, MakeTextBlock(label, text));
+}
+
+PartTree::Node ReplaceItem(PartTree::Node node, std::string const& text) {
+  OmOutputPart const* const part = node.Value();
+  AppendBlock(node, MakeTextBlock(part != nullptr ? part->Label() : nullptr, text));
+  DeletePart(node);
+  PartTree& tree = *node.tree;
+  tree.PromoteDescendants(node);
+  PartTree::Node result = std::next(node.position) == tree.end().position
+                              ? tree.end()
+                              : PartTree::Node(&tree, std::next(node.position));
+  tree.Unlink(node);
+  result.depth = node.depth;
+  return result;
+}
+
+}  // namespace
+
+OmOutputTree::OmOutputTree() {
+  auto root = std::make_unique<OmHeading>(OmStringCell("Output", true));
+  Append(root.get());
+  static_cast<void>(root.release());
+}
+
+OmOutputTree::~OmOutputTree() {
+  for (PartTree::Node node = begin(); !node.AtEnd(); ++node) {
+    try {
+      DeletePart(node);
+    } catch (...) {
+      // A destructor that fails must not keep the others from running.
+      continue;
+    }
+  }
+}
+
+void OmOutputTree::Erase(PartTree::Node& node) {
+  if (node.AtEnd()) {
+    return;
+  }
+  DeletePart(node);
+  PromoteDescendants(node);
+  Unlink(node);
+}
+
+void OmOutputTree::Prune(PartTree::Node& node) {
+  if (node.AtEnd()) {
+    return;
+  }
+  // Everything before the present element that is left belongs to its ancestors: once an element is
+  // gone, the one before it is its parent.
+  Position const end = node.SubtreeEnd().position;
+  for (Node current(this, node.position);;) {
+    Position const next = std::next(current.position);
+    if (next != end && next->depth > current.position->depth) {
+      current = Node(this, next);
+      continue;
+    }
+    bool const last = current.position == node.position;
+    Node const parent = last ? current : Node(this, std::prev(current.position));
+    DeletePart(current);
+    Unlink(current);
+    if (last) {
+      return;
+    }
+    current = parent;
+  }
+}
+
+PartTree::Node Amputate(PartTree::Node node, OmCellText const* label, std::string const& text) {
+  if (node.AtEnd()) {
+    return node;
+  }
+  return node.depth <= 1 ? ReplaceContent(node, label, text) : ReplaceItem(node, text);
+}

@@ -1,0 +1,136 @@
+#ifndef LAKRESVOS_OMDIMENSION_H
+#define LAKRESVOS_OMDIMENSION_H
+
+#include <vector>
+
+#include <cells/OmCellText.h>
+#include <lakresvos/Export.h>
+#include <lakresvos/OmVectorTree.h>
+
+/// One node of a dimension: a category, which carries a subscript, or a group of nodes.
+///
+/// The region of `childIndex` is the node's own; the label is a private copy in it. A node must not
+/// outlive its region. A node is relocated bitwise by the tree that holds it.
+///
+/// Thread safety: none; one thread at a time uses a node.
+class LAKRESVOS_EXPORT OmDimensionNode {
+ public:
+  OmCellText* label;        ///< the node's text, owned; null in a default node
+  unsigned long subscript;  ///< the category's position along the dimension; all bits set: none
+  OmVector<unsigned int> childIndex;  ///< positions of the node's children, in label order
+  int sort;         ///< direction in which children are sorted: 0 up, 1 down, 2 none
+  bool group;       ///< whether this is a group rather than a category
+  bool hide;        ///< whether the display leaves the node out
+  bool hideLabels;  ///< whether the display leaves out a group's label and all below it
+
+  /// A default node: no label, no subscript, no flag set.
+  /// @param region the node's region; null means the default heap.
+  explicit OmDimensionNode(OmMemoryRegion* region = nullptr);
+
+  /// A node with a copy of `text`.
+  /// @param region the node's region, which the copy is made in; null means the default heap.
+  /// @throws whatever the text's Clone throws.
+  OmDimensionNode(OmCellText const& text, unsigned long subscript, bool group,
+                  OmMemoryRegion* region);
+
+  /// A copy in another region; null means the default heap. The index gets exactly the source's
+  /// size.
+  OmDimensionNode(OmDimensionNode const& source, OmMemoryRegion* region);
+
+  /// A copy in the source's own region.
+  OmDimensionNode(OmDimensionNode const& source);
+
+  OmDimensionNode& operator=(OmDimensionNode const&) = delete;
+  ~OmDimensionNode();
+
+  /// Orders siblings: groups before categories, then by label. Nodes with equal labels and group
+  /// flags are equivalent, whatever else differs.
+  bool operator<(OmDimensionNode const& other) const;
+
+  /// Whether group flag, subscript and label (kind and text) are equal.
+  bool operator==(OmDimensionNode const& other) const;
+};
+
+/// A dimension of a pivot table: a tree of groups and categories, whose root names the dimension.
+///
+/// Categories are addressed by subscript; the number of subscripts, CategoryCount(), is the table's
+/// extent along the dimension. Each group keeps an index of its children by label for Child() and
+/// FindChild(); AddNewChild() and the four edits leave it out of order or stale on purpose, being
+/// meant for callers that need no lookup.
+///
+/// Handles of nodes below a changed parent are stale after a change, see OmVectorTree.
+///
+/// Thread safety: none; one thread at a time uses a dimension.
+class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
+ public:
+  using Node = OmVectorTree<OmDimensionNode>::Node;
+  using ConstNode = OmVectorTree<OmDimensionNode>::ConstNode;
+
+  /// Makes a dimension without categories, its root a copy of `root`.
+  /// @param region supplies all storage; null means the default heap. It must outlive the
+  /// dimension.
+  OmDimension(OmDimensionNode const& root, OmMemoryRegion* region);
+
+  /// A deep copy in another region; null means the default heap. Linear in the number of nodes.
+  OmDimension(OmDimension const& other, OmMemoryRegion* region);
+
+  ~OmDimension();
+
+  // Children
+
+  /// The child of `parent` that equals `value` (label and group flag), or a new last child that is
+  /// a copy of it, without index entries. Finding takes logarithmic time; adding in label order
+  /// takes amortized constant time more, any other order moves the later index entries.
+  /// @throws OMSException "OmDimension::Child -- parent is not group"; the dimension is unchanged.
+  Node Child(Node const& parent, OmDimensionNode const& value);
+
+  /// The same with a node made of a text, a subscript and a group flag.
+  Node Child(Node const& parent, OmCellText const& text, unsigned long subscript, bool group);
+
+  /// Appends a child without looking for an equal one and without testing that `parent` is a group.
+  /// The parent's index is not kept in label order. Amortized constant time.
+  Node AddNewChild(Node const& parent, OmCellText const& text, unsigned long subscript, bool group);
+
+  /// The position of the child of `parent` with this label and group flag, 0xFFFFFFFF when the
+  /// index names none. Logarithmic time; no allocation.
+  static unsigned int FindChild(ConstNode parent, OmCellText const& text, bool group);
+
+  /// Removes the node and its subtree, repairs the parent's index and recounts the categories as 1
+  /// plus the largest subscript (1 when none is left). Does nothing for the root and for a handle
+  /// of another tree. Linear in the number of nodes.
+  void Delete(Node& node);
+
+  /// The node of this dimension at the same path of child positions, see OmVectorTree::Node.
+  Node Counterpart(Node& node);
+
+  // Queries
+
+  /// The number of subscripts, which is the table's extent along the dimension.
+  unsigned int CategoryCount() const { return categoryCount_; }
+
+  /// The largest depth of any handle in the subtree, the handle's own depth taken as it stands.
+  unsigned int getDepth(ConstNode node) const;
+
+  /// The number of levels, the root's included.
+  unsigned int getMaximumDepth() const;
+
+  /// Adds to `counts`, at the level of each node below `node`, 1 for each visible group and 1 for
+  /// each parent that has a childless category or hidden group. Levels past the end are left out.
+  void getGroupCountsByLevel(ConstNode node, std::vector<unsigned long>& counts) const;
+
+  /// The largest of all levels' counts.
+  unsigned long getMaxVisibleGroupCount() const;
+
+ private:
+  /// The element that holds `node` among its children, found from the root, with the node's
+  /// position; null when it is not in this tree. Parent links play no part, for edits may leave
+  /// them stale.
+  Element* FindParent(Element const* node, std::size_t& position);
+
+  /// The largest subscript of any category, taken as 32 bits, 0 when there is none; plus 1.
+  unsigned int NextSubscript() const;
+
+  unsigned int categoryCount_ = 0;
+};
+
+#endif

@@ -1,0 +1,241 @@
+#ifndef LAKRESVOS_OMOUTPUTTREE_H
+#define LAKRESVOS_OMOUTPUTTREE_H
+
+#include <cstddef>
+#include <iterator>
+#include <list>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <lakresvos/Export.h>
+#include <lakresvos/OmOutputPart.h>
+
+/// An ordered tree kept as one list in preorder, in which depths alone imply the structure.
+///
+/// Each element is followed by its whole subtree before its next sibling. The root level has depth
+/// 0; the children of an element at depth d are the following elements at depth d + 1, up to the
+/// first one whose depth is d or less. Handles keep valid until their element is removed.
+///
+/// Appending below an element whose subtree reaches the end of the list takes constant time; below
+/// another one, time linear in its subtree.
+///
+/// Thread safety: none; one thread at a time uses a tree and its handles.
+template <class T>
+class ListTree {
+ public:
+  struct Element {
+    T value;
+    int depth;
+  };
+  using Position = typename std::list<Element>::iterator;
+
+  /// A value handle of an element or of the end position.
+  struct Node {
+    ListTree* tree = nullptr;  ///< the tree that the handle belongs to
+    int depth = 0;             ///< a copy of the element's depth; 0 at the end position
+    Position position{};       ///< the element, or the list's end
+
+    Node() = default;
+    Node(ListTree* owner, Position at)
+        : tree(owner), depth(at == owner->list_.end() ? 0 : at->depth), position(at) {}
+
+    /// Whether the handle stands at the end position (or belongs to no tree).
+    bool AtEnd() const { return tree == nullptr || position == tree->list_.end(); }
+
+    /// The stored value; a default value, made anew at each call, at the end position.
+    T& Value() const { return AtEnd() ? NoValue() : position->value; }
+    T& operator*() const { return Value(); }
+
+    /// Steps to the next element in preorder; does nothing at the end.
+    Node& operator++() {
+      if (!AtEnd()) {
+        *this = Node(tree, std::next(position));
+      }
+      return *this;
+    }
+    Node operator++(int) {
+      Node const before = *this;
+      ++*this;
+      return before;
+    }
+
+    bool operator==(Node const& other) const {
+      return tree == other.tree && (tree == nullptr || position == other.position);
+    }
+    bool operator!=(Node const& other) const { return !(*this == other); }
+
+    /// The first element after this one whose depth is not greater than the handle's, or the end.
+    Node SubtreeEnd() const { return AtEnd() ? *this : Node(tree, tree->SubtreeEndOf(*this)); }
+
+    /// The first child, or the end position when there is none.
+    Node FirstChild() const {
+      Node next = *this;
+      ++next;
+      return next.AtEnd() || next.depth > depth ? next : End();
+    }
+
+    /// The next element with the same parent, or the end position when there is none.
+    Node NextSibling() const {
+      Node const next = SubtreeEnd();
+      return next.AtEnd() || next.depth == depth ? next : End();
+    }
+
+    /// Appends a last child and returns its handle.
+    /// @throws std::bad_alloc; the tree is then unchanged and what `value` points at still the
+    ///         caller's.
+    Node AppendChild(T value) const {
+      return tree == nullptr ? *this : tree->InsertBelow(*this, std::move(value));
+    }
+
+   private:
+    Node End() const { return tree != nullptr ? tree->end() : *this; }
+  };
+
+  ListTree() = default;
+  ListTree(ListTree const&) = delete;
+  ListTree& operator=(ListTree const&) = delete;
+
+  /// The handle of the first element.
+  Node begin() { return Node(this, list_.begin()); }
+  /// The handle of the end position.
+  Node end() { return Node(this, list_.end()); }
+
+  bool empty() const { return list_.empty(); }
+  /// The number of elements, at all levels.
+  std::size_t size() const { return list_.size(); }
+
+  /// Appends an element at root level and returns its handle; constant time.
+  /// @throws as Node::AppendChild().
+  Node Append(T value) { return InsertAtEnd(std::move(value), 0); }
+
+  /// Moves everything below the element up by one level: starting behind it, lowers the depth of
+  /// every element while that is greater than the given element's.
+  void PromoteDescendants(Node const& node) {
+    if (node.AtEnd()) {
+      return;
+    }
+    int const level = node.position->depth;
+    for (Position at = std::next(node.position); at != list_.end() && at->depth > level; ++at) {
+      --at->depth;
+    }
+    ForgetTail(level);
+  }
+
+  /// Removes one element and nothing else; what its value points at is not touched.
+  void Unlink(Node const& node) {
+    if (node.AtEnd()) {
+      return;
+    }
+    Position const at = node.position;
+    if (ReachesEnd(at, at->depth)) {
+      tail_[static_cast<std::size_t>(at->depth)] = list_.end();
+    }
+    list_.erase(at);
+  }
+
+ protected:
+  ~ListTree() = default;
+
+ private:
+  static T& NoValue() {
+    thread_local T none;
+    return none = T();
+  }
+
+  /// Whether the tail says that the subtree of `at`, which has this depth, reaches the list's end.
+  bool ReachesEnd(Position at, int depth) const {
+    auto const level = static_cast<std::size_t>(depth);
+    return depth >= 0 && level < tail_.size() && tail_[level] == at;
+  }
+
+  void ForgetTail(int depth) {
+    if (depth >= 0 && static_cast<std::size_t>(depth) < tail_.size()) {
+      tail_.resize(static_cast<std::size_t>(depth), list_.end());
+    }
+  }
+
+  Position SubtreeEndOf(Node const& node) {
+    if (ReachesEnd(node.position, node.depth)) {
+      return list_.end();
+    }
+    Position at = std::next(node.position);
+    while (at != list_.end() && at->depth > node.depth) {
+      ++at;
+    }
+    return at;
+  }
+
+  Node InsertBelow(Node const& node, T value) {
+    int const depth = node.depth + 1;
+    Position const before = node.AtEnd() ? list_.end() : SubtreeEndOf(node);
+    if (before == list_.end()) {
+      Node const child = InsertAtEnd(std::move(value), depth);
+      if (!node.AtEnd() && node.depth >= 0 && node.depth == node.position->depth) {
+        tail_[static_cast<std::size_t>(node.depth)] = node.position;
+      }
+      return child;
+    }
+    return Node(this, list_.insert(before, Element{std::move(value), depth}));
+  }
+
+  Node InsertAtEnd(T value, int depth) {
+    auto const level = static_cast<std::size_t>(depth);
+    if (depth >= 0 && tail_.capacity() <= level) {
+      tail_.reserve(level * 2 + 1);
+    }
+    Position const at = list_.insert(list_.end(), Element{std::move(value), depth});
+    if (depth >= 0) {
+      tail_.resize(level, list_.end());
+      tail_.push_back(at);
+    }
+    return Node(this, at);
+  }
+
+  std::list<Element> list_;
+
+  /// tail_[d], where it is not the list's end, is an element of depth d whose subtree reaches the
+  /// list's end. Appending at depth d ends the subtrees of depth d and deeper and no others;
+  /// removing an element ends none.
+  std::vector<Position> tail_;
+};
+
+/// The output document of one analysis run: a tree that owns its items.
+///
+/// A new tree holds the root, an OmHeading labelled "Output". Items are made with `new` and
+/// appended below it; from then on the tree deletes them.
+///
+/// Thread safety: none; one thread at a time uses a tree and its items.
+class LAKRESVOS_EXPORT OmOutputTree : public ListTree<OmOutputPart*> {
+ public:
+  OmOutputTree();
+
+  /// Deletes every item in preorder. What an item's destructor throws is discarded.
+  ~OmOutputTree();
+
+  /// Deletes one item and removes it; its children take its place and depth, with their subtrees.
+  /// The handle dangles afterwards. Does nothing at the end position.
+  /// @throws what the item's destructor throws; the element then stays, with a null value.
+  void Erase(ListTree<OmOutputPart*>::Node& node);
+
+  /// Deletes an item and its whole subtree, descendants before their ancestors and children from
+  /// first to last. The handle dangles afterwards. Does nothing at the end position.
+  /// @throws what an item's destructor throws; that element then stays, with a null value, and so
+  ///         does what was still to be deleted.
+  void Prune(ListTree<OmOutputPart*>::Node& node);
+};
+
+/// Cuts an item's content away and leaves a text block in its place.
+///
+/// The root and the items directly below it are kept: their subtrees are deleted and a text block
+/// with `label` and `text` becomes the only child, whose handle is returned. A deeper item is
+/// deleted: its children move up to its depth, followed by a text block with a copy of the item's
+/// label and `text`; the handle of the first of these is returned, and `label` is not used and may
+/// be null.
+///
+/// At the end position nothing happens and the handle comes back.
+LAKRESVOS_EXPORT ListTree<OmOutputPart*>::Node Amputate(ListTree<OmOutputPart*>::Node node,
+                                                        OmCellText const* label,
+                                                        std::string const& text);
+
+#endif

@@ -1,0 +1,405 @@
+#ifndef LAKRESVOS_OMVECTORTREE_H
+#define LAKRESVOS_OMVECTORTREE_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <lakresvos/OmAssertion.h>
+#include <lakresvos/OmVector.h>
+
+/// One node of an OmVectorTree: a payload, the children by value in order, and a link to the
+/// parent.
+///
+/// A node's identity is its address in its parent's children. Whatever moves that block (growth,
+/// insertion, removal) moves the node and leaves the links of its children behind; each operation
+/// of OmVectorTree says which links it repairs.
+template <class Type>
+struct OmVectorTreeElement {
+  Type value;                              ///< the payload
+  OmVector<OmVectorTreeElement> children;  ///< the children, owned
+  OmVectorTreeElement* parent;             ///< the parent; null at a root
+
+  /// A node without children, whose value is made from `payload`.
+  /// @param source supplies the children's storage; null means the default heap.
+  template <class... Arguments>
+  explicit OmVectorTreeElement(OmMemoryRegion* source, Arguments&&... payload)
+      : value(std::forward<Arguments>(payload)...), children(source), parent(nullptr) {}
+
+  /// Copies the whole subtree with exact capacities, into the regions of the source. Parent links
+  /// are copied as they stand, so all of them still point into the source tree.
+  OmVectorTreeElement(OmVectorTreeElement const& source)
+      : OmVectorTreeElement(source.children.region, source.value) {
+    parent = source.parent;
+    CopyChildren(source, *this, [](OmVectorTreeElement const& original, OmVectorTreeElement*) {
+      return Origin{original.children.region, original.parent};
+    });
+  }
+
+  OmVectorTreeElement& operator=(OmVectorTreeElement const&) = delete;
+
+  ~OmVectorTreeElement() { DestroyDescendants(); }
+
+  /// Destroys everything below this node and gives back the children's storage.
+  /// Needs no memory of its own: the nodes that are going away hold the way back up.
+  void DestroyDescendants() {
+    OmVectorTreeElement* current = this;
+    OmVectorTreeElement* const way_out = parent;
+    current->children.capacityEnd = current->children.begin;
+    for (;;) {
+      OmVectorTreeElement*& cursor = current->children.capacityEnd;
+      if (cursor != current->children.end) {
+        OmVectorTreeElement* child = cursor++;
+        child->parent = current;
+        child->children.capacityEnd = child->children.begin;
+        current = child;
+        continue;
+      }
+      current->children.Clear();
+      if (current == this) {
+        break;
+      }
+      current->value.~Type();
+      current = current->parent;
+    }
+    parent = way_out;
+  }
+
+  /// Where a copied node takes its storage from and whom it names as its parent.
+  struct Origin {
+    OmMemoryRegion* region;
+    OmVectorTreeElement* parent;
+  };
+
+  /// Fills `target`, which has no children, with copies of everything below `source`.
+  /// @param origin called with the node to copy and the copy of its parent.
+  /// @throws whatever copying a value throws; what was copied until then hangs below `target`.
+  template <class OriginOf>
+  static void CopyChildren(OmVectorTreeElement const& source, OmVectorTreeElement& target,
+                           OriginOf origin) {
+    struct Frame {
+      OmVectorTreeElement const* source;
+      OmVectorTreeElement* target;
+    };
+    target.children.reserve(source.children.size());
+    std::vector<Frame> path{{&source, &target}};
+    while (!path.empty()) {
+      Frame const top = path.back();
+      std::size_t const next = top.target->children.size();
+      if (next == top.source->children.size()) {
+        path.pop_back();
+        continue;
+      }
+      OmVectorTreeElement const& original = top.source->children[next];
+      Origin const from = origin(original, top.target);
+      OmVectorTreeElement& copy = top.target->children.emplace_back(from.region, original.value);
+      copy.parent = from.parent;
+      copy.children.reserve(original.children.size());
+      path.push_back({&original, &copy});
+    }
+  }
+};
+
+/// A tree whose nodes keep their children by value, in order, in storage from an OmMemoryRegion.
+///
+/// The tree object is its own root node. Nodes are addressed by the value handles Node and
+/// ConstNode, which pair a node's address with its depth. A handle stays valid until its parent's
+/// children move or the node is removed.
+///
+/// The tree owns its values and destroys them; for a pointer type it does not own what is pointed
+/// at.
+///
+/// Thread safety: none; one thread at a time uses a tree and its handles.
+template <class Type>
+class OmVectorTree : public OmVectorTreeElement<Type> {
+  template <class Self, class ElementType>
+  struct Access;
+
+ public:
+  using Element = OmVectorTreeElement<Type>;
+
+  /// A handle that lets its holder change the value.
+  struct Node;
+
+  /// A handle for reading only.
+  struct ConstNode : Access<ConstNode, Element const> {
+    Element const* element = nullptr;  ///< the node; null in an empty handle
+    unsigned int depth = 0;            ///< its level, 0 for the root
+
+    ConstNode() = default;
+    ConstNode(Element const* node, unsigned int level) : element(node), depth(level) {}
+
+    /// The node's payload; a default value for an empty handle.
+    Type const& Value() const { return element != nullptr ? element->value : NoValue(); }
+  };
+
+  struct Node : Access<Node, Element> {
+    Element* element = nullptr;  ///< the node; null in an empty handle
+    unsigned int depth = 0;      ///< its level, 0 for the root
+
+    Node() = default;
+    Node(Element* node, unsigned int level) : element(node), depth(level) {}
+    operator ConstNode() const { return {element, depth}; }
+
+    /// The node's payload, to read or change. An empty handle gives a default value that belongs to
+    /// no tree and is made anew at each call.
+    Type& Value() const { return element != nullptr ? element->value : NoValue(); }
+
+    /// The node at the same place in `other`, a tree that has at least this one's shape along the
+    /// path. Only the source tree is checked: a node that is not among its parent's children aborts
+    /// the process; a place that `other` lacks gives an empty handle.
+    Node Counterpart(OmVectorTree& other) const;
+  };
+
+  /// Makes a tree without children below its root.
+  /// @param region supplies the children's storage; null means the default heap. It must outlive
+  /// the
+  ///        tree.
+  /// @param root   what the root's value is made from; nothing makes a default value.
+  template <class... Arguments>
+  explicit OmVectorTree(OmMemoryRegion* region = nullptr, Arguments&&... root)
+      : Element(region, std::forward<Arguments>(root)...) {}
+
+  OmVectorTree(OmVectorTree const&) = delete;
+  OmVectorTree& operator=(OmVectorTree const&) = delete;
+  ~OmVectorTree() = default;
+
+  /// The handle of the root, at depth 0.
+  Node Root() { return {this, 0}; }
+  ConstNode Root() const { return {this, 0}; }
+
+  /// Appends a child with a copy of `value` and returns its handle; amortized constant time.
+  /// When the parent's children move, the links of their children are repaired, one level deep.
+  /// An empty parent gives an empty handle and nothing happens.
+  /// @throws whatever copying the value throws, or std::bad_alloc; the tree is then unchanged.
+  static Node AppendChild(Node const& parent, Type const& value) {
+    return EmplaceChild(parent, [&](Element& siblings_owner, OmMemoryRegion* region) -> Element& {
+      return siblings_owner.children.emplace_back(region, value);
+    });
+  }
+
+  /// Appends a child that takes over `value` by a bitwise move; `value` becomes a default value.
+  /// Otherwise as AppendChild().
+  static Node AdoptChild(Node const& parent, Type& value) {
+    return EmplaceChild(parent, [&](Element& siblings_owner, OmMemoryRegion* region) -> Element& {
+      Element& child = siblings_owner.children.emplace_back(region);
+      SwapBytes(child.value, value);
+      return child;
+    });
+  }
+
+  /// Inserts a copy of the subtree `e` before `position` (past the end: appends) and returns it.
+  /// Its parent link is that of `e`; no link is repaired.
+  /// @throws as AppendChild().
+  static Element* InsertChildAt(OmVector<Element>& children, std::size_t position,
+                                Element const& e) {
+    std::size_t const at = position < children.size() ? position : children.size();
+    children.insert(at, e);
+    return &children[at];
+  }
+
+  /// InsertChildAt() at the end.
+  static Element* PushBackChild(OmVector<Element>& children, Element const& e) {
+    return InsertChildAt(children, children.size(), e);
+  }
+
+  /// Inserts a copy of `e` below `parent`, before the first child whose value equals `*anchor`; at
+  /// the end when `anchor` is null or no child equals it. No link is repaired.
+  static void InsertChildBefore(Element& parent, Element const& e, Type const* anchor) {
+    std::size_t position = 0;
+    std::size_t const count = parent.children.size();
+    while (position < count &&
+           (anchor == nullptr || !(parent.children[position].value == *anchor))) {
+      ++position;
+    }
+    InsertChildAt(parent.children, position, e);
+  }
+
+  /// Makes every child of `e` name `e` as its parent; with `recursive`, down to the leaves.
+  static void RelinkParents(Element& e, bool recursive) {
+    Link(e);
+    if (!recursive || e.children.size() == 0) {
+      return;
+    }
+    Element* current = e.children.begin;
+    while (current != &e) {
+      Link(*current);
+      if (current->children.size() != 0) {
+        current = current->children.begin;
+        continue;
+      }
+      while (current != &e && current + 1 == current->parent->children.end) {
+        current = current->parent;
+      }
+      if (current != &e) {
+        ++current;
+      }
+    }
+  }
+
+  /// Makes `target` a copy of the subtree `source` with correct links at every level. What `target`
+  /// held before is destroyed.
+  /// @param parent becomes the target's parent link.
+  /// @param region supplies the storage of all children; null means the default heap. Values keep
+  ///        the region of the source's values.
+  /// @throws whatever copying a value throws, or std::bad_alloc; `target` is then unchanged.
+  static void CopySubtree(Element& target, Element const& source, Element* parent,
+                          OmMemoryRegion* region) {
+    Element copy(region, source.value);
+    Element::CopyChildren(source, copy, [&](Element const&, Element* above) {
+      return typename Element::Origin{region, above};
+    });
+    SwapBytes(target.value, copy.value);
+    SwapBytes(target.children, copy.children);
+    target.parent = parent;
+    Link(target);
+  }
+
+  /// Destroys the node's subtree and closes the gap. No link is repaired: the children of the later
+  /// siblings still name the old places of their parents until RelinkParents(). Does nothing when
+  /// the node is not among its parent's children.
+  static void EraseChild(Node& node) {
+    if (node.element == nullptr || node.element->parent == nullptr) {
+      return;
+    }
+    Element& parent = *node.element->parent;
+    std::size_t const position = PositionAmong(parent, node.element);
+    if (position < parent.children.size()) {
+      EraseChildAt(parent, position);
+    }
+  }
+
+  /// EraseChild() of the child at `position`. Requires: `position` below the number of children.
+  static void EraseChildAt(Element& parent, std::size_t position) {
+    DestroySubtree(parent.children[position]);
+    parent.children.erase(position);
+    // The slot behind the end holds the bytes of an element that lives on elsewhere; a handle that
+    // still points there finds an empty node that knows its parent.
+    Element* vacated = parent.children.end;
+    Element* const former_parent = vacated->parent;
+    std::memset(static_cast<void*>(vacated), 0, sizeof(Element));
+    vacated->parent = former_parent;
+  }
+
+  /// Destroys everything below `e`, gives back the children's storage, forgets its region and
+  /// destroys the value, leaving a default one.
+  static void DestroySubtree(Element& e) {
+    e.DestroyDescendants();
+    e.children.region = nullptr;
+    e.value.~Type();
+    ::new (static_cast<void*>(&e.value)) Type();
+  }
+
+  /// The position of `child` among the children of `parent`; their number or more when it is none
+  /// of them.
+  static std::size_t PositionAmong(Element const& parent, Element const* child) {
+    auto const first = reinterpret_cast<std::uintptr_t>(parent.children.begin);
+    auto const at = reinterpret_cast<std::uintptr_t>(child);
+    return at < first ? SIZE_MAX : (at - first) / sizeof(Element);
+  }
+
+ private:
+  /// What both handles read alike. `Self` has the fields `element` and `depth`.
+  template <class Self, class ElementType>
+  struct Access {
+    /// The number of children; 0 for an empty handle.
+    std::size_t NChildren() const {
+      return self().element != nullptr ? self().element->children.size() : 0;
+    }
+
+    /// The child at `index`; an empty handle when there is none.
+    Self Child(std::size_t index) const {
+      return index < NChildren() ? Self{&self().element->children.begin[index], self().depth + 1}
+                                 : Self{};
+    }
+    Self operator[](std::size_t index) const { return Child(index); }
+
+    /// The parent; an empty handle for a root.
+    Self Parent() const {
+      ElementType* above = self().element != nullptr ? self().element->parent : nullptr;
+      return above != nullptr ? Self{above, self().depth - 1} : Self{};
+    }
+
+   private:
+    Self const& self() const { return static_cast<Self const&>(*this); }
+  };
+
+  static Type& NoValue() {
+    thread_local Type none{};
+    none.~Type();
+    return *::new (static_cast<void*>(&none)) Type();
+  }
+
+  template <class Object>
+  static void SwapBytes(Object& a, Object& b) {
+    alignas(Object) unsigned char held[sizeof(Object)];
+    std::memcpy(held, static_cast<void*>(&a), sizeof(Object));
+    std::memcpy(static_cast<void*>(&a), static_cast<void*>(&b), sizeof(Object));
+    std::memcpy(static_cast<void*>(&b), held, sizeof(Object));
+  }
+
+  static void Link(Element& e) {
+    for (Element& child : e.children.Elements()) {
+      child.parent = &e;
+    }
+  }
+
+  template <class Emplace>
+  static Node EmplaceChild(Node const& parent, Emplace emplace) {
+    if (parent.element == nullptr) {
+      return {};
+    }
+    Element& owner = *parent.element;
+    Element const* const before = owner.children.begin;
+    Element& child = emplace(owner, owner.children.region);
+    child.parent = &owner;
+    if (owner.children.begin != before && owner.children.size() >= 2) {
+      for (Element& moved : owner.children.Elements()) {
+        Link(moved);
+      }
+    }
+    return {&child, parent.depth + 1};
+  }
+
+  /// The name of the payload type, as the compiler spells it.
+  static std::string TypeName() {
+    std::string const text = __PRETTY_FUNCTION__;
+    std::string const mark = "Type = ";
+    std::size_t const start = text.rfind(mark) + mark.size();
+    return text.substr(start, text.find_first_of(";]", start) - start);
+  }
+
+  [[noreturn]] static void FailCounterpart() {
+    std::string const function =
+        "OmVectorTree<Type>::Node OmVectorTree<Type>::Node::Counterpart(OmVectorTree<Type>&) "
+        "[with Type = " +
+        TypeName() + "]";
+    OmAssertionFailed("0 <= offset && offset < vec.size()", "backend/tables/om/VectorTree", 384,
+                      function.c_str());
+  }
+};
+
+template <class Type>
+typename OmVectorTree<Type>::Node OmVectorTree<Type>::Node::Counterpart(OmVectorTree& other) const {
+  std::vector<std::size_t> offsets;
+  Element const* node = element;
+  for (unsigned int level = depth; level != 0; --level) {
+    Element const* above = node != nullptr ? node->parent : nullptr;
+    std::size_t const offset = above != nullptr ? PositionAmong(*above, node) : SIZE_MAX;
+    if (above == nullptr || !(offset < above->children.size())) {
+      FailCounterpart();
+    }
+    offsets.push_back(offset);
+    node = above;
+  }
+  Node result = other.Root();
+  for (std::size_t i = offsets.size(); i != 0; --i) {
+    result = result.Child(offsets[i - 1]);
+  }
+  return result;
+}
+
+#endif
