@@ -9,6 +9,15 @@ unsigned long At(std::vector<int> const& index, std::size_t level) {
   return static_cast<unsigned long>(index[level]);
 }
 
+[[noreturn]] void ThrowSizeError(std::size_t given, std::size_t dimensions) {
+  throw OMSException("OmPivotTable::Cell() -- nind != _my->_dimensions.size()",
+                     static_cast<double>(given), static_cast<double>(dimensions));
+}
+
+[[noreturn]] void ThrowSubscriptError(int subscript) {
+  throw OMSException("OmPivotTable::Cell() -- subscript < 0", subscript, 0);
+}
+
 }  // namespace
 
 // The cell store
@@ -46,12 +55,11 @@ void OmPivotTable::Data::AddCellDimension() {
 
 void OmPivotTable::Data::CheckIndex(std::vector<int> const& index) const {
   if (index.size() != _dimensions.size()) {
-    throw OMSException("OmPivotTable::Cell() -- nind != _my->_dimensions.size()",
-                       static_cast<double>(index.size()), static_cast<double>(_dimensions.size()));
+    ThrowSizeError(index.size(), _dimensions.size());
   }
   for (int const subscript : index) {
     if (subscript < 0) {
-      throw OMSException("OmPivotTable::Cell() -- subscript < 0", subscript, 0);
+      ThrowSubscriptError(subscript);
     }
   }
 }
@@ -198,7 +206,7 @@ bool OmPivotTable::Cell(std::vector<int> const& index, OmCellText const* cell) {
   }
   _my->CheckIndex(index);
   if (index.empty()) {
-    throw OMSException("OmPivotTable::Cell() -- nind != _my->_dimensions.size()", 0, 0);
+    ThrowSizeError(0, 0);
   }
   std::unique_ptr<OmCellText> fresh;
   if (cell != nullptr) {
