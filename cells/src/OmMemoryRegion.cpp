@@ -67,6 +67,9 @@ struct OmMemoryRegion::Chunk {
 
   bool IsAlone() const { return binOfPage[0] == kAlone; }
   unsigned long AloneSize() const { return size - sizeof(Chunk); }
+  unsigned long BlockSize(void const* block) const {
+    return IsAlone() ? AloneSize() : SizeOf(BinOf(block));
+  }
 };
 
 std::atomic<OmMemoryRegion::AllocationProbe> OmMemoryRegion::probe_{nullptr};
@@ -168,20 +171,18 @@ void OmMemoryRegion::Release(void* block) {
   }
   Chunk* const chunk = Chunk::Of(block);
   OmMemoryRegion& owner = *chunk->owner;
-  bool const working = owner.working_.load(std::memory_order_relaxed);
-  if (!working && !poison::kActive) {
+  if (!owner.working_.load(std::memory_order_relaxed)) {
+    if constexpr (poison::kActive) {
+      poison::Forbid(block, chunk->BlockSize(block));
+    }
     return;
   }
-  bool const alone = chunk->IsAlone();
-  unsigned int const index = chunk->BinOf(block);
-  poison::Forbid(block, alone ? chunk->AloneSize() : SizeOf(index));
-  if (!working) {
-    return;
-  }
-  if (alone) {
+  poison::Forbid(block, chunk->BlockSize(block));
+  if (chunk->IsAlone()) {
     owner.ReleaseAlone(chunk);
     return;
   }
+  unsigned int const index = chunk->BinOf(block);
   auto const lock = owner.Lock();
   poison::Permit(block, sizeof(void*));
   Bin& bin = owner.bins_[index];

@@ -274,7 +274,7 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
 
   /// EraseChild() of the child at `position`. Requires: `position` below the number of children.
   static void EraseChildAt(Element& parent, std::size_t position) {
-    DestroySubtree(parent.children[position]);
+    parent.children[position].~Element();
     parent.children.erase(position);
     // The slot behind the end holds the bytes of an element that lives on elsewhere; a handle that
     // still points there finds an empty node that knows its parent.

@@ -5,6 +5,7 @@
 #include <lakresvos/OmDisplayLayerHeading.h>
 
 #include "OmDisplayLayerHeadingData.h"
+#include "OmMakeRoom.h"
 #include "OmSaturate.h"
 
 namespace {
@@ -78,15 +79,12 @@ void OmDisplayLayerHeading::Data::FindNonEmptyLayers() {
   FindNonEmptyHeaders(layers, others, nonEmptyLayers);
 }
 
-bool OmDisplayLayerHeading::Data::CurrentPlace(unsigned long long& place) const {
-  if (currentLayer < 0) {
+bool OmDisplayLayerHeading::Data::PlaceOf(int layer, unsigned long long& place) const {
+  auto const number = static_cast<unsigned long long>(layer);
+  if (layer < 0 || number >= nLayers) {
     return false;
   }
-  auto const layer = static_cast<unsigned long long>(currentLayer);
-  if (layer >= nLayers) {
-    return false;
-  }
-  place = skipEmpty ? nonEmptyLayers[layer] : layer;
+  place = skipEmpty ? nonEmptyLayers[number] : number;
   return true;
 }
 
@@ -103,7 +101,7 @@ OmDimHeader::Path* OmDisplayLayerHeading::Data::FindNodes(int place, int i) {
 
 OmDimHeader::Path* OmDisplayLayerHeading::Data::CurrentNodes(int i) {
   unsigned long long place = 0;
-  return CurrentPlace(place) ? FindNodes(static_cast<int>(place), i) : nullptr;
+  return PlaceOf(currentLayer, place) ? FindNodes(static_cast<int>(place), i) : nullptr;
 }
 
 OmPivotTable::Data* OmDisplayLayerHeading::Data::TableData() const {
@@ -142,13 +140,12 @@ bool OmDisplayLayerHeading::SwitchLayer(int layer) {
     _my->currentLayer = -1;
     return false;
   }
-  if (layer < 0 || static_cast<unsigned long long>(layer) >= _my->nLayers) {
+  unsigned long long place = 0;
+  if (!_my->PlaceOf(layer, place)) {
     return false;
   }
-  _my->currentLayer = layer;
-  unsigned long long place = 0;
-  _my->CurrentPlace(place);
   _my->Fill(place, _my->layerCalc, _my->cellIndex);
+  _my->currentLayer = layer;
   return true;
 }
 
@@ -171,7 +168,7 @@ std::vector<int> OmDisplayLayerHeading::getCurrentCellIndex() {
 
 void OmDisplayLayerHeading::Fill(std::vector<int>& index) {
   unsigned long long place = 0;
-  if (_my->CurrentPlace(place)) {
+  if (_my->PlaceOf(_my->currentLayer, place)) {
     _my->Fill(static_cast<unsigned long long>(static_cast<int>(place)), _my->layerCalc, index);
   }
 }
@@ -207,6 +204,7 @@ std::deque<OmDisplayLayerHeading::PathNode*> OmDisplayLayerHeading::Nodes(int i)
 
 void OmDisplayLayerHeading::DimAllNodes(int i, std::vector<PathNode*>& out) const {
   if (OmDimHeader::Path* const path = _my->CurrentNodes(i); path != nullptr && path->size() > 1) {
+    MakeRoom(out, path->size());
     for (std::size_t step = path->size(); step != 0; --step) {
       out.push_back(&(*path)[step - 1]);
     }

@@ -48,8 +48,8 @@ struct OmDisplayLayerHeading::Data : OmMemoryRegion {
   /// FindNodes() in the current layer; null without one.
   OmDimHeader::Path* CurrentNodes(int i);
 
-  /// The current layer's place; false when no layer or none that exists is current.
-  bool CurrentPlace(unsigned long long& place) const;
+  /// The place of a layer; false when there is no such layer.
+  bool PlaceOf(int layer, unsigned long long& place) const;
 
   /// The place of a full cell index on the axis of `calc`, in display positions.
   unsigned long long DisplayPosition(std::vector<int> const& index, PlaceCalculator const& calc);

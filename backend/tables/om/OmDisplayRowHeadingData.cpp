@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <numeric>
 
+#include "OmMakeRoom.h"
+
 namespace {
 
 using PathNode = OmDisplayRowHeading::PathNode;
@@ -216,14 +218,25 @@ std::deque<PathNode*> RowData::Level(int level, bool narrow) {
   return nodes;
 }
 
-void RowData::DimAllNodes(int r, std::vector<PathNode*>& out) {
+std::vector<RowData::Path*> RowData::LongPaths(int r) {
+  std::vector<Path*> paths;
   unsigned long long place = 0;
-  if (!PathPlaceOf(r, place)) {
-    return;
+  if (PathPlaceOf(r, place)) {
+    paths = FindNodes(place);
+    std::erase_if(paths, [](Path const* path) { return path == nullptr || path->size() < 2; });
   }
-  for (Path* path : FindNodes(place)) {
-    for (std::size_t step = path != nullptr && path->size() > 1 ? path->size() : 0; step != 0;
-         --step) {
+  return paths;
+}
+
+void RowData::DimAllNodes(int r, std::vector<PathNode*>& out) {
+  std::vector<Path*> const paths = LongPaths(r);
+  std::size_t count = 0;
+  for (Path const* path : paths) {
+    count += path->size();
+  }
+  MakeRoom(out, count);
+  for (Path* path : paths) {
+    for (std::size_t step = path->size(); step != 0; --step) {
       out.push_back(&(*path)[step - 1]);
     }
   }
@@ -231,15 +244,12 @@ void RowData::DimAllNodes(int r, std::vector<PathNode*>& out) {
 
 void RowData::DimCatNodes(int r, std::vector<PathNode*>& outermost,
                           std::vector<PathNode*>& categories) {
-  unsigned long long place = 0;
-  if (!PathPlaceOf(r, place)) {
-    return;
-  }
-  for (Path* path : FindNodes(place)) {
-    if (path != nullptr && path->size() > 1) {
-      outermost.push_back(path->end - 1);
-      categories.push_back(path->begin);
-    }
+  std::vector<Path*> const paths = LongPaths(r);
+  MakeRoom(outermost, paths.size());
+  MakeRoom(categories, paths.size());
+  for (Path* path : paths) {
+    outermost.push_back(path->end - 1);
+    categories.push_back(path->begin);
   }
 }
 

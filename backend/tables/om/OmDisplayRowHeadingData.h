@@ -43,6 +43,9 @@ struct OmDisplayRowHeading::Data {
   /// The place that the path queries take for `r`: of a row that was not kept, the number itself.
   bool PathPlaceOf(int r, unsigned long long& place) const;
 
+  /// The paths of that place that have at least two nodes.
+  std::vector<Path*> LongPaths(int r);
+
   /// The heading cells of display row `r`.
   std::deque<PathNode*> Row(int r);
 

@@ -85,11 +85,14 @@ void OmOccupiedPlaces::PlanHeads(OmDisplayLayerHeading::Data& layout,
 OmOccupiedPlaces::Leaves OmOccupiedPlaces::LeavesBySubscript(OmDimHeader const& header,
                                                              std::size_t count) {
   Leaves leaves;
-  leaves.last.resize(header.categoryPositions.size(), kNone);
   leaves.previous.resize(count, kNone);
   for (std::size_t k = 0; k < count; ++k) {
     unsigned int const subscript = header.visibleCategories[k];
-    if (subscript < leaves.last.size()) {
+    // A subscript that is negative as an int addresses no cell.
+    if (subscript <= static_cast<unsigned int>(std::numeric_limits<int>::max())) {
+      if (subscript >= leaves.last.size()) {
+        leaves.last.resize(std::size_t{subscript} + 1, kNone);
+      }
       leaves.previous[k] = std::exchange(leaves.last[subscript], static_cast<unsigned int>(k));
     }
   }
