@@ -59,8 +59,8 @@ unsigned long long Layout::DisplayPosition(std::vector<int> const& index,
 }
 
 void Layout::Fill(unsigned long long place, PlaceCalculator const& calc, std::vector<int>& index) {
-  index.resize(dimHeaders.size());
   calc.base.Digits(place, digits_);
+  index.resize(dimHeaders.size());
   for (std::size_t i = 0; i < digits_.size(); ++i) {
     short const dimension = calc.dims[static_cast<long long>(i)];
     OmDimHeader const* const header = Header(dimension);
