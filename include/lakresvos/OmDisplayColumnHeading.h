@@ -9,7 +9,8 @@
 /// The column heading of a pivot table: the row heading turned on its side.
 ///
 /// Everything said of OmDisplayRowHeading holds with rows and columns exchanged. The dimensions'
-/// own labels always are heading levels; the corner belongs to the row heading.
+/// own labels always are heading levels; the corner belongs to the row heading. Row() does not
+/// cut places to 32 bits.
 ///
 /// Thread safety: as OmDisplayRowHeading.
 class LAKRESVOS_EXPORT OmDisplayColumnHeading {

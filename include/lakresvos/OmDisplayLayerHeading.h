@@ -29,6 +29,8 @@ class OmPivotTable;
 /// it lives.
 ///
 /// Caveats:
+/// - Layer places above 2^31 are cut to 32 bits by Fill() and the node queries, though not by
+///   SwitchLayer().
 /// - restoreLayer() sets the number only; what the row and column headings see is unchanged.
 /// - getDimensionIndex() and VisibleWidth() lengthen the layer axis when asked past its end.
 ///
@@ -39,8 +41,8 @@ class LAKRESVOS_EXPORT OmDisplayLayerHeading {
   struct LAKRESVOS_HIDDEN Data;
   using PathNode = OmVectorTree<OmDimensionNode>::ConstNode;
 
-  /// Lays out the dimensions of `table`; linear in their nodes. With `skipEmpty`, finds the layers
-  /// that hold a cell, and only these are counted.
+  /// Lays out the dimensions of `table`, in time linear in the lengths of their leaves' paths. With
+  /// `skipEmpty`, finds the layers that hold a cell, and only these are counted.
   OmDisplayLayerHeading(OmPivotTable& table, bool skipEmpty);
   OmDisplayLayerHeading(OmDisplayLayerHeading const&) = delete;
   OmDisplayLayerHeading& operator=(OmDisplayLayerHeading const&) = delete;

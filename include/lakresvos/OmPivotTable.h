@@ -317,7 +317,7 @@ class LAKRESVOS_EXPORT OmPivotTable::Iterator {
 
   /// An iterator at the end.
   Iterator();
-  /// Takes over a position.
+  /// Takes over a position; null makes an iterator at the end.
   explicit Iterator(Data* data);
   Iterator(Iterator const& other);
   Iterator& operator=(Iterator const& other);

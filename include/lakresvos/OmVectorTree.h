@@ -274,12 +274,12 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
 
   /// EraseChild() of the child at `position`. Requires: `position` below the number of children.
   static void EraseChildAt(Element& parent, std::size_t position) {
+    Element* const former_parent = (parent.children.end - 1)->parent;
     parent.children[position].~Element();
     parent.children.erase(position);
     // The slot behind the end holds the bytes of an element that lives on elsewhere; a handle that
     // still points there finds an empty node that knows its parent.
     Element* vacated = parent.children.end;
-    Element* const former_parent = vacated->parent;
     std::memset(static_cast<void*>(vacated), 0, sizeof(Element));
     vacated->parent = former_parent;
   }

@@ -28,8 +28,7 @@ short CountVisibleLevels(OmDimHeader::Path const& path) {
 
 OmDimHeader::OmDimHeader(OmDimension const& dimension, OmMemoryRegion* arena)
     : region(arena), levelCounts(arena), visibleCategories(arena), categoryPositions(arena) {
-  categoryPositions.reserve(dimension.CategoryCount());
-  ReservePositions(dimension.CategoryCount());
+  ExtendPositions(std::min<unsigned long>(dimension.CategoryCount(), kSubscriptLimit));
   OmVectorTreeWalk<PathNode> walk(dimension.Root());
   while (walk.Next()) {
     if (!walk.Current().Value().group) {
@@ -52,12 +51,15 @@ void OmDimHeader::AddLeaf(std::vector<PathNode> const& fromRoot) {
   unsigned long const subscript = fromRoot.back().Value().subscript;
   visibleCategories.push_back(static_cast<unsigned int>(subscript));
   if (subscript < kSubscriptLimit) {
-    ReservePositions(subscript + 1);
+    ExtendPositions(subscript + 1);
     categoryPositions[subscript] = position;
   }
 }
 
-void OmDimHeader::ReservePositions(unsigned long count) {
+void OmDimHeader::ExtendPositions(unsigned long count) {
+  if (count > 2 * categoryPositions.capacity()) {
+    categoryPositions.reserve(count);
+  }
   while (categoryPositions.size() < count) {
     categoryPositions.push_back(kNoPosition);
   }

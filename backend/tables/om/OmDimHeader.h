@@ -22,6 +22,13 @@ struct OmDimHeader {
     return position < paths.size() ? &paths[position] : nullptr;
   }
 
+  /// Appends the nodes of a path from the root to the leaf.
+  static void AppendFromRoot(Path& path, std::vector<PathNode*>& out) {
+    for (std::size_t step = path.size(); step != 0; --step) {
+      out.push_back(&path[step - 1]);
+    }
+  }
+
   /// The display position of the leaf that carries `subscript`, or kNoPosition.
   unsigned int PositionOf(unsigned long long subscript) const {
     return subscript < categoryPositions.size() ? categoryPositions[subscript] : kNoPosition;
@@ -38,7 +45,7 @@ struct OmDimHeader {
   void AddLeaf(std::vector<PathNode> const& fromRoot);
 
   /// Makes `categoryPositions` at least `count` long.
-  void ReservePositions(unsigned long count);
+  void ExtendPositions(unsigned long count);
 };
 
 #endif

@@ -10,11 +10,6 @@
 
 namespace {
 
-PuppetVector<short> Reversed(PuppetVector<short> axis) {
-  std::reverse(axis.begin(), axis.end());
-  return axis;
-}
-
 /// Whether fewer than one per cent of all combinations of categories have a cell.
 bool IsSparse(OmPivotTable const& table) {
   unsigned long long total = 1;
@@ -32,6 +27,11 @@ bool IsSparse(OmPivotTable const& table) {
 }  // namespace
 
 // The private record
+
+PuppetVector<short> OmDisplayLayerHeading::Data::Reversed(PuppetVector<short> axis) {
+  std::reverse(axis.begin(), axis.end());
+  return axis;
+}
 
 OmDisplayLayerHeading::Data::Data(OmPivotTable& owner, bool skip, Unfilled)
     : OmMemoryRegion(false),
@@ -205,9 +205,7 @@ std::deque<OmDisplayLayerHeading::PathNode*> OmDisplayLayerHeading::Nodes(int i)
 void OmDisplayLayerHeading::DimAllNodes(int i, std::vector<PathNode*>& out) const {
   if (OmDimHeader::Path* const path = _my->CurrentNodes(i); path != nullptr && path->size() > 1) {
     MakeRoom(out, path->size());
-    for (std::size_t step = path->size(); step != 0; --step) {
-      out.push_back(&(*path)[step - 1]);
-    }
+    OmDimHeader::AppendFromRoot(*path, out);
   }
 }
 

@@ -39,6 +39,9 @@ struct OmDisplayLayerHeading::Data : OmMemoryRegion {
   Data(OmPivotTable& owner, bool skip);
   ~Data();
 
+  /// A copy of an axis, last entry first, as the headings take it.
+  static PuppetVector<short> Reversed(PuppetVector<short> axis);
+
   void CollectHeaderInfo();
   void FindNonEmptyLayers();
 

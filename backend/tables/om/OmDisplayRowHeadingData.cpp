@@ -1,6 +1,5 @@
 #include "OmDisplayRowHeadingData.h"
 
-#include <algorithm>
 #include <numeric>
 
 #include "OmMakeRoom.h"
@@ -8,11 +7,6 @@
 namespace {
 
 using PathNode = OmDisplayRowHeading::PathNode;
-
-PuppetVector<short> Reversed(PuppetVector<short> axis) {
-  std::reverse(axis.begin(), axis.end());
-  return axis;
-}
 
 /// A place cut to a signed 32-bit value and widened again, as the queries by row number take it.
 unsigned long long Narrowed(unsigned long long place) {
@@ -31,7 +25,7 @@ RowData::Data(OmDisplayLayerHeading& layer, PuppetVector<short> const& axis,
       table(&layer.Table()),
       skipEmpty(skip),
       dimNamesInCorner(namesInCorner),
-      heads(Reversed(axis)),
+      heads(Layout::Reversed(axis)),
       calc(heads, table->SizeVector()),
       nPlaces(0) {
   for (std::size_t j = 0; j < heads.size(); ++j) {
@@ -40,7 +34,7 @@ RowData::Data(OmDisplayLayerHeading& layer, PuppetVector<short> const& axis,
     }
   }
   if (skipEmpty) {
-    layout().FindNonEmptyHeaders(heads, Reversed(across), nonEmpty);
+    layout().FindNonEmptyHeaders(heads, Layout::Reversed(across), nonEmpty);
   }
   nPlaces = CountPlaces();
   FindVisibleLevels();
@@ -236,9 +230,7 @@ void RowData::DimAllNodes(int r, std::vector<PathNode*>& out) {
   }
   MakeRoom(out, count);
   for (Path* path : paths) {
-    for (std::size_t step = path->size(); step != 0; --step) {
-      out.push_back(&(*path)[step - 1]);
-    }
+    OmDimHeader::AppendFromRoot(*path, out);
   }
 }
 

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "OmDisplayLayerHeadingData.h"
 #include "OmOccupiedPlaces.h"
 #include "OmPivotTableData.h"
@@ -44,17 +46,16 @@ void Layout::FindVisibleLevels(Places const& places, PlaceCalculator& calc,
   std::size_t const count = calc.dims.size();
   // Per digit, which display positions occur.
   std::vector<std::vector<bool>> occurs(count);
-  if (!places.empty()) {
+  for (std::size_t i = 0; i < count && !places.empty(); ++i) {
+    OmDimHeader const* const header = Header(calc.dims.elements[i]);
+    occurs[i].resize(header != nullptr ? header->levelCounts.size() : 0);
+  }
+  std::vector<unsigned int> digits;
+  for (unsigned long long const place : places) {
+    calc.base.Digits(place, digits);
     for (std::size_t i = 0; i < count; ++i) {
-      occurs[i].resize(calc.base.Bases()[i]);
-    }
-    std::vector<unsigned int> digits;
-    for (unsigned long long const place : places) {
-      calc.base.Digits(place, digits);
-      for (std::size_t i = 0; i < count; ++i) {
-        if (digits[i] < occurs[i].size()) {
-          occurs[i][digits[i]] = true;
-        }
+      if (digits[i] < occurs[i].size()) {
+        occurs[i][digits[i]] = true;
       }
     }
   }
@@ -64,8 +65,7 @@ void Layout::FindVisibleLevels(Places const& places, PlaceCalculator& calc,
       continue;
     }
     int level = places.empty() ? header->maxLevels : 0;
-    for (std::size_t k = 0;
-         k < occurs[i].size() && k < header->levelCounts.size() && level < header->maxLevels; ++k) {
+    for (std::size_t k = 0; k < occurs[i].size() && level < header->maxLevels; ++k) {
       if (occurs[i][k]) {
         level = std::max<int>(level, header->levelCounts[k]);
       }

@@ -30,8 +30,8 @@ unsigned long OmPivotTable::PointerVector::FirstFrom(unsigned long position) con
 }
 
 void OmPivotTable::PointerVector::MakeRoom(unsigned long position) {
-  if (position > 2 * capacity()) {
-    reserve(position + 1);
+  if (position >= capacity()) {
+    reserve(position > 2 * capacity() ? position + 1 : GrownCapacity(position));
   }
   while (size() <= position) {
     emplace_back(nullptr);

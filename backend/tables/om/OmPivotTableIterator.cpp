@@ -46,7 +46,7 @@ void* OmPivotTable::Iterator::Data::Increment(unsigned long target) {
 
 OmPivotTable::Iterator::Iterator() : data_(new Data()) {}
 
-OmPivotTable::Iterator::Iterator(Data* data) : data_(data) {}
+OmPivotTable::Iterator::Iterator(Data* data) : data_(data != nullptr ? data : new Data()) {}
 
 OmPivotTable::Iterator::Iterator(Iterator const& other) : data_(new Data(*other.data_)) {
   data_->owners = 1;
