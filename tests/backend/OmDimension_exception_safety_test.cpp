@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+#include <string>
+
+#include <lakresvos/OmDimension.h>
+
+#include "support/DimensionText.h"
+#include "support/FailingNew.h"
+#include "support/SpyCell.h"
+
+namespace {
+
+using Node = OmDimension::Node;
+
+/// A dimension whose root's children and index are full, so that one more grows both.
+class OmDimensionSafety : public testing::Test {
+ protected:
+  OmDimensionSafety() {
+    for (char const* label : {"d", "c", "b", "a"}) {
+      Node const group = dimension_.Child(dimension_.Root(), SpyCell(label), 0, true);
+      dimension_.Child(group, SpyCell("x"), 0, false);
+    }
+  }
+
+  /// Makes every allocation of `attempt` fail in turn, and every clone.
+  template <class Attempt>
+  void ExpectNothingChangedByFailuresOf(Attempt attempt) {
+    std::string const before = TextOf(dimension_);
+    long const live = SpyCell::Live();
+    auto const unchanged = [&] {
+      EXPECT_EQ(TextOf(dimension_), before);
+      EXPECT_EQ(SpyCell::Live(), live);
+    };
+    EXPECT_GE(FailEveryCall(SpyCell::Operation::Clone, attempt, unchanged), 1U);
+    EXPECT_EQ(dimension_.Root().NChildren(), 5U);
+  }
+
+  template <class Attempt>
+  void ExpectNothingChangedByRefusalsIn(Attempt attempt) {
+    std::string const before = TextOf(dimension_);
+    long const live = SpyCell::Live();
+    EXPECT_GE(FailEveryAllocation(attempt,
+                                  [&] {
+                                    EXPECT_EQ(TextOf(dimension_), before);
+                                    EXPECT_EQ(SpyCell::Live(), live);
+                                  }),
+              5U)
+        << "a label, an index, which then stays grown, and a buffer";
+    EXPECT_EQ(dimension_.Root().NChildren(), 5U);
+  }
+
+  SpyBalance balance_;
+  OmMemoryRegion region_{false};
+  OmDimension dimension_{OmDimensionNode(SpyCell("root"), 5, true, nullptr), &region_};
+  SpyCell label_{"aa"};
+};
+
+TEST_F(OmDimensionSafety, ChildWithAFailingCloneChangesNothing) {
+  ExpectNothingChangedByFailuresOf([&] { dimension_.Child(dimension_.Root(), label_, 7, false); });
+}
+
+TEST_F(OmDimensionSafety, ChildWithRefusedMemoryChangesNothing) {
+  ExpectNothingChangedByRefusalsIn([&] { dimension_.Child(dimension_.Root(), label_, 7, false); });
+}
+
+TEST_F(OmDimensionSafety, ChildOfAFinishedNodeWithAFailingCloneChangesNothing) {
+  OmDimensionNode const node(label_, 7, false, nullptr);
+  ExpectNothingChangedByFailuresOf([&] { dimension_.Child(dimension_.Root(), node); });
+}
+
+TEST_F(OmDimensionSafety, ChildOfAFinishedNodeWithRefusedMemoryChangesNothing) {
+  OmDimensionNode const node(label_, 7, false, nullptr);
+  ExpectNothingChangedByRefusalsIn([&] { dimension_.Child(dimension_.Root(), node); });
+}
+
+TEST_F(OmDimensionSafety, AddNewChildWithAFailingCloneChangesNothing) {
+  ExpectNothingChangedByFailuresOf(
+      [&] { dimension_.AddNewChild(dimension_.Root(), label_, 7, false); });
+}
+
+TEST_F(OmDimensionSafety, AddNewChildWithRefusedMemoryChangesNothing) {
+  ExpectNothingChangedByRefusalsIn(
+      [&] { dimension_.AddNewChild(dimension_.Root(), label_, 7, false); });
+}
+
+TEST_F(OmDimensionSafety, AContextThatCannotBeSharedChangesNothing) {
+  std::string const before = TextOf(dimension_);
+  auto const unchanged = [&] { EXPECT_EQ(TextOf(dimension_), before); };
+  EXPECT_EQ(FailEveryCall(
+                SpyCell::Operation::ShareContext,
+                [&] { dimension_.Child(dimension_.Root(), label_, 7, false); }, unchanged),
+            1U);
+}
+
+TEST_F(OmDimensionSafety, ALookupThatFailsChangesNothing) {
+  std::string const before = TextOf(dimension_);
+  auto const unchanged = [&] { EXPECT_EQ(TextOf(dimension_), before); };
+  EXPECT_GE(FailEveryCall(
+                SpyCell::Operation::Compare,
+                [&] { dimension_.Child(dimension_.Root(), SpyCell("dd"), 7, true); }, unchanged),
+            2U);
+}
+
+TEST_F(OmDimensionSafety, ADimensionThatCannotBeMadeLeavesNothingBehind) {
+  OmMemoryRegion other(false);
+  OmDimensionNode const root(label_, 0, true, nullptr);
+  long const live = SpyCell::Live();
+  auto const nothing = [&] {
+    EXPECT_EQ(other.BytesInUse(), 0U);
+    EXPECT_EQ(SpyCell::Live(), live);
+  };
+  auto const make = [&] { OmDimension const dimension(root, &other); };
+  EXPECT_GE(FailEveryAllocation(make, nothing), 2U);
+  EXPECT_EQ(FailEveryCall(SpyCell::Operation::Clone, make, nothing), 1U);
+}
+
+TEST_F(OmDimensionSafety, ACopyThatCannotBeMadeLeavesNothingBehind) {
+  OmMemoryRegion other(false);
+  std::string const before = TextOf(dimension_);
+  long const live = SpyCell::Live();
+  auto const nothing = [&] {
+    EXPECT_EQ(other.BytesInUse(), 0U);
+    EXPECT_EQ(SpyCell::Live(), live);
+    EXPECT_EQ(TextOf(dimension_), before);
+  };
+  auto const copy = [&] { OmDimension const made(dimension_, &other); };
+  EXPECT_GE(FailEveryAllocation(copy, nothing), 18U) << "every label at least";
+  EXPECT_EQ(FailEveryCall(SpyCell::Operation::Clone, copy, nothing), 9U);
+}
+
+}  // namespace

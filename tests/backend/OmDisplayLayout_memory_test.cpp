@@ -1,0 +1,149 @@
+#include <gtest/gtest.h>
+#include <memory>
+#include <vector>
+
+#include <lakresvos/OmDisplayColumnHeading.h>
+#include <lakresvos/OmDisplayLayerHeading.h>
+#include <lakresvos/OmDisplayRowHeading.h>
+
+#include "support/FailingNew.h"
+#include "support/LayoutTables.h"
+
+namespace {
+
+using layout_tables::Category;
+using layout_tables::Group;
+using layout_tables::Table;
+using PathNode = OmDisplayLayerHeading::PathNode;
+using Index = std::vector<int>;
+
+/// Dimensions R, C and L on an axis each, R with a group, and a cell for every second combination.
+class OmDisplayLayoutMemory : public testing::Test {
+ protected:
+  OmDisplayLayoutMemory() {
+    table.AddFlat("R", 3);
+    table.AddFlat("C", 2);
+    table.AddFlat("L", 4);
+    OmDimension& rows = table.Dimension(0);
+    Category(rows, Group(rows, rows.Root(), "group"), "deep", 3);
+    table.Place({0}, {1}, {2});
+    for (int r = 0; r < 4; ++r) {
+      table.Put({r, r % 2, (r + 1) % 4});
+    }
+  }
+
+  Table table;
+};
+
+}  // namespace
+
+TEST_F(OmDisplayLayoutMemory, RunsOutWithoutALeakWhileALayerHeadingIsMade) {
+  auto const make = [&] { OmDisplayLayerHeading const layers(table, true); };
+  EXPECT_GT(FailEveryAllocation(make, [] {}), 0U);
+}
+
+TEST_F(OmDisplayLayoutMemory, RunsOutWithoutATraceWhileRowAndColumnHeadingsAreMade) {
+  OmDisplayLayerHeading layers(table, true);
+  layers.NextLayer();
+  Index const before = layers.getCurrentCellIndex();
+  auto const make = [&] {
+    OmDisplayRowHeading const rows(layers, true, true);
+    OmDisplayColumnHeading const columns(layers, true);
+  };
+  auto const check = [&] { EXPECT_EQ(layers.getCurrentCellIndex(), before); };
+  EXPECT_GT(FailEveryAllocation(make, check), 0U);
+}
+
+TEST_F(OmDisplayLayoutMemory, RunsOutWithTheLayerUnchangedWhileItIsSwitched) {
+  for (bool skipEmpty : {false, true}) {
+    OmDisplayLayerHeading layers(table, skipEmpty);
+    auto const check = [&] {
+      EXPECT_EQ(layers.getLayer(), -1);
+      EXPECT_EQ(layers.getCurrentCellIndex(), (Index{0, 0, 0}));
+    };
+    FailEveryAllocation([&] { layers.SwitchLayer(3); }, check);
+    EXPECT_EQ(layers.getLayer(), 3);
+    EXPECT_EQ(layers.getCurrentCellIndex(), (Index{0, 0, 3}));
+  }
+}
+
+TEST_F(OmDisplayLayoutMemory, RunsOutWithTheIndexUnchangedWhileItIsFilledForARow) {
+  OmDisplayLayerHeading layers(table, false);
+  OmDisplayRowHeading const rows(layers, false, false);
+  Index index{5};
+  auto const check = [&] { EXPECT_EQ(index, Index{5}); };
+  EXPECT_GT(FailEveryAllocation([&] { rows.Fill(index, 1); }, check), 0U);
+  EXPECT_EQ(index, (Index{1, 0, 0}));
+}
+
+TEST_F(OmDisplayLayoutMemory, RunsOutWithTheIndexUnchangedWhileItIsFilledForALayer) {
+  table.setLayerLoc(2);
+  OmDisplayLayerHeading layers(table, true);
+  layers.restoreLayer();
+  Index index{5};
+  auto const check = [&] { EXPECT_EQ(index, Index{5}); };
+  EXPECT_GT(FailEveryAllocation([&] { layers.Fill(index); }, check), 0U);
+  EXPECT_EQ(index, (Index{5, 0, 2}));
+}
+
+TEST_F(OmDisplayLayoutMemory, RunsOutWithTheListUnchangedWhileALayersPathIsAppended) {
+  OmDisplayLayerHeading layers(table, false);
+  layers.SwitchLayer(1);
+  std::vector<PathNode*> out{nullptr};
+  auto const check = [&] { EXPECT_EQ(out, std::vector<PathNode*>{nullptr}); };
+  EXPECT_GT(FailEveryAllocation([&] { layers.DimAllNodes(0, out); }, check), 0U);
+  EXPECT_EQ(out.size(), 3U);
+}
+
+TEST_F(OmDisplayLayoutMemory, RunsOutWithTheListsUnchangedWhileARowsPathsAreAppended) {
+  OmDisplayLayerHeading layers(table, false);
+  table.Place({0, 1, 2}, {});
+  OmDisplayRowHeading const rows(layers, false, false);
+  std::vector<PathNode*> out{nullptr};
+  auto const check = [&] { EXPECT_EQ(out, std::vector<PathNode*>{nullptr}); };
+  EXPECT_GT(FailEveryAllocation([&] { rows.DimAllNodes(3, out); }, check), 0U);
+  EXPECT_EQ(out.size(), 8U);
+
+  std::vector<PathNode*> outermost;
+  std::vector<PathNode*> categories{nullptr};
+  auto const checkEnds = [&] {
+    EXPECT_TRUE(outermost.empty());
+    EXPECT_EQ(categories.size(), 1U);
+  };
+  auto const ends = [&] { rows.DimCatNodes(3, outermost, categories); };
+  EXPECT_GT(FailEveryAllocation(ends, checkEnds), 0U);
+  EXPECT_EQ(outermost.size(), 3U);
+  EXPECT_EQ(categories.size(), 4U);
+}
+
+TEST_F(OmDisplayLayoutMemory, RunsOutAndStillListsEveryPlaceNextTime) {
+  OmDisplayLayerHeading layers(table, false);
+  OmDisplayRowHeading const rows(layers, false, false);
+  EXPECT_GT(FailEveryAllocation([&] { rows.getNonEmptyRows(); }, [] {}), 0U);
+  EXPECT_EQ(rows.getNonEmptyRows(), (std::vector<unsigned long long>{0, 1, 2, 3}));
+}
+
+TEST_F(OmDisplayLayoutMemory, RunsOutWithTheAxisUnchangedWhileItIsLengthened) {
+  OmDisplayLayerHeading const layers(table, false);
+  auto const check = [&] { EXPECT_EQ(layers.NDimensions(), 1); };
+  EXPECT_GT(FailEveryAllocation([&] { layers.getDimensionIndex(9); }, check), 0U);
+  EXPECT_EQ(layers.NDimensions(), 10);
+}
+
+TEST_F(OmDisplayLayoutMemory, RunsOutWithoutALeakInEveryList) {
+  OmDisplayLayerHeading layers(table, true);
+  layers.NextLayer();
+  OmDisplayRowHeading const rows(layers, true, false);
+  OmDisplayColumnHeading const columns(layers, false);
+  auto const queries = [&] {
+    layers.Nodes(0);
+    layers.getCurrentCellIndex();
+    rows.Row(0);
+    rows.Column(0);
+    rows.RowCategories(0);
+    rows.CornerText();
+    columns.Column(1);
+    columns.Row(0);
+  };
+  EXPECT_GT(FailEveryAllocation(queries, [] {}), 0U);
+}

@@ -1,0 +1,26 @@
+lakresvos_add_test(core_table_tests
+  SOURCES
+    FormatArea_test.cpp
+    OmFootnote_test.cpp
+    OmPivotTableAreaFormats_test.cpp
+    OmPivotTableAttributes_test.cpp
+    OmPivotTableAxes_test.cpp
+    OmPivotTableBackend_test.cpp
+    OmPivotTableBinding_test.cpp
+    OmPivotTableCellLimit_test.cpp
+    OmPivotTableCells_test.cpp
+    OmPivotTableCopyDimensions_test.cpp
+    OmPivotTableDeleteCell_test.cpp
+    OmPivotTableDimensions_test.cpp
+    OmPivotTableFailure_test.cpp
+    OmPivotTableICUHelper_test.cpp
+    OmPivotTableIterator_test.cpp
+    OmPivotTableMetaData_test.cpp
+    OmPivotTableOwnership_test.cpp
+    OmPivotTablePruning_test.cpp
+    OmPivotTableStore_test.cpp
+    OmPivotTableTemplateName_test.cpp
+    OmPivotTableTexts_test.cpp
+    OmPivotTable_property_test.cpp
+    OmPivotTable_test.cpp
+  LIBRARIES lakresvos_objects)

@@ -1,0 +1,138 @@
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+
+#include "EveryKind.h"
+#include "support/FailingNew.h"
+
+namespace {
+
+std::vector<CellPointer> EveryKindWithExtras() {
+  std::vector<CellPointer> cells = EveryKind();
+  OmCellMetaData const meta = SomeMetaData();
+  for (CellPointer const& cell : cells) {
+    cell->setMeta(&meta);
+    cell->ContextDisplay(OmLabelDisplay::Both);
+  }
+  return cells;
+}
+
+TEST(AllocationFailure, AFailedCloneLeavesNothingBehind) {
+  for (CellPointer const& cell : EveryKindWithExtras()) {
+    OmMemoryRegion region(false);
+    unsigned long const heap = OmMemoryRegion::DefaultHeap()->BytesInUse();
+    CellPointer clone;
+    std::size_t const failures =
+        FailEveryAllocation([&] { clone.reset(cell->Clone(&region)); },
+                            [&] {
+                              EXPECT_EQ(region.BytesInUse(), 0U);
+                              EXPECT_EQ(OmMemoryRegion::DefaultHeap()->BytesInUse(), heap);
+                            });
+    EXPECT_GE(failures, 6U) << "the cell, its extras and its metadata";
+    EXPECT_EQ(clone->GetText(), cell->GetText());
+  }
+}
+
+TEST(AllocationFailure, AFailedBindingOrUnbindingChangesNothing) {
+  OmMemoryRegion region(false);
+  for (CellPointer const& original : EveryKind()) {
+    CellPointer const cell(original->Clone(&region));
+    icuTracker tracker({true, ""});
+    std::string const text = cell->GetText();
+    unsigned long inUse = region.BytesInUse();
+    FailEveryAllocation([&] { cell->UseTracker(&tracker); },
+                        [&] {
+                          EXPECT_EQ(cell->GetText(), text);
+                          EXPECT_EQ(cell->GetTracker(), nullptr);
+                          EXPECT_EQ(tracker.TextCount(), 0U);
+                          EXPECT_EQ(region.BytesInUse(), inUse);
+                        });
+    icuTracker* const bound = cell->GetTracker();
+    std::size_t const texts = tracker.TextCount();
+    inUse = region.BytesInUse();
+    FailEveryAllocation([&] { cell->UseTracker(nullptr); },
+                        [&] {
+                          EXPECT_EQ(cell->GetText(), text);
+                          EXPECT_EQ(cell->GetTracker(), bound);
+                          EXPECT_EQ(tracker.TextCount(), texts);
+                          EXPECT_EQ(region.BytesInUse(), inUse);
+                        });
+    EXPECT_EQ(cell->GetText(), text);
+  }
+}
+
+TEST(AllocationFailure, AFailedSetMetaKeepsTheOldMetadata) {
+  OmNumber number(1);
+  OmCellMetaData const meta = SomeMetaData();
+  EXPECT_GE(
+      FailEveryAllocation([&] { number.setMeta(&meta); }, [&] { EXPECT_FALSE(number.hasMeta()); }),
+      4U);
+  OmCellMetaData other;
+  other.addFootnote(9);
+  EXPECT_GE(FailEveryAllocation([&] { number.setMeta(&other); },
+                                [&] { EXPECT_EQ(number.getMeta()->getStyle(), 3); }),
+            2U);
+  EXPECT_EQ(number.getMeta()->getStyle(), 0);
+}
+
+TEST(AllocationFailure, AFailedContextChangesNothing) {
+  OmNumber number(1);
+  EXPECT_GE(FailEveryAllocation([&] { number.ContextDisplay(OmLabelDisplay::Value); },
+                                [&] { EXPECT_FALSE(number.hasContext()); }),
+            4U);
+  OmNumber other(2);
+  EXPECT_GE(FailEveryAllocation([&] { other.ShareContext(number); },
+                                [&] { EXPECT_FALSE(other.hasContext()); }),
+            2U);
+  EXPECT_TRUE(other.hasContext());
+}
+
+TEST(AllocationFailure, AFailedAddPartChangesNothing) {
+  OmComposite composite("{0}");
+  OmVariable const part("name", "label");
+  EXPECT_GE(FailEveryAllocation([&] { composite.AddPart(part); },
+                                [&] { EXPECT_EQ(composite.Parts().Root().NChildren(), 0U); }),
+            8U);
+  EXPECT_EQ(composite.GetText(), "label");
+}
+
+TEST(AllocationFailure, AFailedCloneOfNestedCompositesLeavesNothingBehind) {
+  OmComposite inner("{0}");
+  inner.AddPart(OmStringCell("text"));
+  OmComposite outer("{0}{1}");
+  outer.AddPart(inner);
+  outer.AddPart(inner);
+  OmMemoryRegion region(false);
+  CellPointer clone;
+  FailEveryAllocation([&] { clone.reset(outer.Clone(&region)); },
+                      [&] { EXPECT_EQ(region.BytesInUse(), 0U); });
+  EXPECT_EQ(clone->GetText(), "texttext");
+}
+
+TEST(AllocationFailure, AFailedConstructionLeavesNothingBehind) {
+  std::string const text(100, 'x');
+  std::function<OmCellText*()> const makers[] = {
+      [&]() -> OmCellText* { return new OmStringCell(text); },
+      [&]() -> OmCellText* { return new OmVariable(text, text); },
+      [&]() -> OmCellText* { return new OmNumDataValue(1, text); },
+      [&]() -> OmCellText* { return new OmComposite(text); },
+  };
+  unsigned long const heap = OmMemoryRegion::DefaultHeap()->BytesInUse();
+  for (auto const& make : makers) {
+    CellPointer cell;
+    FailEveryAllocation([&] { cell.reset(make()); },
+                        [&] { EXPECT_EQ(OmMemoryRegion::DefaultHeap()->BytesInUse(), heap); });
+  }
+}
+
+TEST(AllocationFailure, AFailedTrackerLeavesNothingBehind) {
+  std::string const locale(100, 'x');
+  std::unique_ptr<icuTracker> tracker;
+  EXPECT_GE(
+      FailEveryAllocation([&] { tracker = std::make_unique<icuTracker>(std::pair(true, locale)); },
+                          [&] { EXPECT_EQ(tracker, nullptr); }),
+      4U);
+  EXPECT_EQ(tracker->getLocale(), locale);
+}
+
+}  // namespace

@@ -1,0 +1,193 @@
+#include <cells/OmComposite.h>
+// This header comes first to show that it stands alone.
+#include <gtest/gtest.h>
+#include <memory>
+#include <rapidcheck/gtest.h>
+#include <string>
+#include <utility>
+
+#include <cells/OmNumber.h>
+#include <cells/OmStringCell.h>
+#include <cells/OmVariable.h>
+
+namespace {
+
+using PartTree = OmVectorTree<OmCellText*>;
+
+std::string Render(std::string const& pattern, std::initializer_list<char const*> parts) {
+  OmComposite composite(pattern);
+  for (char const* part : parts) {
+    composite.AddPart(OmStringCell(part));
+  }
+  return composite.GetText();
+}
+
+TEST(OmComposite, MarksStandForTheTextsOfTheParts) {
+  EXPECT_EQ(Render("{1} before {0}, and {1}", {"a", "b"}), "b before a, and b");
+}
+
+TEST(OmComposite, AMarkOfSeveralDigitsNamesItsPart) {
+  EXPECT_EQ(Render("{10}", {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "ten"}), "ten");
+  EXPECT_EQ(Render("{00}", {"zero"}), "zero");
+}
+
+TEST(OmComposite, AMarkWithoutAPartStaysAsWritten) {
+  EXPECT_EQ(Render("{0}{1}{2}", {"a"}), "a{1}{2}");
+  EXPECT_EQ(Render("{99999999999999999999999}", {"a"}), "{99999999999999999999999}");
+}
+
+TEST(OmComposite, AMarkWhosePartIsNullStaysAsWritten) {
+  OmComposite composite("{0}");
+  PartTree::AppendChild(composite.Parts().Root(), nullptr);
+  EXPECT_EQ(composite.GetText(), "{0}");
+}
+
+TEST(OmComposite, OtherBracesStayAsWritten) {
+  EXPECT_EQ(Render("{} {x} {-1} {+0} { 0} {0 } {0", {"a"}), "{} {x} {-1} {+0} { 0} {0 } {0");
+  EXPECT_EQ(Render("}{", {"a"}), "}{");
+  EXPECT_EQ(Render("{{0}}", {"a"}), "{a}");
+}
+
+TEST(OmComposite, TextsOfPartsAreNotReadForMarks) {
+  EXPECT_EQ(Render("{0}{1}", {"{1}", "b"}), "{1}b");
+}
+
+TEST(OmComposite, ThePatternKeepsItsBytes) {
+  std::string const pattern("a\0{0}\xFF", 6);
+  OmComposite composite(pattern);
+  EXPECT_EQ(composite.Pattern(), pattern);
+  EXPECT_EQ(composite.GetText(), pattern);
+}
+
+TEST(OmComposite, AnEmptyPatternGivesAnEmptyText) {
+  EXPECT_EQ(Render("", {"a"}), "");
+}
+
+TEST(OmComposite, StartsWithoutPartsAndANullRoot) {
+  OmComposite const composite("x");
+  EXPECT_EQ(composite.Parts().Root().Value(), nullptr);
+  EXPECT_EQ(composite.Parts().Root().NChildren(), 0U);
+}
+
+TEST(OmComposite, APartIsACopy) {
+  OmComposite composite("{0}");
+  OmVariable variable("age", "Age");
+  composite.AddPart(variable);
+  variable.Display(OmLabelDisplay::Value);
+  EXPECT_EQ(composite.GetText(), "Age");
+}
+
+TEST(OmComposite, ACompositeMayBeAPartOfItself) {
+  OmComposite composite("<{0}>");
+  composite.AddPart(composite);
+  EXPECT_EQ(composite.GetText(), "<<{0}>>");
+}
+
+TEST(OmComposite, PartsOfACloneLieInItsRegionAndSoDoNewOnes) {
+  OmComposite composite("{0}{1}");
+  composite.AddPart(OmStringCell("part"));
+  OmMemoryRegion region(false);
+  unsigned long const heap = OmMemoryRegion::DefaultHeap()->BytesInUse();
+  std::unique_ptr<OmCellText> clone(composite.Clone(&region));
+  dynamic_cast<OmComposite&>(*clone).AddPart(OmNumber(5));
+  EXPECT_EQ(OmMemoryRegion::DefaultHeap()->BytesInUse(), heap);
+  EXPECT_EQ(clone->GetText(), "part5");
+  clone.reset();
+  EXPECT_EQ(region.BytesInUse(), 0U);
+}
+
+TEST(OmComposite, DeeperNodesAreKeptAndClonedButNotShown) {
+  OmComposite composite("{0}{1}");
+  composite.AddPart(OmStringCell("a"));
+  PartTree::AppendChild(composite.Parts().Root().Child(0), new OmStringCell("below"));
+  composite.Parts().Root().Value() = new OmNumber(9);
+  std::unique_ptr<OmCellText> const clone(composite.Clone(nullptr));
+  PartTree::Node const root = dynamic_cast<OmComposite&>(*clone).Parts().Root();
+  EXPECT_EQ(clone->GetText(), "a{1}");
+  EXPECT_EQ(root.Value()->GetText(), "9");
+  ASSERT_EQ(root.Child(0).NChildren(), 1U);
+  EXPECT_EQ(root.Child(0).Child(0).Value()->GetText(), "below");
+  EXPECT_NE(root.Child(0).Child(0).Value(), composite.Parts().Root().Child(0).Child(0).Value());
+  EXPECT_EQ(root.Child(0).Child(0).Parent().element, root.Child(0).element);
+}
+
+TEST(OmComposite, AKindDerivedFromItIsClonedAndRenderedThroughItsOwnOperations) {
+  class Shouting : public OmComposite {
+   public:
+    using OmComposite::OmComposite;
+    std::string GetText() const override { return OmComposite::GetText() + "!"; }
+    OmCellText* Clone(OmMemoryRegion* region) const override {
+      return new (region) Shouting(*this, region);
+    }
+
+   private:
+    Shouting(Shouting const& other, OmMemoryRegion* region) : OmComposite(other, region) {}
+  };
+  Shouting inner("hey {0}");
+  inner.AddPart(OmStringCell("you"));
+  OmComposite outer("({0})");
+  outer.AddPart(inner);
+  std::unique_ptr<OmCellText> const clone(outer.Clone(nullptr));
+  EXPECT_EQ(clone->GetText(), "(hey you!)");
+}
+
+constexpr int kDeep = 100000;
+
+TEST(OmComposite, PartsAHundredThousandLevelsDeepNeedNoDeepStack) {
+  OmComposite composite("{0}");
+  PartTree::Node node = composite.Parts().Root();
+  for (int level = 0; level < kDeep; ++level) {
+    node = PartTree::AppendChild(node, new OmNumber(level));
+  }
+  std::unique_ptr<OmCellText> const clone(composite.Clone(nullptr));
+  EXPECT_EQ(clone->GetText(), "0");
+}
+
+TEST(OmComposite, CompositesAHundredThousandLevelsDeepNeedNoDeepStack) {
+  std::unique_ptr<OmComposite> composite(new OmComposite("."));
+  for (int level = 0; level < kDeep; ++level) {
+    std::unique_ptr<OmComposite> outer(new OmComposite("{0}x"));
+    PartTree::AppendChild(outer->Parts().Root(), composite.get());
+    composite.release();
+    composite = std::move(outer);
+  }
+  std::unique_ptr<OmCellText> const clone(composite->Clone(nullptr));
+  EXPECT_EQ(clone->GetText(), "." + std::string(kDeep, 'x'));
+  EXPECT_EQ(clone->Compare(*composite, true), 0);
+}
+
+RC_GTEST_PROP(OmCompositeText, AgreesWithReplacingTheMarksOneByOne, ()) {
+  auto const pieces = *rc::gen::container<std::vector<std::string>>(
+      rc::gen::element<std::string>("{0}", "{1}", "{2}", "{3}", "{", "}", "1", "x", "{{", "{01}"));
+  std::string const parts[] = {"A", "", "CC"};
+  OmComposite composite([&] {
+    std::string pattern;
+    for (std::string const& piece : pieces) {
+      pattern += piece;
+    }
+    return pattern;
+  }());
+  for (std::string const& part : parts) {
+    composite.AddPart(OmStringCell(part));
+  }
+  std::string const pattern = composite.Pattern();
+  std::string expected;
+  for (std::size_t i = 0; i < pattern.size();) {
+    std::size_t digits = i + 1;
+    while (digits < pattern.size() && pattern[digits] >= '0' && pattern[digits] <= '9') {
+      ++digits;
+    }
+    bool const mark = pattern[i] == '{' && digits > i + 1 && digits < pattern.size() &&
+                      pattern[digits] == '}' &&
+                      std::stoul(pattern.substr(i + 1, digits - i - 1)) < 3;
+    if (mark) {
+      expected += parts[std::stoul(pattern.substr(i + 1, digits - i - 1))];
+      i = digits + 1;
+    } else {
+      expected += pattern[i++];
+    }
+  }
+  RC_ASSERT(composite.GetText() == expected);
+}
+
+}  // namespace

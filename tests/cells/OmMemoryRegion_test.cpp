@@ -1,0 +1,324 @@
+#include <cells/OmMemoryRegion.h>
+// This header comes first to show that it stands alone.
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <limits>
+#include <map>
+#include <new>
+#include <rapidcheck/gtest.h>
+#include <thread>
+#include <type_traits>
+#include <vector>
+
+#include "support/FailingNew.h"
+
+static_assert(!std::is_copy_constructible_v<OmMemoryRegion>);
+static_assert(!std::is_copy_assignable_v<OmMemoryRegion>);
+static_assert(!std::is_polymorphic_v<OmMemoryRegion>);
+static_assert(!std::is_convertible_v<bool, OmMemoryRegion>);
+
+namespace {
+
+constexpr unsigned long kChunk = 64 << 10;
+
+bool IsAligned(void const* block) {
+  return reinterpret_cast<std::uintptr_t>(block) % 16 == 0;
+}
+
+/// The rounded size of a block, computed step by step.
+unsigned long RoundedSize(unsigned long size) {
+  unsigned long rounded = 16;
+  while (rounded < size && rounded < 256) {
+    rounded += 16;
+  }
+  for (unsigned long power = 256; rounded < size && power < kChunk / 4; power *= 2) {
+    for (int quarter = 1; quarter <= 4 && rounded < size; ++quarter) {
+      rounded = power + power / 4 * static_cast<unsigned long>(quarter);
+    }
+  }
+  return rounded < size ? (size + 15) / 16 * 16 : rounded;
+}
+
+struct RegionTest : testing::Test {
+  OmMemoryRegion region{false};
+};
+
+TEST_F(RegionTest, HoldsNothingUntilTheFirstBlock) {
+  EXPECT_EQ(region.BytesInUse(), 0U);
+  EXPECT_EQ(region.BytesReserved(), 0U);
+}
+
+TEST_F(RegionTest, SizeZeroCountsAsOne) {
+  void* block = region.Allocate(0);
+  ASSERT_NE(block, nullptr);
+  EXPECT_TRUE(IsAligned(block));
+  EXPECT_EQ(region.BytesInUse(), 16U);
+  EXPECT_NE(region.Allocate(0), block);
+}
+
+TEST_F(RegionTest, ReleasingNullDoesNothing) {
+  OmMemoryRegion::Release(nullptr);
+  EXPECT_EQ(region.BytesInUse(), 0U);
+}
+
+TEST_F(RegionTest, EverySizeIsAlignedWritableAndRoundedAsDocumented) {
+  for (unsigned long size = 1; size <= 20000; ++size) {
+    unsigned long const before = region.BytesInUse();
+    void* block = region.Allocate(size);
+    std::memset(block, 0xA5, size);
+    ASSERT_TRUE(IsAligned(block)) << size;
+    ASSERT_EQ(region.BytesInUse() - before, RoundedSize(size)) << size;
+    ASSERT_EQ(OmMemoryRegion::OwnerOf(block), &region) << size;
+    OmMemoryRegion::Release(block);
+    ASSERT_EQ(region.BytesInUse(), before) << size;
+  }
+}
+
+TEST_F(RegionTest, ACellOfUpTo64BytesCostsAtMost8MoreThanItsSize) {
+  for (unsigned long size = 8; size <= 64; size += 8) {
+    unsigned long const before = region.BytesInUse();
+    region.Allocate(size);
+    EXPECT_LE(region.BytesInUse() - before, size + 8);
+  }
+}
+
+TEST_F(RegionTest, ManyBlocksOfOneSizeReserveLittleMoreThanTheirSizes) {
+  for (int i = 0; i < 100000; ++i) {
+    region.Allocate(32);
+  }
+  EXPECT_EQ(region.BytesInUse(), 3200000U);
+  EXPECT_LE(region.BytesReserved(), 3200000U * 4 / 3);
+}
+
+TEST_F(RegionTest, OneBlockOfEverySharedSizeFitsIntoFewChunks) {
+  for (unsigned long size = 16; size <= 1024; size = RoundedSize(size + 1)) {
+    region.Allocate(size);
+  }
+  EXPECT_EQ(region.BytesReserved(), kChunk);
+}
+
+TEST_F(RegionTest, BlocksOfOneSizeLieInOrderOfAllocation) {
+  auto* previous = static_cast<char*>(region.Allocate(48));
+  int neighbours = 0;
+  for (int i = 1; i < 1000; ++i) {
+    region.Allocate(100);
+    auto* next = static_cast<char*>(region.Allocate(48));
+    neighbours += next == previous + 48 ? 1 : 0;
+    previous = next;
+  }
+  EXPECT_GE(neighbours, 980);
+}
+
+TEST_F(RegionTest, ReleasedBlocksAreHandedOutAgainLastFirst) {
+  for (unsigned long size : {24UL, 300UL, 5000UL}) {
+    void* first = region.Allocate(size);
+    void* second = region.Allocate(size);
+    unsigned long const reserved = region.BytesReserved();
+    OmMemoryRegion::Release(first);
+    OmMemoryRegion::Release(second);
+    EXPECT_EQ(region.Allocate(size), second);
+    EXPECT_EQ(region.Allocate(size), first);
+    EXPECT_EQ(region.BytesReserved(), reserved);
+  }
+}
+
+TEST_F(RegionTest, TheLargestSharedSizeStaysWhenReleased) {
+  void* block = region.Allocate(kChunk / 4);
+  OmMemoryRegion::Release(block);
+  EXPECT_EQ(region.BytesReserved(), kChunk);
+}
+
+TEST_F(RegionTest, ABlockOverAQuarterChunkGoesBackWhenReleased) {
+  void* block = region.Allocate(kChunk / 4 + 1);
+  std::memset(block, 1, kChunk / 4 + 1);
+  EXPECT_EQ(region.BytesInUse(), kChunk / 4 + 16);
+  EXPECT_GE(region.BytesReserved(), region.BytesInUse());
+  OmMemoryRegion::Release(block);
+  EXPECT_EQ(region.BytesInUse(), 0U);
+  EXPECT_EQ(region.BytesReserved(), 0U);
+}
+
+TEST_F(RegionTest, LoneBlocksGoBackInAnyOrder) {
+  std::vector<void*> blocks;
+  for (int i = 0; i < 5; ++i) {
+    blocks.push_back(region.Allocate(100000));
+  }
+  for (std::size_t i : {2UL, 0UL, 4UL, 3UL, 1UL}) {
+    OmMemoryRegion::Release(blocks[i]);
+  }
+  EXPECT_EQ(region.BytesReserved(), 0U);
+}
+
+TEST_F(RegionTest, AnAbsurdSizeIsRefusedAndChangesNothing) {
+  unsigned long const most = std::numeric_limits<unsigned long>::max();
+  for (unsigned long size : {most, most - 15, most - kChunk, most / 2, (1UL << 40) + 1}) {
+    EXPECT_THROW(region.Allocate(size), std::bad_alloc);
+  }
+  EXPECT_EQ(region.BytesReserved(), 0U);
+  EXPECT_NE(region.Allocate(1), nullptr);
+}
+
+TEST_F(RegionTest, WithoutWorkingReleaseBlocksAreNotTakenBack) {
+  void* small = region.Allocate(40);
+  void* large = region.Allocate(50000);
+  unsigned long const inUse = region.BytesInUse();
+  region.WorkingRelease(false);
+  OmMemoryRegion::Release(small);
+  OmMemoryRegion::Release(large);
+  EXPECT_EQ(region.BytesInUse(), inUse);
+  EXPECT_NE(region.Allocate(40), small);
+}
+
+TEST_F(RegionTest, WorkingReleaseCanBeSwitchedOnAgain) {
+  region.WorkingRelease(false);
+  region.WorkingRelease(true);
+  void* block = region.Allocate(40);
+  OmMemoryRegion::Release(block);
+  EXPECT_EQ(region.Allocate(40), block);
+}
+
+TEST_F(RegionTest, ARefusedChunkLeavesTheRegionUsable) {
+  std::size_t const failures = FailEveryAllocation(
+      [&] {
+        region.Allocate(100);
+        region.Allocate(70000);
+      },
+      [&] { EXPECT_LE(region.BytesInUse(), 112U * 8); });
+  EXPECT_GE(failures, 6U);
+}
+
+TEST(OmMemoryRegionProbe, SeesEveryRequestOfEveryRegionAndMayRefuseIt) {
+  static std::vector<unsigned long> seen;
+  OmMemoryRegion one(false);
+  OmMemoryRegion two(true);
+  one.Allocate(24);
+  seen.clear();
+  OmMemoryRegion::setAllocationProbe([](unsigned long size) {
+    seen.push_back(size);
+    if (size == 7) {
+      throw std::bad_alloc();
+    }
+  });
+  one.Allocate(24);
+  two.Allocate(1000);
+  one.Allocate(40000);
+  EXPECT_THROW(one.Allocate(7), std::bad_alloc);
+  OmMemoryRegion::setAllocationProbe(nullptr);
+  one.Allocate(7);
+  EXPECT_EQ(seen, (std::vector<unsigned long>{24, 1000, 40000, 7}));
+  EXPECT_EQ(one.BytesInUse(), 32U + 32 + 40000 + 16);
+  seen = {};
+}
+
+TEST(OmMemoryRegionDefaultHeap, IsOneSharedRegionThatTakesBlocksBack) {
+  OmMemoryRegion* heap = OmMemoryRegion::DefaultHeap();
+  EXPECT_EQ(heap, OmMemoryRegion::DefaultHeap());
+  unsigned long const before = heap->BytesInUse();
+  void* block = heap->Allocate(100);
+  EXPECT_EQ(heap->BytesInUse(), before + 112);
+  EXPECT_EQ(OmMemoryRegion::OwnerOf(block), heap);
+  OmMemoryRegion::Release(block);
+  EXPECT_EQ(heap->BytesInUse(), before);
+}
+
+TEST(OmMemoryRegionDefaultHeap, ServesSeveralThreadsAtOnce) {
+  auto work = [](unsigned char mark) {
+    std::vector<unsigned char*> blocks;
+    for (unsigned int round = 0; round < 20000; ++round) {
+      unsigned long const size = 1 + round * 37 % (round % 500 == 0 ? 40000 : 600);
+      auto* block = static_cast<unsigned char*>(OmMemoryRegion::DefaultHeap()->Allocate(size));
+      block[0] = mark;
+      block[size - 1] = mark;
+      blocks.push_back(block);
+      if (round % 3 != 0) {
+        std::size_t const victim = round * 7919 % blocks.size();
+        EXPECT_EQ(blocks[victim][0], mark);
+        OmMemoryRegion::Release(blocks[victim]);
+        blocks[victim] = blocks.back();
+        blocks.pop_back();
+      }
+    }
+    for (unsigned char* block : blocks) {
+      EXPECT_EQ(block[0], mark);
+      OmMemoryRegion::Release(block);
+    }
+  };
+  unsigned long const before = OmMemoryRegion::DefaultHeap()->BytesInUse();
+  std::vector<std::thread> threads;
+  for (unsigned char mark = 1; mark <= 4; ++mark) {
+    threads.emplace_back(work, mark);
+  }
+  for (std::thread& thread : threads) {
+    thread.join();
+  }
+  EXPECT_EQ(OmMemoryRegion::DefaultHeap()->BytesInUse(), before);
+}
+
+/// Random requests and releases against a plain map of the live blocks.
+void CompareWithModel(OmMemoryRegion& region) {
+  struct Live {
+    unsigned long size;
+    unsigned char mark;
+  };
+  std::map<unsigned char*, Live> live;
+  unsigned long inUse = 0;
+  auto const steps = *rc::gen::container<std::vector<std::pair<int, unsigned int>>>(
+      300, rc::gen::pair(rc::gen::inRange(0, 10), rc::gen::arbitrary<unsigned int>()));
+  unsigned char mark = 0;
+  for (auto const& [kind, random] : steps) {
+    if (kind < 6 || live.empty()) {
+      unsigned long const limit = kind == 0 ? 40000 : kind < 3 ? 3000 : 300;
+      unsigned long const size = random % limit;
+      auto* block = static_cast<unsigned char*>(region.Allocate(size));
+      RC_ASSERT(IsAligned(block));
+      auto const after = live.lower_bound(block);
+      bool const clear_of_next = after == live.end() || block + size <= after->first;
+      bool const clear_of_previous =
+          after == live.begin() || std::prev(after)->first + std::prev(after)->second.size <= block;
+      RC_ASSERT(clear_of_next);
+      RC_ASSERT(clear_of_previous);
+      std::memset(block, ++mark, size);
+      live[block] = {size, mark};
+      inUse += RoundedSize(size);
+    } else {
+      auto const victim = std::next(live.begin(), static_cast<long>(random % live.size()));
+      unsigned char* const bytes = victim->first;
+      Live const block = victim->second;
+      bool const untouched = std::all_of(bytes, bytes + block.size,
+                                         [&](unsigned char byte) { return byte == block.mark; });
+      RC_ASSERT(untouched);
+      inUse -= RoundedSize(block.size);
+      OmMemoryRegion::Release(bytes);
+      live.erase(victim);
+    }
+    RC_ASSERT(region.BytesInUse() == inUse);
+    RC_ASSERT(region.BytesReserved() >= inUse);
+  }
+}
+
+RC_GTEST_PROP(OmMemoryRegionModel, AgreesWithAMapOfLiveBlocksInAnOwnedRegion, ()) {
+  OmMemoryRegion region(false);
+  CompareWithModel(region);
+}
+
+RC_GTEST_PROP(OmMemoryRegionModel, AgreesWithAMapOfLiveBlocksInASharedRegion, ()) {
+  OmMemoryRegion region(true);
+  CompareWithModel(region);
+}
+
+#if defined(__SANITIZE_ADDRESS__)
+TEST_F(RegionTest, BytesBehindABlockAreForbiddenUnderTheAddressSanitizer) {
+  auto* block = static_cast<volatile char*>(region.Allocate(20));
+  EXPECT_DEATH(block[20] = 1, "use-after-poison");
+}
+
+TEST_F(RegionTest, AReleasedBlockIsForbiddenUnderTheAddressSanitizer) {
+  auto* block = static_cast<volatile char*>(region.Allocate(20));
+  OmMemoryRegion::Release(const_cast<char*>(block));
+  EXPECT_DEATH(block[0] = 1, "use-after-poison");
+}
+#endif
+
+}  // namespace

@@ -1,0 +1,23 @@
+#ifndef TESTS_SUPPORT_OMDISPLAYTESTACCESS_H
+#define TESTS_SUPPORT_OMDISPLAYTESTACCESS_H
+
+#include <lakresvos/OmDisplayColumnHeading.h>
+#include <lakresvos/OmDisplayLayerHeading.h>
+#include <lakresvos/OmDisplayRowHeading.h>
+
+#include "OmDisplayLayerHeadingData.h"
+#include "OmDisplayRowHeadingData.h"
+
+/// Reaches the private records of the display headings.
+class OmDisplayTestAccess {
+ public:
+  static OmDisplayLayerHeading::Data& Of(OmDisplayLayerHeading const& heading) {
+    return *heading._my;
+  }
+  static OmDisplayRowHeading::Data& Of(OmDisplayRowHeading const& heading) { return *heading._my; }
+  static OmDisplayRowHeading::Data& Of(OmDisplayColumnHeading const& heading) {
+    return *heading._my;
+  }
+};
+
+#endif

@@ -1,0 +1,12 @@
+#ifndef TESTS_SUPPORT_OMPIVOTTABLETESTACCESS_H
+#define TESTS_SUPPORT_OMPIVOTTABLETESTACCESS_H
+
+#include <OmPivotTableData.h>
+
+/// Opens a table's private record to tests.
+class OmPivotTableTestAccess {
+ public:
+  static OmPivotTable::Data& data(OmPivotTable& table) { return *table._my; }
+};
+
+#endif
