@@ -103,6 +103,39 @@ class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
   /// The node of this dimension at the same path of child positions, see OmVectorTree::Node.
   Node Counterpart(Node& node);
 
+  // Edits
+  //
+  // An edit copies the nodes that change place, finds a place by the value of the node that stands
+  // there (the first child that equals it counts), and rebuilds every parent link under the node
+  // that receives them. Subscripts travel with the nodes. No edit maintains an index of children:
+  // Child() and FindChild() are unreliable under an edited parent. Handles of nodes under a changed
+  // parent are stale afterwards. Each takes time linear in the number of nodes.
+  //
+  // Senseless arguments do nothing: a handle of another tree, the root moved or wrapped, a node
+  // moved into or before itself, nodes to wrap that are not different children of one parent.
+
+  /// Adds a category to `parent`, before `sibling` or after it. Its subscript is 1 more than the
+  /// largest; it shares the context of the sibling's label. Raises the category count by 1.
+  /// @return the new category's value, in the default heap.
+  OmDimensionNode insertCategory(OmCellText const& text, Node sibling, Node parent, bool before);
+
+  /// Wraps children of one parent into a new group that stands where the first of `nodes` stood and
+  /// holds them in the given order. Nothing to wrap changes nothing.
+  void insertChild(OmCellText const& text, std::vector<Node*> nodes);
+
+  /// Dissolves a group: its children take its place. Sets the group's subscript to -2 (all bits but
+  /// the lowest) in any case, and does nothing else to the root or a group without children.
+  /// @param group then points at the place where the group stood last, which its next sibling
+  /// takes, or
+  ///        past the end.
+  void removeChild(Node& group);
+
+  /// Moves `node` before `target`; or exchanges the two among siblings (nodes under different
+  /// parents each become the last child of their own parent, unless a child there equals the
+  /// other's next sibling); or, without a target, makes `node` the last child of its nearest
+  /// ancestor that is not hidden.
+  void moveChild(Node& node, Node* target, bool exchange);
+
   // Queries
 
   /// The number of subscripts, which is the table's extent along the dimension.
@@ -122,10 +155,9 @@ class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
   unsigned long getMaxVisibleGroupCount() const;
 
  private:
-  /// The element that holds `node` among its children, found from the root, with the node's
-  /// position; null when it is not in this tree. Parent links play no part, for edits may leave
-  /// them stale.
-  Element* FindParent(Element const* node, std::size_t& position);
+  /// The nodes from the root to the parent of `node`; empty for the root and what is not in this
+  /// tree. Found from the root: parent links play no part, for removals leave them stale.
+  std::vector<Element*> FindAncestors(Element const* node);
 
   /// The largest subscript of any category, taken as 32 bits, 0 when there is none; plus 1.
   unsigned int NextSubscript() const;

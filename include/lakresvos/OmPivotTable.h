@@ -261,6 +261,16 @@ class LAKRESVOS_EXPORT OmPivotTable : public OmOutputPart {
   /// The format of an area, owned by the table, or null. Areas above 8 have none to read.
   FormatArea* getAreaFormat(FormatArea::Area area) const;
 
+  // Diagnostics
+
+  /// Writes dimensions, cells and texts to standard output, one line each, flushed line by line.
+  void Print() const;
+
+  /// Writes the structure of the cell store below `node` to standard output, an entry a line.
+  /// @param depth the node's level, 0 for the root; at the number of dimensions it is a cell.
+  /// @param index the node's position in its parent.
+  void PrintCells(PointerVector* node, unsigned long depth, unsigned long index) const;
+
  private:
   friend class OmDisplayLayerHeading;
   friend class OmPivotTableTestAccess;

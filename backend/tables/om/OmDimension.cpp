@@ -151,11 +151,12 @@ unsigned int OmDimension::FindChild(ConstNode parent, OmCellText const& text, bo
 }
 
 void OmDimension::Delete(Node& node) {
-  std::size_t position = 0;
-  Element* const parent = FindParent(node.element, position);
-  if (parent == nullptr) {
+  std::vector<Element*> const ancestors = FindAncestors(node.element);
+  if (ancestors.empty()) {
     return;
   }
+  Element* const parent = ancestors.back();
+  std::size_t const position = PositionAmong(*parent, node.element);
   EraseChildAt(*parent, position);
   OmVector<unsigned int>& index = parent->value.childIndex;
   for (std::size_t k = 0; k < index.size();) {
@@ -215,16 +216,19 @@ unsigned long OmDimension::getMaxVisibleGroupCount() const {
   return counts.empty() ? 0 : *std::max_element(counts.begin(), counts.end());
 }
 
-Element* OmDimension::FindParent(Element const* node, std::size_t& position) {
+std::vector<Element*> OmDimension::FindAncestors(Element const* node) {
+  std::vector<Element*> ancestors;
   OmVectorTreeWalk<Node> walk(Root());
   while (walk.Next()) {
-    Element* const candidate = walk.Current().element;
-    position = PositionAmong(*candidate, node);
-    if (position < candidate->children.size()) {
-      return candidate;
+    Element const& candidate = *walk.Current().element;
+    if (PositionAmong(candidate, node) < candidate.children.size()) {
+      for (Node const& step : walk.Path()) {
+        ancestors.push_back(step.element);
+      }
+      break;
     }
   }
-  return nullptr;
+  return ancestors;
 }
 
 unsigned int OmDimension::NextSubscript() const {
