@@ -1,0 +1,157 @@
+#ifndef LAKRESVOS_RENDER_DISPLAYGRID_H
+#define LAKRESVOS_RENDER_DISPLAYGRID_H
+
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include <cells/OmCellText.h>
+#include <lakresvos/OmDisplayLayerHeading.h>
+#include <lakresvos/OmDisplayRowHeading.h>
+#include <lakresvos/render/Export.h>
+
+namespace lakresvos::render {
+
+/// How a table is laid out.
+struct GridOptions {
+  bool skipEmpty = true;         ///< leave out layers, rows and columns without a cell
+  bool dimNamesInCorner = true;  ///< row dimensions' names in the corner, not as a heading level
+};
+
+/// Where in the frame of a grid a cell stands.
+enum class GridRole {
+  Corner,         ///< above the row headings
+  ColumnHeading,  ///< above the body
+  RowHeading,     ///< left of the body
+};
+
+/// One cell of a grid's frame: of its corner or of one of its two headings.
+struct GridCell {
+  GridRole role;
+  OmCellText const* label;                    ///< null in a blank cell; owned by the table
+  OmDisplayRowHeading::PathNode const* node;  ///< null in the corner and in a blank cell
+  int row;                                    ///< first grid row
+  int column;                                 ///< first grid column
+  int rowSpan;                                ///< number of grid rows, at least 1
+  int columnSpan;                             ///< number of grid columns, at least 1
+};
+
+/// What a table shows of one layer dimension.
+struct LayerLabel {
+  OmCellText const* dimension;                ///< the dimension's name; null when hidden
+  std::vector<OmCellText const*> categories;  ///< the category's shown path, outermost first
+};
+
+/// The cells of a frame that start in one grid row, left to right.
+struct GridCells {
+  GridCell const* first;
+  GridCell const* last;
+
+  GridCell const* begin() const { return first; }
+  GridCell const* end() const { return last; }
+};
+
+/// One layer of a pivot table as a rectangle of cells, the ground of every renderer.
+///
+/// Rows and columns count from the top left, headings included: the body starts at row
+/// HeadingRows() and column HeadingColumns(). Every position belongs to exactly one cell: of the
+/// corner, of a heading, or of the body, whose cells have no spans.
+///
+/// How heading cells come about:
+/// 1. Neighbouring positions of one heading level are one cell when they show the same node of the
+///    category tree (never merely the same text) below the same cell of the level before.
+/// 2. Where a path is shorter than its dimension's levels, the last cell of the path reaches over
+/// the
+///    remaining levels, if it does so over its whole length. Otherwise, and where a dimension shows
+///    nothing at all, blank cells fill the levels; neighbours below the same cell are one.
+/// 3. A corner label reaches over the heading columns of its dimension and over all heading rows;
+/// the
+///    table's own corner text, shown when no dimension name is, over the whole corner.
+/// 4. A corner that has something to show above no heading rows gets one, blank above the body.
+///
+/// The grid holds the frame, with its spans computed once; body cells are looked up in the table as
+/// they are asked for. Construction takes time linear in the heading cells, beside what the table's
+/// headings themselves take.
+///
+/// The table and the layer heading must outlive the grid and stay in the state in which it was
+/// made.
+///
+/// Thread safety: none; one thread at a time uses a table, its layer heading and the grids on it.
+class LAKRESVOS_RENDER_EXPORT DisplayGrid {
+ public:
+  class BodyRow;
+
+  /// Lays out the current layer of `layers`.
+  /// Requires: a layer is current.
+  /// @throws std::length_error when there are more rows or columns than an int can count.
+  DisplayGrid(OmDisplayLayerHeading& layers, GridOptions const& options);
+  DisplayGrid(DisplayGrid const&) = delete;
+  DisplayGrid& operator=(DisplayGrid const&) = delete;
+
+  int HeadingRows() const { return headingRows_; }
+  int HeadingColumns() const { return headingColumns_; }
+  int Rows() const { return rows_; }        ///< those of the headings included
+  int Columns() const { return columns_; }  ///< those of the headings included
+
+  /// The corner and both headings, by the row and then by the column in which they start.
+  std::vector<GridCell> const& Frame() const { return frame_; }
+
+  /// Those of them that start in grid row `row`; none for a row outside the grid.
+  GridCells Frame(int row) const;
+
+  /// The cells of one row of the body; see BodyRow.
+  /// Requires: `row` is at least HeadingRows() and below Rows().
+  BodyRow Body(int row) const;
+
+  /// What to say of the layer, one entry per layer dimension, outermost first; empty without one.
+  std::vector<LayerLabel> const& LayerLabels() const { return layerLabels_; }
+
+ private:
+  void BuildFrame(OmDisplayColumnHeading const& columns);
+  void AddCorner(std::vector<bool> const& startsDimension);
+  void AddColumnHeadings(OmDisplayColumnHeading const& columns);
+  void AddRowHeadings(std::vector<bool> const& startsDimension);
+  void ReadLayer(OmDisplayLayerHeading& layers);
+  void ReadColumns(OmDisplayColumnHeading const& columns);
+  bool HasCornerText() const;
+
+  OmPivotTable const& table_;
+  OmDisplayRowHeading rowHeading_;
+  int headingRows_ = 0;
+  int headingColumns_ = 0;
+  int rows_ = 0;
+  int columns_ = 0;
+  std::vector<GridCell> frame_;
+  std::vector<std::size_t> frameStarts_;  // per row, where its cells start in frame_; and the end
+  std::vector<LayerLabel> layerLabels_;
+
+  // A full cell index with -1 for each dimension that the row or the column is still to supply, and
+  // for a layer dimension without a category: no cell has that subscript.
+  std::vector<int> layerIndex_;
+  std::vector<int> columnDimensions_;
+  std::vector<int> columnSubscripts_;  // per body column, one for each of columnDimensions_
+};
+
+/// The cells of one body row of a grid, which must outlive it.
+///
+/// Thread safety: as DisplayGrid.
+class LAKRESVOS_RENDER_EXPORT DisplayGrid::BodyRow {
+ public:
+  /// The cell in grid column `column`, owned by the table; null when there is none.
+  /// Allocates nothing; constant time for a given number of dimensions.
+  /// Requires: `column` is at least HeadingColumns() and below Columns().
+  OmCellText* Cell(int column);
+
+ private:
+  friend class DisplayGrid;
+
+  BodyRow(DisplayGrid const& grid, std::vector<int> index)
+      : grid_(grid), index_(std::move(index)) {}
+
+  DisplayGrid const& grid_;
+  std::vector<int> index_;
+};
+
+}  // namespace lakresvos::render
+
+#endif

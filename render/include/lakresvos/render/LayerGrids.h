@@ -1,0 +1,40 @@
+#ifndef LAKRESVOS_RENDER_LAYERGRIDS_H
+#define LAKRESVOS_RENDER_LAYERGRIDS_H
+
+#include <memory>
+
+#include <lakresvos/OmPivotTable.h>
+#include <lakresvos/render/DisplayGrid.h>
+
+namespace lakresvos::render {
+
+/// Lays out a table layer by layer:
+///
+///     LayerGrids layers(table, options);
+///     while (DisplayGrid const* grid = layers.Next()) {
+///       ...
+///     }
+///
+/// A table without layer dimensions has one layer; a table without cells has none when empty layers
+/// are left out.
+///
+/// The table must outlive the object and must not change while it lives.
+///
+/// Thread safety: none; one thread at a time uses a table and what lays it out.
+class LAKRESVOS_RENDER_EXPORT LayerGrids {
+ public:
+  LayerGrids(OmPivotTable& table, GridOptions const& options);
+
+  /// Lays out the next layer, first the first one; null when there is none left. The grid belongs
+  /// to this object and is valid until the next call.
+  DisplayGrid const* Next();
+
+ private:
+  GridOptions options_;
+  OmDisplayLayerHeading layers_;
+  std::unique_ptr<DisplayGrid> grid_;
+};
+
+}  // namespace lakresvos::render
+
+#endif

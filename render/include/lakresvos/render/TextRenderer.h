@@ -1,0 +1,79 @@
+#ifndef LAKRESVOS_RENDER_TEXTRENDERER_H
+#define LAKRESVOS_RENDER_TEXTRENDERER_H
+
+#include <ostream>
+
+#include <lakresvos/OmOutputPart.h>
+#include <lakresvos/render/Export.h>
+
+class OmOutputTree;
+
+namespace lakresvos::render {
+
+/// How a document is shown as text.
+struct TextOptions {
+  bool ascii = false;       ///< draw frames and marks in plain ASCII; texts stay as they are
+  int maxColumnWidth = 40;  ///< where table columns wrap, in terminal columns; below 2 counts as 2
+  bool allLayers = true;    ///< show all layers of a table, not only the first
+  bool skipEmpty = true;    ///< leave out layers, rows and columns without a cell
+};
+
+/// Writes a document as text for a terminal or any fixed-width font, in UTF-8.
+///
+/// - Headings and procedures are underlined, with another line for each of the first four depths
+/// and the
+///   last one for all below. Page titles stand between two lines. A text block's label stands above
+///   its text, which is then indented.
+/// - A table shows its title (its label when it has none), and for each layer a line that names the
+///   layer's categories and the table in a frame; below, all of its footnotes and its caption.
+///   Tables and captions that are not to be shown (OmPivotTable::Show(), showCaption()) are left
+///   out.
+/// - In a table numbers stand at the right, other texts at the left. Lines separate outer row
+/// headings
+///   from one another, and all rows when some cell takes several lines.
+/// - Footnotes are marked by their own marker or by a letter.
+///
+/// Widths are counted in terminal columns per character as readers see it: wide East Asian
+/// characters and emoji take two, combining characters none. Control characters, marks that change
+/// the direction of what follows and bytes that are not UTF-8 become U+FFFD, tabs become blanks;
+/// line ends within a text are kept.
+///
+/// Writing takes time linear in the displayed and stored cells; beside the headings of one layer no
+/// memory grows with the number of cells.
+///
+/// Thread safety: none; one thread at a time uses a renderer, its stream and the document.
+class LAKRESVOS_RENDER_EXPORT TextRenderer : public OmOutputPart::Visitor {
+ public:
+  /// @param out where to write; must outlive the renderer. Its state tells whether writing failed.
+  explicit TextRenderer(std::ostream& out, TextOptions const& options = {});
+
+  /// Writes all items of `tree`, a blank line between two.
+  void Render(OmOutputTree& tree);
+
+  // Single items; a heading shows as one at the depth of the item that Render() met last, at first
+  // 0.
+
+  void Visit(OmPivotTable& table) override;
+  void Visit(OmProcedure& procedure) override;
+  void Visit(OmHeading& heading) override;
+  void Visit(OmTextBlock& block) override;
+  void Visit(OmPageTitle& title) override;
+  void Visit(OmChart& chart) override;
+  void Visit(OmAnswerTree& tree) override;
+  void Visit(OmModel& model) override;
+  void Visit(OmInteractive& item) override;
+
+ private:
+  void StartItem();
+  void WriteHeading(std::string const& text);
+  void WriteLines(std::string const& text, std::string const& indent = {});
+
+  std::ostream& out_;
+  TextOptions options_;
+  int depth_ = 0;
+  bool started_ = false;
+};
+
+}  // namespace lakresvos::render
+
+#endif

@@ -1,0 +1,181 @@
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <lakresvos/OmHeading.h>
+#include <lakresvos/OmOutputTree.h>
+#include <lakresvos/OmPivotTable.h>
+#include <lakresvos/OmTextBlock.h>
+#include <lakresvos/render/LayerGrids.h>
+#include <lakresvos/render/TextRenderer.h>
+
+#include "CellText.h"
+#include "TextTable.h"
+#include "TextWidth.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+constexpr std::array<std::string_view, 4> kUnderlines = {"═", "─", "╌", "┈"};
+constexpr std::array<std::string_view, 4> kAsciiUnderlines = {"=", "-", "~", "."};
+constexpr std::string_view kPageLine = "━";
+constexpr std::string_view kAsciiPageLine = "=";
+
+std::string Repeat(std::string_view text, int count) {
+  std::string repeated;
+  for (int i = 0; i < count; ++i) {
+    repeated += text;
+  }
+  return repeated;
+}
+
+int WidestLine(std::vector<std::string> const& lines) {
+  int widest = 0;
+  for (std::string const& line : lines) {
+    widest = std::max(widest, TextWidth(line));
+  }
+  return widest;
+}
+
+std::string TextOf(OmCellText const* label) {
+  return label != nullptr ? label->GetText() : std::string();
+}
+
+std::string Marked(OmCellText const* label, FootnoteMarks const& marks) {
+  CellText const shown = ShownText(label, marks);
+  return shown.text + shown.marks;
+}
+
+/// Appends `text`, behind `separator` unless one of the two is empty.
+void Join(std::string& joined, std::string_view separator, std::string const& text) {
+  if (!joined.empty() && !text.empty()) {
+    joined += separator;
+  }
+  joined += text;
+}
+
+/// "Dimension: group / category, dimension: category"; empty when the layer shows no text.
+std::string LayerLine(std::vector<LayerLabel> const& labels, FootnoteMarks const& marks) {
+  std::string line;
+  for (LayerLabel const& label : labels) {
+    std::string path;
+    for (OmCellText const* category : label.categories) {
+      Join(path, " / ", Marked(category, marks));
+    }
+    std::string entry = Marked(label.dimension, marks);
+    Join(entry, ": ", path);
+    Join(line, ", ", entry);
+  }
+  return line;
+}
+
+}  // namespace
+
+TextRenderer::TextRenderer(std::ostream& out, TextOptions const& options)
+    : out_(out), options_(options) {}
+
+void TextRenderer::Render(OmOutputTree& tree) {
+  for (auto node = tree.begin(); !node.AtEnd(); ++node) {
+    if (OmOutputPart* part = *node) {
+      depth_ = node.depth;
+      part->Accept(*this);
+    }
+  }
+}
+
+// Headings and texts
+
+void TextRenderer::Visit(OmHeading& heading) {
+  WriteHeading(TextOf(heading.Label()));
+}
+
+void TextRenderer::Visit(OmProcedure& procedure) {
+  WriteHeading(procedure.OutlineText());
+}
+
+void TextRenderer::Visit(OmTextBlock& block) {
+  StartItem();
+  std::string const label = TextOf(block.Label());
+  if (label.empty()) {
+    WriteLines(block.Text());
+  } else {
+    WriteLines(label);
+    WriteLines(block.Text(), "  ");
+  }
+}
+
+void TextRenderer::Visit(OmPageTitle& title) {
+  StartItem();
+  std::string const line =
+      Repeat(options_.ascii ? kAsciiPageLine : kPageLine, WidestLine(PrintableLines(title.Text())));
+  WriteLines(line);
+  WriteLines(title.Text());
+  WriteLines(line);
+}
+
+void TextRenderer::WriteHeading(std::string const& text) {
+  StartItem();
+  auto const& lines = options_.ascii ? kAsciiUnderlines : kUnderlines;
+  auto const last = static_cast<int>(lines.size()) - 1;
+  WriteLines(text);
+  WriteLines(Repeat(lines[static_cast<std::size_t>(std::clamp(depth_, 0, last))],
+                    WidestLine(PrintableLines(text))));
+}
+
+// Tables
+
+void TextRenderer::Visit(OmPivotTable& table) {
+  if (!table.Show()) {
+    return;
+  }
+  StartItem();
+  FootnoteMarks const marks(table, options_.ascii);
+  OmCellText const* const title = table.GetTableTitle();
+  WriteLines(Marked(title != nullptr ? title : table.Label(), marks));
+  LayerGrids layers(table, {options_.skipEmpty, true});
+  bool first = true;
+  while (DisplayGrid const* grid = first || options_.allLayers ? layers.Next() : nullptr) {
+    if (!first) {
+      out_ << '\n';
+    }
+    first = false;
+    std::string const layer = LayerLine(grid->LayerLabels(), marks);
+    if (!layer.empty()) {
+      WriteLines(layer);
+    }
+    WriteTextTable(out_, *grid, marks, options_);
+  }
+  for (std::string const& note : marks.Notes()) {
+    WriteLines(note);
+  }
+  if (table.showCaption() && table.Caption() != nullptr) {
+    WriteLines(Marked(table.Caption(), marks));
+  }
+}
+
+// Items without a form as text
+
+void TextRenderer::Visit(OmChart& /*chart*/) {}
+void TextRenderer::Visit(OmAnswerTree& /*tree*/) {}
+void TextRenderer::Visit(OmModel& /*model*/) {}
+void TextRenderer::Visit(OmInteractive& /*item*/) {}
+
+// Output
+
+void TextRenderer::StartItem() {
+  if (started_) {
+    out_ << '\n';
+  }
+  started_ = true;
+}
+
+void TextRenderer::WriteLines(std::string const& text, std::string const& indent) {
+  for (std::string const& line : PrintableLines(text)) {
+    out_ << (line.empty() ? std::string() : indent + line) << '\n';
+  }
+}
+
+}  // namespace lakresvos::render
