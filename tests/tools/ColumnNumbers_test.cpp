@@ -1,0 +1,120 @@
+#include "ColumnNumbers.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+#include "CategoryOrder.h"
+#include "ErrorOf.h"
+#include "RowWeights.h"
+#include "TextData.h"
+
+using namespace lakresvos::report;
+
+TEST(ColumnNumbers, ReadTheDistinctValues) {
+  DataSet const data = DataOf("a\n1.5\n2\n1.5\n-3.25\n", {"a"});
+  ColumnNumbers const numbers = NumbersOf(data.columns[0]);
+  EXPECT_EQ(numbers.byCode, (std::vector<double>{1.5, 2, -3.25}));
+  EXPECT_EQ(numbers.decimals, 2);
+  EXPECT_TRUE(numbers.complete);
+}
+
+TEST(ColumnNumbers, KnowATextAmongThem) {
+  DataSet const data = DataOf("a\n1\nx\nNA\n", {"a"});
+  ColumnNumbers const numbers = NumbersOf(data.columns[0]);
+  EXPECT_FALSE(numbers.complete);
+  EXPECT_TRUE(std::isnan(numbers.byCode[1]));
+  EXPECT_TRUE(std::isnan(numbers.Of(DataColumn::kMissing)));
+  EXPECT_EQ(numbers.Of(0), 1);
+}
+
+TEST(ColumnNumbers, AreCompleteWhenOnlyMissingValuesAreNoNumbers) {
+  EXPECT_TRUE(NumbersOf(DataOf("a,b\n1,x\n,x\n", {"a"}).columns[0]).complete);
+}
+
+TEST(ColumnNumbers, WarnOfEachRowWithAText) {
+  WarningLog warnings;
+  DataSet const data = DataOf("a\n1\nx\nNA\nx\n", {"a"});
+  WarnOfTexts(data, data.columns[0], warnings);
+  ASSERT_EQ(warnings.Total(), 2u);
+  EXPECT_EQ(warnings.First()[0].line, 3u);
+  EXPECT_EQ(warnings.First()[0].column, "a");
+  EXPECT_EQ(warnings.First()[0].problem, "'x' is not a number; it counts as missing");
+  EXPECT_EQ(warnings.First()[1].line, 5u);
+}
+
+TEST(CategoryOrder, KeepsTextsInTheOrderOfTheFile) {
+  CategoryOrder const order = OrderCategories(DataOf("a\n2nd\n10\n1st\n2nd\n", {"a"}).columns[0]);
+  EXPECT_FALSE(order.numeric);
+  EXPECT_EQ(order.codeOf, (std::vector<std::uint32_t>{0, 1, 2}));
+  EXPECT_EQ(order.categoryOf, (std::vector<std::uint32_t>{0, 1, 2}));
+}
+
+TEST(CategoryOrder, SortsNumbersByValue) {
+  CategoryOrder const order = OrderCategories(DataOf("a\n10\n9\nNA\n-1\n", {"a"}).columns[0]);
+  EXPECT_TRUE(order.numeric);
+  EXPECT_EQ(order.codeOf, (std::vector<std::uint32_t>{2, 1, 0}));
+  EXPECT_EQ(order.categoryOf, (std::vector<std::uint32_t>{2, 1, 0}));
+}
+
+TEST(CategoryOrder, MakesOneCategoryOfEqualNumbers) {
+  CategoryOrder const order = OrderCategories(DataOf("a\n2\n1.50\n2.0\n1.5\n", {"a"}).columns[0]);
+  EXPECT_EQ(order.codeOf, (std::vector<std::uint32_t>{1, 0}));
+  EXPECT_EQ(order.categoryOf, (std::vector<std::uint32_t>{1, 0, 1, 0}));
+}
+
+TEST(CategoryOrder, KeepsTextsApartThatWouldBeEqualNumbers) {
+  EXPECT_EQ(OrderCategories(DataOf("a\n1\n1.0\nx\n", {"a"}).columns[0]).codeOf.size(), 3u);
+}
+
+TEST(CategoryOrder, OfNoValues) {
+  EXPECT_TRUE(OrderCategories(DataOf("a\nNA\n", {"a"}).columns[0]).codeOf.empty());
+}
+
+TEST(RowWeights, AreOneWithoutAColumn) {
+  RowWeights const weights;
+  EXPECT_EQ(weights.Of(0), 1);
+  EXPECT_EQ(weights.Of(12345), 1);
+  EXPECT_EQ(weights.Decimals(), 0);
+}
+
+TEST(RowWeights, ComeFromTheColumn) {
+  WarningLog warnings;
+  DataSet const data = DataOf("w\n2\n0\n2.25\n", {"w"});
+  RowWeights const weights(data, "w", warnings);
+  EXPECT_EQ(weights.Of(0), 2);
+  EXPECT_EQ(weights.Of(1), 0);
+  EXPECT_EQ(weights.Of(2), 2.25);
+  EXPECT_EQ(weights.Decimals(), 2);
+  EXPECT_EQ(warnings.Total(), 0u);
+}
+
+TEST(RowWeights, HaveNoDecimalsWhenAllAreIntegers) {
+  WarningLog warnings;
+  DataSet const data = DataOf("w\n2.00\n3.0\n", {"w"});
+  EXPECT_EQ(RowWeights(data, "w", warnings).Decimals(), 0);
+}
+
+TEST(RowWeights, WarnOfRowsWithoutOne) {
+  WarningLog warnings;
+  DataSet const data = DataOf("w\n2\nNA\n", {"w"});
+  RowWeights const weights(data, "w", warnings);
+  EXPECT_TRUE(std::isnan(weights.Of(1)));
+  ASSERT_EQ(warnings.Total(), 1u);
+  EXPECT_EQ(warnings.First()[0].line, 3u);
+  EXPECT_EQ(warnings.First()[0].column, "w");
+  EXPECT_EQ(warnings.First()[0].problem, "the weight is missing; the line was skipped");
+}
+
+TEST(RowWeights, RefuseATextWhereverItStands) {
+  WarningLog warnings;
+  DataSet const data = DataOf("a,w\n1,2\n1,many\n1,x\n", {"w"});
+  EXPECT_EQ(ErrorOf([&] { RowWeights(data, "w", warnings); }),
+            "data.csv:3: column 'w': the weight 'many' is not a number that is 0 or more");
+}
+
+TEST(RowWeights, RefuseANegativeOne) {
+  WarningLog warnings;
+  DataSet const data = DataOf("w\n-0.5\n", {"w"});
+  EXPECT_EQ(ErrorOf([&] { RowWeights(data, "w", warnings); }),
+            "data.csv:2: column 'w': the weight '-0.5' is not a number that is 0 or more");
+}

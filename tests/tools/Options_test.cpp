@@ -1,0 +1,139 @@
+#include "Options.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include <lakresvos/lakresvos.h>
+
+#include "ErrorOf.h"
+
+using namespace lakresvos::report;
+
+namespace {
+
+struct Parsed {
+  std::optional<Options> options;
+  std::string printed;
+};
+
+Parsed Parse(std::vector<char const*> arguments) {
+  arguments.insert(arguments.begin(), "lakresvos-report");
+  std::ostringstream out;
+  Parsed parsed;
+  parsed.options = ParseCommandLine(static_cast<int>(arguments.size()), arguments.data(), out);
+  parsed.printed = out.str();
+  return parsed;
+}
+
+std::string ErrorIn(std::vector<char const*> const& arguments) {
+  return ErrorOf([&] { Parse(arguments); });
+}
+
+}  // namespace
+
+TEST(Options, HaveDefaults) {
+  Options const options = Parse({"a.csv"}).options.value();
+  EXPECT_EQ(options.dataFile, "a.csv");
+  EXPECT_TRUE(options.tables.empty());
+  ASSERT_EQ(options.statistics.size(), 1u);
+  EXPECT_EQ(options.statistics[0].measure, Measure::Count);
+  EXPECT_EQ(options.weight, "");
+  EXPECT_FALSE(options.totals);
+  EXPECT_EQ(options.format, OutputFormat::Text);
+  EXPECT_EQ(options.outputFile, "");
+  EXPECT_TRUE(options.allLayers);
+  EXPECT_FALSE(options.keepEmpty);
+  EXPECT_FALSE(options.ascii);
+}
+
+TEST(Options, ReadAllOfThem) {
+  Options const options =
+      Parse({"--weight", "Freq", "--statistics", "count,sum:x", "--totals", "--format", "text",
+             "-o", "out.txt", "--layers", "first", "--keep-empty", "--ascii", "a.csv"})
+          .options.value();
+  EXPECT_EQ(options.weight, "Freq");
+  EXPECT_EQ(options.statistics.size(), 2u);
+  EXPECT_TRUE(options.totals);
+  EXPECT_EQ(options.outputFile, "out.txt");
+  EXPECT_FALSE(options.allLayers);
+  EXPECT_TRUE(options.keepEmpty);
+  EXPECT_TRUE(options.ascii);
+  EXPECT_EQ(options.dataFile, "a.csv");
+}
+
+TEST(Options, TakeOneTextPerTableAndLeaveTheDataFileAlone) {
+  Options const options =
+      Parse({"--table", "a ~", "--title", "First", "--table", "~ b", "--caption", "Below", "a.csv"})
+          .options.value();
+  EXPECT_EQ(options.dataFile, "a.csv");
+  ASSERT_EQ(options.tables.size(), 2u);
+  EXPECT_EQ(options.tables[0].formula.text, "a ~");
+  EXPECT_EQ(options.tables[0].title, "First");
+  EXPECT_EQ(options.tables[0].caption, "Below");
+  EXPECT_EQ(options.tables[1].formula.text, "~ b");
+  EXPECT_EQ(options.tables[1].title, "");
+}
+
+TEST(Options, TakeTitlesThatLookLikeOptionsOrLists) {
+  Options const options =
+      Parse({"a.csv", "--table=a~", "--title=--b", "--table", "b~", "--title", "[1,2]"})
+          .options.value();
+  EXPECT_EQ(options.tables[0].title, "--b");
+  EXPECT_EQ(options.tables[1].title, "[1,2]");
+}
+
+TEST(Options, RememberTheCommandAsAShellWouldTakeIt) {
+  EXPECT_EQ(Parse({"a b.csv", "--table", "a ~ b"}).options->command,
+            "lakresvos-report 'a b.csv' --table 'a ~ b'");
+}
+
+TEST(Options, GiveHelp) {
+  for (char const* option : {"--help", "-h"}) {
+    Parsed const parsed = Parse({option});
+    EXPECT_FALSE(parsed.options.has_value());
+    for (char const* name : {"--table", "--weight", "--statistics", "--totals", "--format", "-o",
+                             "--layers", "--keep-empty", "--title", "--caption", "--ascii"}) {
+      EXPECT_NE(parsed.printed.find(name), std::string::npos) << name;
+    }
+  }
+}
+
+TEST(Options, GiveTheVersion) {
+  Parsed const parsed = Parse({"--version"});
+  EXPECT_FALSE(parsed.options.has_value());
+  EXPECT_EQ(parsed.printed, "lakresvos-report " LAKRESVOS_VERSION "\n");
+}
+
+TEST(OptionErrors, NoDataFile) {
+  EXPECT_EQ(ErrorIn({}), "DATA is required");
+}
+
+TEST(OptionErrors, TwoDataFiles) {
+  EXPECT_EQ(ErrorIn({"a.csv", "b.csv"}), "The following argument was not expected: b.csv");
+}
+
+TEST(OptionErrors, UnknownOption) {
+  EXPECT_EQ(ErrorIn({"a.csv", "--tabel"}), "The following argument was not expected: --tabel");
+}
+
+TEST(OptionErrors, UnknownFormat) {
+  EXPECT_EQ(ErrorIn({"a.csv", "--format", "tablet"}), "--format: tablet not in {text}");
+}
+
+TEST(OptionErrors, UnknownLayers) {
+  EXPECT_EQ(ErrorIn({"a.csv", "--layers", "last"}), "--layers: last not in {all,first}");
+}
+
+TEST(OptionErrors, MalformedFormula) {
+  EXPECT_EQ(ErrorIn({"a.csv", "--table", "a b"}),
+            "--table 'a b': position 3: there should be '*', '/' or '~'");
+}
+
+TEST(OptionErrors, MoreTitlesThanTables) {
+  EXPECT_EQ(ErrorIn({"a.csv", "--title", "T"}), "there are more --title (1) than --table (0)");
+}
+
+TEST(OptionErrors, MoreCaptionsThanTables) {
+  EXPECT_EQ(ErrorIn({"a.csv", "--table", "~", "--caption", "a", "--caption", "b"}),
+            "there are more --caption (2) than --table (1)");
+}

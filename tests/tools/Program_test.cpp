@@ -1,0 +1,264 @@
+#include "Program.h"
+
+#include <gtest/gtest.h>
+
+#include <lakresvos/lakresvos.h>
+
+#include "Document.h"
+#include "ErrorOf.h"
+#include "ReportRun.h"
+#include "support/FailingNew.h"
+
+using namespace lakresvos::report;
+
+namespace {
+
+/// What the program says to this file and these options, which have to end it with exit code 2,
+/// nothing printed and the output file as it was.
+std::string Complaint(std::string const& bytes, std::vector<std::string> arguments) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("data.csv", bytes);
+  std::string const output = directory.Write("out.txt", "as it was");
+  arguments.insert(arguments.end(), {file, "-o", output});
+  ReportRun const run = RunReport(arguments);
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(ReadFile(output), "as it was");
+  EXPECT_EQ(directory.Entries(), 2u);
+  std::string const start = "lakresvos-report: ";
+  EXPECT_TRUE(run.err.starts_with(start)) << run.err;
+  EXPECT_EQ(run.err.find('\n'), run.err.size() - 1) << run.err;
+  std::string complaint = run.err.substr(start.size(), run.err.size() - start.size() - 1);
+  return complaint.starts_with(file) ? complaint.substr(file.size()) : complaint;
+}
+
+}  // namespace
+
+TEST(Program, PrintsToStandardOutput) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("a.csv", "pet,n\ncat,2\ndog,3\n");
+  ReportRun const run = RunReport({file, "--table", "pet ~", "--weight", "n", "--totals", "--title",
+                                   "Pets", "--caption", "Made up", "--ascii"});
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.err, "");
+  std::string const table =
+      "\nPets\n"
+      "+-------+---+\n"
+      "| pet   |   |\n"
+      "+=======+===+\n"
+      "| cat   | 2 |\n"
+      "| dog   | 3 |\n"
+      "| Total | 5 |\n"
+      "+-------+---+\n"
+      "Made up\n";
+  ASSERT_GE(run.out.size(), table.size());
+  EXPECT_EQ(run.out.substr(run.out.size() - table.size()), table);
+  EXPECT_NE(run.out.find("\n  lakresvos-report " + file + " --table 'pet ~' --weight n --totals"),
+            std::string::npos);
+}
+
+TEST(Program, WritesTheSameToAFile) {
+  TemporaryDirectory const directory;
+  std::vector<std::string> arguments{DataPath("titanic.csv"), "--table", "Class ~ Sex"};
+  std::string printed = RunReport(arguments).out;
+  arguments.insert(arguments.end(), {"-o", directory.Path("out.txt")});
+  ReportRun const run = RunReport(arguments);
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.out, "");
+  std::string const log = "--table 'Class ~ Sex'";
+  printed.insert(printed.find(log) + log.size(), " -o " + directory.Path("out.txt"));
+  EXPECT_EQ(ReadFile(directory.Path("out.txt")), printed);
+}
+
+TEST(Program, ShowsTheFirstLayerAlone) {
+  std::vector<std::string> arguments{DataPath("titanic.csv"), "--table", "Class ~ Sex | Age"};
+  std::string const all = RunReport(arguments).out;
+  EXPECT_NE(all.find("Age: Child"), std::string::npos);
+  EXPECT_NE(all.find("Age: Adult"), std::string::npos);
+  arguments.insert(arguments.end(), {"--layers", "first"});
+  std::string const first = RunReport(arguments).out;
+  EXPECT_NE(first.find("Age: Child"), std::string::npos);
+  EXPECT_EQ(first.find("Age: Adult"), std::string::npos);
+}
+
+TEST(Program, ShowsEmptyRowsWhenAsked) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("a.csv", "a,b,c\nx,1,u\ny,2,v\n");
+  std::vector<std::string> arguments{file, "--table", "a ~ b | c", "--ascii"};
+  EXPECT_EQ(RunReport(arguments).out.find("| y |   |"), std::string::npos);
+  arguments.emplace_back("--keep-empty");
+  EXPECT_NE(RunReport(arguments).out.find("| y |   |   |\n"), std::string::npos);
+}
+
+TEST(Program, ReadsEveryFormOfCsvAlike) {
+  TemporaryDirectory const directory;
+  std::vector<std::string> const forms{"name,n\n\"a, \"\"b\"\"\",1\nc,2\n",
+                                       "\xEF\xBB\xBFname,n\r\n\"a, \"\"b\"\"\",1\r\nc,2",
+                                       "\"name\",\"n\"\n\n\"a, \"\"b\"\"\",\"1\"\n\"c\",\"2\"\n\n"};
+  std::string first;
+  for (std::string const& form : forms) {
+    std::string const file = directory.Write("a.csv", form);
+    ReportRun const run = RunReport({file, "--table", "name ~", "--weight", "n"});
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    first = first.empty() ? run.out : first;
+    EXPECT_EQ(run.out, first);
+  }
+  EXPECT_NE(first.find("│ a, \"b\" │ 1 │"), std::string::npos) << first;
+}
+
+TEST(Program, ReadsFromAPipe) {
+  TemporaryDirectory const directory;
+  std::string const command = "printf 'a\\nx\\nx\\n' | " LAKRESVOS_REPORT_PROGRAM
+                              " /dev/stdin --table 'a ~' --ascii >" +
+                              directory.Path("out");
+  EXPECT_EQ(std::system(command.c_str()), 0);
+  EXPECT_NE(ReadFile(directory.Path("out")).find("| x | 2 |"), std::string::npos);
+}
+
+TEST(Program, GivesHelpAndVersion) {
+  ReportRun const help = RunReport({"--help"});
+  EXPECT_EQ(help.exitCode, 0);
+  EXPECT_NE(help.out.find("ROWS ~ COLUMNS | LAYERS"), std::string::npos);
+  EXPECT_EQ(RunReport({"--version"}).out, "lakresvos-report " LAKRESVOS_VERSION "\n");
+}
+
+TEST(Program, WarnsOfWhatItSkips) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("a.csv", "a,b\nx,1\ny\nz,2,3\n");
+  ReportRun const run = RunReport({file, "--table", "a ~"});
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_NE(run.out.find("Warnings"), std::string::npos);
+  EXPECT_NE(run.out.find("│ 1       │    3 │ b      │ 1 field where the header has 2"),
+            std::string::npos)
+      << run.out;
+  EXPECT_NE(run.out.find("│ 2       │    4 │ 3      │ 3 fields where the header has 2"),
+            std::string::npos);
+}
+
+TEST(Program, ShowsHostileTextAsText) {
+  TemporaryDirectory const directory;
+  std::string const file =
+      directory.Write("a.csv", "a\n\"\x1B[31mred\"\n\"two\nlines\"\n=1+1\n\u202Eback\n<b>\n");
+  ReportRun const run = RunReport({file, "--table", "a ~"});
+  EXPECT_EQ(run.exitCode, 0);
+  for (char const* line : {"│ \uFFFD[31mred │ 1 │\n", "│ two      │ 1 │\n│ lines    │   │\n",
+                           "│ =1+1     │ 1 │\n", "│ \uFFFDback    │ 1 │\n", "│ <b>      │ 1 │\n"}) {
+    EXPECT_NE(run.out.find(line), std::string::npos) << run.out;
+  }
+}
+
+TEST(ProgramErrors, FileThatIsNotThere) {
+  ReportRun const run = RunReport({"/nowhere/a.csv"});
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.err, "lakresvos-report: /nowhere/a.csv: No such file or directory\n");
+}
+
+TEST(ProgramErrors, Directory) {
+  EXPECT_EQ(RunReport({"/"}).err, "lakresvos-report: /: Is a directory\n");
+}
+
+TEST(ProgramErrors, EmptyFile) {
+  EXPECT_EQ(Complaint("", {}), ":1: the file has no line that names the columns");
+}
+
+TEST(ProgramErrors, UnknownColumn) {
+  EXPECT_EQ(Complaint("a,b\n1,2\n", {"--table", "a ~ c"}),
+            ":1: there is no column 'c', which --table 'a ~ c' at position 5 asks for");
+}
+
+TEST(ProgramErrors, TextForAWeight) {
+  EXPECT_EQ(Complaint("a,w\n1,2\n1,two\n", {"--weight", "w"}),
+            ":3: column 'w': the weight 'two' is not a number that is 0 or more");
+}
+
+TEST(ProgramErrors, NegativeWeight) {
+  EXPECT_EQ(Complaint("a,w\n1,-2\n", {"--weight", "w"}),
+            ":2: column 'w': the weight '-2' is not a number that is 0 or more");
+}
+
+TEST(ProgramErrors, WeightThatSpansLinesStaysOneLine) {
+  EXPECT_EQ(Complaint("a,w\n1,\"two\nlines\"\n", {"--weight", "w"}),
+            ":2: column 'w': the weight 'two\\nlines' is not a number that is 0 or more");
+}
+
+TEST(ProgramErrors, BrokenQuoting) {
+  EXPECT_EQ(Complaint("a,b\n1,2\n3,\"4\n", {}),
+            ":3: column 2: the quoted field that starts here never ends");
+  EXPECT_EQ(Complaint("a,b\n1,2\"\n", {}),
+            ":2: column 2: a quote inside a field that is not quoted");
+  EXPECT_EQ(Complaint("a,b\n\"1\"x,2\n", {}), ":2: column 1: text after the closing quote");
+}
+
+TEST(ProgramErrors, BytesThatAreNotUtf8) {
+  EXPECT_EQ(Complaint("a,b\n1,M\xFCnchen\n", {}), ":2: column 2: bytes that are not UTF-8");
+}
+
+TEST(ProgramErrors, WideCharacters) {
+  EXPECT_EQ(Complaint(std::string("\xFF\xFE"
+                                  "a\0\n\0",
+                                  6),
+                      {}),
+            ":1: column 1: bytes that are not UTF-8");
+}
+
+TEST(ProgramErrors, OneColumnNameTwice) {
+  EXPECT_EQ(Complaint("a,a\n1,2\n", {}), ":1: columns 1 and 2 have the same name 'a'");
+}
+
+TEST(ProgramErrors, MalformedFormula) {
+  EXPECT_EQ(Complaint("a\n1\n", {"--table", "a +"}),
+            "--table 'a +': position 3: there should be '*', '/' or '~'");
+}
+
+TEST(ProgramErrors, MalformedStatistics) {
+  EXPECT_EQ(Complaint("a\n1\n", {"--statistics", "mean"}),
+            "--statistics 'mean': position 5: there should be ':' and the name of a column");
+}
+
+TEST(ProgramErrors, UnknownOption) {
+  EXPECT_EQ(Complaint("a\n1\n", {"--frobnicate"}),
+            "The following argument was not expected: --frobnicate");
+}
+
+TEST(ProgramErrors, OutputThatCannotBeWritten) {
+  ReportRun const run = RunReport({DataPath("titanic.csv"), "-o", "/nowhere/out.txt"});
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.err, "lakresvos-report: /nowhere/out.txt: No such file or directory\n");
+}
+
+TEST(ProgramErrors, OutputDeviceThatIsFull) {
+  ReportRun const run = RunReport({DataPath("titanic.csv"), "-o", "/dev/full"});
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.err, "lakresvos-report: /dev/full: No space left on device\n");
+}
+
+TEST(ProgramErrors, StandardOutputThatIsFull) {
+  std::string const command =
+      LAKRESVOS_REPORT_PROGRAM " " + DataPath("titanic.csv") + " >/dev/full 2>/dev/null";
+  EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2);
+}
+
+TEST(ProgramErrors, OutputThatWouldReplaceTheData) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("a.csv", "a\n1\n");
+  ReportRun const run = RunReport({file, "-o", file});
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.err, "lakresvos-report: " + file + ": the output would replace the data\n");
+  EXPECT_EQ(ReadFile(file), "a\n1\n");
+}
+
+TEST(ProgramMemory, LeavesTheDocumentAloneWheneverAnAllocationFails) {
+  TemporaryDirectory const directory;
+  Options options;
+  options.dataFile = directory.Write("a.csv", "a,b,x,w\np,q,1.5,2\np,r,,1\nNA,q,2,1\ns,q\n");
+  options.weight = "w";
+  options.totals = true;
+  options.statistics = ParseStatistics("count,row%,mean:x");
+  options.tables = {{ParseFormula("a / b ~ x"), "", ""},
+                    {ParseFormula("a ~ b"), "Title", "Caption"}};
+  OmOutputTree document;
+  std::size_t const failures = FailEveryAllocation([&] { AppendReport(document, options); },
+                                                   [&] { EXPECT_EQ(document.size(), 1u); });
+  EXPECT_GT(failures, 100u);
+  EXPECT_EQ(document.size(), 7u);
+}

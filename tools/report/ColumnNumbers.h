@@ -1,0 +1,34 @@
+#ifndef TOOLS_REPORT_COLUMNNUMBERS_H
+#define TOOLS_REPORT_COLUMNNUMBERS_H
+
+#include <cstdint>
+#include <vector>
+
+#include "DataSet.h"
+#include "Number.h"
+
+namespace lakresvos::report {
+
+class WarningLog;
+
+/// The values of a data column as numbers.
+struct ColumnNumbers {
+  std::vector<double> byCode;  ///< per value, the number that it is or kNoNumber
+  int decimals = 0;            ///< the most decimals that any of them is written with
+  bool complete = true;        ///< whether all of them are numbers
+
+  /// The number of a row with this code; kNoNumber for a missing value.
+  double Of(std::uint32_t code) const {
+    return code == DataColumn::kMissing ? kNoNumber : byCode[code];
+  }
+};
+
+/// Reads the numbers of a column. Requires: the column is kept.
+ColumnNumbers NumbersOf(DataColumn const& column);
+
+/// Warns of every row in which the column has a text where statistics need a number.
+void WarnOfTexts(DataSet const& data, DataColumn const& column, WarningLog& warnings);
+
+}  // namespace lakresvos::report
+
+#endif

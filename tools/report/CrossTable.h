@@ -1,0 +1,36 @@
+#ifndef TOOLS_REPORT_CROSSTABLE_H
+#define TOOLS_REPORT_CROSSTABLE_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <lakresvos/OmPivotTable.h>
+
+#include "DataSet.h"
+#include "Formula.h"
+#include "RowWeights.h"
+#include "Statistic.h"
+
+namespace lakresvos::report {
+
+/// A table that is asked for.
+struct TableRequest {
+  Formula formula;
+  std::string title;    ///< empty: one that says what is tabulated
+  std::string caption;  ///< empty: none
+};
+
+/// Tabulates the data and makes a pivot table of the result.
+///
+/// Dimensions stand in the order of the formula, the first outermost; several statistics, or one in
+/// a table without dimensions, make a further dimension innermost on the columns. Counts have the
+/// decimals of the weights, percentages 1, means and deviations 2, the others those of the data. A
+/// statistic that cannot be computed is the system-missing value. Footnotes tell what was left out.
+std::unique_ptr<OmPivotTable> MakeCrossTable(DataSet const& data, RowWeights const& weights,
+                                             TableRequest const& request,
+                                             std::vector<Statistic> const& statistics, bool totals);
+
+}  // namespace lakresvos::report
+
+#endif

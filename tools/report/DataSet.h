@@ -1,0 +1,60 @@
+#ifndef TOOLS_REPORT_DATASET_H
+#define TOOLS_REPORT_DATASET_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "Dictionary.h"
+
+namespace lakresvos::report {
+
+class WarningLog;
+
+/// One column: its distinct values, and for each row which of them it holds.
+struct DataColumn {
+  /// The code of a missing value, which is an empty field or one that reads NA.
+  static constexpr std::uint32_t kMissing = 0xFFFFFFFF;
+
+  std::string name;
+  bool kept = false;                 ///< whether values and codes are filled
+  Dictionary values;                 ///< the distinct values that are not missing
+  std::vector<std::uint32_t> codes;  ///< per row, the number of its value or kMissing
+  std::size_t missing = 0;           ///< in how many rows the value is missing
+};
+
+/// A column that is asked for, and by what, for messages: "--weight", say.
+struct ColumnWish {
+  std::string name;
+  std::string source;
+};
+
+/// The data of one file, column by column.
+///
+/// Thread safety: reading from several threads is safe while nobody changes the object.
+struct DataSet {
+  std::string file;
+  std::vector<DataColumn> columns;
+  std::vector<std::size_t> lines;  ///< per row, the line on which it starts
+  std::size_t records = 0;         ///< rows and what was skipped, without the header
+
+  std::size_t Rows() const { return lines.size(); }
+
+  /// The number of the column with this name. Requires: there is one.
+  std::size_t Find(std::string const& name) const;
+};
+
+/// Reads a CSV file whose first record names the columns. Values are kept of the wished columns
+/// alone; missing ones are counted in all. A record with too few or too many fields is skipped with
+/// a warning.
+///
+/// @throws ReportError as ReadCsv(), for a file without a header or with a name that comes twice in
+/// it,
+///         and for a wished column that it lacks.
+DataSet ReadDataSet(std::string const& file, std::vector<ColumnWish> const& wishes,
+                    WarningLog& warnings);
+
+}  // namespace lakresvos::report
+
+#endif

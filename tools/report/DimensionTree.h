@@ -1,0 +1,24 @@
+#ifndef TOOLS_REPORT_DIMENSIONTREE_H
+#define TOOLS_REPORT_DIMENSIONTREE_H
+
+#include <memory>
+
+#include <cells/OmCellText.h>
+#include <lakresvos/OmDimension.h>
+
+#include "DataSet.h"
+#include "TableDimension.h"
+
+namespace lakresvos::report {
+
+/// What names a dimension: its column, or its nested columns one behind the other.
+std::unique_ptr<OmCellText> LabelOf(TableDimension const& dimension, DataSet const& data);
+
+/// Fills a dimension without categories: one category for each of `source`, with the same
+/// subscript, in groups for the outer ones of nested columns; and a Total behind them if asked for.
+void FillDimension(OmDimension& target, TableDimension const& source, DataSet const& data,
+                   bool withTotal);
+
+}  // namespace lakresvos::report
+
+#endif

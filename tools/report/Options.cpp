@@ -1,0 +1,118 @@
+#include "Options.h"
+
+#include <CLI/CLI.hpp>
+#include <ostream>
+
+#include <lakresvos/lakresvos.h>
+
+#include "Quoting.h"
+#include "ReportError.h"
+
+namespace lakresvos::report {
+
+namespace {
+
+constexpr char kDescription[] = "Tabulates the data of a CSV file and prints the tables.";
+
+constexpr char kFooter[] = R"(
+A formula is ROWS ~ COLUMNS or ROWS ~ COLUMNS | LAYERS. Each axis is a list of data columns joined by
+'*', or empty. A/B nests B's values in groups of A's. A name with blanks or with one of ~ | * / in it
+stands in back-quotes. Categories are shown in ascending order when all values of their column are
+numbers, else in the order in which the file has them.
+
+A value is missing when its field is empty or reads NA.
+
+Statistics, in a list separated by commas: count, row%, column%, total%, and of the numbers in a
+column X: mean:X, sd:X, sum:X, min:X, max:X. Percentages are taken within each layer. One that cannot
+be computed is shown as '.'.
+
+Examples:
+  lakresvos-report titanic.csv --weight Freq --totals --table 'Class * Sex ~ Survived | Age'
+  lakresvos-report airquality.csv --statistics mean:Ozone,sd:Ozone --table 'Month ~'
+
+The program ends with 0, or with 2 and one line on standard error when something has to be put right;
+the output file is then as it was.)";
+
+struct Texts {
+  std::vector<std::string> formulas;
+  std::vector<std::string> titles;
+  std::vector<std::string> captions;
+  std::string statistics = "count";
+  std::string format = "text";
+  std::string layers = "all";
+};
+
+void Declare(CLI::App& app, Options& options, Texts& texts) {
+  app.set_version_flag("--version", "lakresvos-report " LAKRESVOS_VERSION);
+  app.add_option("DATA", options.dataFile, "the CSV file; its first line names the columns")
+      ->required();
+  app.add_option("--table", texts.formulas, "a table to make, as a formula; repeatable")
+      ->type_name("FORMULA")
+      ->allow_extra_args(false);
+  app.add_option("--weight", options.weight, "the column that says how often each row counts")
+      ->type_name("COLUMN");
+  app.add_option("--statistics", texts.statistics, "what each cell shows (default: count)")
+      ->type_name("LIST");
+  app.add_flag("--totals", options.totals, "a Total on every dimension of the rows and columns");
+  app.add_option("--title", texts.titles,
+                 "the title of a table, the first for the first; repeatable")
+      ->type_name("TEXT")
+      ->allow_extra_args(false);
+  app.add_option("--caption", texts.captions, "the caption of a table, likewise; repeatable")
+      ->type_name("TEXT")
+      ->allow_extra_args(false);
+  app.add_option("--format", texts.format, "what to write (default: text)")
+      ->check(CLI::IsMember({"text"}));
+  app.add_option("-o", options.outputFile, "where to write (default: standard output)")
+      ->type_name("FILE");
+  app.add_option("--layers", texts.layers, "which layers to show (default: all)")
+      ->check(CLI::IsMember({"all", "first"}));
+  app.add_flag("--keep-empty", options.keepEmpty,
+               "show rows, columns and layers without a cell too");
+  app.add_flag("--ascii", options.ascii, "draw with plain characters");
+}
+
+/// Gives each table its own of the texts that `option` was used for.
+void Hand(std::vector<std::string> const& texts, char const* option,
+          std::string TableRequest::*member, std::vector<TableRequest>& tables) {
+  if (texts.size() > tables.size()) {
+    throw ReportError(std::string("there are more ") + option + " (" +
+                      std::to_string(texts.size()) + ") than --table (" +
+                      std::to_string(tables.size()) + ")");
+  }
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    tables[i].*member = texts[i];
+  }
+}
+
+}  // namespace
+
+std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::ostream& out) {
+  Options options;
+  Texts texts;
+  CLI::App app(kDescription, "lakresvos-report");
+  app.footer(kFooter);
+  Declare(app, options, texts);
+  try {
+    app.parse(argc, argv);
+  } catch (CLI::Success const& success) {
+    app.exit(success, out, out);
+    return std::nullopt;
+  } catch (CLI::ParseError const& error) {
+    throw ReportError(error.what());
+  }
+  options.command = "lakresvos-report";
+  for (int i = 1; i < argc; ++i) {
+    options.command += " " + ShellWord(argv[i]);
+  }
+  for (std::string const& formula : texts.formulas) {
+    options.tables.push_back({ParseFormula(formula), "", ""});
+  }
+  Hand(texts.titles, "--title", &TableRequest::title, options.tables);
+  Hand(texts.captions, "--caption", &TableRequest::caption, options.tables);
+  options.statistics = ParseStatistics(texts.statistics);
+  options.allLayers = texts.layers == "all";
+  return options;
+}
+
+}  // namespace lakresvos::report

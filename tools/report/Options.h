@@ -1,0 +1,39 @@
+#ifndef TOOLS_REPORT_OPTIONS_H
+#define TOOLS_REPORT_OPTIONS_H
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "CrossTable.h"
+#include "Statistic.h"
+
+namespace lakresvos::report {
+
+/// What the document is written as.
+enum class OutputFormat { Text };
+
+/// What the program is asked to do.
+struct Options {
+  std::string command;  ///< the whole command line, as a shell would have to be given it
+  std::string dataFile;
+  std::vector<TableRequest> tables;
+  std::vector<Statistic> statistics;
+  std::string weight;  ///< a column; empty: every row counts once
+  bool totals = false;
+  OutputFormat format = OutputFormat::Text;
+  std::string outputFile;  ///< empty: standard output
+  bool allLayers = true;
+  bool keepEmpty = false;
+  bool ascii = false;
+};
+
+/// Reads the command line. When it asks for help or for the version, writes that to `out` and gives
+/// nothing.
+/// @throws ReportError for a command line that cannot be carried out.
+std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::ostream& out);
+
+}  // namespace lakresvos::report
+
+#endif

@@ -1,0 +1,73 @@
+#include "Program.h"
+
+#include <exception>
+#include <filesystem>
+#include <ostream>
+#include <system_error>
+
+#include <lakresvos/OmOutputTree.h>
+#include <lakresvos/render/TextRenderer.h>
+
+#include "Document.h"
+#include "Options.h"
+#include "OutputFile.h"
+#include "Quoting.h"
+#include "ReportError.h"
+
+namespace lakresvos::report {
+
+namespace {
+
+void Render(OmOutputTree& document, Options const& options, std::ostream& out) {
+  render::TextOptions text;
+  text.ascii = options.ascii;
+  text.allLayers = options.allLayers;
+  text.skipEmpty = !options.keepEmpty;
+  switch (options.format) {
+    case OutputFormat::Text:
+      render::TextRenderer(out, text).Render(document);
+  }
+}
+
+void RefuseToReplace(std::string const& dataFile, std::string const& outputFile) {
+  std::error_code ignored;
+  if (std::filesystem::equivalent(dataFile, outputFile, ignored)) {
+    throw ReportError(outputFile + ": the output would replace the data");
+  }
+}
+
+void Run(Options const& options, std::ostream& out) {
+  OmOutputTree document;
+  AppendReport(document, options);
+  if (options.outputFile.empty()) {
+    Render(document, options, out);
+    if (!out.flush()) {
+      throw ReportError("standard output cannot be written");
+    }
+    return;
+  }
+  RefuseToReplace(options.dataFile, options.outputFile);
+  OutputFile file(options.outputFile);
+  Render(document, options, file.Stream());
+  file.Commit();
+}
+
+}  // namespace
+
+int RunProgram(int argc, char const* const* argv, std::ostream& out, std::ostream& err) {
+  try {
+    if (std::optional<Options> const options = ParseCommandLine(argc, argv, out)) {
+      Run(*options, out);
+    }
+    return 0;
+  } catch (ReportError const& error) {
+    err << "lakresvos-report: " << OneLine(error.what()) << '\n';
+  } catch (std::bad_alloc const&) {
+    err << "lakresvos-report: out of memory\n";
+  } catch (std::exception const& error) {
+    err << "lakresvos-report: " << OneLine(error.what()) << '\n';
+  }
+  return 2;
+}
+
+}  // namespace lakresvos::report

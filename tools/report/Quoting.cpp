@@ -1,0 +1,59 @@
+#include "Quoting.h"
+
+#include <algorithm>
+
+#include "Utf8.h"
+
+namespace lakresvos::report {
+
+std::string OneLine(std::string_view text) {
+  static char const digits[] = "0123456789ABCDEF";
+  std::string line;
+  for (char const c : text) {
+    auto const byte = static_cast<unsigned char>(c);
+    if (c == '\n') {
+      line += "\\n";
+    } else if (c == '\r') {
+      line += "\\r";
+    } else if (c == '\t') {
+      line += "\\t";
+    } else if (byte < 0x20 || byte == 0x7F) {
+      line += "\\x";
+      line += digits[byte / 16];
+      line += digits[byte % 16];
+    } else {
+      line += c;
+    }
+  }
+  return line;
+}
+
+std::string Quoted(std::string_view text) {
+  constexpr std::size_t kLongest = 40;
+  std::size_t const shown = CharacterOffset(text, kLongest);
+  std::string quoted = "'";
+  quoted += OneLine(text.substr(0, shown));
+  quoted += shown < text.size() ? "...'" : "'";
+  return quoted;
+}
+
+std::string ShellWord(std::string_view text) {
+  auto const safe = [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+           std::string_view("_-./,:=%@+").find(c) != std::string_view::npos;
+  };
+  if (!text.empty() && std::all_of(text.begin(), text.end(), safe)) {
+    return std::string(text);
+  }
+  std::string word = "'";
+  for (char const c : text) {
+    if (c == '\'') {
+      word += "'\\''";
+    } else {
+      word += c;
+    }
+  }
+  return word + "'";
+}
+
+}  // namespace lakresvos::report

@@ -1,0 +1,20 @@
+#ifndef TOOLS_REPORT_QUOTING_H
+#define TOOLS_REPORT_QUOTING_H
+
+#include <string>
+#include <string_view>
+
+namespace lakresvos::report {
+
+/// The text with control characters written as escapes, so that it stays on one line.
+std::string OneLine(std::string_view text);
+
+/// The text in single quotes on one line, cut after 40 characters; for messages.
+std::string Quoted(std::string_view text);
+
+/// The text as a shell would have to be given it: as it stands where that is safe, else quoted.
+std::string ShellWord(std::string_view text);
+
+}  // namespace lakresvos::report
+
+#endif

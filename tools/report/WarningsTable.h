@@ -1,0 +1,18 @@
+#ifndef TOOLS_REPORT_WARNINGSTABLE_H
+#define TOOLS_REPORT_WARNINGSTABLE_H
+
+#include <memory>
+
+#include <lakresvos/OmPivotTable.h>
+
+#include "WarningLog.h"
+
+namespace lakresvos::report {
+
+/// Makes the table "Warnings": line, column and problem of the first warnings. A caption tells how
+/// many more there are.
+std::unique_ptr<OmPivotTable> MakeWarningsTable(WarningLog const& warnings);
+
+}  // namespace lakresvos::report
+
+#endif
