@@ -159,8 +159,9 @@ class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
   /// tree. Found from the root: parent links play no part, for removals leave them stale.
   std::vector<Element*> FindAncestors(Element const* node);
 
-  /// The largest subscript of any category, taken as 32 bits, 0 when there is none; plus 1.
-  unsigned int NextSubscript() const;
+  /// 1 plus the largest subscript of any category, taken as 32 bits, 0 when there is none.
+  /// @param without a node to leave out with everything below it, or null.
+  unsigned int NextSubscript(Element const* without = nullptr) const;
 
   unsigned int categoryCount_ = 0;
 };

@@ -44,6 +44,7 @@ class LAKRESVOS_EXPORT OmProcedure : public OmHeading {
   void Accept(Visitor& visitor) override;
 
   /// Replaces the outline text and then the label. The present label may be passed.
+  /// Requires: `label` is not a part of the present label.
   /// @throws whatever the label's GetText throws, with nothing changed, or its Clone, with the item
   ///         left without a label: the old one is deleted before the new one is copied.
   void setOutlineText(OmCellText const& label);

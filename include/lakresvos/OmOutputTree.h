@@ -109,10 +109,10 @@ class ListTree {
   /// @throws as Node::AppendChild().
   Node Append(T value) { return InsertAtEnd(std::move(value), 0); }
 
-  /// Moves everything below the element up by one level: starting behind it, lowers the depth of
-  /// every element while that is greater than the given element's.
+  /// Moves everything below an element of this tree up by one level: starting behind it, lowers the
+  /// depth of every element while that is greater than the given element's.
   void PromoteDescendants(Node const& node) {
-    if (node.AtEnd()) {
+    if (!Holds(node)) {
       return;
     }
     int const level = node.position->depth;
@@ -122,9 +122,9 @@ class ListTree {
     ForgetTail(level);
   }
 
-  /// Removes one element and nothing else; what its value points at is not touched.
+  /// Removes one element of this tree and nothing else; what its value points at is not touched.
   void Unlink(Node const& node) {
-    if (node.AtEnd()) {
+    if (!Holds(node)) {
       return;
     }
     Position const at = node.position;
@@ -136,6 +136,9 @@ class ListTree {
 
  protected:
   ~ListTree() = default;
+
+  /// Whether the handle stands at an element of this tree, as far as the handle says.
+  bool Holds(Node const& node) const { return node.tree == this && !node.AtEnd(); }
 
  private:
   static T& NoValue() {

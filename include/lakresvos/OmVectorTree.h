@@ -209,10 +209,9 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
   /// Inserts a copy of `e` below `parent`, before the first child whose value equals `*anchor`; at
   /// the end when `anchor` is null or no child equals it. No link is repaired.
   static void InsertChildBefore(Element& parent, Element const& e, Type const* anchor) {
-    std::size_t position = 0;
     std::size_t const count = parent.children.size();
-    while (position < count &&
-           (anchor == nullptr || !(parent.children[position].value == *anchor))) {
+    std::size_t position = anchor != nullptr ? 0 : count;
+    while (position < count && !(parent.children[position].value == *anchor)) {
       ++position;
     }
     InsertChildAt(parent.children, position, e);
@@ -266,14 +265,14 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
       return;
     }
     Element& parent = *node.element->parent;
-    std::size_t const position = PositionAmong(parent, node.element);
-    if (position < parent.children.size()) {
-      EraseChildAt(parent, position);
-    }
+    EraseChildAt(parent, PositionAmong(parent, node.element));
   }
 
-  /// EraseChild() of the child at `position`. Requires: `position` below the number of children.
+  /// EraseChild() of the child at `position`; does nothing when there is none.
   static void EraseChildAt(Element& parent, std::size_t position) {
+    if (position >= parent.children.size()) {
+      return;
+    }
     Element* const former_parent = (parent.children.end - 1)->parent;
     parent.children[position].~Element();
     parent.children.erase(position);
@@ -384,6 +383,9 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
 
 template <class Type>
 typename OmVectorTree<Type>::Node OmVectorTree<Type>::Node::Counterpart(OmVectorTree& other) const {
+  if (element == nullptr) {
+    return {};
+  }
   std::vector<std::size_t> offsets;
   Element const* node = element;
   for (unsigned int level = depth; level != 0; --level) {

@@ -16,6 +16,8 @@
 ///
 /// The tree must not change during the walk, except for the values of its nodes.
 ///
+/// Thread safety: none; one thread at a time uses a walk and its tree.
+///
 /// @tparam Handle OmVectorTree<T>::Node or OmVectorTree<T>::ConstNode.
 template <class Handle>
 class OmVectorTreeWalk {
@@ -24,15 +26,19 @@ class OmVectorTreeWalk {
   explicit OmVectorTreeWalk(Handle root) : root_(root) {}
 
   /// Steps to the next node, first to the root; false when there is none left.
+  /// @throws std::bad_alloc; the walk then stands where it stood.
   bool Next() {
     if (!started_) {
+      bool const entered = Enter(root_);
       started_ = true;
-      return Enter(root_);
+      return entered;
     }
     while (!path_.empty()) {
-      std::size_t const next = nextChild_.back()++;
-      if (next < path_.back().NChildren()) {
-        return Enter(path_.back().Child(next));
+      std::size_t const level = nextChild_.size() - 1;
+      if (nextChild_[level] < path_[level].NChildren()) {
+        Enter(path_[level].Child(nextChild_[level]));
+        ++nextChild_[level];
+        return true;
       }
       path_.pop_back();
       nextChild_.pop_back();
@@ -46,7 +52,7 @@ class OmVectorTreeWalk {
   /// The nodes from the root of the walk to the current one.
   std::vector<Handle> const& Path() const { return path_; }
 
-  /// Leaves out everything below the current node.
+  /// Leaves out everything below the current node. Requires: as Current().
   void SkipChildren() { nextChild_.back() = path_.back().NChildren(); }
 
  private:
@@ -55,7 +61,12 @@ class OmVectorTreeWalk {
       return false;
     }
     path_.push_back(node);
-    nextChild_.push_back(0);
+    try {
+      nextChild_.push_back(0);
+    } catch (...) {
+      path_.pop_back();
+      throw;
+    }
     return true;
   }
 

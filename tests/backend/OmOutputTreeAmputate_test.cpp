@@ -148,6 +148,22 @@ TEST_F(AmputateTest, AtTheEndNothingHappens) {
   EXPECT_EQ(Text(), kText);
 }
 
+TEST_F(AmputateTest, TheLabelMayBelongToAnItemThatGoes) {
+  Node const block = Amputate(Find("b"), Find("b11").Value()->Label(), "text");
+  EXPECT_EQ(BlockAt(block)->Label()->GetText(), "b11");
+}
+
+TEST_F(AmputateTest, TheTextMayBelongToABlockThatGoes) {
+  Node const old = Cut("b");
+  Node const block = Amputate(Find("b"), &label_, BlockAt(old)->Text());
+  EXPECT_EQ(BlockAt(block)->Text(), "text");
+}
+
+TEST_F(AmputateTest, WithoutALabelTheBlockOfAKeptItemHasAnEmptyOne) {
+  Node const block = Amputate(Find("b"), nullptr, "text");
+  EXPECT_EQ(BlockAt(block)->Label()->GetText(), "");
+}
+
 TEST(AmputateDeep, AHundredThousandLevels) {
   OmOutputTree tree;
   Node node = tree.begin();

@@ -5,6 +5,8 @@
 #include <lakresvos/OmDimension.h>
 #include <lakresvos/OmVectorTreeWalk.h>
 
+#include "OmLabelOrder.h"
+
 namespace {
 
 using Node = OmDimension::Node;
@@ -20,20 +22,12 @@ struct Probe {
 
   /// Whether `child` stands before this probe among its siblings.
   bool Follows(OmDimensionNode const& child) const {
-    if (child.group != group) {
-      return child.group;
-    }
-    return child.label != nullptr && label != nullptr ? child.label->Compare(*label, false) < 0
-                                                      : child.label == nullptr && label != nullptr;
+    return child.group != group ? child.group : LabelLess(child.label, label);
   }
 
   /// Whether this probe stands before `child`.
   bool Precedes(OmDimensionNode const& child) const {
-    if (child.group != group) {
-      return group;
-    }
-    return child.label != nullptr && label != nullptr ? label->Compare(*child.label, false) < 0
-                                                      : label == nullptr && child.label != nullptr;
+    return child.group != group ? group : LabelLess(label, child.label);
   }
 };
 
@@ -77,7 +71,9 @@ void Prepare(OmDimensionNode& node, Element const& parent) {
 }  // namespace
 
 OmDimension::OmDimension(OmDimensionNode const& root, OmMemoryRegion* region)
-    : OmVectorTree<OmDimensionNode>(region, root, region) {}
+    : OmVectorTree<OmDimensionNode>(region, root, region) {
+  value.childIndex.Clear();
+}
 
 OmDimension::OmDimension(OmDimension const& other, OmMemoryRegion* region)
     : OmVectorTree<OmDimensionNode>(region, other.value, region),
@@ -157,6 +153,7 @@ void OmDimension::Delete(Node& node) {
   }
   Element* const parent = ancestors.back();
   std::size_t const position = PositionAmong(*parent, node.element);
+  unsigned int const remaining = NextSubscript(node.element);
   EraseChildAt(*parent, position);
   OmVector<unsigned int>& index = parent->value.childIndex;
   for (std::size_t k = 0; k < index.size();) {
@@ -170,7 +167,7 @@ void OmDimension::Delete(Node& node) {
     }
     ++k;
   }
-  categoryCount_ = NextSubscript();
+  categoryCount_ = remaining;
 }
 
 Node OmDimension::Counterpart(Node& node) {
@@ -191,29 +188,31 @@ unsigned int OmDimension::getMaximumDepth() const {
 }
 
 void OmDimension::getGroupCountsByLevel(ConstNode node, std::vector<unsigned long>& counts) const {
+  std::vector<unsigned long> result = counts;
   OmVectorTreeWalk<ConstNode> walk(node);
   while (walk.Next()) {
     ConstNode const parent = walk.Current();
     std::size_t const level = static_cast<std::size_t>(parent.depth) + 1;
-    if (level >= counts.size()) {
+    if (level >= result.size()) {
       continue;
     }
     bool counted = false;
     for (Element const& child : parent.element->children.Elements()) {
       if (child.value.group && !child.value.hide) {
-        ++counts[level];
+        ++result[level];
       } else if (!counted && child.children.size() == 0) {
-        ++counts[level];
+        ++result[level];
         counted = true;
       }
     }
   }
+  counts.swap(result);
 }
 
 unsigned long OmDimension::getMaxVisibleGroupCount() const {
   std::vector<unsigned long> counts(getMaximumDepth());
   getGroupCountsByLevel(Root(), counts);
-  return counts.empty() ? 0 : *std::max_element(counts.begin(), counts.end());
+  return *std::max_element(counts.begin(), counts.end());
 }
 
 std::vector<Element*> OmDimension::FindAncestors(Element const* node) {
@@ -231,12 +230,14 @@ std::vector<Element*> OmDimension::FindAncestors(Element const* node) {
   return ancestors;
 }
 
-unsigned int OmDimension::NextSubscript() const {
+unsigned int OmDimension::NextSubscript(Element const* without) const {
   unsigned int largest = 0;
   OmVectorTreeWalk<ConstNode> walk(Root());
   while (walk.Next()) {
     OmDimensionNode const& node = walk.Current().Value();
-    if (!node.group) {
+    if (walk.Current().element == without) {
+      walk.SkipChildren();
+    } else if (!node.group) {
       largest = std::max(largest, static_cast<unsigned int>(node.subscript));
     }
   }

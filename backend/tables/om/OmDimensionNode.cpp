@@ -1,18 +1,6 @@
 #include <lakresvos/OmDimension.h>
 
-namespace {
-
-/// A node without a label comes before every node with one.
-bool LabelLess(OmCellText const* a, OmCellText const* b) {
-  return a != nullptr && b != nullptr ? a->Compare(*b, false) < 0 : a == nullptr && b != nullptr;
-}
-
-bool LabelEqual(OmCellText const* a, OmCellText const* b) {
-  return a != nullptr && b != nullptr ? a->GetKind() == b->GetKind() && a->Compare(*b, false) == 0
-                                      : a == b;
-}
-
-}  // namespace
+#include "OmLabelOrder.h"
 
 OmDimensionNode::OmDimensionNode(OmMemoryRegion* region)
     : label(nullptr),

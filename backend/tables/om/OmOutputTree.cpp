@@ -31,13 +31,31 @@ PartTree::Node AppendBlock(PartTree::Node const& node, std::unique_ptr<OmTextBlo
   return child;
 }
 
+/// Whether `label` or `text` belongs to an item below `node`, and would go with it.
+bool BelongsBelow(PartTree::Node node, OmCellText const* label, std::string const& text) {
+  PartTree::Node const end = node.SubtreeEnd();
+  while (++node != end) {
+    OmOutputPart const* const part = node.Value();
+    auto const* const block = dynamic_cast<OmTextBlock const*>(part);
+    if ((part != nullptr && label != nullptr && part->Label() == label) ||
+        (block != nullptr && &block->Text() == &text)) {
+      return true;
+    }
+  }
+  return false;
+}
+
 PartTree::Node ReplaceContent(PartTree::Node node, OmCellText const* label,
                               std::string const& text) {
+  std::unique_ptr<OmTextBlock> block;
+  if (BelongsBelow(node, label, text)) {
+    block = MakeTextBlock(label, text);
+  }
   OmOutputTree& tree = static_cast<OmOutputTree&>(*node.tree);
   for (PartTree::Node child = node.FirstChild(); !child.AtEnd(); child = node.FirstChild()) {
     tree.Prune(child);
   }
-  return AppendBlock(node, MakeTextBlock(label, text));
+  return AppendBlock(node, block != nullptr ? std::move(block) : MakeTextBlock(label, text));
 }
 
 PartTree::Node ReplaceItem(PartTree::Node node, std::string const& text) {
@@ -46,9 +64,7 @@ PartTree::Node ReplaceItem(PartTree::Node node, std::string const& text) {
   DeletePart(node);
   PartTree& tree = *node.tree;
   tree.PromoteDescendants(node);
-  PartTree::Node result = std::next(node.position) == tree.end().position
-                              ? tree.end()
-                              : PartTree::Node(&tree, std::next(node.position));
+  PartTree::Node result(&tree, std::next(node.position));
   tree.Unlink(node);
   result.depth = node.depth;
   return result;
@@ -74,7 +90,7 @@ OmOutputTree::~OmOutputTree() {
 }
 
 void OmOutputTree::Erase(PartTree::Node& node) {
-  if (node.AtEnd()) {
+  if (!Holds(node)) {
     return;
   }
   DeletePart(node);
@@ -83,7 +99,7 @@ void OmOutputTree::Erase(PartTree::Node& node) {
 }
 
 void OmOutputTree::Prune(PartTree::Node& node) {
-  if (node.AtEnd()) {
+  if (!Holds(node)) {
     return;
   }
   // Everything before the present element that is left belongs to its ancestors: once an element is

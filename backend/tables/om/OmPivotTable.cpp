@@ -4,6 +4,7 @@
 #include <lakresvos/OMSException.h>
 #include <lakresvos/OmPivotTable.h>
 
+#include "OmLabelOrder.h"
 #include "OmPivotTableData.h"
 
 namespace {
@@ -162,8 +163,7 @@ OmDimension const& OmPivotTable::Dimension(int which) const {
 int OmPivotTable::FindDimension(OmCellText const& label) const {
   int number = 0;
   for (OmDimension const* dimension : _my->_dimensions.Elements()) {
-    OmCellText const* const own = dimension->value.label;
-    if (own != nullptr && own->GetKind() == label.GetKind() && own->Compare(label, false) == 0) {
+    if (LabelEqual(dimension->value.label, &label)) {
       return number;
     }
     ++number;

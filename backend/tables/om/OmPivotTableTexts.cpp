@@ -3,6 +3,7 @@
 #include <lakresvos/OmPivotTable.h>
 #include <lakresvos/OmVectorTreeWalk.h>
 
+#include "OmLabelOrder.h"
 #include "OmPivotTableData.h"
 
 namespace {
@@ -13,14 +14,10 @@ OwnedText CloneInto(OmMemoryRegion* region, OmCellText const* text) {
   return OwnedText(text != nullptr ? text->Clone(region) : nullptr);
 }
 
-bool SameText(OmCellText const& a, OmCellText const& b) {
-  return a.GetKind() == b.GetKind() && a.Compare(b, false) == 0;
-}
-
 /// The position of the first footnote with this text; the number of footnotes when there is none.
 std::size_t FindFootnote(OmVector<OmFootnote> const& footnotes, OmCellText const& text) {
   std::size_t position = 0;
-  while (position < footnotes.size() && !SameText(*footnotes[position].text, text)) {
+  while (position < footnotes.size() && !LabelEqual(footnotes[position].text, &text)) {
     ++position;
   }
   return position;
