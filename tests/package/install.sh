@@ -7,7 +7,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 "$cmake" --install "$build" --prefix "$work/prefix" >/dev/null
-"$cmake" -S "$here/consumer" -B "$work/consumer" -DCMAKE_CXX_COMPILER="$compiler" \
+"$cmake" -G Ninja -S "$here/consumer" -B "$work/consumer" -DCMAKE_CXX_COMPILER="$compiler" \
   -DCMAKE_PREFIX_PATH="$work/prefix" >/dev/null
 "$cmake" --build "$work/consumer" >/dev/null
 "$work/consumer/consumer" | grep -qx Output

@@ -2,6 +2,7 @@
 #include <cstring>
 #include <limits>
 #include <memory>
+#include <utility>
 
 #include <lakresvos/OMSException.h>
 #include <lakresvos/OmChart.h>
@@ -58,7 +59,7 @@ class BlockReader {
   template <class Length>
   std::string ReadText(bool reversed) {
     Length const length = Read<Length>();
-    std::string const text = block_.substr(at_, reversed ? Reversed(length) : length);
+    std::string text = block_.substr(at_, reversed ? Reversed(length) : length);
     at_ += text.size();
     return text;
   }
@@ -246,8 +247,12 @@ void OmChart::getMapInfo(std::string& s1, std::string& s2, std::string& s3, std:
   }
   BlockReader reader(_my->mapInfo);
   bool const reversed = reader.Read<std::uint16_t>() != 1;
-  s1 = reader.ReadText<std::uint32_t>(reversed);
-  s2 = reader.ReadText<std::uint16_t>(reversed);
-  s3 = reader.ReadText<std::uint32_t>(reversed);
-  s4 = reader.ReadText<std::uint16_t>(reversed);
+  auto first = reader.ReadText<std::uint32_t>(reversed);
+  auto second = reader.ReadText<std::uint16_t>(reversed);
+  auto third = reader.ReadText<std::uint32_t>(reversed);
+  auto fourth = reader.ReadText<std::uint16_t>(reversed);
+  s1 = std::move(first);
+  s2 = std::move(second);
+  s3 = std::move(third);
+  s4 = std::move(fourth);
 }

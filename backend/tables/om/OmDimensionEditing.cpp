@@ -171,8 +171,8 @@ void OmDimension::insertChild(OmCellText const& text, std::vector<Node*> nodes) 
   OmChildPlan plan(receiver);
   std::size_t at = first;
   for (Node const* node : nodes) {
-    std::size_t const planned = node != nullptr ? plan.Find(node->element) : plan.size();
-    if (planned == plan.size()) {
+    std::size_t const planned = plan.Find(node != nullptr ? node->element : nullptr);
+    if (node == nullptr || planned == plan.size()) {
       return;
     }
     at -= node != nodes.front() && PositionAmong(receiver, node->element) < first ? 1 : 0;

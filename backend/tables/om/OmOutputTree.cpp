@@ -23,11 +23,11 @@ std::unique_ptr<OmTextBlock> MakeTextBlock(OmCellText const* label, std::string 
                           : std::make_unique<OmTextBlock>(OmStringCell("", false), text);
 }
 
-/// Hands `block` over to the tree as the last child of `node`.
+/// Hands `block` over to the tree as the last child of `node`. The element comes first, for making
+/// it may fail.
 PartTree::Node AppendBlock(PartTree::Node const& node, std::unique_ptr<OmTextBlock> block) {
-  PartTree::Node const child = node.AppendChild(block.get());
-  // The tree is the owner now.
-  static_cast<void>(block.release());
+  PartTree::Node const child = node.AppendChild(nullptr);
+  child.position->value = block.release();
   return child;
 }
 
@@ -73,9 +73,8 @@ PartTree::Node ReplaceItem(PartTree::Node node, std::string const& text) {
 }  // namespace
 
 OmOutputTree::OmOutputTree() {
-  auto root = std::make_unique<OmHeading>(OmStringCell("Output", true));
-  Append(root.get());
-  static_cast<void>(root.release());
+  Node const root = Append(nullptr);
+  root.position->value = new OmHeading(OmStringCell("Output", true));
 }
 
 OmOutputTree::~OmOutputTree() {

@@ -53,9 +53,11 @@ OmPivotTable::Iterator::Iterator(Iterator const& other) : data_(new Data(*other.
 }
 
 OmPivotTable::Iterator& OmPivotTable::Iterator::operator=(Iterator const& other) {
-  ++other.data_->owners;
-  Iterator const before(data_);
-  data_ = other.data_;
+  if (this != &other) {
+    ++other.data_->owners;
+    Iterator const before(data_);
+    data_ = other.data_;
+  }
   return *this;
 }
 
