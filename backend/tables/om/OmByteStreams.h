@@ -1,6 +1,7 @@
 #ifndef LAKRESVOS_BACKEND_OMBYTESTREAMS_H
 #define LAKRESVOS_BACKEND_OMBYTESTREAMS_H
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -28,10 +29,13 @@ struct OmAttachedFiles {
   }
 };
 
-/// Appends to a stream that is not expected to grow again.
+/// Appends to a stream that is not expected to grow again. The bytes may be the stream's own.
 inline void AppendExactly(std::string& stream, char const* bytes, unsigned int count) {
+  auto const offset =
+      reinterpret_cast<std::uintptr_t>(bytes) - reinterpret_cast<std::uintptr_t>(stream.data());
+  bool const own = offset <= stream.size();
   stream.reserve(stream.size() + count);
-  stream.append(bytes, count);
+  stream.append(own ? stream.data() + offset : bytes, count);
 }
 
 #endif

@@ -25,7 +25,7 @@ std::unique_ptr<OmTextBlock> MakeTextBlock(OmCellText const* label, std::string 
 
 /// Hands `block` over to the tree as the last child of `node`. The element comes first, for making
 /// it may fail.
-PartTree::Node AppendBlock(PartTree::Node const& node, std::unique_ptr<OmTextBlock> block) {
+PartTree::Node AppendBlock(PartTree::Node const& node, std::unique_ptr<OmTextBlock>&& block) {
   PartTree::Node const child = node.AppendChild(nullptr);
   child.position->value = block.release();
   return child;
@@ -55,7 +55,10 @@ PartTree::Node ReplaceContent(PartTree::Node node, OmCellText const* label,
   for (PartTree::Node child = node.FirstChild(); !child.AtEnd(); child = node.FirstChild()) {
     tree.Prune(child);
   }
-  return AppendBlock(node, block != nullptr ? std::move(block) : MakeTextBlock(label, text));
+  if (block == nullptr) {
+    block = MakeTextBlock(label, text);
+  }
+  return AppendBlock(node, std::move(block));
 }
 
 PartTree::Node ReplaceItem(PartTree::Node node, std::string const& text) {
