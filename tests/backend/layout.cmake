@@ -11,6 +11,7 @@ lakresvos_add_test(core_layout_tests
     OmDisplayRowHeading_test.cpp
     OmDisplayRowHeadingCorner_test.cpp
     OmNonEmptyHeaders_test.cpp
+    OmPlaceSet_test.cpp
     OmNonEmptyHeadersLevels_test.cpp
     ../support/LayoutModel.cpp
     ../support/RandomLayoutTable.cpp
