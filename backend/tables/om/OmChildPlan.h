@@ -23,7 +23,6 @@ class OmChildPlan {
 
   /// Plans a new child, which Apply() takes over: `child` is empty afterwards.
   void Insert(std::size_t position, Element& child);
-  void Append(Element& child) { Insert(order_.size(), child); }
 
   /// Plans the end of the child at `position`.
   void Drop(std::size_t position);

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <list>
+#include <utility>
 
 #include <lakresvos/OmDimension.h>
 
@@ -128,6 +129,22 @@ void MoveBelow(Place const& node, Element& receiver, std::size_t receiverDepth,
   }
 }
 
+/// Puts the children of `group` in its place.
+/// @return where the group stood last.
+Element* Dissolve(Element& parent, Element& group, OmMemoryRegion* arena) {
+  Copies copies;
+  OmChildPlan plan(parent);
+  for (Element const& child : group.children.Elements()) {
+    plan.Insert(plan.FindEqual(group.value), AddCopy(copies, child, arena));
+  }
+  std::size_t const last = plan.Find(&group);
+  plan.Drop(last);
+  plan.Prepare();
+  plan.Apply();
+  OmDimension::RelinkParents(parent, true);
+  return parent.children.begin + last;
+}
+
 }  // namespace
 
 OmDimensionNode OmDimension::insertCategory(OmCellText const& text, Node sibling, Node parent,
@@ -191,22 +208,17 @@ void OmDimension::removeChild(Node& group) {
   if (ancestors.empty() && group.element != this) {
     return;
   }
-  group.element->value.subscript = static_cast<unsigned long>(-2);
+  unsigned long const former =
+      std::exchange(group.element->value.subscript, static_cast<unsigned long>(-2));
   if (ancestors.empty() || group.depth == 0 || group.NChildren() == 0) {
     return;
   }
-  Element& parent_of_group = *ancestors.back();
-  Copies copies;
-  OmChildPlan plan(parent_of_group);
-  for (Element const& child : group.element->children.Elements()) {
-    plan.Insert(plan.FindEqual(group.element->value), AddCopy(copies, child, children.region));
+  try {
+    group.element = Dissolve(*ancestors.back(), *group.element, children.region);
+  } catch (...) {
+    group.element->value.subscript = former;
+    throw;
   }
-  std::size_t const last = plan.Find(group.element);
-  plan.Drop(last);
-  plan.Prepare();
-  plan.Apply();
-  RelinkParents(parent_of_group, true);
-  group.element = parent_of_group.children.begin + last;
 }
 
 void OmDimension::moveChild(Node& node, Node* target, bool exchange) {
