@@ -15,6 +15,11 @@ struct CellText {
   std::string marks;  ///< to be put right behind the text
 };
 
+/// The text of a label; nothing for a null one.
+inline std::string TextOf(OmCellText const* label) {
+  return label != nullptr ? label->GetText() : std::string();
+}
+
 /// Nothing for a null label.
 inline CellText ShownText(OmCellText const* label, FootnoteMarks const& marks) {
   return label != nullptr ? CellText{label->GetText(), marks.Of(*label)} : CellText{};

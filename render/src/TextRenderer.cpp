@@ -11,7 +11,9 @@
 #include <lakresvos/render/LayerGrids.h>
 #include <lakresvos/render/TextRenderer.h>
 
+#include "AreaAlignment.h"
 #include "CellText.h"
+#include "ItemAnnouncement.h"
 #include "TextTable.h"
 #include "TextWidth.h"
 
@@ -38,10 +40,6 @@ int WidestLine(std::vector<std::string> const& lines) {
     widest = std::max(widest, TextWidth(line));
   }
   return widest;
-}
-
-std::string TextOf(OmCellText const* label) {
-  return label != nullptr ? label->GetText() : std::string();
 }
 
 std::string Marked(OmCellText const* label, FootnoteMarks const& marks) {
@@ -133,35 +131,61 @@ void TextRenderer::Visit(OmPivotTable& table) {
   }
   StartItem();
   FootnoteMarks const marks(table, options_.ascii);
-  OmCellText const* const title = table.GetTableTitle();
-  WriteLines(Marked(title != nullptr ? title : table.Label(), marks));
+  OmCellText const* const shownTitle = table.GetTableTitle();
+  std::string const title = Marked(shownTitle != nullptr ? shownTitle : table.Label(), marks);
+  HorizontalAlignment const titleAlignment = AlignmentOf(table, FormatArea::AreaTitle);
   LayerGrids layers(table, {options_.skipEmpty, true});
-  bool first = true;
-  while (DisplayGrid const* grid = first || options_.allLayers ? layers.Next() : nullptr) {
-    if (!first) {
+  DisplayGrid const* grid = layers.Next();
+  if (grid == nullptr) {
+    WriteAligned(title, titleAlignment, 0);
+  }
+  int width = 0;
+  for (bool first = true; grid != nullptr; first = false) {
+    TextTable const text(*grid, marks, options_);
+    width = text.Width();
+    if (first) {
+      WriteAligned(title, titleAlignment, width);
+    } else {
       out_ << '\n';
     }
-    first = false;
     std::string const layer = LayerLine(grid->LayerLabels(), marks);
     if (!layer.empty()) {
       WriteLines(layer);
     }
-    WriteTextTable(out_, *grid, marks, options_);
+    text.Write(out_);
+    grid = options_.allLayers ? layers.Next() : nullptr;
   }
   for (std::string const& note : marks.Notes()) {
     WriteLines(note);
   }
   if (table.showCaption() && table.Caption() != nullptr) {
-    WriteLines(Marked(table.Caption(), marks));
+    WriteAligned(Marked(table.Caption(), marks), AlignmentOf(table, FormatArea::AreaCaption),
+                 width);
   }
 }
 
 // Items without a form as text
 
-void TextRenderer::Visit(OmChart& /*chart*/) {}
-void TextRenderer::Visit(OmAnswerTree& /*tree*/) {}
-void TextRenderer::Visit(OmModel& /*model*/) {}
-void TextRenderer::Visit(OmInteractive& /*item*/) {}
+void TextRenderer::Visit(OmChart& chart) {
+  Announce(Announcement(chart));
+}
+
+void TextRenderer::Visit(OmAnswerTree& tree) {
+  Announce(Announcement(tree));
+}
+
+void TextRenderer::Visit(OmModel& model) {
+  Announce(Announcement(model));
+}
+
+void TextRenderer::Visit(OmInteractive& item) {
+  Announce(Announcement(item));
+}
+
+void TextRenderer::Announce(std::string const& announcement) {
+  StartItem();
+  WriteLines(announcement);
+}
 
 // Output
 
@@ -170,6 +194,15 @@ void TextRenderer::StartItem() {
     out_ << '\n';
   }
   started_ = true;
+}
+
+void TextRenderer::WriteAligned(std::string const& text, HorizontalAlignment alignment, int width) {
+  std::vector<std::string> const lines = PrintableLines(text);
+  int const room = std::max(width, WidestLine(lines));
+  for (std::string const& line : lines) {
+    int const before = line.empty() ? 0 : BlanksBefore(alignment, room - TextWidth(line));
+    out_ << std::string(static_cast<std::size_t>(before), ' ') << line << '\n';
+  }
 }
 
 void TextRenderer::WriteLines(std::string const& text, std::string const& indent) {

@@ -15,12 +15,10 @@ void TextSlot::WriteLine(std::string& out, int width) {
   }
   TextLine const& line = lines[next++];
   int const blanks = std::max(0, width - line.width);
-  int const right = align == Align::Left     ? blanks
-                    : align == Align::Centre ? (blanks + 1) / 2
-                                             : std::min(behind, blanks);
-  out.append(static_cast<std::size_t>(blanks - right), ' ');
+  int const before = BlanksBefore(align, std::max(0, blanks - behind));
+  out.append(static_cast<std::size_t>(before), ' ');
   out += line.text;
-  out.append(static_cast<std::size_t>(right), ' ');
+  out.append(static_cast<std::size_t>(blanks - before), ' ');
 }
 
 std::vector<std::vector<TextSlot>> TextSlots::Heading() const {
@@ -60,15 +58,20 @@ TextSlot TextSlots::Frame(GridCell const& cell) const {
   return slot;
 }
 
-TextSlot::Align TextSlots::AlignOf(GridCell const& cell) const {
-  if (cell.role != GridRole::ColumnHeading) {
-    return TextSlot::Align::Left;
+HorizontalAlignment TextSlots::AlignOf(GridCell const& cell) const {
+  switch (cell.role) {
+    case GridRole::Corner:
+      return Or(corner_, HorizontalAlignment::Left);
+    case GridRole::RowHeading:
+      return Or(rowLabels_, HorizontalAlignment::Left);
+    case GridRole::ColumnHeading:
+      break;
   }
   if (cell.columnSpan > 1) {
-    return TextSlot::Align::Centre;
+    return Or(columnLabels_, HorizontalAlignment::Centre);
   }
   bool const numbers = layout_.columns[static_cast<std::size_t>(cell.column)].numbers;
-  return numbers ? TextSlot::Align::Right : TextSlot::Align::Left;
+  return Or(columnLabels_, numbers ? HorizontalAlignment::Right : HorizontalAlignment::Left);
 }
 
 std::vector<TextSlot> TextSlots::Body() const {
@@ -89,7 +92,7 @@ void TextSlots::Fill(TextSlot& slot, OmCellText* cell) const {
   CellText const shown = ShownText(cell, marks_);
   TextColumn const& column = layout_.columns[static_cast<std::size_t>(slot.column)];
   bool const number = ShowsNumber(*cell);
-  slot.align = number ? TextSlot::Align::Right : TextSlot::Align::Left;
+  slot.align = Or(data_, number ? HorizontalAlignment::Right : HorizontalAlignment::Left);
   slot.behind = 0;
   if (number && column.marks > 0) {
     slot.behind = column.marks - TextWidth(PrintableLines(shown.marks).front());

@@ -6,6 +6,7 @@
 
 #include <lakresvos/render/DisplayGrid.h>
 
+#include "AreaAlignment.h"
 #include "FootnoteMarks.h"
 #include "TextLayout.h"
 #include "Wrap.h"
@@ -15,14 +16,12 @@ namespace lakresvos::render {
 /// A grid cell that is being drawn: one of its lines goes out with every terminal line that crosses
 /// it, the lines between its rows included.
 struct TextSlot {
-  enum class Align { Left, Centre, Right };
-
   int column;
   int columnSpan;
   int row;     ///< the grid row in which it starts
   int rowEnd;  ///< the grid row behind its last
-  Align align = Align::Left;
-  int behind = 0;  ///< columns to keep free at the right
+  HorizontalAlignment align = HorizontalAlignment::Left;
+  int behind = 0;  ///< columns to keep free right behind the text
   std::vector<TextLine> lines = {};
   std::size_t next = 0;  ///< the line to go out next; past the last one, blanks do
 
@@ -37,7 +36,13 @@ class TextSlots {
  public:
   /// All arguments must outlive the object.
   TextSlots(DisplayGrid const& grid, FootnoteMarks const& marks, TextLayout const& layout)
-      : grid_(grid), marks_(marks), layout_(layout) {}
+      : grid_(grid),
+        marks_(marks),
+        layout_(layout),
+        corner_(AlignmentOf(grid.Table(), FormatArea::AreaCorner)),
+        columnLabels_(AlignmentOf(grid.Table(), FormatArea::AreaColumnLabels)),
+        rowLabels_(AlignmentOf(grid.Table(), FormatArea::AreaRowLabels)),
+        data_(AlignmentOf(grid.Table(), FormatArea::AreaData)) {}
 
   /// The slots that start in each heading row, their texts moved down to the last lines that they
   /// cross.
@@ -53,11 +58,15 @@ class TextSlots {
   void Fill(TextSlot& slot, OmCellText* cell) const;
 
  private:
-  TextSlot::Align AlignOf(GridCell const& cell) const;
+  HorizontalAlignment AlignOf(GridCell const& cell) const;
 
   DisplayGrid const& grid_;
   FootnoteMarks const& marks_;
   TextLayout const& layout_;
+  HorizontalAlignment corner_;  // as the table wants it, on the other areas too
+  HorizontalAlignment columnLabels_;
+  HorizontalAlignment rowLabels_;
+  HorizontalAlignment data_;
 };
 
 }  // namespace lakresvos::render

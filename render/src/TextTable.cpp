@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "BoxDrawing.h"
-#include "TextLayout.h"
 #include "TextSlots.h"
 
 namespace lakresvos::render {
@@ -182,13 +181,24 @@ class Drawing {
 
 }  // namespace
 
-void WriteTextTable(std::ostream& out, DisplayGrid const& grid, FootnoteMarks const& marks,
-                    TextOptions const& options) {
-  if (grid.Rows() == 0 || grid.Columns() == 0) {
-    return;
+TextTable::TextTable(DisplayGrid const& grid, FootnoteMarks const& marks,
+                     TextOptions const& options)
+    : grid_(grid), marks_(marks), ascii_(options.ascii) {
+  if (grid.Rows() > 0 && grid.Columns() > 0) {
+    layout_ = MeasureText(grid, marks, std::max(options.maxColumnWidth, 2));
   }
-  TextLayout const layout = MeasureText(grid, marks, std::max(options.maxColumnWidth, 2));
-  Drawing(out, grid, marks, layout, options.ascii).Run();
+}
+
+int TextTable::Width() const {
+  constexpr int kFrame = 4;  // a line and a blank on either side
+  auto const columns = static_cast<int>(layout_.columns.size());
+  return columns == 0 ? 0 : layout_.Width(0, columns) + kFrame;
+}
+
+void TextTable::Write(std::ostream& out) const {
+  if (!layout_.columns.empty()) {
+    Drawing(out, grid_, marks_, layout_, ascii_).Run();
+  }
 }
 
 }  // namespace lakresvos::render

@@ -101,7 +101,7 @@ void ForRandomDrawings(TextOptions options, Check check) {
       continue;
     }
     std::ostringstream out;
-    WriteTextTable(out, *grid, marks, options);
+    TextTable(*grid, marks, options).Write(out);
     check(Lines(out.str()));
   }
 }

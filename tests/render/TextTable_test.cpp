@@ -13,7 +13,7 @@ using lakresvos::render::DisplayGrid;
 using lakresvos::render::FootnoteMarks;
 using lakresvos::render::LayerGrids;
 using lakresvos::render::TextOptions;
-using lakresvos::render::WriteTextTable;
+using lakresvos::render::TextTable;
 using namespace render_tables;
 
 namespace {
@@ -24,7 +24,8 @@ std::string Drawn(Table& table, TextOptions const& options = {}, bool dimNamesIn
   out << '\n';
   LayerGrids layers(table, {options.skipEmpty, dimNamesInCorner});
   if (DisplayGrid const* grid = layers.Next()) {
-    WriteTextTable(out, *grid, FootnoteMarks(table, options.ascii), options);
+    FootnoteMarks const marks(table, options.ascii);
+    TextTable(*grid, marks, options).Write(out);
   }
   return out.str();
 }

@@ -88,6 +88,9 @@ class LAKRESVOS_RENDER_EXPORT DisplayGrid {
   DisplayGrid(DisplayGrid const&) = delete;
   DisplayGrid& operator=(DisplayGrid const&) = delete;
 
+  /// The table that the grid lays out.
+  OmPivotTable const& Table() const { return table_; }
+
   int HeadingRows() const { return headingRows_; }
   int HeadingColumns() const { return headingColumns_; }
   int Rows() const { return rows_; }        ///< those of the headings included

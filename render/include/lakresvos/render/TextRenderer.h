@@ -2,8 +2,10 @@
 #define LAKRESVOS_RENDER_TEXTRENDERER_H
 
 #include <ostream>
+#include <string>
 
 #include <lakresvos/OmOutputPart.h>
+#include <lakresvos/render/AreaStyle.h>
 #include <lakresvos/render/Export.h>
 
 class OmOutputTree;
@@ -28,10 +30,15 @@ struct TextOptions {
 ///   layer's categories and the table in a frame; below, all of its footnotes and its caption.
 ///   Tables and captions that are not to be shown (OmPivotTable::Show(), showCaption()) are left
 ///   out.
-/// - In a table numbers stand at the right, other texts at the left. Lines separate outer row
-/// headings
+/// - Area formats align the corner, the row and column labels and the data, and the title and the
+///   caption over the width of the frame next to them; see AreaStyle.h. The rest of an area format
+///   has no meaning in plain text.
+/// - Unless that says otherwise, in a table numbers stand at the right, other texts at the left.
+/// Lines separate outer row headings
 ///   from one another, and all rows when some cell takes several lines.
 /// - Footnotes are marked by their own marker or by a letter.
+/// - Charts, models, answer trees and interactive items are announced in brackets: a chart by its
+///   label and sub-type, the others by their label and the sizes of what they hold.
 ///
 /// Widths are counted in terminal columns per character as readers see it: wide East Asian
 /// characters and emoji take two, combining characters none. Control characters, marks that change
@@ -66,6 +73,8 @@ class LAKRESVOS_RENDER_EXPORT TextRenderer : public OmOutputPart::Visitor {
  private:
   void StartItem();
   void WriteHeading(std::string const& text);
+  void Announce(std::string const& announcement);
+  void WriteAligned(std::string const& text, HorizontalAlignment alignment, int width);
   void WriteLines(std::string const& text, std::string const& indent = {});
 
   std::ostream& out_;
