@@ -126,8 +126,7 @@ class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
   /// Dissolves a group: its children take its place. Sets the group's subscript to -2 (all bits but
   /// the lowest) in any case, and does nothing else to the root or a group without children.
   /// @param group then points at the place where the group stood last, which its next sibling
-  /// takes, or
-  ///        past the end.
+  ///        takes, or past the end.
   void removeChild(Node& group);
 
   /// Moves `node` before `target`; or exchanges the two among siblings (nodes under different

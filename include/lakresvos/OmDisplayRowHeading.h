@@ -21,11 +21,9 @@ class OmPivotTable;
 ///   combinations has a cell, a row is kept for a cell in any layer and any column; otherwise only
 ///   for one in the current layer.
 /// - Axis entries that name no dimension of the table count in NDimensions() and
-/// getDimensionIndex() and
-///   are left out everywhere else.
+///   getDimensionIndex() and are left out everywhere else.
 /// - Places of 2^31 and more are cut to 32 bits by Row(), Column() and RowCategories(), though not
-/// by
-///   Fill(), DimAllNodes() and DimCatNodes(). Counts stop at INT_MAX.
+///   by Fill(), DimAllNodes() and DimCatNodes(). Counts stop at INT_MAX.
 ///
 /// A heading shows the layer that was current when it was made and must not outlive its layer
 /// heading. The nodes that it gives out belong to the layer heading.

@@ -122,8 +122,7 @@ class LAKRESVOS_EXPORT OmPivotTable : public OmOutputPart {
   /// Stores a copy of `cell`, or clears the slot when it is null. The metadata of a cell that is
   /// replaced passes to the new one. Counts as a write, see getNumCells().
   /// @return false, and nothing stored, when the number of earlier writes exceeds the back end's
-  /// cell
-  ///         limit; the table is then marked as scratched.
+  ///         cell limit; the table is then marked as scratched.
   /// @throws OMSException as the reading form, and for a table without dimensions.
   bool Cell(std::vector<int> const& index, OmCellText const* cell);
   bool Cell(std::vector<int> const& index, OmCellText const& cell);

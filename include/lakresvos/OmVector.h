@@ -13,8 +13,7 @@
 ///
 /// Three rules set it apart from a std::vector:
 /// - Elements are relocated bitwise: growing copies the live bytes into the new block, inserting
-/// and
-///   erasing shift the later elements by a raw memory move. An element type must tolerate that.
+///   and erasing shift the later elements by a raw memory move. An element type must tolerate that.
 /// - Elements are never destroyed by the vector. Whoever owns them destroys them before the vector
 ///   goes; the vector gives back its block only.
 /// - A full vector grows to 4 elements, and from then on by doubling; reserve() is exact.

@@ -156,8 +156,7 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
 
   /// Makes a tree without children below its root.
   /// @param region supplies the children's storage; null means the default heap. It must outlive
-  /// the
-  ///        tree.
+  ///        the tree.
   /// @param root   what the root's value is made from; nothing makes a default value.
   template <class... Arguments>
   explicit OmVectorTree(OmMemoryRegion* region = nullptr, Arguments&&... root)

@@ -12,8 +12,8 @@ class DefaultHeapBalance : public testing::EmptyTestEventListener {
   void OnTestEnd(testing::TestInfo const& info) override {
     unsigned long const after = OmMemoryRegion::DefaultHeap()->BytesInUse();
     if (after != before_) {
-      ADD_FAILURE() << info.name() << " leaves " << after << " bytes on the default heap, which held "
-                    << before_ << " before";
+      ADD_FAILURE() << info.name() << " leaves " << after
+                    << " bytes on the default heap, which held " << before_ << " before";
     }
   }
   unsigned long before_ = 0;

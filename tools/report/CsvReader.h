@@ -46,8 +46,7 @@ class CsvSink {
 /// records.
 ///
 /// @throws ReportError for a file that cannot be read, for broken quoting, and for bytes that are
-/// not
-///         UTF-8, naming the line on which the bad field starts and the number of its column;
+///         not UTF-8, naming the line on which the bad field starts and the number of its column;
 ///         whatever the sink throws.
 void ReadCsv(std::string const& file, CsvSink& sink);
 

@@ -50,8 +50,7 @@ struct DataSet {
 /// a warning.
 ///
 /// @throws ReportError as ReadCsv(), for a file without a header or with a name that comes twice in
-/// it,
-///         and for a wished column that it lacks.
+///         it, and for a wished column that it lacks.
 DataSet ReadDataSet(std::string const& file, std::vector<ColumnWish> const& wishes,
                     WarningLog& warnings);
 

@@ -25,11 +25,9 @@ CODEPAGE_EXPORT void* VELKMBConverterNew_A(char const* page);
 ///
 /// @param converter a handle from VELKMBConverterNew_A(); may be null.
 /// @param out       replaced by the converted text; empty after a failure. May be the same string
-/// as
-///                  `utf8`.
+///                  as `utf8`.
 /// @return 0, or non-zero when `converter` is null, when `utf8` is not UTF-8 throughout, when the
-/// page
-///         lacks one of its characters, or when memory is short. The converter stays usable.
+///         page lacks one of its characters, or when memory is short. The converter stays usable.
 CODEPAGE_EXPORT int VELKMBU8ToGeneric(void* converter, std::string& out, std::string const& utf8);
 
 /// Closes a converter; null does nothing.

@@ -61,12 +61,10 @@ struct GridCells {
 /// 1. Neighbouring positions of one heading level are one cell when they show the same node of the
 ///    category tree (never merely the same text) below the same cell of the level before.
 /// 2. Where a path is shorter than its dimension's levels, the last cell of the path reaches over
-/// the
-///    remaining levels, if it does so over its whole length. Otherwise, and where a dimension shows
-///    nothing at all, blank cells fill the levels; neighbours below the same cell are one.
+///    the remaining levels, if it does so over its whole length. Otherwise, and where a dimension
+///    shows nothing at all, blank cells fill the levels; neighbours below the same cell are one.
 /// 3. A corner label reaches over the heading columns of its dimension and over all heading rows;
-/// the
-///    table's own corner text, shown when no dimension name is, over the whole corner.
+///    the table's own corner text, shown when no dimension name is, over the whole corner.
 /// 4. A corner that has something to show above no heading rows gets one, blank above the body.
 ///
 /// The grid holds the frame, with its spans computed once; body cells are looked up in the table as

@@ -23,9 +23,8 @@ struct TextOptions {
 /// Writes a document as text for a terminal or any fixed-width font, in UTF-8.
 ///
 /// - Headings and procedures are underlined, with another line for each of the first four depths
-/// and the
-///   last one for all below. Page titles stand between two lines. A text block's label stands above
-///   its text, which is then indented.
+///   and the last one for all below. Page titles stand between two lines. A text block's label
+///   stands above its text, which is then indented.
 /// - A table shows its title (its label when it has none), and for each layer a line that names the
 ///   layer's categories and the table in a frame; below, all of its footnotes and its caption.
 ///   Tables and captions that are not to be shown (OmPivotTable::Show(), showCaption()) are left
@@ -34,8 +33,8 @@ struct TextOptions {
 ///   caption over the width of the frame next to them; see AreaStyle.h. The rest of an area format
 ///   has no meaning in plain text.
 /// - Unless that says otherwise, in a table numbers stand at the right, other texts at the left.
-/// Lines separate outer row headings
-///   from one another, and all rows when some cell takes several lines.
+///   Lines separate outer row headings from one another, and all rows when some cell takes several
+///   lines.
 /// - Footnotes are marked by their own marker or by a letter.
 /// - Charts, models, answer trees and interactive items are announced in brackets: a chart by its
 ///   label and sub-type, the others by their label and the sizes of what they hold.
