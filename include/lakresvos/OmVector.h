@@ -84,9 +84,8 @@ class OmVector {
     if (end == capacityEnd) {
       return GrowAndEmplace(std::forward<Arguments>(arguments)...);
     }
-    Type* slot = ::new (static_cast<void*>(end)) Type(std::forward<Arguments>(arguments)...);
-    ++end;
-    return *slot;
+    ::new (static_cast<void*>(end)) Type(std::forward<Arguments>(arguments)...);
+    return *end++;
   }
 
   /// Appends a copy of `value`, which may be an element of this vector.

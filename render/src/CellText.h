@@ -4,25 +4,21 @@
 #include <string>
 
 #include <cells/OmCellText.h>
-
-#include "FootnoteMarks.h"
+#include <lakresvos/OmPivotTable.h>
 
 namespace lakresvos::render {
 
-/// What a text renderer shows of a cell or label, not yet made printable.
-struct CellText {
-  std::string text;
-  std::string marks;  ///< to be put right behind the text
-};
+// Texts as the document has them: not yet cleaned or escaped for any format.
 
 /// The text of a label; nothing for a null one.
 inline std::string TextOf(OmCellText const* label) {
   return label != nullptr ? label->GetText() : std::string();
 }
 
-/// Nothing for a null label.
-inline CellText ShownText(OmCellText const* label, FootnoteMarks const& marks) {
-  return label != nullptr ? CellText{label->GetText(), marks.Of(*label)} : CellText{};
+/// What a table is headed by: its title, or its label when it has none.
+inline OmCellText const* HeadlineOf(OmPivotTable const& table) {
+  OmCellText const* const title = table.GetTableTitle();
+  return title != nullptr ? title : table.Label();
 }
 
 }  // namespace lakresvos::render

@@ -1,26 +1,11 @@
 #include "FootnoteMarks.h"
 
-#include <algorithm>
 #include <array>
-#include <set>
 #include <string_view>
 
 namespace lakresvos::render {
 
 namespace {
-
-std::string MarkerOf(OmFootnote const& footnote) {
-  return footnote.marker != nullptr ? footnote.marker->GetText() : std::string();
-}
-
-/// 0 is a, 25 is z, 26 is aa, ...
-std::string Letters(std::size_t number) {
-  std::string letters;
-  for (std::size_t rest = number + 1; rest != 0; rest = (rest - 1) / 26) {
-    letters.insert(letters.begin(), static_cast<char>('a' + (rest - 1) % 26));
-  }
-  return letters;
-}
 
 /// The raised form of an ASCII character, empty when it has none.
 std::string_view Raised(char c) {
@@ -54,41 +39,21 @@ std::string Raised(std::string const& text) {
 
 }  // namespace
 
-FootnoteMarks::FootnoteMarks(OmPivotTable const& table, bool ascii) : table_(table), ascii_(ascii) {
-  std::set<std::string> taken;
-  for (OmFootnote const& footnote : table.Footnotes().Elements()) {
-    taken.insert(MarkerOf(footnote));
-  }
-  std::size_t next = 0;
-  for (OmFootnote const& footnote : table.Footnotes().Elements()) {
-    std::string mark = MarkerOf(footnote);
-    while (mark.empty()) {
-      std::string letters = Letters(next++);
-      if (taken.count(letters) == 0) {
-        mark = std::move(letters);
-      }
-    }
-    marks_.push_back(std::move(mark));
-  }
-}
+FootnoteMarks::FootnoteMarks(OmPivotTable const& table, bool ascii)
+    : footnotes_(table), ascii_(ascii) {}
 
 std::string FootnoteMarks::Of(OmCellText const& text) const {
   std::string joined;
-  if (OmCellMetaData const* meta = text.getMeta()) {
-    for (unsigned int const number : meta->getFootnotes()) {
-      if (number < marks_.size()) {
-        joined += (joined.empty() ? "" : ",") + marks_[number];
-      }
-    }
+  for (std::size_t const footnote : footnotes_.Of(text)) {
+    joined += (joined.empty() ? "" : ",") + footnotes_.Mark(footnote);
   }
   return joined.empty() ? joined : Shown(joined);
 }
 
 std::vector<std::string> FootnoteMarks::Notes() const {
   std::vector<std::string> notes;
-  for (std::size_t i = 0; i < marks_.size(); ++i) {
-    OmCellText const* const text = table_.Footnotes()[i].text;
-    notes.push_back(Shown(marks_[i]) + ' ' + (text != nullptr ? text->GetText() : std::string()));
+  for (std::size_t i = 0; i < footnotes_.Count(); ++i) {
+    notes.push_back(Shown(footnotes_.Mark(i)) + ' ' + footnotes_.Text(i));
   }
   return notes;
 }

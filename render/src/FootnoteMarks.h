@@ -6,14 +6,12 @@
 
 #include <lakresvos/OmPivotTable.h>
 
+#include "TableFootnotes.h"
+
 namespace lakresvos::render {
 
-/// The footnotes of a table as text.
-///
-/// A footnote is marked by its own marker or, without one, by a letter: a, b, ... z, aa, ab, ... in
-/// the order of the table's list, without the letters that are markers of other footnotes. Marks
-/// are shown raised where every character has a raised form or is a sign already, and else in
-/// brackets.
+/// The footnotes of a table as text. Marks are shown raised where every character has a raised form
+/// or is a sign already, and else in brackets.
 class FootnoteMarks {
  public:
   /// @param table must outlive the object.
@@ -30,10 +28,20 @@ class FootnoteMarks {
  private:
   std::string Shown(std::string const& mark) const;
 
-  OmPivotTable const& table_;
+  TableFootnotes footnotes_;
   bool ascii_;
-  std::vector<std::string> marks_;  // one per footnote, as they are before they are raised
 };
+
+/// What a text renderer shows of a cell or label, not yet made printable.
+struct MarkedText {
+  std::string text;
+  std::string marks;  ///< to be put right behind the text
+};
+
+/// Nothing for a null label.
+inline MarkedText ShownText(OmCellText const* label, FootnoteMarks const& marks) {
+  return label != nullptr ? MarkedText{label->GetText(), marks.Of(*label)} : MarkedText{};
+}
 
 }  // namespace lakresvos::render
 

@@ -11,17 +11,19 @@ class NumberVisitor : public OmCellText::Visitor {
  public:
   using OmCellText::Visitor::Visit;
 
-  void Visit(OmNumber& /*cell*/) override { number = true; }
+  void Visit(OmNumber& cell) override { number = {cell.Value(), cell.Decimals()}; }
   void Visit(OmNumDataValue& cell) override {
-    number = cell.Display() == OmLabelDisplay::Value || cell.Label().empty();
+    if (cell.Display() == OmLabelDisplay::Value || cell.Label().empty()) {
+      number = {cell.Value(), -1};
+    }
   }
 
-  bool number = false;
+  std::optional<ShownNumber> number;
 };
 
 }  // namespace
 
-bool ShowsNumber(OmCellText& cell) {
+std::optional<ShownNumber> NumberOf(OmCellText& cell) {
   NumberVisitor visitor;
   cell.Accept(visitor);
   return visitor.number;

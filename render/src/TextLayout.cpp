@@ -4,6 +4,7 @@
 #include <string>
 
 #include "CellText.h"
+#include "CodePoint.h"
 #include "NumberCell.h"
 #include "TextWidth.h"
 #include "Wrap.h"
@@ -58,7 +59,7 @@ class Measurer {
     if (cell.columnSpan > 1) {
       return;
     }
-    CellText const shown = ShownText(cell.label, marks_);
+    MarkedText const shown = ShownText(cell.label, marks_);
     bool tall = false;
     TextColumn& column = At(cell.column);
     column.width = std::max(column.width, Wrapped(shown.text + shown.marks, tall));
@@ -66,8 +67,8 @@ class Measurer {
   }
 
   void MeasureCell(OmCellText& cell, TextColumn& column, int& numbers) {
-    CellText shown = ShownText(&cell, marks_);
-    if (ShowsNumber(cell)) {
+    MarkedText shown = ShownText(&cell, marks_);
+    if (NumberOf(cell).has_value()) {
       numbers = std::max(numbers, Wrapped(shown.text, layout_.tall));
       if (shown.marks.empty()) {
         return;
@@ -97,7 +98,7 @@ class Measurer {
       return;
     }
     int const room = layout_.Width(cell.column, cell.columnSpan);
-    CellText const shown = ShownText(cell.label, marks_);
+    MarkedText const shown = ShownText(cell.label, marks_);
     int const missing = WidestLine(Wrap(shown.text + shown.marks, std::max(room, limit_))) - room;
     for (int i = 0; i < cell.columnSpan && missing > 0; ++i) {
       At(cell.column + i).width +=

@@ -14,6 +14,7 @@
 #include "AreaAlignment.h"
 #include "CellText.h"
 #include "ItemAnnouncement.h"
+#include "LayerLine.h"
 #include "TextTable.h"
 #include "TextWidth.h"
 
@@ -43,31 +44,8 @@ int WidestLine(std::vector<std::string> const& lines) {
 }
 
 std::string Marked(OmCellText const* label, FootnoteMarks const& marks) {
-  CellText const shown = ShownText(label, marks);
+  MarkedText const shown = ShownText(label, marks);
   return shown.text + shown.marks;
-}
-
-/// Appends `text`, behind `separator` unless one of the two is empty.
-void Join(std::string& joined, std::string_view separator, std::string const& text) {
-  if (!joined.empty() && !text.empty()) {
-    joined += separator;
-  }
-  joined += text;
-}
-
-/// "Dimension: group / category, dimension: category"; empty when the layer shows no text.
-std::string LayerLine(std::vector<LayerLabel> const& labels, FootnoteMarks const& marks) {
-  std::string line;
-  for (LayerLabel const& label : labels) {
-    std::string path;
-    for (OmCellText const* category : label.categories) {
-      Join(path, " / ", Marked(category, marks));
-    }
-    std::string entry = Marked(label.dimension, marks);
-    Join(entry, ": ", path);
-    Join(line, ", ", entry);
-  }
-  return line;
 }
 
 }  // namespace
@@ -131,8 +109,8 @@ void TextRenderer::Visit(OmPivotTable& table) {
   }
   StartItem();
   FootnoteMarks const marks(table, options_.ascii);
-  OmCellText const* const shownTitle = table.GetTableTitle();
-  std::string const title = Marked(shownTitle != nullptr ? shownTitle : table.Label(), marks);
+  auto const shown = [&marks](OmCellText const* label) { return Marked(label, marks); };
+  std::string const title = shown(HeadlineOf(table));
   HorizontalAlignment const titleAlignment = AlignmentOf(table, FormatArea::AreaTitle);
   LayerGrids layers(table, {options_.skipEmpty, true});
   DisplayGrid const* grid = layers.Next();
@@ -148,7 +126,7 @@ void TextRenderer::Visit(OmPivotTable& table) {
     } else {
       out_ << '\n';
     }
-    std::string const layer = LayerLine(grid->LayerLabels(), marks);
+    std::string const layer = LayerLine(grid->LayerLabels(), shown);
     if (!layer.empty()) {
       WriteLines(layer);
     }
@@ -159,8 +137,7 @@ void TextRenderer::Visit(OmPivotTable& table) {
     WriteLines(note);
   }
   if (table.showCaption() && table.Caption() != nullptr) {
-    WriteAligned(Marked(table.Caption(), marks), AlignmentOf(table, FormatArea::AreaCaption),
-                 width);
+    WriteAligned(shown(table.Caption()), AlignmentOf(table, FormatArea::AreaCaption), width);
   }
 }
 

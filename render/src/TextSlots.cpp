@@ -51,7 +51,7 @@ std::vector<std::vector<TextSlot>> TextSlots::Heading() const {
 }
 
 TextSlot TextSlots::Frame(GridCell const& cell) const {
-  CellText const shown = ShownText(cell.label, marks_);
+  MarkedText const shown = ShownText(cell.label, marks_);
   TextSlot slot{cell.column, cell.columnSpan, cell.row, cell.row + cell.rowSpan};
   slot.align = AlignOf(cell);
   slot.lines = Wrap(shown.text + shown.marks, layout_.Width(cell.column, cell.columnSpan));
@@ -89,9 +89,9 @@ void TextSlots::Fill(TextSlot& slot, OmCellText* cell) const {
   if (cell == nullptr) {
     return;
   }
-  CellText const shown = ShownText(cell, marks_);
+  MarkedText const shown = ShownText(cell, marks_);
   TextColumn const& column = layout_.columns[static_cast<std::size_t>(slot.column)];
-  bool const number = ShowsNumber(*cell);
+  bool const number = NumberOf(*cell).has_value();
   slot.align = Or(data_, number ? HorizontalAlignment::Right : HorizontalAlignment::Left);
   slot.behind = 0;
   if (number && column.marks > 0) {

@@ -4,27 +4,13 @@
 #include <limits>
 #include <utf8proc.h>
 
+#include "CodePoint.h"
+
 namespace lakresvos::render {
 
 namespace {
 
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 constexpr utf8proc_int32_t kEmojiPresentation = 0xFE0F;
-
-/// The first code point of `text` and its length in bytes; code -1 and length 1 when it is not
-/// UTF-8.
-struct CodePoint {
-  utf8proc_int32_t code;
-  std::size_t length;
-};
-
-CodePoint FirstCodePoint(std::string_view text) {
-  utf8proc_int32_t code = -1;
-  auto const* bytes = reinterpret_cast<utf8proc_uint8_t const*>(text.data());
-  utf8proc_ssize_t const length =
-      utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &code);
-  return length > 0 ? CodePoint{code, static_cast<std::size_t>(length)} : CodePoint{-1, 1};
-}
 
 bool IsLineEnd(utf8proc_int32_t code) {
   return code == '\n' || code == '\r' || code == 0x2028 || code == 0x2029;
@@ -43,16 +29,11 @@ std::string_view Shown(CodePoint point, std::string_view bytes) {
   if (point.code == '\t') {
     return " ";
   }
-  bool const hostile = point.code < 0 || ChangesDirection(point.code) ||
-                       utf8proc_category(point.code) == UTF8PROC_CATEGORY_CC;
+  bool const hostile = point.code < 0 || ChangesDirection(point.code) || IsControl(point.code);
   return hostile ? kReplacement : bytes;
 }
 
 }  // namespace
-
-bool IsPlainAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~'; });
-}
 
 std::vector<std::string> PrintableLines(std::string_view text) {
   std::vector<std::string> lines(1);

@@ -10,9 +10,6 @@ namespace lakresvos::render {
 // Widths are counted in terminal columns. "Printable" text is valid UTF-8 without control
 // characters and line ends.
 
-/// Whether every byte is a printable ASCII character, each one column wide.
-bool IsPlainAscii(std::string_view text);
-
 /// The lines of any text, made printable: control characters, characters that would change the
 /// direction of what follows them, and bytes that are not UTF-8 become U+FFFD, tabs become blanks.
 /// Always at least one line; a line end at the very end starts none.

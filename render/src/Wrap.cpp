@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "CodePoint.h"
 #include "TextWidth.h"
 
 namespace lakresvos::render {

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "CodePoint.h"
+
 using lakresvos::render::Grapheme;
 using lakresvos::render::IsPlainAscii;
 using lakresvos::render::PrintableLines;

@@ -7,17 +7,16 @@
 #include <lakresvos/OmOutputPart.h>
 #include <lakresvos/render/AreaStyle.h>
 #include <lakresvos/render/Export.h>
+#include <lakresvos/render/TableOptions.h>
 
 class OmOutputTree;
 
 namespace lakresvos::render {
 
 /// How a document is shown as text.
-struct TextOptions {
+struct TextOptions : TableOptions {
   bool ascii = false;       ///< draw frames and marks in plain ASCII; texts stay as they are
   int maxColumnWidth = 40;  ///< where table columns wrap, in terminal columns; below 2 counts as 2
-  bool allLayers = true;    ///< show all layers of a table, not only the first
-  bool skipEmpty = true;    ///< leave out layers, rows and columns without a cell
 };
 
 /// Writes a document as text for a terminal or any fixed-width font, in UTF-8.
