@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <lakresvos/OmChart.h>
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmTextBlock.h>
 
@@ -168,4 +169,61 @@ TEST(Document, SaysWhoAskedForAColumnThatIsNotThere) {
   options.weight = "w";
   EXPECT_EQ(ErrorOf([&] { AppendReport(document, options); }),
             file + ":1: there is no column 'w', which --weight asks for");
+}
+
+TEST(Document, ChartStandsBehindItsTable) {
+  TemporaryDirectory const directory;
+  Options options = OptionsFor(directory.Write("a.csv", "a,b,c\n1,2,3\n1,1,3\n"),
+                               {"a ~", "a ~ b", "a ~ b | c", "a * b ~ c", "~"});
+  options.charts = true;
+  OmOutputTree document;
+  AppendReport(document, options);
+  EXPECT_EQ(Outline(document),
+            (Texts{"0 Output", "1 lakresvos-report", "2 Log", "2 Notes", "2 Count: a", "2 Count: a",
+                   "2 Count: a by b", "2 Count: a by b", "2 Count: a by b for each c",
+                   "2 Count: a, b by c", "2 Count: All rows"}));
+  auto* const first = ItemAt<OmChart>(document, 5);
+  ASSERT_NE(first, nullptr);
+  EXPECT_EQ(first->GetChartSubType(), ChartXMLBar);
+  EXPECT_EQ(first->GetViZJSONData(),
+            R"({"categories":["1"],"series":[{"name":"","values":[2.0]}]})");
+  auto* const second = ItemAt<OmChart>(document, 7);
+  ASSERT_NE(second, nullptr);
+  EXPECT_EQ(second->GetViZJSONData(),
+            R"({"categories":["1"],"series":[)"
+            R"({"name":"1","values":[1.0]},{"name":"2","values":[1.0]}]})");
+  EXPECT_NE(first->getChartId(), second->getChartId());
+}
+
+TEST(Document, EveryTableHasTheStyleOfTheFile) {
+  TemporaryDirectory const directory;
+  Options options = OptionsFor(directory.Write("a.csv", "a\n1\n1,2\n"), {"a ~"});
+  options.styleFile = directory.Write("style.json", R"({"data": {"horizontal": "left"}})");
+  OmOutputTree document;
+  AppendReport(document, options);
+  for (std::size_t const position : {3u, 4u, 5u}) {
+    auto* const table = ItemAt<OmPivotTable>(document, position);
+    ASSERT_NE(table, nullptr) << position;
+    EXPECT_EQ(table->getAreaFormat(FormatArea::AreaData)->getHorizontalAlignment(), 0) << position;
+  }
+}
+
+TEST(Document, IsLeftAloneWhenTheStyleIsBad) {
+  TemporaryDirectory const directory;
+  Options options = OptionsFor(directory.Write("a.csv", "a\n1\n"), {"a ~"});
+  options.styleFile = directory.Path("none.json");
+  OmOutputTree document;
+  EXPECT_EQ(ErrorOf([&] { AppendReport(document, options); }),
+            options.styleFile + ": No such file or directory");
+  EXPECT_EQ(document.size(), 1u);
+}
+
+TEST(Document, GroupingOfAColumnInNoTableIsAnError) {
+  TemporaryDirectory const directory;
+  Options options = OptionsFor(directory.Write("a.csv", "a,b\n1,2\n"), {"a ~"});
+  options.groupings = {ParseGrouping("b: x = 2")};
+  OmOutputTree document;
+  EXPECT_EQ(ErrorOf([&] { AppendReport(document, options); }),
+            "--group 'b: x = 2': position 1: the column 'b' is in no table");
+  EXPECT_EQ(document.size(), 1u);
 }

@@ -39,6 +39,9 @@ TEST(Options, HaveDefaults) {
   EXPECT_EQ(options.statistics[0].measure, Measure::Count);
   EXPECT_EQ(options.weight, "");
   EXPECT_FALSE(options.totals);
+  EXPECT_TRUE(options.groupings.empty());
+  EXPECT_FALSE(options.charts);
+  EXPECT_EQ(options.styleFile, "");
   EXPECT_EQ(options.format, OutputFormat::Text);
   EXPECT_EQ(options.outputFile, "");
   EXPECT_TRUE(options.allLayers);
@@ -82,6 +85,16 @@ TEST(Options, TakeTitlesThatLookLikeOptionsOrLists) {
   EXPECT_EQ(options.tables[1].title, "[1,2]");
 }
 
+TEST(Options, TakeChartsStyleAndGroups) {
+  Options const options = Parse({"a.csv", "--chart", "--style", "s.json", "--group", "a: b = c",
+                                 "--group", "d: e = f, g"})
+                              .options.value();
+  EXPECT_TRUE(options.charts);
+  EXPECT_EQ(options.styleFile, "s.json");
+  ASSERT_EQ(options.groupings.size(), 2u);
+  EXPECT_EQ(options.groupings[1].column.name, "d");
+}
+
 TEST(Options, RememberTheCommandAsAShellWouldTakeIt) {
   EXPECT_EQ(Parse({"a b.csv", "--table", "a ~ b"}).options->command,
             "lakresvos-report 'a b.csv' --table 'a ~ b'");
@@ -91,8 +104,9 @@ TEST(Options, GiveHelp) {
   for (char const* option : {"--help", "-h"}) {
     Parsed const parsed = Parse({option});
     EXPECT_FALSE(parsed.options.has_value());
-    for (char const* name : {"--table", "--weight", "--statistics", "--totals", "--format", "-o",
-                             "--layers", "--keep-empty", "--title", "--caption", "--ascii"}) {
+    for (char const* name :
+         {"--table", "--weight", "--statistics", "--totals", "--format", "-o", "--layers",
+          "--keep-empty", "--title", "--caption", "--ascii", "--style", "--group", "--chart"}) {
       EXPECT_NE(parsed.printed.find(name), std::string::npos) << name;
     }
   }
@@ -127,6 +141,11 @@ TEST(OptionErrors, UnknownLayers) {
 TEST(OptionErrors, MalformedFormula) {
   EXPECT_EQ(ErrorIn({"a.csv", "--table", "a b"}),
             "--table 'a b': position 3: there should be '*', '/' or '~'");
+}
+
+TEST(OptionErrors, MalformedGroup) {
+  EXPECT_EQ(ErrorIn({"a.csv", "--group", "a: b"}),
+            "--group 'a: b': position 5: there should be '='");
 }
 
 TEST(OptionErrors, MoreTitlesThanTables) {

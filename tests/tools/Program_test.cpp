@@ -57,6 +57,30 @@ TEST(Program, PrintsToStandardOutput) {
             std::string::npos);
 }
 
+TEST(Program, ShowsAStyledTableWithGroupsAndItsChart) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("a.csv", "pet\ncat\ndog\ndog\nemu\n");
+  std::string const style = directory.Write(
+      "style.json", R"({"data": {"horizontal": "left"}, "title": {"horizontal": "centre"}})");
+  ReportRun const run =
+      RunReport({file, "--table", "pet ~", "--style", style, "--chart", "--ascii", "--title",
+                 "Pets", "--group", "pet: furry = cat, dog", "--statistics", "count,total%"});
+  EXPECT_EQ(run.err, "");
+  std::string const end =
+      "\n              Pets\n"
+      "+-------------+-------+---------+\n"
+      "| pet         | Count | Total % |\n"
+      "+=======+=====+=======+=========+\n"
+      "| furry | cat | 1     | 25.0    |\n"
+      "|       | dog | 2     | 50.0    |\n"
+      "+-------+-----+-------+---------+\n"
+      "| emu         | 1     | 25.0    |\n"
+      "+-------------+-------+---------+\n"
+      "\n[Chart: Pets (bar)]\n";
+  ASSERT_GE(run.out.size(), end.size());
+  EXPECT_EQ(run.out.substr(run.out.size() - end.size()), end);
+}
+
 TEST(Program, WritesTheSameToAFile) {
   TemporaryDirectory const directory;
   std::vector<std::string> arguments{DataPath("titanic.csv"), "--table", "Class ~ Sex"};
@@ -213,6 +237,28 @@ TEST(ProgramErrors, MalformedFormula) {
 TEST(ProgramErrors, MalformedStatistics) {
   EXPECT_EQ(Complaint("a\n1\n", {"--statistics", "mean"}),
             "--statistics 'mean': position 5: there should be ':' and the name of a column");
+}
+
+TEST(ProgramErrors, UnknownCategory) {
+  EXPECT_EQ(Complaint("a\n1\n", {"--table", "a ~", "--group", "a: b = 2"}),
+            "--group 'a: b = 2': position 8: the column 'a' has no category '2'");
+}
+
+TEST(ProgramErrors, BadStyle) {
+  TemporaryDirectory const directory;
+  std::string const style = directory.Write("style.json", "{\n  \"data\": 1}");
+  EXPECT_EQ(Complaint("a\n1\n", {"--table", "a ~", "--style", style}),
+            style + ": /data: there should be an object");
+}
+
+TEST(ProgramErrors, OutputThatWouldReplaceTheStyle) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("a.csv", "a\n1\n");
+  std::string const style = directory.Write("style.json", "{}");
+  ReportRun const run = RunReport({file, "--style", style, "-o", style});
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.err, "lakresvos-report: " + style + ": the output would replace the style\n");
+  EXPECT_EQ(ReadFile(style), "{}");
 }
 
 TEST(ProgramErrors, UnknownOption) {

@@ -11,6 +11,7 @@
 #include <cells/OmStringCell.h>
 #include <cells/OmVariable.h>
 
+#include "CategoryGroups.h"
 #include "DimensionTree.h"
 #include "Tabulation.h"
 
@@ -61,11 +62,13 @@ std::string TitleOf(Formula const& formula, std::vector<Statistic> const& statis
 class CrossTableMaker {
  public:
   CrossTableMaker(DataSet const& data, RowWeights const& weights, TableRequest const& request,
-                  std::vector<Statistic> const& statistics, bool totals)
+                  std::vector<Statistic> const& statistics, bool totals,
+                  std::vector<Grouping> const& groupings)
       : data_(data),
         weights_(weights),
         statistics_(statistics),
         totals_(totals),
+        groupings_(groupings),
         tabulation_(data, weights, request.formula, statistics, totals),
         hasStatisticsDimension_(statistics.size() > 1 || tabulation_.Dimensions().empty()) {
     std::string const title =
@@ -90,7 +93,9 @@ class CrossTableMaker {
     std::vector<TableDimension> const& dimensions = tabulation_.Dimensions();
     for (TableDimension const& source : dimensions) {
       bool const withTotal = totals_ && source.axis != TableAxis::Layers;
-      FillDimension(table_->AddDimension(*LabelOf(source, data_)), source, data_, withTotal);
+      OmDimension& dimension = table_->AddDimension(*LabelOf(source, data_));
+      FillDimension(dimension, source, data_, withTotal);
+      GroupCategories(dimension, source, data_, groupings_);
     }
     if (hasStatisticsDimension_) {
       AddStatisticsDimension();
@@ -229,6 +234,7 @@ class CrossTableMaker {
   RowWeights const& weights_;
   std::vector<Statistic> const& statistics_;
   bool totals_;
+  std::vector<Grouping> const& groupings_;
   Tabulation tabulation_;
   bool hasStatisticsDimension_;
   std::unique_ptr<OmPivotTable> table_;
@@ -239,9 +245,9 @@ class CrossTableMaker {
 
 std::unique_ptr<OmPivotTable> MakeCrossTable(DataSet const& data, RowWeights const& weights,
                                              TableRequest const& request,
-                                             std::vector<Statistic> const& statistics,
-                                             bool totals) {
-  return CrossTableMaker(data, weights, request, statistics, totals).Result();
+                                             std::vector<Statistic> const& statistics, bool totals,
+                                             std::vector<Grouping> const& groupings) {
+  return CrossTableMaker(data, weights, request, statistics, totals, groupings).Result();
 }
 
 }  // namespace lakresvos::report

@@ -9,6 +9,7 @@
 
 #include "DataSet.h"
 #include "Formula.h"
+#include "Grouping.h"
 #include "RowWeights.h"
 #include "Statistic.h"
 
@@ -27,9 +28,12 @@ struct TableRequest {
 /// a table without dimensions, make a further dimension innermost on the columns. Counts have the
 /// decimals of the weights, percentages 1, means and deviations 2, the others those of the data. A
 /// statistic that cannot be computed is the system-missing value. Footnotes tell what was left out.
+///
+/// @throws ReportError for a grouping with a category that its column does not have.
 std::unique_ptr<OmPivotTable> MakeCrossTable(DataSet const& data, RowWeights const& weights,
                                              TableRequest const& request,
-                                             std::vector<Statistic> const& statistics, bool totals);
+                                             std::vector<Statistic> const& statistics, bool totals,
+                                             std::vector<Grouping> const& groupings = {});
 
 }  // namespace lakresvos::report
 

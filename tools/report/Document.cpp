@@ -5,12 +5,16 @@
 #include <vector>
 
 #include <cells/OmStringCell.h>
+#include <lakresvos/OmChart.h>
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmTextBlock.h>
 
+#include "CategoryGroups.h"
+#include "ChartData.h"
 #include "ColumnNumbers.h"
 #include "NotesTable.h"
 #include "RowWeights.h"
+#include "StyleSheet.h"
 #include "WarningLog.h"
 #include "WarningsTable.h"
 
@@ -18,23 +22,28 @@ namespace lakresvos::report {
 
 namespace {
 
-std::vector<ColumnWish> WishesOf(Options const& options) {
-  std::vector<ColumnWish> wishes;
-  auto const add = [&wishes](NamedColumn const& column, std::string const& option) {
-    wishes.push_back({column.name, option + " at position " + std::to_string(column.position)});
-  };
-  for (TableRequest const& table : options.tables) {
+/// The columns that stand in formulas.
+std::vector<ColumnWish> FormulaColumns(std::vector<TableRequest> const& tables) {
+  std::vector<ColumnWish> columns;
+  for (TableRequest const& table : tables) {
     for (auto const* axis : {&table.formula.rows, &table.formula.columns, &table.formula.layers}) {
       for (FormulaTerm const& term : *axis) {
         for (NamedColumn const& column : term) {
-          add(column, "--table '" + table.formula.text + "'");
+          columns.push_back({column.name, "--table '" + table.formula.text + "' at position " +
+                                              std::to_string(column.position)});
         }
       }
     }
   }
+  return columns;
+}
+
+std::vector<ColumnWish> WishesOf(Options const& options) {
+  std::vector<ColumnWish> wishes = FormulaColumns(options.tables);
   for (Statistic const& statistic : options.statistics) {
     if (NeedsColumn(statistic.measure)) {
-      add(statistic.column, "--statistics");
+      wishes.push_back({statistic.column.name,
+                        "--statistics at position " + std::to_string(statistic.column.position)});
     }
   }
   if (!options.weight.empty()) {
@@ -61,6 +70,22 @@ void WarnOfTexts(DataSet const& data, std::vector<Statistic> const& statistics,
 using Item = std::unique_ptr<OmOutputPart>;
 using Node = ListTree<OmOutputPart*>::Node;
 
+/// Whether there is a chart for a table of this formula.
+bool CanChart(Formula const& formula) {
+  std::size_t const dimensions = formula.rows.size() + formula.columns.size();
+  return formula.layers.empty() && (dimensions == 1 || dimensions == 2);
+}
+
+std::unique_ptr<OmChart> MakeChart(OmPivotTable const& table, Formula const& formula, bool totals,
+                                   long long id) {
+  auto chart = std::make_unique<OmChart>(*table.Label(), "", id);
+  std::string const json =
+      JsonOf(ChartDataOf(table, formula.rows.size() + formula.columns.size(), totals));
+  chart->SetViZJSON(json.data(), static_cast<unsigned int>(json.size()));
+  chart->SetImageSubType(ChartXMLBar);
+  return chart;
+}
+
 Node Append(Node const& parent, Item item) {
   Node const node = parent.AppendChild(nullptr);
   node.Value() = item.release();
@@ -70,6 +95,9 @@ Node Append(Node const& parent, Item item) {
 }  // namespace
 
 void AppendReport(OmOutputTree& document, Options const& options) {
+  StyleSheet const style =
+      options.styleFile.empty() ? StyleSheet() : ReadStyleSheet(options.styleFile);
+  CheckGroupings(options.groupings, FormulaColumns(options.tables));
   WarningLog warnings;
   DataSet const data = ReadDataSet(options.dataFile, WishesOf(options), warnings);
   RowWeights const weights =
@@ -78,12 +106,26 @@ void AppendReport(OmOutputTree& document, Options const& options) {
 
   std::vector<Item> items;
   items.push_back(std::make_unique<OmTextBlock>(OmStringCell("Log", true), options.command));
-  items.push_back(MakeNotesTable(data, options.weight));
-  for (TableRequest const& table : options.tables) {
-    items.push_back(MakeCrossTable(data, weights, table, options.statistics, options.totals));
+  auto const addTable = [&](std::unique_ptr<OmPivotTable> table) {
+    Attach(style, *table);
+    items.push_back(std::move(table));
+  };
+  long long charts = 0;
+  addTable(MakeNotesTable(data, options.weight));
+  for (TableRequest const& request : options.tables) {
+    auto table = MakeCrossTable(data, weights, request, options.statistics, options.totals,
+                                options.groupings);
+    std::unique_ptr<OmChart> chart;
+    if (options.charts && CanChart(request.formula)) {
+      chart = MakeChart(*table, request.formula, options.totals, ++charts);
+    }
+    addTable(std::move(table));
+    if (chart != nullptr) {
+      items.push_back(std::move(chart));
+    }
   }
   if (warnings.Total() != 0) {
-    items.push_back(MakeWarningsTable(warnings));
+    addTable(MakeWarningsTable(warnings));
   }
   Node procedure =
       Append(document.begin(), std::make_unique<OmProcedure>(OmStringCell("lakresvos-report"),

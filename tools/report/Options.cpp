@@ -37,6 +37,7 @@ struct Texts {
   std::vector<std::string> formulas;
   std::vector<std::string> titles;
   std::vector<std::string> captions;
+  std::vector<std::string> groupings;
   std::string statistics = "count";
   std::string format = "text";
   std::string layers = "all";
@@ -61,6 +62,14 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
   app.add_option("--caption", texts.captions, "the caption of a table, likewise; repeatable")
       ->type_name("TEXT")
       ->allow_extra_args(false);
+  app.add_option("--group", texts.groupings,
+                 "categories to put under a group, as in 'Class: Staff = Crew, 3rd'; repeatable")
+      ->type_name("GROUP")
+      ->allow_extra_args(false);
+  app.add_flag("--chart", options.charts,
+               "a bar chart behind each table with one or two dimensions and no layers");
+  app.add_option("--style", options.styleFile, "a JSON file that says how areas of tables look")
+      ->type_name("FILE");
   app.add_option("--format", texts.format, "what to write (default: text)")
       ->check(CLI::IsMember({"text"}));
   app.add_option("-o", options.outputFile, "where to write (default: standard output)")
@@ -107,6 +116,9 @@ std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::
   }
   for (std::string const& formula : texts.formulas) {
     options.tables.push_back({ParseFormula(formula), "", ""});
+  }
+  for (std::string const& grouping : texts.groupings) {
+    options.groupings.push_back(ParseGrouping(grouping));
   }
   Hand(texts.titles, "--title", &TableRequest::title, options.tables);
   Hand(texts.captions, "--caption", &TableRequest::caption, options.tables);

@@ -22,6 +22,9 @@ struct Options {
   std::vector<Statistic> statistics;
   std::string weight;  ///< a column; empty: every row counts once
   bool totals = false;
+  std::vector<Grouping> groupings;
+  bool charts = false;    ///< one behind each table with one or two dimensions and no layers
+  std::string styleFile;  ///< empty: none
   OutputFormat format = OutputFormat::Text;
   std::string outputFile;  ///< empty: standard output
   bool allLayers = true;

@@ -29,10 +29,10 @@ void Render(OmOutputTree& document, Options const& options, std::ostream& out) {
   }
 }
 
-void RefuseToReplace(std::string const& dataFile, std::string const& outputFile) {
+void RefuseToReplace(std::string const& input, char const* what, std::string const& outputFile) {
   std::error_code ignored;
-  if (std::filesystem::equivalent(dataFile, outputFile, ignored)) {
-    throw ReportError(outputFile + ": the output would replace the data");
+  if (std::filesystem::equivalent(input, outputFile, ignored)) {
+    throw ReportError(outputFile + ": the output would replace the " + what);
   }
 }
 
@@ -46,7 +46,8 @@ void Run(Options const& options, std::ostream& out) {
     }
     return;
   }
-  RefuseToReplace(options.dataFile, options.outputFile);
+  RefuseToReplace(options.dataFile, "data", options.outputFile);
+  RefuseToReplace(options.styleFile, "style", options.outputFile);
   OutputFile file(options.outputFile);
   Render(document, options, file.Stream());
   file.Commit();

@@ -1,0 +1,35 @@
+#ifndef TOOLS_REPORT_CHARTDATA_H
+#define TOOLS_REPORT_CHARTDATA_H
+
+#include <string>
+#include <vector>
+
+#include <lakresvos/OmPivotTable.h>
+
+namespace lakresvos::report {
+
+/// The numbers of a bar chart: for every category a bar of each series.
+struct ChartData {
+  struct Series {
+    std::string name;            ///< empty when there is only one
+    std::vector<double> values;  ///< one per category; NaN where there is none
+  };
+
+  std::vector<std::string> categories;
+  std::vector<Series> series;
+};
+
+/// The numbers of a table that MakeCrossTable() made: the categories of its first dimension and, for
+/// the series, of its second one. Totals are left out, of several statistics all but the first.
+/// Categories in groups are named by their whole path.
+///
+/// @param dimensions how many dimensions the table has beside that of the statistics: 1 or 2.
+/// @param totals     whether every dimension ends with a Total.
+ChartData ChartDataOf(OmPivotTable const& table, std::size_t dimensions, bool totals);
+
+/// As JSON: `{"categories":["a"],"series":[{"name":"b","values":[1,null]}]}`, null for NaN.
+std::string JsonOf(ChartData const& data);
+
+}  // namespace lakresvos::report
+
+#endif

@@ -1,0 +1,48 @@
+#include "Grouping.h"
+
+#include <set>
+
+#include "Quoting.h"
+
+namespace lakresvos::report {
+
+namespace {
+
+constexpr char kOption[] = "--group";
+constexpr char kStops[] = ":=,";
+
+void Expect(Scanner& scanner, char c, char const* what) {
+  if (!scanner.Take(c)) {
+    scanner.Fail(scanner.Position(), std::string("there should be ") + what);
+  }
+}
+
+}  // namespace
+
+Grouping ParseGrouping(std::string const& text) {
+  Scanner scanner(kOption, text);
+  Grouping grouping;
+  grouping.text = text;
+  grouping.column = scanner.Name(kStops, "the name of a column");
+  Expect(scanner, ':', "':'");
+  grouping.name = scanner.Name(kStops, "the name of the group").name;
+  Expect(scanner, '=', "'='");
+  std::set<std::string> seen;
+  do {
+    NamedColumn category = scanner.Name(kStops, "a category");
+    if (!seen.insert(category.name).second) {
+      scanner.Fail(category.position, "the category " + Quoted(category.name) + " comes twice");
+    }
+    grouping.categories.push_back(std::move(category));
+  } while (scanner.Take(','));
+  if (!scanner.AtEnd()) {
+    scanner.Fail(scanner.Position(), "there should be ',' or the end");
+  }
+  return grouping;
+}
+
+void Fail(Grouping const& grouping, NamedColumn const& place, std::string const& what) {
+  Scanner(kOption, grouping.text).Fail(place.position, what);
+}
+
+}  // namespace lakresvos::report

@@ -1,0 +1,29 @@
+#ifndef TOOLS_REPORT_GROUPING_H
+#define TOOLS_REPORT_GROUPING_H
+
+#include <string>
+#include <vector>
+
+#include "Scanner.h"
+
+namespace lakresvos::report {
+
+/// Categories of a data column that tables show under a group of their own.
+struct Grouping {
+  std::string text;
+  NamedColumn column;
+  std::string name;
+  std::vector<NamedColumn> categories;  ///< by the texts that tables show
+};
+
+/// Reads `COLUMN: NAME = CATEGORY, CATEGORY`; names as in a formula.
+/// @throws ReportError that names the position, also for a category that comes twice.
+Grouping ParseGrouping(std::string const& text);
+
+/// Complains about a place in a grouping.
+/// @throws ReportError always.
+[[noreturn]] void Fail(Grouping const& grouping, NamedColumn const& place, std::string const& what);
+
+}  // namespace lakresvos::report
+
+#endif
