@@ -5,7 +5,6 @@
 #include <vector>
 
 #include <lakresvos/OmHeading.h>
-#include <lakresvos/OmOutputTree.h>
 #include <lakresvos/OmPivotTable.h>
 #include <lakresvos/OmTextBlock.h>
 #include <lakresvos/render/LayerGrids.h>
@@ -13,6 +12,7 @@
 
 #include "AreaAlignment.h"
 #include "CellText.h"
+#include "DocumentWalk.h"
 #include "ItemAnnouncement.h"
 #include "LayerLine.h"
 #include "TextTable.h"
@@ -54,12 +54,7 @@ TextRenderer::TextRenderer(std::ostream& out, TextOptions const& options)
     : out_(out), options_(options) {}
 
 void TextRenderer::Render(OmOutputTree& tree) {
-  for (auto node = tree.begin(); !node.AtEnd(); ++node) {
-    if (OmOutputPart* part = *node) {
-      depth_ = node.depth;
-      part->Accept(*this);
-    }
-  }
+  VisitAll(tree, *this, depth_);
 }
 
 // Headings and texts

@@ -1,7 +1,10 @@
 #include "Options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
 #include <ostream>
+#include <utility>
 
 #include <lakresvos/lakresvos.h>
 
@@ -41,7 +44,28 @@ struct Texts {
   std::string statistics = "count";
   std::string format = "text";
   std::string layers = "all";
+  std::string csvShape = "long";
 };
+
+constexpr std::array<std::pair<char const*, OutputFormat>, 3> kFormats = {{
+    {"text", OutputFormat::Text},
+    {"markdown", OutputFormat::Markdown},
+    {"csv", OutputFormat::Csv},
+}};
+
+std::vector<std::string> FormatNames() {
+  std::vector<std::string> names;
+  for (auto const& [name, format] : kFormats) {
+    names.emplace_back(name);
+  }
+  return names;
+}
+
+OutputFormat FormatNamed(std::string const& wanted) {
+  return std::find_if(kFormats.begin(), kFormats.end(),
+                      [&](auto const& entry) { return entry.first == wanted; })
+      ->second;
+}
 
 void Declare(CLI::App& app, Options& options, Texts& texts) {
   app.set_version_flag("--version", "lakresvos-report " LAKRESVOS_VERSION);
@@ -71,7 +95,7 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
   app.add_option("--style", options.styleFile, "a JSON file that says how areas of tables look")
       ->type_name("FILE");
   app.add_option("--format", texts.format, "what to write (default: text)")
-      ->check(CLI::IsMember({"text"}));
+      ->check(CLI::IsMember(FormatNames()));
   app.add_option("-o", options.outputFile, "where to write (default: standard output)")
       ->type_name("FILE");
   app.add_option("--layers", texts.layers, "which layers to show (default: all)")
@@ -79,6 +103,11 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
   app.add_flag("--keep-empty", options.keepEmpty,
                "show rows, columns and layers without a cell too");
   app.add_flag("--ascii", options.ascii, "draw with plain characters");
+  app.add_option("--csv-shape", texts.csvShape,
+                 "a record for each cell, or for each row as it is shown (default: long)")
+      ->check(CLI::IsMember({"long", "display"}));
+  app.add_flag("--csv-safe", options.csvSafe,
+               "put ' before texts in CSV that spreadsheets would run");
 }
 
 /// Gives each table its own of the texts that `option` was used for.
@@ -124,6 +153,8 @@ std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::
   Hand(texts.captions, "--caption", &TableRequest::caption, options.tables);
   options.statistics = ParseStatistics(texts.statistics);
   options.allLayers = texts.layers == "all";
+  options.format = FormatNamed(texts.format);
+  options.csvDisplay = texts.csvShape == "display";
   return options;
 }
 

@@ -12,7 +12,7 @@
 namespace lakresvos::report {
 
 /// What the document is written as.
-enum class OutputFormat { Text };
+enum class OutputFormat { Text, Markdown, Csv };
 
 /// What the program is asked to do.
 struct Options {
@@ -30,6 +30,8 @@ struct Options {
   bool allLayers = true;
   bool keepEmpty = false;
   bool ascii = false;
+  bool csvDisplay = false;  ///< the shape of the tables as they are shown
+  bool csvSafe = false;
 };
 
 /// Reads the command line. When it asks for help or for the version, writes that to `out` and gives

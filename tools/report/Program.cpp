@@ -6,28 +6,17 @@
 #include <system_error>
 
 #include <lakresvos/OmOutputTree.h>
-#include <lakresvos/render/TextRenderer.h>
 
 #include "Document.h"
 #include "Options.h"
 #include "OutputFile.h"
 #include "Quoting.h"
+#include "Rendering.h"
 #include "ReportError.h"
 
 namespace lakresvos::report {
 
 namespace {
-
-void Render(OmOutputTree& document, Options const& options, std::ostream& out) {
-  render::TextOptions text;
-  text.ascii = options.ascii;
-  text.allLayers = options.allLayers;
-  text.skipEmpty = !options.keepEmpty;
-  switch (options.format) {
-    case OutputFormat::Text:
-      render::TextRenderer(out, text).Render(document);
-  }
-}
 
 void RefuseToReplace(std::string const& input, char const* what, std::string const& outputFile) {
   std::error_code ignored;

@@ -1,0 +1,76 @@
+#ifndef LAKRESVOS_RENDER_CSVRENDERER_H
+#define LAKRESVOS_RENDER_CSVRENDERER_H
+
+#include <ostream>
+
+#include <lakresvos/OmOutputPart.h>
+#include <lakresvos/render/Export.h>
+#include <lakresvos/render/TableOptions.h>
+
+class OmOutputTree;
+
+namespace lakresvos::render {
+
+/// How tables are written as comma-separated values.
+struct CsvOptions : TableOptions {
+  enum class Shape {
+    Long,    ///< a record for each cell, for programs that go on with the data
+    Display  ///< a record for each row of the table as it is shown
+  };
+
+  Shape shape = Shape::Long;
+
+  /// Put an apostrophe before texts that spreadsheets would run as a formula; never before numbers.
+  bool safe = false;
+};
+
+/// Writes the tables of a document as comma-separated values (RFC 4180) in UTF-8.
+///
+/// Tables follow each other with an empty line between. Left out are the tables "Notes" and
+/// "Warnings", tables that are not to be shown, and all other items of the document.
+///
+/// - Long shape: a header record, then a record for each stored cell, with the categories of the
+///   first dimension changing fastest; with TableOptions::skipEmpty off, for each combination of
+///   categories. There is a column for each dimension, whichever axis
+///   it is on; for each level of it where categories are grouped, the outermost first. Where a
+///   category stands higher than others, the columns of the groups that it lacks are empty. Then
+///   come a column "value" and, in a table that has footnotes, a column "footnotes" with the cell's
+///   marks, a blank between two. Numbers are exact: the shortest text that reads back to the same
+///   value, nothing for the system-missing value. Cells of deleted categories are left out, and
+///   TableOptions::allLayers does not matter.
+/// - Display shape: what the table's grid shows, row by row, each heading repeated wherever it
+///   reaches; a corner label too. Before each layer of a table with layers comes a record that names
+///   the layer. Numbers are as they are shown. Footnotes are left out.
+///
+/// Columns of one name are told apart by a number. Bytes that are not UTF-8 and control characters
+/// become U+FFFD, line ends within a text '\n'.
+///
+/// Writing takes time linear in the displayed and stored cells; memory grows with the categories
+/// only.
+///
+/// Thread safety: none; one thread at a time uses a renderer, its stream and the document.
+class LAKRESVOS_RENDER_EXPORT CsvRenderer : public OmOutputPart::Visitor {
+ public:
+  /// @param out where to write; must outlive the renderer. Its state tells whether writing failed.
+  explicit CsvRenderer(std::ostream& out, CsvOptions const& options = {});
+
+  /// Writes all tables of `tree`.
+  void Render(OmOutputTree& tree);
+
+  void Visit(OmPivotTable& table) override;
+  void Visit(OmHeading& /*heading*/) override {}
+  void Visit(OmTextBlock& /*block*/) override {}
+  void Visit(OmChart& /*chart*/) override {}
+  void Visit(OmAnswerTree& /*tree*/) override {}
+  void Visit(OmModel& /*model*/) override {}
+  void Visit(OmInteractive& /*item*/) override {}
+
+ private:
+  std::ostream& out_;
+  CsvOptions options_;
+  bool started_ = false;
+};
+
+}  // namespace lakresvos::render
+
+#endif

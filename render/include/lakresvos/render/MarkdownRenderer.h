@@ -1,0 +1,69 @@
+#ifndef LAKRESVOS_RENDER_MARKDOWNRENDERER_H
+#define LAKRESVOS_RENDER_MARKDOWNRENDERER_H
+
+#include <cstddef>
+#include <ostream>
+#include <string>
+
+#include <lakresvos/OmOutputPart.h>
+#include <lakresvos/render/Export.h>
+#include <lakresvos/render/TableOptions.h>
+
+class OmOutputTree;
+
+namespace lakresvos::render {
+
+/// Writes a document as Markdown the way GitHub reads it, in UTF-8.
+///
+/// - Headings and procedures become headings of their depth, at most of level six. A text block's
+///   text is a code block below its label in bold; page titles are in bold.
+/// - A table is its title in bold and, for each layer, a line that names the layer and a pipe table:
+///   one heading line with the labels of all levels of a column joined by " / ", every label
+///   repeated where it reaches. A column of numbers stands at the right, unless the table's area
+///   format for data or column labels says otherwise.
+/// - Footnotes are footnotes, named after the table's and their own number in the document. One that
+///   nothing refers to stands as a paragraph below its table, like the caption.
+/// - Charts, models, answer trees and interactive items are announced in brackets.
+///
+/// Every text is escaped, so that markup in it is shown as text; line ends in tables become `<br>`.
+/// Bytes that are not UTF-8 and control characters become U+FFFD.
+///
+/// Writing takes time linear in the displayed and stored cells; beside the headings of one layer no
+/// memory grows with the number of cells.
+///
+/// Thread safety: none; one thread at a time uses a renderer, its stream and the document.
+class LAKRESVOS_RENDER_EXPORT MarkdownRenderer : public OmOutputPart::Visitor {
+ public:
+  /// @param out where to write; must outlive the renderer. Its state tells whether writing failed.
+  explicit MarkdownRenderer(std::ostream& out, TableOptions const& options = {});
+
+  /// Writes all items of `tree`.
+  void Render(OmOutputTree& tree);
+
+  // Single items; a heading shows as one at the depth of the item that Render() met last, at first
+  // 0.
+
+  void Visit(OmPivotTable& table) override;
+  void Visit(OmProcedure& procedure) override;
+  void Visit(OmHeading& heading) override;
+  void Visit(OmTextBlock& block) override;
+  void Visit(OmPageTitle& title) override;
+  void Visit(OmChart& chart) override;
+  void Visit(OmAnswerTree& tree) override;
+  void Visit(OmModel& model) override;
+  void Visit(OmInteractive& item) override;
+
+ private:
+  void WriteHeading(std::string const& text);
+  void WriteParagraph(std::string const& markdown);
+
+  std::ostream& out_;
+  TableOptions options_;
+  int depth_ = 0;
+  bool started_ = false;
+  std::size_t tables_ = 0;
+};
+
+}  // namespace lakresvos::render
+
+#endif

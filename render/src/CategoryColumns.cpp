@@ -1,0 +1,57 @@
+#include "CategoryColumns.h"
+
+#include <algorithm>
+
+#include <cells/OmComposite.h>
+#include <lakresvos/OmVectorTreeWalk.h>
+
+#include "CellText.h"
+
+namespace lakresvos::render {
+
+CategoryColumns::CategoryColumns(OmDimension const& dimension) {
+  OmVectorTreeWalk<OmDimension::ConstNode> walk(dimension.Root());
+  while (walk.Next()) {
+    if (!walk.Current().Value().group) {
+      levels_ = std::max(levels_, walk.Path().size() - 1);
+    }
+  }
+  OmVectorTreeWalk<OmDimension::ConstNode> again(dimension.Root());
+  while (again.Next()) {
+    OmDimensionNode const& node = again.Current().Value();
+    std::size_t const depth = again.Path().size() - 1;
+    if (node.group || depth == 0) {
+      continue;
+    }
+    auto const subscript = static_cast<int>(static_cast<unsigned int>(node.subscript));
+    positions_.emplace(subscript, subscripts_.size());
+    subscripts_.push_back(subscript);
+    for (std::size_t level = 1; level < depth; ++level) {
+      texts_.push_back(TextOf(again.Path()[level].Value().label));
+    }
+    texts_.insert(texts_.end(), levels_ - depth, std::string());
+    texts_.push_back(TextOf(node.label));
+  }
+  Name(dimension);
+}
+
+void CategoryColumns::Name(OmDimension const& dimension) {
+  OmCellText const* const label = dimension.value.label;
+  auto const* const composite = dynamic_cast<OmComposite const*>(label);
+  if (levels_ > 1 && composite != nullptr && composite->Parts().Root().NChildren() == levels_) {
+    for (std::size_t level = 0; level < levels_; ++level) {
+      names_.push_back(TextOf(composite->Parts().Root()[level].Value()));
+    }
+    return;
+  }
+  for (std::size_t level = 1; level <= levels_; ++level) {
+    names_.push_back(TextOf(label) + (levels_ > 1 ? " " + std::to_string(level) : ""));
+  }
+}
+
+std::string const* CategoryColumns::Find(int subscript) const {
+  auto const found = positions_.find(subscript);
+  return found != positions_.end() ? &texts_[found->second * levels_] : nullptr;
+}
+
+}  // namespace lakresvos::render

@@ -1,0 +1,48 @@
+#ifndef LAKRESVOS_RENDER_CATEGORYCOLUMNS_H
+#define LAKRESVOS_RENDER_CATEGORYCOLUMNS_H
+
+#include <cstddef>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include <lakresvos/OmDimension.h>
+
+namespace lakresvos::render {
+
+/// The categories of a dimension as columns of texts: one for each level of its tree below the root.
+///
+/// A composite label of the root with as many parts as there are levels names each level by a part;
+/// otherwise the levels of a dimension that has several are numbered.
+class CategoryColumns {
+ public:
+  explicit CategoryColumns(OmDimension const& dimension);
+
+  std::size_t Levels() const { return levels_; }
+
+  /// What the columns are called, one name per level.
+  std::vector<std::string> const& Names() const { return names_; }
+
+  /// How many categories there are.
+  std::size_t Count() const { return subscripts_.size(); }
+
+  /// The subscript of the category that stands at `position` in the tree's order.
+  int Subscript(std::size_t position) const { return subscripts_[position]; }
+
+  /// The text of each level of the first category with a subscript; null when there is none. The
+  /// category itself is always in the last column.
+  std::string const* Find(int subscript) const;
+
+ private:
+  void Name(OmDimension const& dimension);
+
+  std::size_t levels_ = 0;
+  std::vector<std::string> names_;
+  std::vector<int> subscripts_;
+  std::vector<std::string> texts_;  // levels_ for each category
+  std::unordered_map<int, std::size_t> positions_;
+};
+
+}  // namespace lakresvos::render
+
+#endif

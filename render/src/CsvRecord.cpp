@@ -1,0 +1,63 @@
+#include "CsvRecord.h"
+
+#include "CleanText.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+/// Whether a spreadsheet takes the text for a formula; some skip blanks, and some know full-width
+/// forms of the signs.
+bool LooksLikeAFormula(std::string_view text) {
+  std::size_t const start = text.find_first_not_of(' ');
+  std::string_view const rest = start == std::string_view::npos ? "" : text.substr(start);
+  if (!rest.empty() && std::string_view("=+-@\t\n").find(rest.front()) != std::string_view::npos) {
+    return true;
+  }
+  for (char const* sign : {"\xEF\xBC\x9D", "\xEF\xBC\x8B", "\xEF\xBC\x8D", "\xEF\xBC\xA0"}) {
+    if (rest.substr(0, 3) == sign) {
+      return true;
+    }
+  }
+  return false;
+}
+
+bool NeedsQuotes(std::string_view text) {
+  return !text.empty() && (text.front() == ' ' || text.back() == ' ' ||
+                           text.find_first_of(",\"\r\n") != std::string_view::npos);
+}
+
+}  // namespace
+
+void CsvRecord::Text(std::string_view text) {
+  std::string const clean = CleanText(text);
+  Field(safe_ && LooksLikeAFormula(clean) ? "'" + clean : clean);
+}
+
+void CsvRecord::Field(std::string_view text) {
+  if (fields_++ != 0) {
+    out_ << ',';
+  }
+  blank_ = blank_ && text.empty();
+  if (!NeedsQuotes(text)) {
+    out_ << text;
+    return;
+  }
+  out_ << '"';
+  for (char const c : text) {
+    out_ << c;
+    if (c == '"') {
+      out_ << c;
+    }
+  }
+  out_ << '"';
+}
+
+void CsvRecord::End() {
+  out_ << (fields_ == 1 && blank_ ? "\"\"\r\n" : "\r\n");
+  out_.Drain();
+  fields_ = 0;
+  blank_ = true;
+}
+
+}  // namespace lakresvos::render

@@ -1,0 +1,43 @@
+#ifndef LAKRESVOS_RENDER_CSVRECORD_H
+#define LAKRESVOS_RENDER_CSVRECORD_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "OutputBuffer.h"
+
+namespace lakresvos::render {
+
+/// Writes records of comma-separated values as RFC 4180 has them.
+///
+/// A field stands in quotes when it holds a comma, a quote or a line end, or starts or ends with a
+/// blank; so does the only field of a record when it is empty, as its line would be an empty one.
+class CsvRecord {
+ public:
+  /// @param safe puts an apostrophe before a text that spreadsheets would run as a formula.
+  CsvRecord(OutputBuffer& out, bool safe) : out_(out), safe_(safe) {}
+
+  /// A field with any text, which is cleaned.
+  void Text(std::string_view text);
+
+  /// A field that shows a number.
+  void Number(std::string_view text) { Field(text); }
+
+  void Empty() { Field({}); }
+
+  /// Ends the record.
+  void End();
+
+ private:
+  void Field(std::string_view text);
+
+  OutputBuffer& out_;
+  bool safe_;
+  std::size_t fields_ = 0;
+  bool blank_ = true;  // whether all fields so far are empty
+};
+
+}  // namespace lakresvos::render
+
+#endif

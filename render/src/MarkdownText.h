@@ -1,0 +1,20 @@
+#ifndef LAKRESVOS_RENDER_MARKDOWNTEXT_H
+#define LAKRESVOS_RENDER_MARKDOWNTEXT_H
+
+#include <string>
+#include <string_view>
+
+namespace lakresvos::render {
+
+/// Any text as Markdown that shows it on one line: markup escaped, line ends as `<br>`.
+std::string MarkdownText(std::string_view text);
+
+/// The same text at the start of a line, where it must not become a heading or a list.
+std::string AtLineStart(std::string const& markdown);
+
+/// Any text as a code block, behind a fence that is longer than any in the text.
+std::string MarkdownCode(std::string_view text);
+
+}  // namespace lakresvos::render
+
+#endif

@@ -1,0 +1,46 @@
+#ifndef LAKRESVOS_RENDER_REPEATEDFRAME_H
+#define LAKRESVOS_RENDER_REPEATEDFRAME_H
+
+#include <cstddef>
+#include <vector>
+
+#include <lakresvos/render/DisplayGrid.h>
+
+namespace lakresvos::render {
+
+/// The frame of a grid for formats without spans: row by row, at every position the cell that
+/// reaches over it.
+class RepeatedFrame {
+ public:
+  /// Starts before the first row. The grid must outlive the object.
+  explicit RepeatedFrame(DisplayGrid const& grid)
+      : grid_(grid), cells_(static_cast<std::size_t>(grid.Columns()), nullptr) {}
+
+  /// Steps to the next row; false behind the last one.
+  bool Next() {
+    if (++row_ >= grid_.Rows()) {
+      return false;
+    }
+    for (GridCell const& cell : grid_.Frame(row_)) {
+      for (int column = cell.column; column < cell.column + cell.columnSpan; ++column) {
+        cells_[static_cast<std::size_t>(column)] = &cell;
+      }
+    }
+    return true;
+  }
+
+  int Row() const { return row_; }
+  bool InHeading() const { return row_ < grid_.HeadingRows(); }
+
+  /// Requires: a row is current, and the position is not in the body.
+  GridCell const& At(int column) const { return *cells_[static_cast<std::size_t>(column)]; }
+
+ private:
+  DisplayGrid const& grid_;
+  std::vector<GridCell const*> cells_;
+  int row_ = -1;
+};
+
+}  // namespace lakresvos::render
+
+#endif

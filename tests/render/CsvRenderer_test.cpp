@@ -1,0 +1,261 @@
+#include <gtest/gtest.h>
+#include <limits>
+#include <sstream>
+#include <string>
+
+#include <cells/OmComposite.h>
+#include <cells/OmDataValue.h>
+#include <cells/OmVariable.h>
+#include <lakresvos/OmHeading.h>
+#include <lakresvos/OmOutputTree.h>
+#include <lakresvos/render/CsvRenderer.h>
+
+#include "CsvRecord.h"
+#include "RenderTables.h"
+
+using namespace lakresvos::render;
+using namespace render_tables;
+
+namespace {
+
+std::string Written(OmPivotTable& table, CsvOptions const& options = {}) {
+  std::ostringstream out;
+  CsvRenderer(out, options).Visit(table);
+  return out.str();
+}
+
+CsvOptions Display() {
+  CsvOptions options;
+  options.shape = CsvOptions::Shape::Display;
+  return options;
+}
+
+CsvOptions KeepEmpty() {
+  CsvOptions options;
+  options.skipEmpty = false;
+  return options;
+}
+
+/// A record of one text.
+std::string Field(std::string const& text, bool safe = false) {
+  std::ostringstream out;
+  OutputBuffer buffer(out);
+  CsvRecord record(buffer, safe);
+  record.Text(text);
+  record.End();
+  buffer.Flush();
+  return out.str();
+}
+
+/// Two rows, two columns, two layers; the combination b, y, second is missing.
+struct Cube : Table {
+  Cube() {
+    AddCategories(*this, "Row", {"a", "b"});
+    AddCategories(*this, "Column", {"x", "y"});
+    AddCategories(*this, "Layer", {"first", "second"});
+    Place({0}, {1}, {2});
+    int number = 0;
+    for (int r = 0; r < 2; ++r) {
+      for (int c = 0; c < 2; ++c) {
+        for (int l = 0; l < 2; ++l) {
+          if (r + c + l < 3) {
+            Cell({r, c, l}, OmNumber(++number + 0.125, 1));
+          }
+        }
+      }
+    }
+  }
+};
+
+}  // namespace
+
+// Fields
+
+TEST(CsvRecord, FieldsAreQuotedWhereTheyHaveTo) {
+  EXPECT_EQ(Field("plain text"), "plain text\r\n");
+  EXPECT_EQ(Field("a,b"), "\"a,b\"\r\n");
+  EXPECT_EQ(Field("say \"hi\""), "\"say \"\"hi\"\"\"\r\n");
+  EXPECT_EQ(Field("a\nb"), "\"a\nb\"\r\n");
+  EXPECT_EQ(Field(" a"), "\" a\"\r\n");
+  EXPECT_EQ(Field("a "), "\"a \"\r\n");
+}
+
+TEST(CsvRecord, EmptyRecordIsNoEmptyLine) {
+  EXPECT_EQ(Field(""), "\"\"\r\n");
+}
+
+TEST(CsvRecord, BrokenTextIsReplaced) {
+  EXPECT_EQ(Field("\xFF\x01"), "\xEF\xBF\xBD\xEF\xBF\xBD\r\n");
+}
+
+TEST(CsvRecord, FormulasAreDefusedOnlyWhenAsked) {
+  EXPECT_EQ(Field("=1+1"), "=1+1\r\n");
+  for (char const* text : {"=1", "+1", "-1", "@a", "\ta", " =1",
+                           "\xEF\xBC\x9D"
+                           "1"}) {
+    std::string const written = Field(text, true);
+    EXPECT_EQ(written[written[0] == '"' ? 1 : 0], '\'') << text;
+  }
+  EXPECT_EQ(Field("1+1", true), "1+1\r\n");
+  EXPECT_EQ(Field("", true), "\"\"\r\n");
+}
+
+// Long shape
+
+TEST(CsvRenderer, LongShapeHasARecordForEachStoredCell) {
+  Cube cube;
+  EXPECT_EQ(Written(cube),
+            "Row,Column,Layer,value\r\n"
+            "a,x,first,1.125\r\n"
+            "b,x,first,5.125\r\n"
+            "a,y,first,3.125\r\n"
+            "b,y,first,7.125\r\n"
+            "a,x,second,2.125\r\n"
+            "b,x,second,6.125\r\n"
+            "a,y,second,4.125\r\n");
+}
+
+TEST(CsvRenderer, LongShapeHasEveryCombinationWhenAsked) {
+  Cube cube;
+  std::string const written = Written(cube, KeepEmpty());
+  std::string const end = "b,x,second,6.125\r\na,y,second,4.125\r\nb,y,second,\r\n";
+  EXPECT_EQ(written.substr(written.size() - end.size()), end);
+}
+
+TEST(CsvRenderer, LevelsOfGroupsAreColumns) {
+  Table table;
+  OmDimension& rows = table.Add("Place");
+  auto const group = Group(rows, rows.Root(), "house");
+  Category(rows, group, "cat", 0);
+  Category(rows, rows.Root(), "emu", 1);
+  table.Place({0}, {});
+  table.Cell({0}, OmNumber(1));
+  table.Cell({1}, OmNumber(2));
+  EXPECT_EQ(Written(table), "Place 1,Place 2,value\r\nhouse,cat,1\r\n,emu,2\r\n");
+}
+
+TEST(CsvRenderer, CompositeLabelNamesTheLevels) {
+  OmComposite label("{0} in {1}");
+  label.AddPart(OmVariable("kind", "Kind"));
+  label.AddPart(OmStringCell("place"));
+  Table table;
+  OmDimension& rows = table.AddDimension(label);
+  Category(rows, Group(rows, rows.Root(), "house"), "cat", 0);
+  table.Place({0}, {});
+  table.Cell({0}, OmNumber(1));
+  EXPECT_EQ(Written(table), "Kind,place,value\r\nhouse,cat,1\r\n");
+}
+
+TEST(CsvRenderer, ColumnsOfOneNameAreToldApart) {
+  Table table;
+  AddCategories(table, "value", {"a"});
+  AddCategories(table, "value", {"b"});
+  table.Place({0}, {1});
+  table.Cell({0, 0}, OmNumber(1));
+  EXPECT_EQ(Written(table), "value,value 2,value 3\r\na,b,1\r\n");
+}
+
+TEST(CsvRenderer, ValuesKeepTheirKind) {
+  Table table;
+  AddCategories(table, "d", {"a", "b", "c", "d", "e"});
+  table.Place({0}, {});
+  table.Cell({0}, OmNumber(0.1, 0));
+  table.Cell({1}, OmNumber(std::numeric_limits<double>::quiet_NaN()));
+  table.Cell({2}, Utf8("-x"));
+  table.Cell({3}, OmNumDataValue(2, "two"));
+  table.Cell({4}, OmNumDataValue(-3, ""));
+  CsvOptions options;
+  options.safe = true;
+  EXPECT_EQ(Written(table, options), "d,value\r\na,0.1\r\nb,\r\nc,'-x\r\nd,two\r\ne,-3\r\n");
+}
+
+TEST(CsvRenderer, FootnotesHaveAColumn) {
+  Table table;
+  AddCategories(table, "d", {"a", "b"});
+  table.Place({0}, {});
+  AddFootnote(table, "one");
+  AddFootnote(table, "two", "*");
+  OmNumber number(1);
+  table.Cell({0}, WithFootnotes(number, {1, 0, 7}));
+  table.Cell({1}, OmNumber(2));
+  EXPECT_EQ(Written(table), "d,value,footnotes\r\na,1,* a\r\nb,2,\r\n");
+}
+
+TEST(CsvRenderer, CellsOfDeletedCategoriesAreLeftOut) {
+  Table table;
+  OmDimension& dimension = AddCategories(table, "d", {"a", "b"});
+  table.Place({0}, {});
+  table.Cell({0}, OmNumber(1));
+  table.Cell({1}, OmNumber(2));
+  auto node = dimension.Root()[0];
+  dimension.Delete(node);
+  EXPECT_EQ(Written(table), "d,value\r\nb,2\r\n");
+}
+
+TEST(CsvRenderer, TableWithoutDimensionsOrCategoriesIsItsHeader) {
+  Table table;
+  EXPECT_EQ(Written(table), "value\r\n");
+  EXPECT_EQ(Written(table, KeepEmpty()), "value\r\n");
+  table.Add("d");
+  EXPECT_EQ(Written(table, KeepEmpty()), "value\r\n");
+}
+
+// Display shape
+
+TEST(CsvRenderer, DisplayShapeRepeatsHeadingsAndNamesLayers) {
+  Cube cube;
+  EXPECT_EQ(Written(cube, Display()),
+            "Layer: first\r\n"
+            "Row,Column,Column\r\n"
+            "Row,x,y\r\n"
+            "a,1.1,3.1\r\n"
+            "b,5.1,7.1\r\n"
+            "Layer: second\r\n"
+            "Row,Column,Column\r\n"
+            "Row,x,y\r\n"
+            "a,2.1,4.1\r\n"
+            "b,6.1,\r\n");
+}
+
+TEST(CsvRenderer, DisplayShapeShowsOneLayerWhenAsked) {
+  Cube cube;
+  CsvOptions options = Display();
+  options.allLayers = false;
+  EXPECT_EQ(Written(cube, options).find("second"), std::string::npos);
+}
+
+TEST(CsvRenderer, DisplayShapeOfAnEmptyTableIsEmpty) {
+  Table table;
+  EXPECT_EQ(Written(table, Display()), "");
+}
+
+// Documents
+
+TEST(CsvRenderer, TablesFollowEachOtherWithoutNotesAndWarnings) {
+  OmOutputTree document;
+  auto const root = document.begin();
+  for (char const* name : {"Notes", "t", "Warnings", "t"}) {
+    auto* const table = new OmPivotTable(Utf8("label"), Utf8(name), false);
+    root.AppendChild(table);
+    OmDimension& dimension = table->AddDimension(Utf8(name));
+    Category(dimension, dimension.Root(), "a", 0);
+    table->Cell({0}, OmNumber(1));
+  }
+  std::ostringstream out;
+  CsvRenderer(out).Render(document);
+  EXPECT_EQ(out.str(), "t,value\r\na,1\r\n\r\nt,value\r\na,1\r\n");
+}
+
+TEST(CsvRenderer, HiddenTableIsLeftOut) {
+  Cube cube;
+  cube.Show(false);
+  EXPECT_EQ(Written(cube), "");
+}
+
+TEST(CsvRenderer, StreamThatFailsTells) {
+  Cube cube;
+  std::ostringstream out;
+  out.setstate(std::ios::badbit);
+  CsvRenderer(out).Visit(cube);
+  EXPECT_FALSE(out);
+}

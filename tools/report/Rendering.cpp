@@ -1,0 +1,44 @@
+#include "Rendering.h"
+
+#include <lakresvos/render/CsvRenderer.h>
+#include <lakresvos/render/MarkdownRenderer.h>
+#include <lakresvos/render/TextRenderer.h>
+
+namespace lakresvos::report {
+
+namespace {
+
+/// What all renderers' options have in common, in those of one of them.
+template <class RendererOptions>
+RendererOptions With(Options const& options) {
+  RendererOptions result;
+  result.skipEmpty = !options.keepEmpty;
+  result.allLayers = options.allLayers;
+  return result;
+}
+
+}  // namespace
+
+void Render(OmOutputTree& document, Options const& options, std::ostream& out) {
+  switch (options.format) {
+    case OutputFormat::Text: {
+      auto text = With<render::TextOptions>(options);
+      text.ascii = options.ascii;
+      render::TextRenderer(out, text).Render(document);
+      break;
+    }
+    case OutputFormat::Markdown:
+      render::MarkdownRenderer(out, With<render::TableOptions>(options)).Render(document);
+      break;
+    case OutputFormat::Csv: {
+      auto csv = With<render::CsvOptions>(options);
+      using Shape = render::CsvOptions::Shape;
+      csv.shape = options.csvDisplay ? Shape::Display : Shape::Long;
+      csv.safe = options.csvSafe;
+      render::CsvRenderer(out, csv).Render(document);
+      break;
+    }
+  }
+}
+
+}  // namespace lakresvos::report
