@@ -16,8 +16,8 @@
 
 #include "ChildRun.h"
 
-// A table of kSide x kSide numbers written to a file, beside a pandas frame of the same numbers and
-// labels. Each run has a process of its own; its time is that of writing alone, and peak_MB the peak
+// A table of kSide x kSide numbers written to a file, beside a pandas frame of the same numbers,
+// labels and decimals. Each run has a process of its own; its time is that of writing alone, and peak_MB the peak
 // memory of the whole process, of which before_MB were needed before writing.
 
 namespace {

@@ -21,9 +21,9 @@ def main():
     before = resource.getrusage(resource.RUSAGE_SELF).ru_maxrss
     start = time.perf_counter()
     if form == "csv":
-        frame.to_csv(file)
+        frame.to_csv(file, float_format="%.2f")
     else:
-        frame.to_html(file)
+        frame.to_html(file, float_format="%.2f".__mod__)
     print(time.perf_counter() - start, before)
 
 
