@@ -12,7 +12,7 @@
 namespace lakresvos::report {
 
 /// What the document is written as.
-enum class OutputFormat { Text, Markdown, Csv };
+enum class OutputFormat { Text, Html, Markdown, Csv };
 
 /// What the program is asked to do.
 struct Options {
