@@ -158,7 +158,8 @@ void LongTexts(Table& table) {
     words += "word ";
   }
   AddCategories(table, words.c_str(), {words.c_str(), "b"});
-  AddCategories(table, "c", {std::string(1000, 'x').c_str()});
+  std::string const word(1000, 'x');
+  AddCategories(table, "c", {word.c_str()});
   table.Place({0}, {1});
   PutText(table, {0, 0}, words);
 }

@@ -1,9 +1,12 @@
 #include "BarChart.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <limits>
 #include <pugixml.hpp>
+#include <rapidcheck/gtest.h>
 #include <string>
 #include <vector>
 
@@ -120,6 +123,25 @@ TEST(BarChart, LargestNumbersStayInThePicture) {
   for (Box const& box : picture.Boxes(kBlue)) {
     EXPECT_GE(box.top, 0);
     EXPECT_LE(box.bottom, picture.Attribute("height"));
+  }
+}
+
+RC_GTEST_PROP(BarChart, BarsAreInProportionAndOnOneLine, ()) {
+  auto const values = *rc::gen::nonEmpty(
+      rc::gen::container<std::vector<double>>(rc::gen::cast<double>(rc::gen::inRange(-999, 999))));
+  Picture const picture(OneWay(std::vector<std::string>(values.size(), "x"), values));
+  std::vector<Box> const boxes = picture.Boxes(kBlue);
+  RC_ASSERT(boxes.size() == values.size());
+  auto const isLonger = [](double one, double other) { return std::abs(one) < std::abs(other); };
+  auto const longest = std::max_element(values.begin(), values.end(), isLonger);
+  double const unit =
+      boxes[static_cast<std::size_t>(longest - values.begin())].Height() / std::abs(*longest);
+  RC_PRE(*longest != 0);
+  double const zero = values[0] < 0 ? boxes[0].top : boxes[0].bottom;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    double const expected = std::max(1.0, std::abs(values[i]) * unit);
+    RC_ASSERT(std::abs(boxes[i].Height() - expected) < 0.01);
+    RC_ASSERT(std::abs((values[i] < 0 ? boxes[i].top : boxes[i].bottom) - zero) < 0.01);
   }
 }
 

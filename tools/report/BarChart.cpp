@@ -62,7 +62,8 @@ AxisScale ScaleOf(ChartData const& data) {
 /// The colours come again in darker shades.
 Colour ColourOf(std::size_t series) {
   Colour const colour = kColours[series % kColours.size()];
-  double const shade = std::pow(0.65, static_cast<double>(series / kColours.size()));
+  auto const round = static_cast<int>(series / kColours.size());
+  double const shade = std::pow(0.65, round);
   return {colour.red * shade, colour.green * shade, colour.blue * shade};
 }
 

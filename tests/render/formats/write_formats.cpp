@@ -6,6 +6,7 @@
 
 #include <lakresvos/OmPivotTable.h>
 #include <lakresvos/render/CsvRenderer.h>
+#include <lakresvos/render/HtmlRenderer.h>
 #include <lakresvos/render/LayerGrids.h>
 #include <lakresvos/render/MarkdownRenderer.h>
 
@@ -105,6 +106,10 @@ int main(int argc, char** argv) {
     CsvOptions options;
     options.shape = CsvOptions::Shape::Display;
     CsvRenderer(out, options).Render(document);
+  }
+  {
+    std::ofstream out = file("document.html");
+    RenderHtml(document, out);
   }
   {
     std::ofstream out = file("document.md");
