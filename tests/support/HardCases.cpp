@@ -272,8 +272,7 @@ void SharedFootnotes(Table& table) {
     OmNumber number(index[0]);
     table.Cell(index, WithFootnotes(number, {shared}));
   }
-  OmNumber twice(1);
-  table.Cell({0, 0}, WithFootnotes(twice, {shared, marked}));
+  WithFootnotes(*table.Cell({0, 0}), {shared, marked});
   WithFootnotes(*table.Dimension(0).Root().Child(0).Value().label, {marked});
   OmStringCellUTF8 title("Shared footnotes");
   table.SetTableTitle(WithFootnotes(title, {marked}));
