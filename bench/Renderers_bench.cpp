@@ -11,13 +11,15 @@
 
 #include <cells/OmNumber.h>
 #include <cells/OmStringCell.h>
+#include <lakresvos/OmOutputTree.h>
 #include <lakresvos/OmPivotTable.h>
 #include <lakresvos/render/CsvRenderer.h>
+#include <lakresvos/render/HtmlRenderer.h>
 
 #include "ChildRun.h"
 
-// A table of kSide x kSide numbers written to a file, beside a pandas frame of the same numbers,
-// labels and decimals. Each run has a process of its own; its time is that of writing alone, and peak_MB the peak
+// A table of kSide x kSide numbers with two decimals written to a file, beside a pandas frame of the
+// same numbers and labels, which shows them as it does by itself or with two decimals. Each run has a process of its own; its time is that of writing alone, and peak_MB the peak
 // memory of the whole process, of which before_MB were needed before writing.
 
 namespace {
@@ -33,7 +35,7 @@ void AddDimension(OmPivotTable& table, std::string const& label) {
   }
 }
 
-std::unique_ptr<OmPivotTable> FullTable() {
+std::unique_ptr<OmOutputTree> FullDocument() {
   OmStringCell const label("Table");
   auto table = std::make_unique<OmPivotTable>(label, label, false);
   AddDimension(*table, "r");
@@ -46,7 +48,9 @@ std::unique_ptr<OmPivotTable> FullTable() {
       table->Cell(index, OmNumber((index[0] * kSide + index[1]) * 0.37, 2));
     }
   }
-  return table;
+  auto document = std::make_unique<OmOutputTree>();
+  document->begin().AppendChild(table.release());
+  return document;
 }
 
 /// A file that goes with the object.
@@ -75,13 +79,13 @@ void Report(benchmark::State& state, std::function<ChildRun(std::string const& f
 }
 
 void MeasureRenderer(benchmark::State& state,
-                     std::function<void(OmPivotTable& table, std::ostream& out)> const& render) {
+                     std::function<void(OmOutputTree& document, std::ostream& out)> const& render) {
   Report(state, [&](std::string const& file) {
-    std::unique_ptr<OmPivotTable> table;
-    return RunInChild([&] { table = FullTable(); },
+    std::unique_ptr<OmOutputTree> document;
+    return RunInChild([&] { document = FullDocument(); },
                       [&] {
                         std::ofstream out(file, std::ios::binary);
-                        render(*table, out);
+                        render(*document, out);
                         if (!out.flush()) {
                           throw std::runtime_error("cannot write " + file);
                         }
@@ -89,26 +93,34 @@ void MeasureRenderer(benchmark::State& state,
   });
 }
 
-void MeasurePandas(benchmark::State& state, std::string const& format) {
+void Pandas(benchmark::State& state, std::string const& form) {
   Report(state, [&](std::string const& file) {
-    return RunProgram(LAKRESVOS_PANDAS_PEER " " + format + " " + std::to_string(kSide) + " " +
-                      file);
+    return RunProgram(LAKRESVOS_PANDAS_PEER " " + form + " " + std::to_string(kSide) + " " + file);
   });
 }
 
 void Csv(benchmark::State& state) {
-  MeasureRenderer(state, [](OmPivotTable& table, std::ostream& out) {
+  MeasureRenderer(state, [](OmOutputTree& document, std::ostream& out) {
     CsvOptions options;
     options.shape = CsvOptions::Shape::Display;
-    CsvRenderer(out, options).Visit(table);
+    CsvRenderer(out, options).Render(document);
   });
 }
 
-void PandasCsv(benchmark::State& state) {
-  MeasurePandas(state, "csv");
+void Html(benchmark::State& state) {
+  MeasureRenderer(state,
+                  [](OmOutputTree& document, std::ostream& out) { RenderHtml(document, out); });
 }
 
-BENCHMARK(Csv)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
-BENCHMARK(PandasCsv)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+void Manual(benchmark::internal::Benchmark* run) {
+  run->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(Csv)->Apply(Manual);
+BENCHMARK_CAPTURE(Pandas, csv, "csv plain")->Apply(Manual);
+BENCHMARK_CAPTURE(Pandas, csv_decimals, "csv decimals")->Apply(Manual);
+BENCHMARK(Html)->Apply(Manual);
+BENCHMARK_CAPTURE(Pandas, html, "html plain")->Apply(Manual);
+BENCHMARK_CAPTURE(Pandas, html_decimals, "html decimals")->Apply(Manual);
 
 }  // namespace
