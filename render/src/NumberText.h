@@ -9,7 +9,8 @@ namespace lakresvos::render {
 
 /// Appends the shortest text that reads back as the same number, independent of any locale.
 /// Requires: the number is finite.
-inline void AppendNumber(std::string& out, double number) {
+template <class Number>
+void AppendNumber(std::string& out, Number number) {
   std::array<char, 32> digits;
   auto const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
   out.append(digits.data(), end);

@@ -1,0 +1,50 @@
+#ifndef LAKRESVOS_RENDER_JSONREADER_H
+#define LAKRESVOS_RENDER_JSONREADER_H
+
+#include <istream>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include <lakresvos/OmOutputTree.h>
+#include <lakresvos/render/Export.h>
+
+namespace lakresvos::render {
+
+/// What is wrong with a document in JSON, and where.
+///
+/// Thread safety: an object may be read from several threads.
+class LAKRESVOS_RENDER_EXPORT JsonError : public std::runtime_error {
+ public:
+  /// @param place see Place(); empty for the text as a whole.
+  JsonError(std::string const& place, std::string const& problem);
+  JsonError(JsonError const&) = default;
+  JsonError& operator=(JsonError const&) = default;
+  ~JsonError() override;
+
+  /// For what is not JSON, "LINE:COLUMN", both from 1 and the column in characters; for what is no
+  /// such document, the JSON Pointer (RFC 6901) of the offending value. What what() begins with.
+  std::string const& Place() const { return place_; }
+
+ private:
+  std::string place_;
+};
+
+/// Makes the document that a JsonRenderer wrote. Written again, it gives the same text.
+///
+/// The text must be exactly as the format has it: fields that the format does not have, fields that
+/// come twice, and cells that are not in ascending order (the first subscript varying fastest) are
+/// errors. A layout is not looked at. Numbers that are kept for the caller, such as those of
+/// footnotes, styles and axes, may name what does not exist, as in any document.
+///
+/// A short text can ask for a lot of memory by large subscripts. Beyond 134,217,728 (2^27) places in
+/// the cell stores and the subscripts of all dimensions together, the document is refused.
+///
+/// Reading takes time linear in the text, and memory for a copy of what is in it.
+///
+/// @throws JsonError; std::bad_alloc. Nothing is left behind then.
+LAKRESVOS_RENDER_EXPORT std::unique_ptr<OmOutputTree> ReadJson(std::istream& in);
+
+}  // namespace lakresvos::render
+
+#endif

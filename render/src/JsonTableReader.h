@@ -1,0 +1,21 @@
+#ifndef LAKRESVOS_RENDER_JSONTABLEREADER_H
+#define LAKRESVOS_RENDER_JSONTABLEREADER_H
+
+#include <memory>
+
+#include <cells/OmCellText.h>
+#include <lakresvos/OmPivotTable.h>
+
+#include "JsonValue.h"
+#include "PlaceBudget.h"
+
+namespace lakresvos::render {
+
+/// Makes a table from the fields that WriteTableFields() writes.
+/// @throws JsonError.
+std::unique_ptr<OmPivotTable> ReadTable(JsonObject& object, OmCellText const& label,
+                                        PlaceBudget& budget);
+
+}  // namespace lakresvos::render
+
+#endif

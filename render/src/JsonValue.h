@@ -1,0 +1,122 @@
+#ifndef LAKRESVOS_RENDER_JSONVALUE_H
+#define LAKRESVOS_RENDER_JSONVALUE_H
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lakresvos::render {
+
+/// A value of a JSON text that knows where it stands. Each operation wants one type of value and
+/// throws a JsonError with the place for any other.
+///
+/// A value refers to the one that it is in, which must outlive it.
+class JsonValue {
+ public:
+  explicit JsonValue(nlohmann::json const& root) : json_(root) {}
+  JsonValue(nlohmann::json const& json, JsonValue const& in, std::string_view name)
+      : json_(json), in_(&in), name_(name) {}
+  JsonValue(nlohmann::json const& json, JsonValue const& in, std::size_t position)
+      : json_(json), in_(&in), position_(position) {}
+
+  [[noreturn]] void Fail(std::string const& problem) const;
+
+  bool Boolean() const;
+  double Number() const;
+
+  /// A number that a float can hold.
+  float Single() const;
+
+  /// An integer between the two limits, which default to all that the type can hold.
+  template <class Type>
+  Type Integer(Type least = std::numeric_limits<Type>::min(),
+               Type most = std::numeric_limits<Type>::max()) const {
+    if (json_.is_number_unsigned()) {
+      auto const number = json_.get<std::uint64_t>();
+      bool const fits = most >= 0 && number <= static_cast<std::uint64_t>(most) &&
+                        (least <= 0 || number >= static_cast<std::uint64_t>(least));
+      if (fits) {
+        return static_cast<Type>(number);
+      }
+    } else if (json_.is_number_integer() && least < 0) {
+      auto const number = json_.get<std::int64_t>();
+      if (number >= static_cast<std::int64_t>(least) &&
+          (number < 0 || static_cast<std::uint64_t>(number) <= static_cast<std::uint64_t>(most))) {
+        return static_cast<Type>(number);
+      }
+    }
+    Fail("there should be a whole number from " + std::to_string(least) + " to " +
+         std::to_string(most));
+  }
+
+  /// A text, or an object with bytes in base64.
+  std::string Text() const;
+
+  /// The bytes of a text in base64.
+  std::string Bytes() const;
+
+  /// A text that has no other form.
+  std::string const& Plain() const;
+
+  /// The position among some names.
+  template <class Names>
+  std::size_t Choice(Names const& names) const {
+    std::string const& text = Plain();
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      if (text == names[i]) {
+        return i;
+      }
+    }
+    Fail("there is no such choice");
+  }
+
+  /// The number of elements of an array.
+  std::size_t Count() const;
+
+  /// An element of an array. Requires: `position` is below Count().
+  JsonValue Element(std::size_t position) const { return {json_[position], *this, position}; }
+
+  /// The fields of an object.
+  nlohmann::json::object_t const& Fields() const;
+
+  std::string Pointer() const;
+
+ private:
+  nlohmann::json const& json_;
+  JsonValue const* in_ = nullptr;
+  std::string_view name_;
+  std::optional<std::size_t> position_;
+};
+
+/// The fields of an object, asked for by name. All that were not asked for are errors in the end.
+class JsonObject {
+ public:
+  /// @param value must outlive the object.
+  explicit JsonObject(JsonValue const& value) : value_(value), fields_(value.Fields()) {}
+
+  JsonValue const& Value() const { return value_; }
+
+  /// A field, if there is one of the name.
+  /// Requires: `name` outlives the object and is asked for once.
+  std::optional<JsonValue> Find(std::string_view name);
+
+  /// A field that must be there. Requires: as Find().
+  JsonValue At(std::string_view name);
+
+  /// Refuses fields that were not asked for.
+  void Finish() const;
+
+ private:
+  JsonValue const& value_;
+  nlohmann::json::object_t const& fields_;
+  std::vector<std::string_view> known_;  // of those that are there
+};
+
+}  // namespace lakresvos::render
+
+#endif
