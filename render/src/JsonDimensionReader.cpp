@@ -26,6 +26,7 @@ void SetSize(OmDimension& dimension, unsigned int size) {
     return;
   }
   OmStringCell const passing("");
+  dimension.value.group = true;
   dimension.AddNewChild(dimension.Root(), passing, size - 1, false);
   Node last = dimension.AddNewChild(dimension.Root(), passing, 0, true);
   dimension.Delete(last);

@@ -85,23 +85,6 @@ TEST(HtmlText, BrokenTextIsReplaced) {
   EXPECT_EQ(HtmlText("a\xFF\x02z"), "a\xEF\xBF\xBD\xEF\xBF\xBDz");
 }
 
-TEST(HtmlText, Base64) {
-  auto const encoded = [](std::string const& bytes) {
-    std::string text;
-    AppendBase64(text, bytes);
-    return text;
-  };
-  // The test vectors of RFC 4648
-  EXPECT_EQ(encoded(""), "");
-  EXPECT_EQ(encoded("f"), "Zg==");
-  EXPECT_EQ(encoded("fo"), "Zm8=");
-  EXPECT_EQ(encoded("foo"), "Zm9v");
-  EXPECT_EQ(encoded("foob"), "Zm9vYg==");
-  EXPECT_EQ(encoded("fooba"), "Zm9vYmE=");
-  EXPECT_EQ(encoded("foobar"), "Zm9vYmFy");
-  EXPECT_EQ(encoded("\xFF\xEF"), "/+8=");
-}
-
 TEST(HtmlLanguage, TagOfALocale) {
   EXPECT_EQ(LanguageOf("en_US.UTF-8"), "en-US");
   EXPECT_EQ(LanguageOf("de"), "de");
