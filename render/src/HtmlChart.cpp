@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <string_view>
 
+#include "Base64.h"
 #include "CellText.h"
 #include "HtmlText.h"
 #include "ItemAnnouncement.h"

@@ -52,19 +52,4 @@ std::string HtmlText(std::string_view text) {
   return html;
 }
 
-void AppendBase64(std::string& out, std::string_view bytes) {
-  static constexpr char kDigits[] =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  for (std::size_t i = 0; i < bytes.size(); i += 3) {
-    std::size_t const count = std::min<std::size_t>(3, bytes.size() - i);
-    unsigned int three = 0;
-    for (std::size_t k = 0; k < 3; ++k) {
-      three = three << 8 | (k < count ? static_cast<unsigned char>(bytes[i + k]) : 0U);
-    }
-    for (std::size_t k = 0; k < 4; ++k) {
-      out += k <= count ? kDigits[three >> (18 - 6 * k) & 63U] : '=';
-    }
-  }
-}
-
 }  // namespace lakresvos::render

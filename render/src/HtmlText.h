@@ -12,9 +12,6 @@ void AppendHtml(std::string& out, std::string_view text);
 
 std::string HtmlText(std::string_view text);
 
-/// Appends bytes in base64.
-void AppendBase64(std::string& out, std::string_view bytes);
-
 }  // namespace lakresvos::render
 
 #endif
