@@ -110,12 +110,12 @@ class MainVisitor : public PartVisitor {
   void Visit(OmProcedure& procedure) override { WriteHeading(procedure.OutlineText()); }
 
   void Visit(OmTextBlock& block) override {
-    out_ << "<section class=\"text\" id=\"" << PartId(part_) << "\">";
+    out_ << "<div class=\"text\" id=\"" << PartId(part_) << "\">";
     std::string const label = HtmlText(TextOf(block.Label()));
     if (!label.empty()) {
       out_ << "<p class=\"label\">" << label << "</p>";
     }
-    out_ << "<pre>\n" << HtmlText(block.Text()) << "</pre></section>\n";
+    out_ << "<pre>\n" << HtmlText(block.Text()) << "</pre></div>\n";
     out_.Drain();
   }
 

@@ -162,8 +162,8 @@ TEST(HtmlRenderer, TextsKeepTheirLines) {
   document.begin().AppendChild(new OmPageTitle("Page"));
   EXPECT_EQ(Main(document),
             "<h1 id=\"part-0\">Output</h1>\n"
-            "<section class=\"text\" id=\"part-1\"><p class=\"label\">&lt;Log&gt;</p><pre>\n"
-            "\na\n b</pre></section>\n"
+            "<div class=\"text\" id=\"part-1\"><p class=\"label\">&lt;Log&gt;</p><pre>\n"
+            "\na\n b</pre></div>\n"
             "<p class=\"page-title\" id=\"part-2\">Page</p>\n");
 }
 

@@ -22,3 +22,20 @@ for (const [number, pivot] of document.querySelectorAll(".pivot").entries()) {
     show();
   }
 }
+
+// Row headings of several levels stay in sight side by side: each as far in as those before it reach.
+for (const table of document.querySelectorAll(".pivot-table")) {
+  for (let level = 1, offset = 0; ; ++level) {
+    const before = table.querySelector(`tbody .h${level - 1}:not([colspan])`);
+    const cells = table.querySelectorAll(`.h${level}`);
+    if (before === null || cells.length === 0) {
+      break;
+    }
+    offset += before.offsetWidth;
+    for (const cell of cells) {
+      cell.style.position = "sticky";
+      cell.style.insetInlineStart = offset + "px";
+      cell.style.zIndex = "1";
+    }
+  }
+}
