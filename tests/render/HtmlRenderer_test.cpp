@@ -9,6 +9,7 @@
 #include <lakresvos/OmTextBlock.h>
 #include <lakresvos/render/HtmlRenderer.h>
 
+#include "Base64.h"
 #include "HtmlChart.h"
 #include "HtmlLanguage.h"
 #include "HtmlText.h"

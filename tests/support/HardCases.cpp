@@ -157,7 +157,7 @@ void LongTexts(Table& table) {
   for (int i = 0; i < 200; ++i) {
     words += "word ";
   }
-  AddCategories(table, words.c_str(), {words.c_str(), "b"});
+  AddCategories(table, words, {words.c_str(), "b"});
   std::string const word(1000, 'x');
   AddCategories(table, "c", {word.c_str()});
   table.Place({0}, {1});

@@ -12,6 +12,7 @@ import sys
 
 import read_csv
 import read_html
+import read_json
 import read_markdown
 
 MOST_DIFFERENCES = 10
@@ -38,6 +39,10 @@ def main():
         "HTML": (
             read_html.tables(directory / "document.html"),
             read_html.expected_tables(tables),
+        ),
+        "JSON": (
+            read_json.tables(directory / "document.json"),
+            read_json.expected_tables(tables),
         ),
         "Markdown": (
             read_markdown.pipe_tables(directory / "document.md"),

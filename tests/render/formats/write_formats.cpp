@@ -7,6 +7,7 @@
 #include <lakresvos/OmPivotTable.h>
 #include <lakresvos/render/CsvRenderer.h>
 #include <lakresvos/render/HtmlRenderer.h>
+#include <lakresvos/render/JsonRenderer.h>
 #include <lakresvos/render/LayerGrids.h>
 #include <lakresvos/render/MarkdownRenderer.h>
 
@@ -110,6 +111,12 @@ int main(int argc, char** argv) {
   {
     std::ofstream out = file("document.html");
     RenderHtml(document, out);
+  }
+  {
+    std::ofstream out = file("document.json");
+    JsonOptions options;
+    options.layout = true;
+    JsonRenderer(out, options).Render(document);
   }
   {
     std::ofstream out = file("document.md");
