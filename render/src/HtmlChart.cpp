@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
-#include <string_view>
 
 #include "Base64.h"
 #include "CellText.h"
 #include "HtmlText.h"
+#include "ImageType.h"
 #include "ItemAnnouncement.h"
 #include "NumberText.h"
 
@@ -82,24 +82,6 @@ std::string DataTable(std::string const& text, std::string const& caption) {
 }
 
 }  // namespace
-
-std::string ImageType(std::string const& bytes) {
-  std::string_view const start = bytes;
-  if (start.substr(0, 8) == "\x89PNG\r\n\x1A\n") {
-    return "image/png";
-  }
-  if (start.substr(0, 3) == "\xFF\xD8\xFF") {
-    return "image/jpeg";
-  }
-  std::size_t const bom = start.substr(0, 3) == "\xEF\xBB\xBF" ? 3 : 0;
-  std::size_t const markup = start.find_first_not_of(" \t\r\n", bom);
-  std::string_view const text = markup < start.size() ? start.substr(markup) : "";
-  bool const xml = text.substr(0, 5) == "<?xml" || text.substr(0, 4) == "<!--" ||
-                   text.substr(0, 9) == "<!DOCTYPE";
-  bool const svg = text.substr(0, 4) == "<svg" ||
-                   (xml && text.substr(0, 4096).find("<svg") != std::string_view::npos);
-  return svg ? "image/svg+xml" : "";
-}
 
 std::string HtmlChart(OmChart const& chart) {
   std::string const label = HtmlText(TextOf(chart.Label()));

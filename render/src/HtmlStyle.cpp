@@ -8,6 +8,7 @@
 
 #include "AreaAlignment.h"
 #include "CleanText.h"
+#include "Colour.h"
 #include "NumberText.h"
 
 namespace lakresvos::render {
@@ -30,11 +31,6 @@ constexpr std::array<AreaSelector, 9> kSelectors = {{
     {FormatArea::AreaLayers, " .layer-line"},
     {FormatArea::AreaFrame, " .pivot-table"},
 }};
-
-bool IsColour(std::string const& text) {
-  return (text.size() == 4 || text.size() == 7) && text[0] == '#' &&
-         text.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string::npos;
-}
 
 /// The share of each of red, green and blue, from 0 to 15.
 int Digit(char c) {

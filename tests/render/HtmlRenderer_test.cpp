@@ -13,6 +13,7 @@
 #include "HtmlChart.h"
 #include "HtmlLanguage.h"
 #include "HtmlText.h"
+#include "ImageType.h"
 #include "RenderTables.h"
 
 using namespace lakresvos::render;
@@ -371,7 +372,7 @@ TEST(HtmlRenderer, CellStylesBecomeClasses) {
 
 // Charts and other items
 
-TEST(HtmlChart, ImagesAreToldByTheirContent) {
+TEST(ImageType, ImagesAreToldByTheirContent) {
   EXPECT_EQ(ImageType("\x89PNG\r\n\x1A\n..."), "image/png");
   EXPECT_EQ(ImageType("\xFF\xD8\xFF\xE0"), "image/jpeg");
   EXPECT_EQ(ImageType("<svg xmlns=''>"), "image/svg+xml");
