@@ -1,5 +1,7 @@
 #include "CsvRecord.h"
 
+#include <algorithm>
+
 #include "CleanText.h"
 
 namespace lakresvos::render {
@@ -23,8 +25,9 @@ bool LooksLikeAFormula(std::string_view text) {
 }
 
 bool NeedsQuotes(std::string_view text) {
+  auto const isSpecial = [](char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; };
   return !text.empty() && (text.front() == ' ' || text.back() == ' ' ||
-                           text.find_first_of(",\"\r\n") != std::string_view::npos);
+                           std::any_of(text.begin(), text.end(), isSpecial));
 }
 
 }  // namespace

@@ -185,6 +185,7 @@ TEST(Document, ChartStandsBehindItsTable) {
   auto* const first = ItemAt<OmChart>(document, 5);
   ASSERT_NE(first, nullptr);
   EXPECT_EQ(first->GetChartSubType(), ChartXMLBar);
+  EXPECT_NE(first->GetImageData().find("<svg "), std::string::npos);
   EXPECT_EQ(first->GetViZJSONData(),
             R"({"categories":["1"],"series":[{"name":"","values":[2.0]}]})");
   auto* const second = ItemAt<OmChart>(document, 7);

@@ -131,7 +131,21 @@ TEST(OptionErrors, UnknownOption) {
 }
 
 TEST(OptionErrors, UnknownFormat) {
-  EXPECT_EQ(ErrorIn({"a.csv", "--format", "tablet"}), "--format: tablet not in {text}");
+  EXPECT_EQ(ErrorIn({"a.csv", "--format", "tex"}),
+            "--format: tex not in {text,html,markdown,csv,json}");
+}
+
+TEST(Options, ReadEveryFormat) {
+  EXPECT_EQ(Parse({"a.csv", "--format", "text"}).options->format, OutputFormat::Text);
+  EXPECT_EQ(Parse({"a.csv", "--format", "html"}).options->format, OutputFormat::Html);
+  EXPECT_EQ(Parse({"a.csv", "--format", "markdown"}).options->format, OutputFormat::Markdown);
+  EXPECT_EQ(Parse({"a.csv", "--format", "csv"}).options->format, OutputFormat::Csv);
+}
+
+TEST(Options, ReadTheShapeOfCsv) {
+  EXPECT_FALSE(Parse({"a.csv"}).options->csvDisplay);
+  EXPECT_TRUE(Parse({"a.csv", "--csv-shape", "display"}).options->csvDisplay);
+  EXPECT_TRUE(Parse({"a.csv", "--csv-safe"}).options->csvSafe);
 }
 
 TEST(OptionErrors, UnknownLayers) {

@@ -9,6 +9,7 @@
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmTextBlock.h>
 
+#include "BarChart.h"
 #include "CategoryGroups.h"
 #include "ChartData.h"
 #include "ColumnNumbers.h"
@@ -79,9 +80,11 @@ bool CanChart(Formula const& formula) {
 std::unique_ptr<OmChart> MakeChart(OmPivotTable const& table, Formula const& formula, bool totals,
                                    long long id) {
   auto chart = std::make_unique<OmChart>(*table.Label(), "", id);
-  std::string const json =
-      JsonOf(ChartDataOf(table, formula.rows.size() + formula.columns.size(), totals));
+  ChartData const data = ChartDataOf(table, formula.rows.size() + formula.columns.size(), totals);
+  std::string const json = JsonOf(data);
+  std::string const picture = BarChartSvg(data);
   chart->SetViZJSON(json.data(), static_cast<unsigned int>(json.size()));
+  chart->SetImageStream(picture.data(), static_cast<unsigned int>(picture.size()));
   chart->SetImageSubType(ChartXMLBar);
   return chart;
 }

@@ -47,8 +47,9 @@ struct Texts {
   std::string csvShape = "long";
 };
 
-constexpr std::array<std::pair<char const*, OutputFormat>, 4> kFormats = {{
+constexpr std::array<std::pair<char const*, OutputFormat>, 5> kFormats = {{
     {"text", OutputFormat::Text},
+    {"html", OutputFormat::Html},
     {"markdown", OutputFormat::Markdown},
     {"csv", OutputFormat::Csv},
     {"json", OutputFormat::Json},

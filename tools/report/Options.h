@@ -12,7 +12,7 @@
 namespace lakresvos::report {
 
 /// What the document is written as.
-enum class OutputFormat { Text, Markdown, Csv, Json };
+enum class OutputFormat { Text, Html, Markdown, Csv, Json };
 
 /// What the program is asked to do.
 struct Options {

@@ -1,6 +1,7 @@
 #include "Rendering.h"
 
 #include <lakresvos/render/CsvRenderer.h>
+#include <lakresvos/render/HtmlRenderer.h>
 #include <lakresvos/render/JsonRenderer.h>
 #include <lakresvos/render/MarkdownRenderer.h>
 #include <lakresvos/render/TextRenderer.h>
@@ -28,6 +29,9 @@ void Render(OmOutputTree& document, Options const& options, std::ostream& out) {
       render::TextRenderer(out, text).Render(document);
       break;
     }
+    case OutputFormat::Html:
+      render::RenderHtml(document, out, With<render::HtmlOptions>(options));
+      break;
     case OutputFormat::Markdown:
       render::MarkdownRenderer(out, With<render::TableOptions>(options)).Render(document);
       break;

@@ -1,0 +1,16 @@
+#ifndef LAKRESVOS_RENDER_HTMLLANGUAGE_H
+#define LAKRESVOS_RENDER_HTMLLANGUAGE_H
+
+#include <string>
+
+namespace lakresvos::render {
+
+/// The language tag of a locale, "en-US" for "en_US.UTF-8"; empty when the locale names none.
+std::string LanguageOf(std::string const& locale);
+
+/// ` lang="..." dir="..."` for a language tag.
+std::string LanguageAttributes(std::string const& language);
+
+}  // namespace lakresvos::render
+
+#endif

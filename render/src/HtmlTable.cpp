@@ -1,0 +1,211 @@
+#include "HtmlTable.h"
+
+#include <utility>
+#include <vector>
+
+#include "CellText.h"
+#include "NumberCell.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+class HtmlTable {
+ public:
+  HtmlTable(OutputBuffer& out, DisplayGrid const& grid, HtmlNotes& notes, std::string const& prefix)
+      : out_(out),
+        grid_(grid),
+        notes_(notes),
+        prefix_(prefix),
+        named_(grid.HeadingRows() > 1 || grid.HeadingColumns() > 1),
+        columnHeaders_(named_ ? static_cast<std::size_t>(grid.Columns()) : 0),
+        rowHeaders_(static_cast<std::size_t>(grid.HeadingColumns())) {}
+
+  void Write(std::string const& caption, std::string const& foot) {
+    out_ << "<table class=\"pivot-table\"><caption>" << caption << "</caption>";
+    WriteColumnGroups();
+    WriteHead();
+    WriteBodies();
+    WriteFoot(foot);
+    out_ << "</table>\n";
+  }
+
+ private:
+  static bool IsHeader(GridCell const& cell) { return !TextOf(cell.label).empty(); }
+
+  std::string IdOf(GridCell const& cell) const {
+    return prefix_ + "r" + std::to_string(cell.row) + "c" + std::to_string(cell.column);
+  }
+
+  /// One for the row headings and one for each outermost column heading.
+  void WriteColumnGroups() {
+    if (grid_.HeadingColumns() > 0) {
+      WriteColumnGroup(grid_.HeadingColumns());
+    }
+    if (grid_.HeadingRows() == 0) {
+      if (grid_.Columns() > grid_.HeadingColumns()) {
+        WriteColumnGroup(grid_.Columns() - grid_.HeadingColumns());
+      }
+      return;
+    }
+    for (GridCell const& cell : grid_.Frame(0)) {
+      if (cell.role == GridRole::ColumnHeading) {
+        WriteColumnGroup(cell.columnSpan);
+      }
+    }
+  }
+
+  void WriteColumnGroup(int columns) { out_ << "<colgroup span=\"" << columns << "\"></colgroup>"; }
+
+  void WriteHead() {
+    if (grid_.HeadingRows() == 0) {
+      return;
+    }
+    out_ << "<thead>";
+    for (int row = 0; row < grid_.HeadingRows(); ++row) {
+      out_ << "<tr>";
+      for (GridCell const& cell : grid_.Frame(row)) {
+        WriteHeading(cell, cell.columnSpan > 1 ? "colgroup" : "col");
+        if (named_ && cell.role == GridRole::ColumnHeading && IsHeader(cell)) {
+          for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
+            columnHeaders_[static_cast<std::size_t>(c)] += " " + IdOf(cell);
+          }
+        }
+      }
+      out_ << "</tr>\n";
+    }
+    out_ << "</thead>\n";
+  }
+
+  void WriteHeading(GridCell const& cell, char const* scope) {
+    bool const header = IsHeader(cell);
+    out_ << (header ? "<th" : "<td");
+    if (cell.role == GridRole::Corner) {
+      out_ << " class=\"corner h" << cell.column << '"';
+    } else if (cell.role == GridRole::RowHeading) {
+      out_ << " class=\"h" << cell.column << '"';
+    }
+    if (header && named_) {
+      out_ << " id=\"" << IdOf(cell) << '"';
+    }
+    if (header) {
+      out_ << " scope=\"" << scope << '"';
+    }
+    WriteSpan("colspan", cell.columnSpan);
+    WriteSpan("rowspan", cell.rowSpan);
+    out_ << '>';
+    notes_.Append(out_.Text(), cell.label);
+    out_ << (header ? "</th>" : "</td>");
+  }
+
+  void WriteSpan(char const* name, int span) {
+    if (span > 1) {
+      out_ << ' ' << name << "=\"" << span << '"';
+    }
+  }
+
+  /// A body for each outermost row heading, those of single rows together.
+  void WriteBodies() {
+    bool open = false;
+    for (int row = grid_.HeadingRows(); row < grid_.Rows(); ++row) {
+      if (bool const starts = StartsGroup(row); !open || starts) {
+        out_ << (open ? "</tbody>\n<tbody>" : "<tbody>");
+        open = true;
+      }
+      WriteRow(row);
+      out_.Drain();
+    }
+    if (open) {
+      out_ << "</tbody>\n";
+    }
+  }
+
+  bool StartsGroup(int row) {
+    GridCells const cells = grid_.Frame(row);
+    if (cells.begin() == cells.end() || cells.begin()->column != 0) {
+      return false;
+    }
+    int const before = std::exchange(groupRows_, cells.begin()->rowSpan);
+    return before > 1 || groupRows_ > 1;
+  }
+
+  void WriteRow(int row) {
+    out_ << "<tr>";
+    for (GridCell const& cell : grid_.Frame(row)) {
+      WriteHeading(cell, cell.rowSpan > 1 ? "rowgroup" : "row");
+      for (int c = cell.column; named_ && c < cell.column + cell.columnSpan; ++c) {
+        bool const first = c == cell.column && IsHeader(cell);
+        rowHeaders_[static_cast<std::size_t>(c)] = first ? " " + IdOf(cell) : "";
+      }
+    }
+    std::string headers;
+    for (std::string const& header : rowHeaders_) {
+      headers += header;
+    }
+    DisplayGrid::BodyRow cells = grid_.Body(row);
+    for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
+      WriteCell(cells.Cell(column), column, headers);
+    }
+    out_ << "</tr>\n";
+  }
+
+  void WriteCell(OmCellText* cell, int column, std::string const& rowHeaders) {
+    std::string& out = out_.Text();
+    out += "<td";
+    if (cell != nullptr) {
+      AppendClass(out, *cell);
+    }
+    if (named_) {
+      std::string const& above = columnHeaders_[static_cast<std::size_t>(column)];
+      if (!rowHeaders.empty() || !above.empty()) {
+        out += " headers=\"";
+        out.append(rowHeaders.empty() ? above : rowHeaders, 1);
+        if (!rowHeaders.empty()) {
+          out += above;
+        }
+        out += '"';
+      }
+    }
+    out += '>';
+    notes_.Append(out, cell);
+    out += "</td>";
+  }
+
+  void AppendClass(std::string& out, OmCellText& cell) const {
+    bool const number = NumberOf(cell).has_value();
+    std::size_t const style = cell.hasMeta() ? cell.getMeta()->getStyle() : 0;
+    if (style == 0 || style >= grid_.Table().getCellStyles().size()) {
+      out += number ? " class=\"n\"" : "";
+    } else {
+      out += (number ? " class=\"n s" : " class=\"s") + std::to_string(style) + '"';
+    }
+  }
+
+  void WriteFoot(std::string const& foot) {
+    std::string notes;
+    notes_.AppendNotes(notes);
+    if (!notes.empty() || !foot.empty()) {
+      out_ << "<tfoot><tr><td colspan=\"" << grid_.Columns() << "\">" << notes << foot
+           << "</td></tr></tfoot>";
+    }
+  }
+
+  OutputBuffer& out_;
+  DisplayGrid const& grid_;
+  HtmlNotes& notes_;
+  std::string const& prefix_;
+  int groupRows_ = 1;                       // how many rows the newest outermost heading has
+  bool named_;                              // whether header cells have ids
+  std::vector<std::string> columnHeaders_;  // per column, " id" of each header above
+  std::vector<std::string> rowHeaders_;     // per heading column, " id" of the header of this row
+};
+
+}  // namespace
+
+void WriteHtmlTable(OutputBuffer& out, DisplayGrid const& grid, HtmlNotes& notes,
+                    std::string const& prefix, std::string const& caption,
+                    std::string const& foot) {
+  HtmlTable(out, grid, notes, prefix).Write(caption, foot);
+}
+
+}  // namespace lakresvos::render

@@ -1,0 +1,17 @@
+#ifndef LAKRESVOS_RENDER_HTMLTEXT_H
+#define LAKRESVOS_RENDER_HTMLTEXT_H
+
+#include <string>
+#include <string_view>
+
+namespace lakresvos::render {
+
+/// Appends any text, cleaned and escaped so that it can stand in an element and in an attribute in
+/// double quotes.
+void AppendHtml(std::string& out, std::string_view text);
+
+std::string HtmlText(std::string_view text);
+
+}  // namespace lakresvos::render
+
+#endif

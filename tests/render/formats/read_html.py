@@ -1,0 +1,98 @@
+"""What an HTML page shows as pivot tables."""
+
+import html.parser
+
+
+class PivotTables(html.parser.HTMLParser):
+    """Gathers each table as its title, the name of its layer, and its rows with spans expanded."""
+
+    def __init__(self):
+        super().__init__()
+        self.tables = []
+        self.texts = None  # where the pieces of the text at hand go
+        self.hidden = 0  # elements open that are no part of the text: marks of footnotes
+        self.foot = False
+        self.inside = False
+
+    def handle_starttag(self, tag, attributes):
+        attributes = dict(attributes)
+        if tag == "table":
+            self.inside = attributes.get("class") == "pivot-table"
+            if self.inside:
+                self.tables.append({"title": [], "name": [], "sections": []})
+        if not self.inside:
+            return
+        table = self.tables[-1]
+        if tag == "span" and attributes.get("class") == "title":
+            self.texts = table["title"]
+        elif tag == "span" and attributes.get("class") == "layer-line":
+            self.texts = table["name"]
+        elif tag in ("thead", "tbody"):
+            table["sections"].append([])
+        elif tag == "tfoot":
+            self.foot = True
+        elif tag == "tr" and not self.foot:
+            table["sections"][-1].append([])
+        elif tag in ("td", "th") and not self.foot:
+            self.texts = []
+            rows, columns = (int(attributes.get(name, 1)) for name in ("rowspan", "colspan"))
+            table["sections"][-1][-1].append((self.texts, rows, columns))
+        elif tag == "br" and self.texts is not None:
+            self.texts.append("\n")
+        elif tag == "sup":
+            self.hidden += 1
+
+    def handle_endtag(self, tag):
+        if tag in ("span", "td", "th"):
+            self.texts = None
+        elif tag == "sup":
+            self.hidden -= 1
+        elif tag == "tfoot":
+            self.foot = False
+        elif tag == "table":
+            self.inside = False
+
+    def handle_data(self, data):
+        if self.texts is not None and not self.hidden:
+            self.texts.append(data)
+
+
+def expanded(section):
+    """The rows of a section with each text at every place that its cell reaches over. As in a
+    browser, cells do not reach beyond their section and must not overlap."""
+    places = {}
+    for i, row in enumerate(section):
+        column = 0
+        for texts, rows, columns in row:
+            while (i, column) in places:
+                column += 1
+            for place in ((i + r, column + c) for r in range(rows) for c in range(columns)):
+                if place[0] >= len(section):
+                    continue
+                if place in places:
+                    raise ValueError(f"two cells at {place}")
+                places[place] = "".join(texts)
+            column += columns
+    return [[places[place] for place in sorted(places) if place[0] == i] for i in range(len(section))]
+
+
+def tables(path):
+    parser = PivotTables()
+    parser.feed(path.read_bytes().decode("utf-8"))
+    return [
+        {
+            "title": "".join(table["title"]),
+            "name": "".join(table["name"]),
+            "rows": [row for section in table["sections"] for row in expanded(section)],
+        }
+        for table in parser.tables
+    ]
+
+
+def expected_tables(tables):
+    return [
+        {"title": table["title"], "name": layer["name"], "rows": layer["rows"]}
+        for table in tables
+        for layer in table["layers"]
+        if layer["rows"] and layer["rows"][0]
+    ]

@@ -1,0 +1,125 @@
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include <lakresvos/OmPivotTable.h>
+#include <lakresvos/render/CsvRenderer.h>
+#include <lakresvos/render/HtmlRenderer.h>
+#include <lakresvos/render/JsonRenderer.h>
+#include <lakresvos/render/LayerGrids.h>
+#include <lakresvos/render/MarkdownRenderer.h>
+
+#include "CellText.h"
+#include "CleanText.h"
+#include "LayerLine.h"
+#include "RepeatedFrame.h"
+#include "support/HardCases.h"
+
+// Writes the document of hard cases in every format, and its grids themselves as "grids.json":
+// what the formats have to show.
+
+namespace {
+
+using namespace lakresvos::render;
+using nlohmann::json;
+
+std::string Clean(OmCellText const* label) {
+  return CleanText(TextOf(label));
+}
+
+json RowsOf(DisplayGrid const& grid) {
+  json rows = json::array();
+  RepeatedFrame frame(grid);
+  while (frame.Next()) {
+    json row = json::array();
+    int const labels = frame.InHeading() ? grid.Columns() : grid.HeadingColumns();
+    for (int column = 0; column < labels; ++column) {
+      row.push_back(Clean(frame.At(column).label));
+    }
+    if (!frame.InHeading()) {
+      DisplayGrid::BodyRow body = grid.Body(frame.Row());
+      for (int column = labels; column < grid.Columns(); ++column) {
+        row.push_back(Clean(body.Cell(column)));
+      }
+    }
+    rows.push_back(std::move(row));
+  }
+  return rows;
+}
+
+/// The cells of the frame that reach over others: row, column, and how many of each.
+json SpansOf(DisplayGrid const& grid) {
+  json spans = json::array();
+  for (GridCell const& cell : grid.Frame()) {
+    if (cell.rowSpan > 1 || cell.columnSpan > 1) {
+      spans.push_back({cell.row, cell.column, cell.rowSpan, cell.columnSpan});
+    }
+  }
+  return spans;
+}
+
+json LayersOf(OmPivotTable& table) {
+  json layers = json::array();
+  LayerGrids grids(table, {});
+  while (DisplayGrid const* grid = grids.Next()) {
+    layers.push_back({{"name", LayerLine(grid->LayerLabels(), Clean)},
+                      {"headingRows", grid->HeadingRows()},
+                      {"headingColumns", grid->HeadingColumns()},
+                      {"spans", SpansOf(*grid)},
+                      {"rows", RowsOf(*grid)}});
+  }
+  return layers;
+}
+
+json GridsOf(OmOutputTree& document) {
+  json tables = json::array();
+  for (auto node = document.begin(); !node.AtEnd(); ++node) {
+    auto* const table = dynamic_cast<OmPivotTable*>(*node);
+    if (table != nullptr && table->Show()) {
+      tables.push_back({{"title", Clean(HeadlineOf(*table))}, {"layers", LayersOf(*table)}});
+    }
+  }
+  return tables;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::cerr << "usage: write_formats DIRECTORY\n";
+    return 2;
+  }
+  std::filesystem::path const directory = argv[1];
+  std::filesystem::create_directories(directory);
+  auto const file = [&](char const* name) {
+    std::ofstream out;
+    out.exceptions(std::ios::failbit | std::ios::badbit);
+    out.open(directory / name, std::ios::binary);
+    return out;
+  };
+  OmOutputTree document;
+  AppendHardCases(document);
+  file("grids.json") << GridsOf(document).dump();
+  {
+    std::ofstream out = file("tables.csv");
+    CsvOptions options;
+    options.shape = CsvOptions::Shape::Display;
+    CsvRenderer(out, options).Render(document);
+  }
+  {
+    std::ofstream out = file("document.html");
+    RenderHtml(document, out);
+  }
+  {
+    std::ofstream out = file("document.json");
+    JsonOptions options;
+    options.layout = true;
+    JsonRenderer(out, options).Render(document);
+  }
+  {
+    std::ofstream out = file("document.md");
+    MarkdownRenderer(out).Render(document);
+  }
+}

@@ -1,0 +1,36 @@
+#ifndef TOOLS_REPORT_AXISSCALE_H
+#define TOOLS_REPORT_AXISSCALE_H
+
+#include <string>
+
+namespace lakresvos::report {
+
+/// The axis of a chart: a handful of ticks at round numbers that enclose zero and all values.
+class AxisScale {
+ public:
+  /// @param whole whether the values are whole numbers, which nothing between two ticks could be.
+  /// Requires: both are finite.
+  AxisScale(double lowest, double highest, bool whole);
+
+  /// The number of ticks, at least 2.
+  int Ticks() const { return last_ - first_ + 1; }
+
+  /// Where a tick, from 0, or a value stands: from 0 at the lowest tick to 1 at the highest one.
+  double TickPosition(int tick) const;
+  double Position(double value) const;
+
+  /// The number at a tick, with as many decimals as the ticks need.
+  std::string TickLabel(int tick) const;
+
+ private:
+  // A tick is a multiple of one, two or five at a power of ten: whole numbers give exact labels.
+  int factor_ = 1;
+  int exponent_ = 0;
+  double step_;
+  int first_;
+  int last_;
+};
+
+}  // namespace lakresvos::report
+
+#endif
