@@ -46,16 +46,15 @@ std::vector<Number> ReadIntegers(JsonObject& object, std::string_view name) {
 template <class Owner, class Object, class Value>
 void ReadAttribute(JsonObject& from, Owner& owner, Attribute<Object, Value> const& attribute) {
   std::optional<JsonValue> const field = from.Find(attribute.name);
-  if (!field) {
-    return;
-  }
+  Value value = attribute.initial;
   if constexpr (std::is_same_v<Value, bool>) {
-    (owner.*attribute.set)(field->Boolean());
+    value = field ? field->Boolean() : value;
   } else if constexpr (std::is_same_v<Value, float>) {
-    (owner.*attribute.set)(field->Single());
+    value = field ? field->Single() : value;
   } else {
-    (owner.*attribute.set)(field->Integer<Value>());
+    value = field ? field->template Integer<Value>() : value;
   }
+  (owner.*attribute.set)(value);
 }
 
 template <class Owner, class Object>

@@ -69,8 +69,8 @@ JsonError::JsonError(std::string const& place, std::string const& problem)
 JsonError::~JsonError() = default;
 
 std::unique_ptr<OmOutputTree> ReadJson(std::istream& in) {
-  nlohmann::json const json = ParseJson(ReadAll(in));
-  JsonValue const root(json);
+  JsonData const data = ParseJson(ReadAll(in));
+  JsonValue const root(data);
   JsonObject document(root);
   CheckFormat(document);
   JsonValue const parts = document.At("parts");

@@ -1,9 +1,8 @@
 #include "JsonText.h"
 
 #include <algorithm>
-#include <cstddef>
+#include <nlohmann/json.hpp>
 #include <utility>
-#include <vector>
 
 #include <lakresvos/render/JsonReader.h>
 
@@ -11,38 +10,44 @@ namespace lakresvos::render {
 
 namespace {
 
-using Json = nlohmann::json;
-
 /// The bytes of a text in a part of a composite in the label of a node stand deepest.
 constexpr std::size_t kDeepest = 12;
 
+/// More than the fields of a table, which has most.
+constexpr std::size_t kMostFields = 64;
+
 /// Builds the value event by event; what a hostile text could do to a parser that takes everything
 /// is refused as it comes.
-class ValueBuilder : public nlohmann::json_sax<Json> {
+class ValueBuilder : public nlohmann::json_sax<nlohmann::json> {
  public:
   explicit ValueBuilder(std::string const& text) : text_(text) {}
 
-  Json Result() { return std::move(result_); }
+  JsonData Result() { return std::move(result_); }
 
   bool null() override { return Add(nullptr); }
   bool boolean(bool value) override { return Add(value); }
-  bool number_integer(number_integer_t value) override { return Add(value); }
-  bool number_unsigned(number_unsigned_t value) override { return Add(value); }
+  bool number_integer(number_integer_t value) override { return Add(std::int64_t{value}); }
+  bool number_unsigned(number_unsigned_t value) override { return Add(std::uint64_t{value}); }
   bool number_float(number_float_t value, string_t const& /*text*/) override { return Add(value); }
   bool string(string_t& value) override { return Add(std::move(value)); }
-  bool binary(binary_t& value) override { return Add(std::move(value)); }
-  bool start_object(std::size_t /*size*/) override { return Open(Json::object()); }
-  bool start_array(std::size_t /*size*/) override { return Open(Json::array()); }
+  bool binary(binary_t& /*value*/) override { return Add(nullptr); }  // no JSON text has any
+  bool start_object(std::size_t /*size*/) override { return Open(JsonData::Object()); }
+  bool start_array(std::size_t /*size*/) override { return Open(JsonData::Array()); }
   bool end_object() override { return Close(); }
   bool end_array() override { return Close(); }
 
   bool key(string_t& name) override {
-    auto const [field, fresh] = open_.back()->get_ref<Json::object_t&>().emplace(name, nullptr);
-    names_.back() = name;
+    auto& fields = std::get<JsonData::Object>(open_.back()->value);
+    bool const fresh =
+        std::none_of(fields.begin(), fields.end(),
+                     [&](JsonData::Field const& field) { return field.name == name; });
+    if (fields.size() == kMostFields) {
+      throw JsonError(Pointer(), "nothing in a document has more fields than there are up to here");
+    }
+    fields.push_back({std::move(name), {}});
     if (!fresh) {
       throw JsonError(Pointer(), "the field comes twice");
     }
-    field_ = &field->second;
     return true;
   }
 
@@ -70,60 +75,69 @@ class ValueBuilder : public nlohmann::json_sax<Json> {
     return "this is not JSON: " + std::string(what.substr(0, what.find("; last read")));
   }
 
-  Json& Place(Json&& value) {
-    if (open_.empty()) {
-      return result_ = std::move(value);
-    }
-    if (open_.back()->is_object()) {
-      return *field_ = std::move(value);
-    }
-    auto& elements = open_.back()->get_ref<Json::array_t&>();
-    elements.push_back(std::move(value));
-    return elements.back();
+  template <class Value>
+  JsonData& Place(Value&& value) {
+    JsonData& place = Next();
+    place.value = std::forward<Value>(value);
+    return place;
   }
 
-  bool Add(Json&& value) {
-    Place(std::move(value));
+  /// Where the next value goes.
+  JsonData& Next() {
+    if (open_.empty()) {
+      return result_;
+    }
+    auto& around = open_.back()->value;
+    if (auto* const fields = std::get_if<JsonData::Object>(&around)) {
+      return fields->back().data;
+    }
+    return std::get<JsonData::Array>(around).emplace_back();
+  }
+
+  template <class Value>
+  bool Add(Value&& value) {
+    Place(std::forward<Value>(value));
     return true;
   }
 
-  bool Open(Json&& value) {
-    Json& placed = Place(std::move(value));
+  template <class Value>
+  bool Open(Value&& value) {
+    JsonData& place = Place(std::forward<Value>(value));
     if (open_.size() == kDeepest) {
       throw JsonError(Pointer(), "nothing in a document is nested as deep as this");
     }
-    open_.push_back(&placed);
-    names_.emplace_back();
+    open_.push_back(&place);
     return true;
   }
 
   bool Close() {
     open_.pop_back();
-    names_.pop_back();
     return true;
   }
 
   /// Where the value stands that was placed last, or that a name was read for.
   std::string Pointer() const {
     std::string pointer;
-    for (std::size_t i = 0; i < open_.size(); ++i) {
-      AppendStep(pointer, open_[i]->is_object() ? names_[i] : std::to_string(open_[i]->size() - 1));
+    for (JsonData const* const around : open_) {
+      if (auto const* const fields = std::get_if<JsonData::Object>(&around->value)) {
+        AppendStep(pointer, fields->back().name);
+      } else {
+        AppendStep(pointer, std::to_string(std::get<JsonData::Array>(around->value).size() - 1));
+      }
     }
     return pointer;
   }
 
   std::string const& text_;
-  Json result_;
-  std::vector<Json*> open_;         // the objects and arrays around the next value
-  std::vector<std::string> names_;  // for each that is an object, the name that came last
-  Json* field_ = nullptr;           // where the next value goes when it goes into an object
+  JsonData result_;
+  std::vector<JsonData*> open_;  // the objects and arrays around the next value
 };
 
 }  // namespace
 
-Json ParseJson(std::string const& text) {
+JsonData ParseJson(std::string const& text) {
   ValueBuilder builder(text);
-  Json::sax_parse(text, &builder);
+  nlohmann::json::sax_parse(text, &builder);
   return builder.Result();
 }
 

@@ -6,11 +6,8 @@
 #include <lakresvos/render/JsonReader.h>
 
 #include "Base64.h"
-#include "JsonText.h"
 
 namespace lakresvos::render {
-
-using Json = nlohmann::json;
 
 void JsonValue::Fail(std::string const& problem) const {
   throw JsonError(Pointer(), problem);
@@ -29,27 +26,29 @@ std::string JsonValue::Pointer() const {
 }
 
 bool JsonValue::Boolean() const {
-  if (!json_.is_boolean()) {
-    Fail("there should be true or false");
+  if (auto const* const flag = std::get_if<bool>(&data_)) {
+    return *flag;
   }
-  return json_.get<bool>();
+  Fail("there should be true or false");
 }
 
 double JsonValue::Number() const {
-  if (json_.is_number()) {
-    return json_.get<double>();
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  if (auto const* const number = std::get_if<double>(&data_)) {
+    return *number;
   }
-  if (json_.is_string()) {
-    auto const& text = json_.get_ref<std::string const&>();
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    if (text == "NaN") {
+  if (auto const* const number = std::get_if<std::uint64_t>(&data_)) {
+    return static_cast<double>(*number);
+  }
+  if (auto const* const number = std::get_if<std::int64_t>(&data_)) {
+    return static_cast<double>(*number);
+  }
+  if (auto const* const text = std::get_if<std::string>(&data_)) {
+    if (*text == "NaN") {
       return std::numeric_limits<double>::quiet_NaN();
     }
-    if (text == "Infinity") {
-      return kInfinity;
-    }
-    if (text == "-Infinity") {
-      return -kInfinity;
+    if (*text == "Infinity" || *text == "-Infinity") {
+      return text->front() == '-' ? -kInfinity : kInfinity;
     }
   }
   Fail(R"(there should be a number, "NaN", "Infinity" or "-Infinity")");
@@ -64,14 +63,14 @@ float JsonValue::Single() const {
 }
 
 std::string const& JsonValue::Plain() const {
-  if (!json_.is_string()) {
-    Fail("there should be a text");
+  if (auto const* const text = std::get_if<std::string>(&data_)) {
+    return *text;
   }
-  return json_.get_ref<std::string const&>();
+  Fail("there should be a text");
 }
 
 std::string JsonValue::Text() const {
-  if (!json_.is_object()) {
+  if (!std::holds_alternative<JsonData::Object>(data_)) {
     return Plain();
   }
   JsonObject object(*this);
@@ -89,26 +88,27 @@ std::string JsonValue::Bytes() const {
 }
 
 std::size_t JsonValue::Count() const {
-  if (!json_.is_array()) {
-    Fail("there should be an array");
+  if (auto const* const elements = std::get_if<JsonData::Array>(&data_)) {
+    return elements->size();
   }
-  return json_.size();
+  Fail("there should be an array");
 }
 
-Json::object_t const& JsonValue::Fields() const {
-  if (!json_.is_object()) {
-    Fail("there should be an object");
+JsonData::Object const& JsonValue::Fields() const {
+  if (auto const* const fields = std::get_if<JsonData::Object>(&data_)) {
+    return *fields;
   }
-  return json_.get_ref<Json::object_t const&>();
+  Fail("there should be an object");
 }
 
 std::optional<JsonValue> JsonObject::Find(std::string_view name) {
-  auto const field = fields_.find(name);
+  auto const field = std::find_if(fields_.begin(), fields_.end(),
+                                  [&](JsonData::Field const& each) { return each.name == name; });
   if (field == fields_.end()) {
     return std::nullopt;
   }
   known_.push_back(name);
-  return JsonValue(field->second, value_, name);
+  return JsonValue(field->data, value_, name);
 }
 
 JsonValue JsonObject::At(std::string_view name) {
@@ -123,9 +123,9 @@ void JsonObject::Finish() const {
   if (known_.size() == fields_.size()) {
     return;
   }
-  for (auto const& [name, field] : fields_) {
+  for (auto const& [name, data] : fields_) {
     if (std::find(known_.begin(), known_.end(), name) == known_.end()) {
-      JsonValue(field, value_, name).Fail("there is no such field");
+      JsonValue(data, value_, name).Fail("there is no such field");
     }
   }
 }

@@ -4,11 +4,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
+
+#include "JsonText.h"
 
 namespace lakresvos::render {
 
@@ -18,11 +20,11 @@ namespace lakresvos::render {
 /// A value refers to the one that it is in, which must outlive it.
 class JsonValue {
  public:
-  explicit JsonValue(nlohmann::json const& root) : json_(root) {}
-  JsonValue(nlohmann::json const& json, JsonValue const& in, std::string_view name)
-      : json_(json), in_(&in), name_(name) {}
-  JsonValue(nlohmann::json const& json, JsonValue const& in, std::size_t position)
-      : json_(json), in_(&in), position_(position) {}
+  explicit JsonValue(JsonData const& root) : data_(root.value) {}
+  JsonValue(JsonData const& data, JsonValue const& in, std::string_view name)
+      : data_(data.value), in_(&in), name_(name) {}
+  JsonValue(JsonData const& data, JsonValue const& in, std::size_t position)
+      : data_(data.value), in_(&in), position_(position) {}
 
   [[noreturn]] void Fail(std::string const& problem) const;
 
@@ -36,18 +38,15 @@ class JsonValue {
   template <class Type>
   Type Integer(Type least = std::numeric_limits<Type>::min(),
                Type most = std::numeric_limits<Type>::max()) const {
-    if (json_.is_number_unsigned()) {
-      auto const number = json_.get<std::uint64_t>();
-      bool const fits = most >= 0 && number <= static_cast<std::uint64_t>(most) &&
-                        (least <= 0 || number >= static_cast<std::uint64_t>(least));
+    if (auto const* const number = std::get_if<std::uint64_t>(&data_)) {
+      bool const fits = most >= 0 && *number <= static_cast<std::uint64_t>(most) &&
+                        (least <= 0 || *number >= static_cast<std::uint64_t>(least));
       if (fits) {
-        return static_cast<Type>(number);
+        return static_cast<Type>(*number);
       }
-    } else if (json_.is_number_integer() && least < 0) {
-      auto const number = json_.get<std::int64_t>();
-      if (number >= static_cast<std::int64_t>(least) &&
-          (number < 0 || static_cast<std::uint64_t>(number) <= static_cast<std::uint64_t>(most))) {
-        return static_cast<Type>(number);
+    } else if (auto const* const negative = std::get_if<std::int64_t>(&data_)) {
+      if (least < 0 && *negative >= static_cast<std::int64_t>(least)) {
+        return static_cast<Type>(*negative);
       }
     }
     Fail("there should be a whole number from " + std::to_string(least) + " to " +
@@ -79,15 +78,17 @@ class JsonValue {
   std::size_t Count() const;
 
   /// An element of an array. Requires: `position` is below Count().
-  JsonValue Element(std::size_t position) const { return {json_[position], *this, position}; }
+  JsonValue Element(std::size_t position) const {
+    return {std::get<JsonData::Array>(data_)[position], *this, position};
+  }
 
   /// The fields of an object.
-  nlohmann::json::object_t const& Fields() const;
+  JsonData::Object const& Fields() const;
 
   std::string Pointer() const;
 
  private:
-  nlohmann::json const& json_;
+  decltype(JsonData::value) const& data_;
   JsonValue const* in_ = nullptr;
   std::string_view name_;
   std::optional<std::size_t> position_;
@@ -113,7 +114,7 @@ class JsonObject {
 
  private:
   JsonValue const& value_;
-  nlohmann::json::object_t const& fields_;
+  JsonData::Object const& fields_;
   std::vector<std::string_view> known_;  // of those that are there
 };
 

@@ -132,7 +132,7 @@ TEST(OptionErrors, UnknownOption) {
 
 TEST(OptionErrors, UnknownFormat) {
   EXPECT_EQ(ErrorIn({"a.csv", "--format", "tex"}),
-            "--format: tex not in {text,html,markdown,csv}");
+            "--format: tex not in {text,html,markdown,csv,json}");
 }
 
 TEST(Options, ReadEveryFormat) {

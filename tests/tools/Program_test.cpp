@@ -308,3 +308,77 @@ TEST(ProgramMemory, LeavesTheDocumentAloneWheneverAnAllocationFails) {
   EXPECT_GT(failures, 100u);
   EXPECT_EQ(document.size(), 7u);
 }
+
+// Saved documents
+
+TEST(Program, ShowsASavedDocumentAsItShowsTheOneThatWasSaved) {
+  TemporaryDirectory const directory;
+  std::string const saved = directory.Path("saved.json");
+  std::vector<std::string> const arguments{
+      DataPath("titanic.csv"),        "--weight", "Freq",     "--totals", "--table",
+      "Class * Sex ~ Survived | Age", "--title",  "Survival", "--chart"};
+  std::vector<std::string> save = arguments;
+  save.insert(save.end(), {"--format", "json", "--json-layout", "-o", saved});
+  ASSERT_EQ(RunReport(save).err, "");
+  ReportRun const direct = RunReport(arguments);
+  ReportRun const loaded = RunReport({"--from", saved});
+  EXPECT_EQ(loaded.err, "");
+  // The command stands in the document, and it was another one.
+  auto const afterCommand = [](std::string const& text) { return text.substr(text.find("Notes")); };
+  EXPECT_EQ(afterCommand(loaded.out), afterCommand(direct.out));
+  EXPECT_NE(loaded.out.find("Survival"), std::string::npos);
+}
+
+TEST(Program, WritesASavedDocumentAsItWas) {
+  TemporaryDirectory const directory;
+  std::string const saved = directory.Path("saved.json");
+  ASSERT_EQ(
+      RunReport({DataPath("airquality.csv"), "--table", "Month ~", "--format", "json", "-o", saved})
+          .err,
+      "");
+  EXPECT_EQ(RunReport({"--from", saved, "--format", "json"}).out, ReadFile(saved));
+}
+
+TEST(Program, WillNotReplaceTheSavedDocument) {
+  TemporaryDirectory const directory;
+  std::string const document = R"({"format":"lakresvos-document","version":1,"parts":[]})";
+  std::string const file = directory.Write("saved.json", document);
+  EXPECT_EQ(RunReport({"--from", file, "-o", file}).err,
+            "lakresvos-report: " + file + ": the output would replace the document\n");
+  EXPECT_EQ(ReadFile(file), document);
+}
+
+TEST(Program, TellsWhatIsWrongWithASavedDocument) {
+  TemporaryDirectory const directory;
+  std::string const torn = directory.Write("torn.json", "{\n\"format");
+  EXPECT_EQ(RunReport({"--from", torn}).err.find("lakresvos-report: " + torn + ":2:"), 0U);
+  std::string const other = directory.Write("other.json", R"({"format":1})");
+  EXPECT_EQ(RunReport({"--from", other}).err,
+            "lakresvos-report: " + other + ": /format: there should be a text\n");
+  EXPECT_EQ(RunReport({"--from", directory.Path("none")}).err,
+            "lakresvos-report: " + directory.Path("none") + ": No such file or directory\n");
+}
+
+TEST(Program, TakesNoDataBesideASavedDocument) {
+  for (std::vector<std::string> const& more :
+       std::vector<std::vector<std::string>>{{"data.csv"},
+                                             {"--table", "a ~"},
+                                             {"--weight", "w"},
+                                             {"--statistics", "count"},
+                                             {"--totals"},
+                                             {"--title", "t"},
+                                             {"--caption", "c"},
+                                             {"--group", "a: b = c"},
+                                             {"--chart"},
+                                             {"--style", "s.json"}}) {
+    std::vector<std::string> arguments{"--from", "saved.json"};
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    ReportRun const run = RunReport(arguments);
+    EXPECT_EQ(run.exitCode, 2);
+    std::string const option = more.front() == "data.csv" ? "DATA" : more.front();
+    // Whichever of the two is declared first complains of the other.
+    EXPECT_NE(run.err.find(" excludes "), std::string::npos) << run.err;
+    EXPECT_NE(run.err.find("--from"), std::string::npos) << run.err;
+    EXPECT_NE(run.err.find(option), std::string::npos) << run.err;
+  }
+}

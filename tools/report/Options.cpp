@@ -47,11 +47,12 @@ struct Texts {
   std::string csvShape = "long";
 };
 
-constexpr std::array<std::pair<char const*, OutputFormat>, 4> kFormats = {{
+constexpr std::array<std::pair<char const*, OutputFormat>, 5> kFormats = {{
     {"text", OutputFormat::Text},
     {"html", OutputFormat::Html},
     {"markdown", OutputFormat::Markdown},
     {"csv", OutputFormat::Csv},
+    {"json", OutputFormat::Json},
 }};
 
 std::vector<std::string> FormatNames() {
@@ -70,8 +71,7 @@ OutputFormat FormatNamed(std::string const& wanted) {
 
 void Declare(CLI::App& app, Options& options, Texts& texts) {
   app.set_version_flag("--version", "lakresvos-report " LAKRESVOS_VERSION);
-  app.add_option("DATA", options.dataFile, "the CSV file; its first line names the columns")
-      ->required();
+  app.add_option("DATA", options.dataFile, "the CSV file; its first line names the columns");
   app.add_option("--table", texts.formulas, "a table to make, as a formula; repeatable")
       ->type_name("FORMULA")
       ->allow_extra_args(false);
@@ -95,6 +95,14 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
                "a bar chart behind each table with one or two dimensions and no layers");
   app.add_option("--style", options.styleFile, "a JSON file that says how areas of tables look")
       ->type_name("FILE");
+  CLI::Option* const from =
+      app.add_option("--from", options.documentFile,
+                     "a document that was saved as JSON, instead of data and what to make of them")
+          ->type_name("DOCUMENT");
+  for (char const* option : {"DATA", "--table", "--weight", "--statistics", "--totals", "--title",
+                             "--caption", "--group", "--chart", "--style"}) {
+    from->excludes(option);
+  }
   app.add_option("--format", texts.format, "what to write (default: text)")
       ->check(CLI::IsMember(FormatNames()));
   app.add_option("-o", options.outputFile, "where to write (default: standard output)")
@@ -109,6 +117,7 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
       ->check(CLI::IsMember({"long", "display"}));
   app.add_flag("--csv-safe", options.csvSafe,
                "put ' before texts in CSV that spreadsheets would run");
+  app.add_flag("--json-layout", options.jsonLayout, "add what each table shows to JSON");
 }
 
 /// Gives each table its own of the texts that `option` was used for.
@@ -139,6 +148,9 @@ std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::
     return std::nullopt;
   } catch (CLI::ParseError const& error) {
     throw ReportError(error.what());
+  }
+  if (options.dataFile.empty() && options.documentFile.empty()) {
+    throw ReportError("DATA is required");
   }
   options.command = "lakresvos-report";
   for (int i = 1; i < argc; ++i) {

@@ -12,12 +12,13 @@
 namespace lakresvos::report {
 
 /// What the document is written as.
-enum class OutputFormat { Text, Html, Markdown, Csv };
+enum class OutputFormat { Text, Html, Markdown, Csv, Json };
 
 /// What the program is asked to do.
 struct Options {
-  std::string command;  ///< the whole command line, as a shell would have to be given it
-  std::string dataFile;
+  std::string command;       ///< the whole command line, as a shell would have to be given it
+  std::string dataFile;      ///< empty: a saved document is given instead
+  std::string documentFile;  ///< empty: data are given instead
   std::vector<TableRequest> tables;
   std::vector<Statistic> statistics;
   std::string weight;  ///< a column; empty: every row counts once
@@ -32,6 +33,7 @@ struct Options {
   bool ascii = false;
   bool csvDisplay = false;  ///< the shape of the tables as they are shown
   bool csvSafe = false;
+  bool jsonLayout = false;  ///< with what each table shows
 };
 
 /// Reads the command line. When it asks for help or for the version, writes that to `out` and gives

@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <filesystem>
+#include <memory>
 #include <ostream>
 #include <system_error>
 
@@ -13,6 +14,7 @@
 #include "Quoting.h"
 #include "Rendering.h"
 #include "ReportError.h"
+#include "SavedDocument.h"
 
 namespace lakresvos::report {
 
@@ -25,20 +27,29 @@ void RefuseToReplace(std::string const& input, char const* what, std::string con
   }
 }
 
+std::unique_ptr<OmOutputTree> MakeDocument(Options const& options) {
+  if (!options.documentFile.empty()) {
+    return ReadDocument(options.documentFile);
+  }
+  auto document = std::make_unique<OmOutputTree>();
+  AppendReport(*document, options);
+  return document;
+}
+
 void Run(Options const& options, std::ostream& out) {
-  OmOutputTree document;
-  AppendReport(document, options);
+  std::unique_ptr<OmOutputTree> const document = MakeDocument(options);
   if (options.outputFile.empty()) {
-    Render(document, options, out);
+    Render(*document, options, out);
     if (!out.flush()) {
       throw ReportError("standard output cannot be written");
     }
     return;
   }
   RefuseToReplace(options.dataFile, "data", options.outputFile);
+  RefuseToReplace(options.documentFile, "document", options.outputFile);
   RefuseToReplace(options.styleFile, "style", options.outputFile);
   OutputFile file(options.outputFile);
-  Render(document, options, file.Stream());
+  Render(*document, options, file.Stream());
   file.Commit();
 }
 

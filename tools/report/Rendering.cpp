@@ -2,6 +2,7 @@
 
 #include <lakresvos/render/CsvRenderer.h>
 #include <lakresvos/render/HtmlRenderer.h>
+#include <lakresvos/render/JsonRenderer.h>
 #include <lakresvos/render/MarkdownRenderer.h>
 #include <lakresvos/render/TextRenderer.h>
 
@@ -40,6 +41,12 @@ void Render(OmOutputTree& document, Options const& options, std::ostream& out) {
       csv.shape = options.csvDisplay ? Shape::Display : Shape::Long;
       csv.safe = options.csvSafe;
       render::CsvRenderer(out, csv).Render(document);
+      break;
+    }
+    case OutputFormat::Json: {
+      auto json = With<render::JsonOptions>(options);
+      json.layout = options.jsonLayout;
+      render::JsonRenderer(out, json).Render(document);
       break;
     }
   }

@@ -1,0 +1,27 @@
+#include "SavedDocument.h"
+
+#include <cerrno>
+#include <fstream>
+#include <system_error>
+
+#include <lakresvos/render/JsonReader.h>
+
+#include "ReportError.h"
+
+namespace lakresvos::report {
+
+std::unique_ptr<OmOutputTree> ReadDocument(std::string const& file) {
+  errno = 0;
+  std::ifstream input(file, std::ios::binary);
+  if (!input) {
+    throw ReportError(file + ": " + std::generic_category().message(errno != 0 ? errno : EIO));
+  }
+  try {
+    return render::ReadJson(input);
+  } catch (render::JsonError const& error) {
+    bool const isLine = !error.Place().empty() && error.Place().front() != '/';
+    throw ReportError(file + (isLine ? ":" : ": ") + error.what());
+  }
+}
+
+}  // namespace lakresvos::report

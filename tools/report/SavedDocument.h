@@ -1,0 +1,17 @@
+#ifndef TOOLS_REPORT_SAVEDDOCUMENT_H
+#define TOOLS_REPORT_SAVEDDOCUMENT_H
+
+#include <memory>
+#include <string>
+
+#include <lakresvos/OmOutputTree.h>
+
+namespace lakresvos::report {
+
+/// Reads a document that was saved as JSON.
+/// @throws ReportError that names the file and the place in it.
+std::unique_ptr<OmOutputTree> ReadDocument(std::string const& file);
+
+}  // namespace lakresvos::report
+
+#endif
