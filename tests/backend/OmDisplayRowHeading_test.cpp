@@ -175,6 +175,14 @@ TEST_F(OmDisplayRowHeadingTest, HasNoPathsForARowOutOfRange) {
   }
 }
 
+TEST_F(OmDisplayRowHeadingTest, SkippingEmptyHasNoPathsForANumberThatIsNoPlaceOfTheAxis) {
+  OmDisplayLayerHeading layers(table, false);
+  OmDisplayRowHeading const rows(layers, true, false);
+  for (int r : {-1, 6, INT_MAX, INT_MIN}) {
+    EXPECT_EQ(WholePaths(rows, r), Labels{});
+  }
+}
+
 TEST_F(OmDisplayRowHeadingTest, TakesTheNumberOfARowThatWasNotKeptForAPlaceInPathQueries) {
   OmDisplayLayerHeading layers(table, false);
   OmDisplayRowHeading const rows(layers, true, false);

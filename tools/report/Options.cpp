@@ -60,6 +60,7 @@ constexpr std::array<std::pair<char const*, OutputFormat>, 6> kFormats = {{
 
 std::vector<std::string> FormatNames() {
   std::vector<std::string> names;
+  names.reserve(kFormats.size());
   for (auto const& [name, format] : kFormats) {
     names.emplace_back(name);
   }
