@@ -152,9 +152,8 @@ class MainVisitor : public PartVisitor {
  private:
   void WriteHeading(std::string const& text) {
     level_ = std::clamp(depth_ + 1, 1, std::min(level_ + 1, 6));
-    std::string const shown = HtmlText(text);
     out_ << "<h" << level_ << " id=\"" << PartId(part_) << "\">"
-         << (shown.empty() ? std::string("\u2014") : shown) << "</h" << level_ << ">\n";
+         << (IsBlank(text) ? "\u2014" : HtmlText(text)) << "</h" << level_ << ">\n";
     out_.Drain();
   }
 

@@ -226,6 +226,74 @@ TEST(HtmlRenderer, EmptyHeadingIsAPlainCell) {
             std::string::npos);
 }
 
+TEST(HtmlRenderer, HeadingOfBlanksIsAPlainCellWithoutAnId) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  AddCategories(table, "A", {" \n", "b"});
+  AddCategories(table, "B", {"\t"});
+  table.Place({0}, {1});
+  table.PutAll();
+  std::string const main = Main(document);
+  EXPECT_NE(main.find("<tr><td class=\"h0\"> \n</td><td class=\"n\" headers=\"t1l0r0c1\">1</td>"),
+            std::string::npos);
+  EXPECT_EQ(Count(main, "t1l0r1c1"), 0u);
+}
+
+TEST(HtmlRenderer, HeadingWithoutATextIsADash) {
+  OmOutputTree document;
+  AppendItem<OmHeading>(document.begin(), Utf8(" "));
+  EXPECT_NE(Main(document).find("<h2 id=\"part-1\">\u2014</h2>"), std::string::npos);
+  EXPECT_EQ(Count(Outline(document), "<li>"), 1u);
+}
+
+TEST(HtmlRenderer, HeadingOverMoreColumnsThanACellCanReachOverIsRepeated) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  table.AddFlat("C", 1201);
+  table.Place({}, {0});
+  table.PutAll();
+  AddFootnote(table, "note");
+  std::string const main = Main(document);
+  EXPECT_NE(main.find("<colgroup span=\"1000\"></colgroup><colgroup span=\"201\"></colgroup>"),
+            std::string::npos);
+  EXPECT_NE(main.find("<th id=\"t1l0r0c0\" scope=\"colgroup\" colspan=\"1000\">C</th>"
+                      "<th id=\"t1l0r0c1000\" scope=\"colgroup\" colspan=\"201\">C</th></tr>"),
+            std::string::npos);
+  EXPECT_NE(main.find("headers=\"t1l0r0c1000 t1l0r1c1200\">1</td></tr>"), std::string::npos);
+  EXPECT_NE(main.find("</ul></td><td colspan=\"201\"></td></tr></tfoot>"), std::string::npos);
+}
+
+TEST(HtmlRenderer, HeadingBesideMoreRowsThanACellCanReachOverIsRepeated) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  OmDimension& rows = table.Add("R");
+  auto const group = Group(rows, rows.Root(), "g");
+  for (unsigned long i = 0; i < 65'536; ++i) {
+    Category(rows, group, "c", i);
+  }
+  table.Place({0}, {});
+  table.PutAll();
+  std::string const main = Main(document);
+  EXPECT_NE(main.find("scope=\"rowgroup\" rowspan=\"65534\">g</th>"), std::string::npos);
+  EXPECT_NE(main.find("<tr><th class=\"h0\" id=\"t1l0r65535c0\" scope=\"rowgroup\" rowspan=\"2\">"
+                      "g</th><th class=\"h1\" id=\"t1l0r65535c1\" scope=\"row\">c</th>"
+                      "<td class=\"n\" headers=\"t1l0r65535c0 t1l0r65535c1\">1</td></tr>"),
+            std::string::npos);
+  EXPECT_EQ(Count(main, ">g</th>"), 2u);
+}
+
+TEST(HtmlRenderer, TableWithoutRowsAndColumnsHasItsNotes) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  table.Add("A");
+  table.Add("B");
+  table.Place({0}, {1});
+  AddFootnote(table, "note");
+  HtmlOptions options;
+  options.skipEmpty = false;
+  EXPECT_NE(Main(document, options).find("<tfoot><tr><td><ul class=\"notes\">"), std::string::npos);
+}
+
 TEST(HtmlRenderer, EveryLayerIsATableWithItsNameAndItsOwnIds) {
   OmOutputTree document;
   Table& table = AddTable(document);
