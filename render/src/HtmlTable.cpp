@@ -84,11 +84,11 @@ class HtmlTable {
   void WriteHeading(GridCell const& cell, char const* scope) {
     bool const header = IsHeader(cell);
     out_ << (header ? "<th" : "<td");
-    if (cell.role == GridRole::Corner) {
-      out_ << " class=\"corner h" << cell.column << '"';
-    } else if (cell.role == GridRole::RowHeading) {
-      out_ << " class=\"h" << cell.column << '"';
+    std::string classes = cell.role == GridRole::Corner ? "corner " : "";
+    if (cell.role != GridRole::ColumnHeading) {
+      classes += "h" + std::to_string(cell.column);
     }
+    WriteClasses(std::move(classes), cell.label);
     if (header && named_) {
       out_ << " id=\"" << IdOf(cell) << '"';
     }
@@ -156,9 +156,7 @@ class HtmlTable {
   void WriteCell(OmCellText* cell, int column, std::string const& rowHeaders) {
     std::string& out = out_.Text();
     out += "<td";
-    if (cell != nullptr) {
-      AppendClass(out, *cell);
-    }
+    WriteClasses(cell != nullptr && NumberOf(*cell) ? "n" : "", cell);
     if (named_) {
       std::string const& above = columnHeaders_[static_cast<std::size_t>(column)];
       if (!rowHeaders.empty() || !above.empty()) {
@@ -175,13 +173,14 @@ class HtmlTable {
     out += "</td>";
   }
 
-  void AppendClass(std::string& out, OmCellText& cell) const {
-    bool const number = NumberOf(cell).has_value();
-    std::size_t const style = cell.hasMeta() ? cell.getMeta()->getStyle() : 0;
-    if (style == 0 || style >= grid_.Table().getCellStyles().size()) {
-      out += number ? " class=\"n\"" : "";
-    } else {
-      out += (number ? " class=\"n s" : " class=\"s") + std::to_string(style) + '"';
+  /// Writes these classes and that of the style that a text asks for.
+  void WriteClasses(std::string classes, OmCellText const* text) {
+    std::size_t const style = text != nullptr && text->hasMeta() ? text->getMeta()->getStyle() : 0;
+    if (style != 0 && style < grid_.Table().getCellStyles().size()) {
+      classes += (classes.empty() ? "s" : " s") + std::to_string(style);
+    }
+    if (!classes.empty()) {
+      out_ << " class=\"" << classes << '"';
     }
   }
 

@@ -330,6 +330,21 @@ TEST(HtmlRenderer, FootnotesLinkBothWays) {
   EXPECT_EQ(Count(main, "doc-backlink"), 2u);
 }
 
+TEST(HtmlRenderer, MarksOfOneCellAreToldApart) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  AddCategories(table, "Sex", {"Male"});
+  table.Place({0}, {});
+  AddFootnote(table, "first");
+  AddFootnote(table, "second", "<*>");
+  OmNumber one(1);
+  table.Cell({0}, WithFootnotes(one, {1, 0}));
+  EXPECT_NE(Main(document).find(
+                "1<sup><a role=\"doc-noteref\" id=\"t1l0m1\" href=\"#t1l0n2\">&lt;*&gt;</a>,"
+                "<a role=\"doc-noteref\" id=\"t1l0m2\" href=\"#t1l0n1\">a</a></sup></td>"),
+            std::string::npos);
+}
+
 TEST(HtmlRenderer, NoteOfManyCellsLinksBackToTheFirst) {
   OmOutputTree document;
   Table& table = AddTable(document);
@@ -364,10 +379,20 @@ TEST(HtmlRenderer, HiddenTableIsLeftOut) {
   EXPECT_EQ(Count(Outline(document), "<li>"), 1u);
 }
 
-TEST(HtmlRenderer, TableWithoutCellsIsItsTitle) {
+TEST(HtmlRenderer, TableWithoutCellsIsItsTitleNotesAndCaption) {
   OmOutputTree document;
-  AddTable(document);
-  EXPECT_NE(Main(document).find("<p class=\"title\">table</p>"), std::string::npos);
+  Table& table = AddTable(document);
+  AddFootnote(table, "note");
+  OmStringCellUTF8 title("Nothing");
+  table.SetTableTitle(WithFootnotes(title, {0}));
+  OmStringCellUTF8 const caption("Source");
+  table.Caption(&caption);
+  EXPECT_EQ(
+      Between(Main(document), "<div class=\"pivot\" id=\"part-1\">\n", "</div>"),
+      "<p class=\"title\">Nothing<sup><a role=\"doc-noteref\" id=\"part-1m1\" "
+      "href=\"#part-1n1\">a</a></sup></p><ul class=\"notes\"><li id=\"part-1n1\"><sup>a</sup> "
+      "note <a role=\"doc-backlink\" href=\"#part-1m1\" aria-label=\"Back to mark a, place 1\">"
+      "\u21A9</a></li></ul><p class=\"table-caption\">Source</p>");
 }
 
 TEST(HtmlRenderer, LocaleOfTheFirstTableIsThePages) {
@@ -399,12 +424,13 @@ TEST(HtmlRenderer, AreaFormatsBecomeRules) {
   format->setMarginLeft(-4);
   table.setAreaFormat(format);
   std::string const page = Page(document);
-  EXPECT_NE(page.find(":root #part-1 tbody td{font-family:\"A\\22 b\\3c /style>\";font-size:9.5pt;"
+  EXPECT_NE(page.find("#part-1 :where(tbody td:not([class^=h])){font-family:\"A\\22 b\\3c "
+                      "/style>\";font-size:9.5pt;"
                       "font-weight:bold;font-style:italic;text-decoration:underline;"
                       "text-align:center;vertical-align:bottom;color:#102030;"
                       "padding:2pt 2pt 2pt 0pt;}\n"
-                      ":root #part-1 tbody tr:nth-child(even) td{background-color:#000;"
-                      "color:#fff;}\n"),
+                      "#part-1 :where(tbody tr:nth-child(even) td:not([class^=h])){"
+                      "background-color:#000;color:#fff;}\n"),
             std::string::npos);
   EXPECT_NE(page.find("<div class=\"pivot paper\" id=\"part-1\">"), std::string::npos);
 }
@@ -432,10 +458,29 @@ TEST(HtmlRenderer, CellStylesBecomeClasses) {
   styled.setMeta(&meta);
   table.Cell({0, 1}, styled);
   std::string const page = Page(document);
-  EXPECT_NE(page.find(":root #part-1 tbody td.s1{font-weight:bold;font-style:normal;}"),
-            std::string::npos);
+  EXPECT_NE(page.find("#part-1 .s1{font-weight:bold;font-style:normal;}"), std::string::npos);
   EXPECT_EQ(Count(page, "<td class=\"n s1\""), 1u);
   EXPECT_EQ(Count(page, "s2\""), 0u);
+}
+
+TEST(HtmlRenderer, HeadingsHaveStylesToo) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  table.cellStyles().resize(2);
+  OmCellMetaData meta;
+  meta.setStyle(1);
+  OmStringCellUTF8 label("l");
+  label.setMeta(&meta);
+  OmDimension& rows = table.AddDimension(label);
+  rows.AddNewChild(rows.Root(), label, 0, false);
+  OmDimension& columns = table.AddDimension(Utf8("C"));
+  columns.AddNewChild(columns.Root(), label, 0, false);
+  table.Place({0}, {1});
+  table.PutAll();
+  std::string const main = Main(document);
+  EXPECT_NE(main.find("<th class=\"corner h0 s1\""), std::string::npos);
+  EXPECT_NE(main.find("<th class=\"s1\" id=\"t1l0r1c1\" scope=\"col\">l</th>"), std::string::npos);
+  EXPECT_NE(main.find("<th class=\"h0 s1\""), std::string::npos);
 }
 
 // Charts and other items
