@@ -9,7 +9,7 @@
 #include <lakresvos/OmTextBlock.h>
 #include <lakresvos/render/HtmlRenderer.h>
 
-#include "Base64.h"
+#include "ChartNumbers.h"
 #include "HtmlChart.h"
 #include "HtmlLanguage.h"
 #include "HtmlText.h"
@@ -92,10 +92,15 @@ TEST(HtmlLanguage, TagOfALocale) {
   EXPECT_EQ(LanguageOf("de"), "de");
   EXPECT_EQ(LanguageOf("es-419"), "es-419");
   EXPECT_EQ(LanguageOf("fr_FR@euro"), "fr-FR");
+  EXPECT_EQ(LanguageOf("AR_eg"), "ar-EG");
+  EXPECT_EQ(LanguageOf("zh_hant_TW"), "zh-Hant-TW");
+  EXPECT_EQ(LanguageOf("sr-Latn"), "sr-Latn");
   EXPECT_EQ(LanguageOf("C"), "");
   EXPECT_EQ(LanguageOf("english"), "");
   EXPECT_EQ(LanguageOf("e1"), "");
   EXPECT_EQ(LanguageOf("de_\"x"), "de");
+  EXPECT_EQ(LanguageOf("de__DE"), "de");
+  EXPECT_EQ(LanguageOf("_DE"), "");
   EXPECT_EQ(LanguageOf(""), "");
 }
 
@@ -103,6 +108,8 @@ TEST(HtmlLanguage, DirectionOfALanguage) {
   EXPECT_EQ(LanguageAttributes("en-US"), " lang=\"en-US\" dir=\"ltr\"");
   EXPECT_EQ(LanguageAttributes("ar"), " lang=\"ar\" dir=\"rtl\"");
   EXPECT_EQ(LanguageAttributes("he-IL"), " lang=\"he-IL\" dir=\"rtl\"");
+  EXPECT_EQ(LanguageAttributes("pa-Arab-PK"), " lang=\"pa-Arab-PK\" dir=\"rtl\"");
+  EXPECT_EQ(LanguageAttributes("ur-Latn"), " lang=\"ur-Latn\" dir=\"ltr\"");
 }
 
 // The page
@@ -504,6 +511,12 @@ TEST(HtmlChart, PictureHasTheLabelAsItsText) {
             "<figcaption>Bars &lt;1&gt;</figcaption>");
 }
 
+TEST(HtmlChart, PictureWithoutALabelIsAChart) {
+  OmChart chart(Utf8(""), "", 1);
+  chart.SetImageStream("<svg/>", 6);
+  EXPECT_EQ(HtmlChart(chart), "<img alt=\"Chart\" src=\"data:image/svg+xml;base64,PHN2Zy8+\">");
+}
+
 TEST(HtmlChart, DataAreATable) {
   OmChart chart(Utf8("Bars"), "", 1);
   std::string const json =
@@ -518,6 +531,30 @@ TEST(HtmlChart, DataAreATable) {
   chart.SetImageStream("<svg/>", 6);
   EXPECT_NE(HtmlChart(chart).find("<details><summary>Data of the chart</summary>" + table),
             std::string::npos);
+}
+
+TEST(HtmlChart, NameOfBlanksIsAPlainCell) {
+  OmChart chart(Utf8("Bars"), "", 1);
+  std::string const json =
+      R"({"categories":[" "],"series":[{"name":"","values":[1]},{"name":"s","values":[2]}]})";
+  chart.SetViZJSON(json.data(), static_cast<unsigned int>(json.size()));
+  EXPECT_EQ(Between(HtmlChart(chart), "<thead>", "</tbody>"),
+            "<tr><td></td><td></td><th scope=\"col\">s</th></tr></thead>"
+            "<tbody><tr><td></td><td class=\"n\">1</td><td class=\"n\">2</td></tr>");
+}
+
+TEST(HtmlChart, NumbersAreShownAsPeopleWriteThem) {
+  auto const numbers = ReadChartNumbers(
+      R"({"kind":"bar","series":[{"values":[100000,-3,1e5,0.00025,1e300,18446744073709551615,-0.5],)"
+      R"("name":""}],"categories":["","","","","","",""]})");
+  ASSERT_TRUE(numbers.has_value());
+  EXPECT_EQ(numbers->series.at(0).values,
+            (std::vector<std::string>{"100000", "-3", "100000", "0.00025", "1e+300",
+                                      "18446744073709551615", "-0.5"}));
+}
+
+TEST(HtmlChart, DeeplyNestedDataAreAnnounced) {
+  EXPECT_FALSE(ReadChartNumbers(std::string(100'000, '[')).has_value());
 }
 
 TEST(HtmlChart, AnythingElseIsAnnounced) {
