@@ -56,11 +56,11 @@ std::string HtmlChart(OmChart const& chart) {
   std::string html =
       "<img alt=\"" + (label.empty() ? "Chart" : label) + "\" src=\"data:" + type + ";base64,";
   AppendBase64(html, chart.GetImageData());
-  html += label.empty() ? "\">" : "\"><figcaption>" + label + "</figcaption>";
+  html += "\">";
   if (!table.empty()) {
     html += "<details><summary>Data of the chart</summary>" + table + "</details>";
   }
-  return html;
+  return label.empty() ? html : html + "<figcaption>" + label + "</figcaption>";
 }
 
 }  // namespace lakresvos::render

@@ -529,7 +529,8 @@ TEST(HtmlChart, DataAreATable) {
       "<tr><th scope=\"row\">b</th><td class=\"n\"></td></tr></tbody></table>";
   EXPECT_EQ(HtmlChart(chart), table);
   chart.SetImageStream("<svg/>", 6);
-  EXPECT_NE(HtmlChart(chart).find("<details><summary>Data of the chart</summary>" + table),
+  EXPECT_NE(HtmlChart(chart).find("<details><summary>Data of the chart</summary>" + table +
+                                  "</details><figcaption>Bars</figcaption>"),
             std::string::npos);
 }
 
