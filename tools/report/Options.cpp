@@ -45,14 +45,17 @@ struct Texts {
   std::string format = "text";
   std::string layers = "all";
   std::string csvShape = "long";
+  std::string xlsxLayers = "blocks";
+  std::string xlsxMerge = "both";
 };
 
-constexpr std::array<std::pair<char const*, OutputFormat>, 5> kFormats = {{
+constexpr std::array<std::pair<char const*, OutputFormat>, 6> kFormats = {{
     {"text", OutputFormat::Text},
     {"html", OutputFormat::Html},
     {"markdown", OutputFormat::Markdown},
     {"csv", OutputFormat::Csv},
     {"json", OutputFormat::Json},
+    {"xlsx", OutputFormat::Xlsx},
 }};
 
 std::vector<std::string> FormatNames() {
@@ -118,6 +121,13 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
   app.add_flag("--csv-safe", options.csvSafe,
                "put ' before texts in CSV that spreadsheets would run");
   app.add_flag("--json-layout", options.jsonLayout, "add what each table shows to JSON");
+  app.add_option("--xlsx-layers", texts.xlsxLayers,
+                 "where XLSX has the layers of a table: below each other on one sheet, or on a "
+                 "sheet each (default: blocks)")
+      ->check(CLI::IsMember({"blocks", "sheets"}));
+  app.add_option("--xlsx-merge", texts.xlsxMerge,
+                 "which headings XLSX merges; the others are repeated (default: both)")
+      ->check(CLI::IsMember({"both", "rows", "columns", "none"}));
 }
 
 /// Gives each table its own of the texts that `option` was used for.
@@ -168,6 +178,9 @@ std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::
   options.allLayers = texts.layers == "all";
   options.format = FormatNamed(texts.format);
   options.csvDisplay = texts.csvShape == "display";
+  options.xlsxLayersAsSheets = texts.xlsxLayers == "sheets";
+  options.xlsxMergeRows = texts.xlsxMerge == "both" || texts.xlsxMerge == "rows";
+  options.xlsxMergeColumns = texts.xlsxMerge == "both" || texts.xlsxMerge == "columns";
   return options;
 }
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <ostream>
 #include <system_error>
+#include <unistd.h>
 
 #include <lakresvos/OmOutputTree.h>
 
@@ -39,6 +40,9 @@ std::unique_ptr<OmOutputTree> MakeDocument(Options const& options) {
 void Run(Options const& options, std::ostream& out) {
   std::unique_ptr<OmOutputTree> const document = MakeDocument(options);
   if (options.outputFile.empty()) {
+    if (options.format == OutputFormat::Xlsx && ::isatty(STDOUT_FILENO) != 0) {
+      throw ReportError("a workbook is nothing to look at in a terminal: name a file with -o");
+    }
     Render(*document, options, out);
     if (!out.flush()) {
       throw ReportError("standard output cannot be written");
