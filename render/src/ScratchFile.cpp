@@ -2,13 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
-#include <fcntl.h>
-#include <filesystem>
 #include <new>
-#include <stdexcept>
-#include <string>
-#include <system_error>
 #include <unistd.h>
 
 namespace lakresvos::render {
@@ -48,8 +42,8 @@ class ScratchFile::Stream {
     }
     Extent const& extent = self.extents_[self.extent_];
     auto const there = static_cast<std::size_t>(extent.length - self.offset_);
-    ssize_t const read =
-        pread(self.owner_.file_, bytes, std::min(count, there), extent.start + self.offset_);
+    ssize_t const read = pread(self.owner_.file_.Descriptor(), bytes, std::min(count, there),
+                               extent.start + self.offset_);
     self.offset_ += std::max<ssize_t>(read, 0);
     return read;
   }
@@ -57,13 +51,17 @@ class ScratchFile::Stream {
   static ssize_t Write(void* cookie, char const* bytes, std::size_t count) {
     Stream& self = Of(cookie);
     off_t& end = self.owner_.end_;
-    ssize_t const written = pwrite(self.owner_.file_, bytes, count, end);
-    if (written <= 0 || !self.Append({end, written})) {
-      self.owner_.good_ = false;
-      return 0;
+    for (std::size_t done = 0; done < count;) {
+      ssize_t const written =
+          pwrite(self.owner_.file_.Descriptor(), bytes + done, count - done, end);
+      if (written <= 0 || !self.Append({end, written})) {
+        self.owner_.good_ = false;
+        return 0;
+      }
+      end += written;
+      done += static_cast<std::size_t>(written);
     }
-    end += written;
-    return written;
+    return static_cast<ssize_t>(count);
   }
 
   static int Seek(void* cookie, off64_t* position, int whence) {
@@ -101,20 +99,8 @@ class ScratchFile::Stream {
   off_t offset_ = 0;        // and the place in it
 };
 
-ScratchFile::ScratchFile() {
-  std::string name = (std::filesystem::temp_directory_path() / "lakresvos-XXXXXX").string();
-  file_ = mkostemp(name.data(), O_CLOEXEC);
-  if (file_ < 0) {
-    throw std::runtime_error("there can be no temporary file: " +
-                             std::generic_category().message(errno));
-  }
-  unlink(name.c_str());
-}
-
-ScratchFile::~ScratchFile() {
-  streams_.clear();
-  close(file_);
-}
+ScratchFile::ScratchFile() = default;
+ScratchFile::~ScratchFile() = default;
 
 std::FILE* ScratchFile::Open() {
   streams_.push_back(std::make_unique<Stream>(*this));

@@ -3,7 +3,10 @@
 
 #include <cstdio>
 #include <memory>
+#include <sys/types.h>
 #include <vector>
+
+#include "TemporaryFile.h"
 
 namespace lakresvos::render {
 
@@ -11,7 +14,7 @@ namespace lakresvos::render {
 /// otherwise, and of open files a process can have a few only.
 class ScratchFile {
  public:
-  /// @throws std::runtime_error when there can be no temporary file.
+  /// @throws as TemporaryFile.
   ScratchFile();
   ScratchFile(ScratchFile const&) = delete;
   ScratchFile& operator=(ScratchFile const&) = delete;
@@ -35,7 +38,7 @@ class ScratchFile {
     off_t length;
   };
 
-  int file_;
+  TemporaryFile file_;
   off_t end_ = 0;
   bool good_ = true;
   std::vector<std::unique_ptr<Stream>> streams_;

@@ -24,13 +24,16 @@ std::string_view Trimmed(std::string_view text) {
   return first == std::string_view::npos ? "" : text.substr(first, last - first + 1);
 }
 
-/// A text without what a name cannot have, and so long that `suffix` fits behind it.
+/// A text with single blanks for what a name cannot have, and so long that `suffix` fits behind it.
 std::string Legal(std::string const& text, std::string const& suffix) {
-  std::string clean = CleanText(text);
-  for (char& c : clean) {
-    c = kForbidden.find(c) != std::string_view::npos ? ' ' : c;
+  std::string legal;
+  for (char const c : CleanText(text)) {
+    char const allowed = kForbidden.find(c) != std::string_view::npos ? ' ' : c;
+    if (allowed != ' ' || legal.empty() || legal.back() != ' ') {
+      legal += allowed;
+    }
   }
-  return std::string(Trimmed(Utf16Prefix(Trimmed(clean), kMostUnits - suffix.size())));
+  return std::string(Trimmed(Utf16Prefix(Trimmed(legal), kMostUnits - suffix.size())));
 }
 
 std::string Folded(std::string const& name) {

@@ -1,14 +1,10 @@
 #include "XlsxBook.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
-#include <filesystem>
-#include <fstream>
+#include <new>
 #include <stdexcept>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -102,17 +98,10 @@ void Check(lxw_error error) {
 }
 
 XlsxBook::XlsxBook() {
-  file_ = (std::filesystem::temp_directory_path() / "lakresvos-XXXXXX").string();
-  int const draft = mkostemp(file_.data(), O_CLOEXEC);
-  if (draft < 0) {
-    Fail(std::generic_category().message(errno));
-  }
-  close(draft);
   lxw_workbook_options options = {};
   options.constant_memory = LXW_TRUE;
-  book_ = workbook_new_opt(file_.c_str(), &options);
+  book_ = workbook_new_opt(file_.Name().c_str(), &options);
   if (book_ == nullptr) {
-    unlink(file_.c_str());
     throw std::bad_alloc();
   }
 }
@@ -121,7 +110,6 @@ XlsxBook::~XlsxBook() {
   if (book_ != nullptr) {
     lxw_workbook_free(book_);
   }
-  unlink(file_.c_str());
 }
 
 lxw_worksheet* XlsxBook::AddSheet(std::string const& wish, std::string const& otherwise) {
@@ -188,13 +176,12 @@ void XlsxBook::Write(std::ostream& out) {
   if (!rows_.Good()) {
     Fail("there is no room for temporary files");
   }
-  std::ifstream file(file_, std::ios::binary);
   std::vector<char> piece(1 << 16);
-  while (file.read(piece.data(), static_cast<std::streamsize>(piece.size())) || file.gcount() > 0) {
-    out.write(piece.data(), file.gcount());
-  }
-  if (!file.eof()) {
-    Fail("the temporary file cannot be read back");
+  while (ssize_t const count = read(file_.Descriptor(), piece.data(), piece.size())) {
+    if (count < 0) {
+      Fail("the temporary file cannot be read back");
+    }
+    out.write(piece.data(), count);
   }
 }
 

@@ -9,6 +9,7 @@
 #include "CLocale.h"
 #include "ScratchFile.h"
 #include "SheetNames.h"
+#include "TemporaryFile.h"
 #include "XlsxStyle.h"
 
 namespace lakresvos::render {
@@ -36,7 +37,7 @@ class XlsxBook {
  private:
   CLocale locale_;
   ScratchFile rows_;  // of all sheets
-  std::string file_;
+  TemporaryFile file_;
   lxw_workbook* book_ = nullptr;
   SheetNames names_;
   std::map<XlsxStyle, lxw_format*> formats_;
