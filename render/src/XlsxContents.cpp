@@ -27,7 +27,7 @@ std::unique_ptr<XlsxSheet> XlsxContents::AddSheet(std::string const& entry,
                                                   std::string const& content,
                                                   std::string const& otherwise) {
   auto sheet = std::make_unique<XlsxSheet>(book_, content, otherwise);
-  sheet->Link(0, 0, sheet_.Name(), sheet_.Name(), LinkStyle());
+  sheet->Link(0, 0, sheet_.Name(), sheet_.Name(), LinkStyle(), false);
   sheet_.Link(rows_++, 0, sheet->Name(), entry.empty() ? sheet->Name() : entry,
               Indented(LinkStyle()));
   return sheet;

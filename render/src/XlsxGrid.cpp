@@ -146,7 +146,7 @@ class XlsxGrid {
     if (above.merged && !first) {
       sheet_.Blank(top_ + row, column, style);
     } else {
-      sheet_.Text(top_ + row, column, Marked(cell.label, marks_), style, !above.merged);
+      sheet_.Text(top_ + row, column, Marked(cell.label, marks_), style, cell.columnSpan == 1);
     }
   }
 

@@ -157,13 +157,13 @@ void XlsxSheet::Blank(int row, int column, XlsxStyle const& style) {
 }
 
 void XlsxSheet::Link(int row, int column, std::string const& sheet, std::string const& text,
-                     XlsxStyle const& style) {
+                     XlsxStyle const& style, bool wide) {
   CheckPlace(row, column);
   auto const rowNumber = static_cast<lxw_row_t>(row);
   auto const columnNumber = static_cast<lxw_col_t>(column);
   std::string const target = "internal:" + Quoted(sheet) + "!A1";
   Check(worksheet_write_url(sheet_, rowNumber, columnNumber, target.c_str(), book_.Format(style)));
-  Text(row, column, {text, ""}, style);
+  Text(row, column, {text, ""}, style, wide);
 }
 
 // The library's own merging writes all cells of the range at once, which sheets that are written

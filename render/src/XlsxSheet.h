@@ -40,9 +40,9 @@ class XlsxSheet {
   /// Gives a cell without content a style.
   void Blank(int row, int column, XlsxStyle const& style);
 
-  /// Writes a text that leads to another sheet.
+  /// Writes a text, as Text() does, that leads to another sheet.
   void Link(int row, int column, std::string const& sheet, std::string const& text,
-            XlsxStyle const& style);
+            XlsxStyle const& style, bool wide = true);
 
   /// Merges cells, whose contents are written one by one. A sheet cannot hold more than 65,535
   /// merged cells; false, and nothing done, when it does.

@@ -179,6 +179,32 @@ TEST(OmNonEmptyHeaders, StayTheSameWhenTheLayerIsSwitchedAfterwards) {
   EXPECT_EQ(rows.getNonEmptyRows(), Places{0});
 }
 
+TEST(OmNonEmptyHeaders, OfADenseTableAreThoseOfTheLayerSwitchedToThoughAnotherIsRestored) {
+  TwoLayers table;
+  table.setLayerLoc(0);
+  OmDisplayLayerHeading layers(table, false);
+  layers.SwitchLayer(1);
+  ASSERT_EQ(layers.restoreLayer(), 0);
+  EXPECT_EQ(OmDisplayRowHeading(layers, true, false).getNonEmptyRows(), Places{1});
+}
+
+TEST(OmNonEmptyHeaders, OfADenseTableStayThoseOfTheFormerLayerWhenNoneIsCurrent) {
+  TwoLayers table;
+  OmDisplayLayerHeading layers(table, false);
+  layers.SwitchLayer(1);
+  layers.SwitchLayer(-1);
+  EXPECT_EQ(OmDisplayRowHeading(layers, true, false).getNonEmptyRows(), Places{1});
+}
+
+TEST(OmNonEmptyHeaders, OfTheColumnsOfADenseTableAreThoseOfTheCurrentLayer) {
+  TwoLayers table;
+  OmDisplayLayerHeading layers(table, false);
+  layers.SwitchLayer(0);
+  EXPECT_EQ(OmDisplayColumnHeading(layers, true).getNonEmptyColumns(), Places{0});
+  layers.SwitchLayer(1);
+  EXPECT_EQ(OmDisplayColumnHeading(layers, true).getNonEmptyColumns(), Places{1});
+}
+
 TEST(OmNonEmptyHeaders, OfNoDimensionsAreTheOnlyPlaceWhenThereIsACell) {
   Table table;
   table.AddFlat("C", 2);

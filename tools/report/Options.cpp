@@ -60,6 +60,7 @@ constexpr std::array<std::pair<char const*, OutputFormat>, 6> kFormats = {{
 
 std::vector<std::string> FormatNames() {
   std::vector<std::string> names;
+  names.reserve(kFormats.size());
   for (auto const& [name, format] : kFormats) {
     names.emplace_back(name);
   }
@@ -122,11 +123,10 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
                "put ' before texts in CSV that spreadsheets would run");
   app.add_flag("--json-layout", options.jsonLayout, "add what each table shows to JSON");
   app.add_option("--xlsx-layers", texts.xlsxLayers,
-                 "where XLSX has the layers of a table: below each other on one sheet, or on a "
-                 "sheet each (default: blocks)")
+                 "layers below one another, or each on a sheet (default: blocks)")
       ->check(CLI::IsMember({"blocks", "sheets"}));
   app.add_option("--xlsx-merge", texts.xlsxMerge,
-                 "which headings XLSX merges; the others are repeated (default: both)")
+                 "which headings are merged cells, not repeated ones (default: both)")
       ->check(CLI::IsMember({"both", "rows", "columns", "none"}));
 }
 

@@ -38,11 +38,11 @@ std::unique_ptr<OmOutputTree> MakeDocument(Options const& options) {
 }
 
 void Run(Options const& options, std::ostream& out) {
+  if (options.format == OutputFormat::Xlsx && options.outputFile.empty() && isatty(STDOUT_FILENO)) {
+    throw ReportError("--format xlsx: a workbook is nothing for a terminal; name a file with -o");
+  }
   std::unique_ptr<OmOutputTree> const document = MakeDocument(options);
   if (options.outputFile.empty()) {
-    if (options.format == OutputFormat::Xlsx && ::isatty(STDOUT_FILENO) != 0) {
-      throw ReportError("a workbook is nothing to look at in a terminal: name a file with -o");
-    }
     Render(*document, options, out);
     if (!out.flush()) {
       throw ReportError("standard output cannot be written");

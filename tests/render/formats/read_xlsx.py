@@ -4,6 +4,7 @@ import re
 
 import openpyxl
 import openpyxl.cell.text
+import openpyxl.utils
 
 
 def text_without_marks(rich_text):
@@ -46,9 +47,17 @@ def trimmed(row):
 
 
 def tables(path, expected):
-    """The rows of each sheet but the first, down to what is expected below the last grid."""
+    """All sheets but the first: their rows down to the end of the last grid, and how they are set
+    up."""
     sheets = openpyxl.load_workbook(path).worksheets[1:]
-    return [expanded(sheet)[: len(rows)] for sheet, rows in zip(sheets, expected, strict=True)]
+    return [
+        {
+            "rows": expanded(sheet)[: len(expectation["rows"])],
+            "merged": sorted(str(cells) for cells in sheet.merged_cells.ranges),
+            "panes": sheet.freeze_panes,
+        }
+        for sheet, expectation in zip(sheets, expected, strict=True)
+    ]
 
 
 def expected_tables(tables):
@@ -58,10 +67,25 @@ def expected_tables(tables):
 def expected_sheet(table):
     """The link back, the title, and the layers with an empty row between."""
     rows = [["Contents"], [table["title"]]]
+    merged = []
+    panes = None
     for i, layer in enumerate(table["layers"]):
         if i > 0:
             rows.append([])
         if layer["name"]:
             rows.append([layer["name"]])
+        top = len(rows) + 1
+        panes = panes or place(top + layer["headingRows"], layer["headingColumns"] + 1)
+        merged += [merged_range(top, *span) for span in layer["spans"]]
         rows += [trimmed(row) for row in layer["rows"]]
-    return rows
+    return {"rows": rows, "merged": sorted(merged), "panes": panes}
+
+
+def place(row, column):
+    return f"{openpyxl.utils.get_column_letter(column)}{row}"
+
+
+def merged_range(top, row, column, rows, columns):
+    """Of a cell of a grid, whose places count from 0."""
+    end = place(top + row + rows - 1, column + columns)
+    return f"{place(top + row, column + 1)}:{end}"
