@@ -43,11 +43,8 @@ FootnoteMarks::FootnoteMarks(OmPivotTable const& table, bool ascii)
     : footnotes_(table), ascii_(ascii) {}
 
 std::string FootnoteMarks::Of(OmCellText const& text) const {
-  std::string joined;
-  for (std::size_t const footnote : footnotes_.Of(text)) {
-    joined += (joined.empty() ? "" : ",") + footnotes_.Mark(footnote);
-  }
-  return joined.empty() ? joined : Shown(joined);
+  std::string const joined = footnotes_.Marks(text);
+  return joined.empty() ? std::string() : Shown(joined);
 }
 
 std::vector<std::string> FootnoteMarks::Notes() const {

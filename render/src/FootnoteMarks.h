@@ -25,6 +25,9 @@ class FootnoteMarks {
   /// The notes to print under the table, each behind its mark, in the order of the table's list.
   std::vector<std::string> Notes() const;
 
+  /// The footnotes themselves, with the marks as they are.
+  TableFootnotes const& Footnotes() const { return footnotes_; }
+
  private:
   std::string Shown(std::string const& mark) const;
 

@@ -3,11 +3,12 @@
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
+#include <new>
 #include <string_view>
 #include <utf8proc.h>
 
 #include "CleanText.h"
-#include "CodePoint.h"
+#include "Utf16.h"
 
 namespace lakresvos::render {
 
@@ -15,21 +16,7 @@ namespace {
 
 constexpr std::size_t kMostUnits = 31;
 constexpr std::string_view kForbidden = "[]:*?/\\\n\t";
-
-/// The start of the text that fits into so many UTF-16 units.
-std::string_view Cut(std::string_view text, std::size_t units) {
-  std::string_view rest = text;
-  while (!rest.empty()) {
-    CodePoint const point = FirstCodePoint(rest);
-    std::size_t const taken = point.code >= 0x10000 ? 2 : 1;
-    if (taken > units) {
-      break;
-    }
-    units -= taken;
-    rest.remove_prefix(point.length);
-  }
-  return text.substr(0, text.size() - rest.size());
-}
+constexpr std::string_view kReserved = "history";
 
 std::string_view Trimmed(std::string_view text) {
   std::size_t const first = text.find_first_not_of(" '");
@@ -37,38 +24,43 @@ std::string_view Trimmed(std::string_view text) {
   return first == std::string_view::npos ? "" : text.substr(first, last - first + 1);
 }
 
-/// The text with one blank for each run of forbidden characters and blanks.
-std::string WithoutForbidden(std::string_view text) {
-  std::string clean;
-  for (char const c : text) {
-    bool const blank = c == ' ' || kForbidden.find(c) != std::string_view::npos;
-    if (!blank || clean.empty() || clean.back() != ' ') {
-      clean += blank ? ' ' : c;
+/// A text with single blanks for what a name cannot have, and so long that `suffix` fits behind it.
+std::string Legal(std::string const& text, std::string const& suffix) {
+  std::string legal;
+  for (char const c : CleanText(text)) {
+    char const allowed = kForbidden.find(c) != std::string_view::npos ? ' ' : c;
+    if (allowed != ' ' || legal.empty() || legal.back() != ' ') {
+      legal += allowed;
     }
   }
-  return clean;
+  return std::string(Trimmed(Utf16Prefix(Trimmed(legal), kMostUnits - suffix.size())));
 }
 
 std::string Folded(std::string const& name) {
   std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> const folded(
       utf8proc_NFKC_Casefold(reinterpret_cast<utf8proc_uint8_t const*>(name.c_str())), &std::free);
-  return folded != nullptr ? reinterpret_cast<char const*>(folded.get()) : name;
+  if (folded == nullptr) {
+    throw std::bad_alloc();
+  }
+  return reinterpret_cast<char const*>(folded.get());
 }
 
 }  // namespace
 
-std::string SheetNames::Next(std::string const& wish) {
-  std::string const base(Trimmed(WithoutForbidden(CleanText(wish))));
-  std::string name(Trimmed(Cut(base, kMostUnits)));
-  for (int number = 2; name.empty() || Folded(name) == "history" || taken_.count(Folded(name)) != 0;
-       ++number) {
-    std::string const suffix = base.empty() ? "Table" : " (" + std::to_string(number) + ")";
-    name = base.empty() && number == 2 ? suffix
-           : base.empty()              ? suffix + " " + std::to_string(number - 1)
-                          : std::string(Cut(base, kMostUnits - suffix.size())) + suffix;
+std::string SheetNames::Next(std::string const& wish, std::string const& otherwise) {
+  std::string const wanted = Legal(wish, "");
+  std::string const base = wanted.empty() ? otherwise : wanted;
+  std::string const key = Folded(base);
+  if (key != kReserved && taken_.emplace(key, 1).second) {
+    return base;
   }
-  taken_.insert(Folded(name));
-  return name;
+  for (int& number = taken_.emplace(key, 1).first->second;;) {
+    std::string const suffix = " (" + std::to_string(++number) + ")";
+    std::string const name = Legal(base, suffix) + suffix;
+    if (taken_.emplace(Folded(name), 1).second) {
+      return name;
+    }
+  }
 }
 
 }  // namespace lakresvos::render

@@ -1,7 +1,7 @@
 #ifndef LAKRESVOS_RENDER_SHEETNAMES_H
 #define LAKRESVOS_RENDER_SHEETNAMES_H
 
-#include <set>
+#include <map>
 #include <string>
 
 namespace lakresvos::render {
@@ -11,11 +11,12 @@ namespace lakresvos::render {
 /// different from all others whatever the case of its letters.
 class SheetNames {
  public:
-  /// A name that is as near to `wish` as can be.
-  std::string Next(std::string const& wish);
+  /// A name that is as near to `wish` as can be; with a number behind it when it is taken.
+  /// @param otherwise the name to start from when nothing of `wish` can be used; a legal name.
+  std::string Next(std::string const& wish, std::string const& otherwise);
 
  private:
-  std::set<std::string> taken_;  // with cases folded
+  std::map<std::string, int> taken_;  // by name with cases folded, the last number put behind it
 };
 
 }  // namespace lakresvos::render

@@ -54,4 +54,12 @@ std::vector<std::size_t> TableFootnotes::Of(OmCellText const& text) const {
   return footnotes;
 }
 
+std::string TableFootnotes::Marks(OmCellText const& text) const {
+  std::string marks;
+  for (std::size_t const footnote : Of(text)) {
+    marks += (marks.empty() ? "" : ",") + Mark(footnote);
+  }
+  return marks;
+}
+
 }  // namespace lakresvos::render

@@ -30,6 +30,9 @@ class TableFootnotes {
   /// table are left out.
   std::vector<std::size_t> Of(OmCellText const& text) const;
 
+  /// The marks of these footnotes, joined by commas; empty when there are none.
+  std::string Marks(OmCellText const& text) const;
+
  private:
   OmPivotTable const& table_;
   std::vector<std::string> marks_;

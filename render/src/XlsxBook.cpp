@@ -1,19 +1,29 @@
 #include "XlsxBook.h"
 
-#include <cerrno>
+#include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
+#include <cstring>
+#include <new>
 #include <stdexcept>
-#include <system_error>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace lakresvos::render {
 
 namespace {
 
+constexpr std::size_t kMostSheets = 65'000;  // each takes one of the 65,530 links of the contents
+constexpr std::size_t kMostFormats = 64'000;
+
+[[noreturn]] void Fail(std::string const& why) {
+  throw std::runtime_error("the workbook cannot be written: " + why);
+}
+
+/// The library takes 0 for no colour.
 lxw_color_t ColourOf(std::string const& colour) {
-  return static_cast<lxw_color_t>(std::strtoul(colour.c_str() + 1, nullptr, 16));
+  auto const number = static_cast<lxw_color_t>(std::strtoul(colour.c_str() + 1, nullptr, 16));
+  return number != 0 ? number : static_cast<lxw_color_t>(LXW_COLOR_BLACK);
 }
 
 void SetAlignments(lxw_format* format, XlsxStyle const& style) {
@@ -60,6 +70,9 @@ void SetFont(lxw_format* format, XlsxStyle const& style) {
   if (style.underline) {
     format_set_underline(format, LXW_UNDERLINE_SINGLE);
   }
+  if (style.raised) {
+    format_set_font_script(format, LXW_FONT_SUPERSCRIPT);
+  }
   if (!style.colour.empty()) {
     format_set_font_color(format, ColourOf(style.colour));
   }
@@ -67,25 +80,28 @@ void SetFont(lxw_format* format, XlsxStyle const& style) {
 
 }  // namespace
 
+std::string Quoted(std::string const& sheet) {
+  std::string quoted = "'";
+  for (char const c : sheet) {
+    quoted += c == '\'' ? "''" : std::string(1, c);
+  }
+  return quoted + '\'';
+}
+
 void Check(lxw_error error) {
+  if (error == LXW_ERROR_MEMORY_MALLOC_FAILED) {
+    throw std::bad_alloc();
+  }
   if (error != LXW_NO_ERROR) {
-    throw std::runtime_error(std::string("the workbook cannot be written: ") + lxw_strerror(error));
+    Fail(lxw_strerror(error));
   }
 }
 
 XlsxBook::XlsxBook() {
-  file_ = (std::filesystem::temp_directory_path() / "lakresvos-XXXXXX").string();
-  int const draft = mkstemp(file_.data());
-  if (draft < 0) {
-    throw std::runtime_error("the workbook cannot be written: " +
-                             std::generic_category().message(errno));
-  }
-  close(draft);
   lxw_workbook_options options = {};
   options.constant_memory = LXW_TRUE;
-  book_ = workbook_new_opt(file_.c_str(), &options);
+  book_ = workbook_new_opt(file_.Name().c_str(), &options);
   if (book_ == nullptr) {
-    std::filesystem::remove(file_);
     throw std::bad_alloc();
   }
 }
@@ -94,15 +110,31 @@ XlsxBook::~XlsxBook() {
   if (book_ != nullptr) {
     lxw_workbook_free(book_);
   }
-  std::error_code ignored;
-  std::filesystem::remove(file_, ignored);
 }
 
-lxw_worksheet* XlsxBook::AddSheet(std::string const& wish) {
-  lxw_worksheet* const sheet = workbook_add_worksheet(book_, names_.Next(wish).c_str());
+lxw_worksheet* XlsxBook::AddSheet(std::string const& wish, std::string const& otherwise) {
+  if (book_->num_sheets >= kMostSheets) {
+    throw std::length_error("the document takes more than " + std::to_string(kMostSheets) +
+                            " sheets");
+  }
+  std::string const name = names_.Next(wish, otherwise);
+  lxw_worksheet* const sheet = workbook_add_worksheet(book_, name.c_str());
   if (sheet == nullptr) {
+    Fail("there can be no further sheet");
+  }
+  // The library opens a file for each sheet.
+  std::fclose(sheet->optimize_tmpfile);
+  sheet->file = nullptr;
+  sheet->optimize_tmpfile = nullptr;
+  sheet->file = rows_.Open();
+  sheet->optimize_tmpfile = sheet->file;
+  // The library leaves names without quotes that read as numbers or as places in a sheet.
+  std::string const quoted = Quoted(name);
+  char* const copy = strdup(quoted.c_str());
+  if (copy == nullptr) {
     throw std::bad_alloc();
   }
+  std::free(std::exchange(sheet->quoted_name, copy));
   return sheet;
 }
 
@@ -110,6 +142,9 @@ lxw_format* XlsxBook::Format(XlsxStyle const& style) {
   auto const known = formats_.find(style);
   if (known != formats_.end()) {
     return known->second;
+  }
+  if (formats_.size() >= kMostFormats) {
+    return nullptr;
   }
   lxw_format* const format = workbook_add_format(book_);
   if (format == nullptr) {
@@ -137,11 +172,16 @@ lxw_format* XlsxBook::Format(XlsxStyle const& style) {
 }
 
 void XlsxBook::Write(std::ostream& out) {
-  lxw_workbook* const book = std::exchange(book_, nullptr);
-  Check(workbook_close(book));
-  std::ifstream file(file_, std::ios::binary);
-  if (!(out << file.rdbuf()) && !file) {
-    throw std::runtime_error("the workbook cannot be read back");
+  Check(workbook_close(std::exchange(book_, nullptr)));
+  if (!rows_.Good()) {
+    Fail("there is no room for temporary files");
+  }
+  std::vector<char> piece(1 << 16);
+  while (ssize_t const count = read(file_.Descriptor(), piece.data(), piece.size())) {
+    if (count < 0) {
+      Fail("the temporary file cannot be read back");
+    }
+    out.write(piece.data(), count);
   }
 }
 

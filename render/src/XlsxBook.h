@@ -6,12 +6,15 @@
 #include <string>
 #include <xlsxwriter.h>
 
+#include "CLocale.h"
+#include "ScratchFile.h"
 #include "SheetNames.h"
+#include "TemporaryFile.h"
 #include "XlsxStyle.h"
 
 namespace lakresvos::render {
 
-/// A workbook that is being written to a temporary file.
+/// A workbook that is being written to temporary files.
 class XlsxBook {
  public:
   /// @throws std::runtime_error when there can be no temporary file.
@@ -20,22 +23,28 @@ class XlsxBook {
   XlsxBook& operator=(XlsxBook const&) = delete;
   ~XlsxBook();
 
-  /// Adds a sheet named as near to `wish` as a sheet can be.
-  lxw_worksheet* AddSheet(std::string const& wish);
+  /// Adds a sheet; for its name see SheetNames.
+  /// @throws std::length_error when the workbook has all the sheets that it can have.
+  lxw_worksheet* AddSheet(std::string const& wish, std::string const& otherwise);
 
-  /// The one format for a style; null for that of a new workbook.
+  /// The one format for a style; null, the look of a new workbook, when that cannot have any more.
   lxw_format* Format(XlsxStyle const& style);
 
   /// Completes the workbook and copies it to `out`.
-  /// @throws std::runtime_error when the file cannot be written.
+  /// @throws std::runtime_error when a temporary file could not be written or read.
   void Write(std::ostream& out);
 
  private:
-  std::string file_;
+  CLocale locale_;
+  ScratchFile rows_;  // of all sheets
+  TemporaryFile file_;
   lxw_workbook* book_ = nullptr;
   SheetNames names_;
   std::map<XlsxStyle, lxw_format*> formats_;
 };
+
+/// The name of a sheet as references to cells have it.
+std::string Quoted(std::string const& sheet);
 
 /// @throws std::runtime_error with what the library says of `error`, if it is one.
 void Check(lxw_error error);

@@ -4,10 +4,12 @@
 #include <cstdlib>
 #include <new>
 #include <stdexcept>
+#include <string_view>
 
 #include "CleanText.h"
 #include "CodePoint.h"
 #include "TextWidth.h"
+#include "Utf16.h"
 
 namespace lakresvos::render {
 
@@ -15,59 +17,129 @@ namespace {
 
 constexpr int kMostRows = 1'048'576;
 constexpr int kMostColumns = 16'384;
-constexpr std::size_t kMostCharacters = 32'767;
+constexpr std::size_t kMostUnits = 32'767;
 constexpr std::uint16_t kMostMerged = 65'535;
 constexpr int kWidest = 60;
 constexpr int kMostLevels = 7;
 
-std::size_t CharacterCount(std::string_view text) {
-  std::size_t count = 0;
-  for (; !text.empty(); ++count) {
-    text.remove_prefix(FirstCodePoint(text).length);
+bool IsHex(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+
+/// Spreadsheets read "_x0041_" as the character with that code, wherever it stands.
+std::string Escaped(std::string const& text) {
+  std::string escaped;
+  std::size_t copied = 0;
+  for (std::size_t at = text.find("_x"); at != std::string::npos; at = text.find("_x", at + 1)) {
+    std::string_view const code = std::string_view(text).substr(at + 2, 5);
+    if (code.size() == 5 && code[4] == '_' && std::all_of(code.begin(), code.end() - 1, IsHex)) {
+      escaped.append(text, copied, at - copied);
+      escaped += "_x005F";
+      copied = at;
+    }
   }
-  return count;
+  return escaped.append(text, copied);
+}
+
+/// The lines of a clean text, those that are too long for a cell in several pieces.
+std::vector<std::string_view> Pieces(std::string_view text) {
+  std::vector<std::string_view> pieces;
+  while (true) {
+    std::size_t const end = text.find('\n');
+    std::string_view line = text.substr(0, end);
+    do {
+      pieces.push_back(Utf16Prefix(line, kMostUnits));
+      line.remove_prefix(pieces.back().size());
+    } while (!line.empty());
+    if (end == std::string_view::npos || end + 1 == text.size()) {
+      return pieces;
+    }
+    text.remove_prefix(end + 1);
+  }
 }
 
 }  // namespace
 
-XlsxSheet::XlsxSheet(XlsxBook& book, std::string const& wish, std::string const& name)
-    : book_(book), sheet_(book.AddSheet(wish)), name_(name) {}
+XlsxSheet::XlsxSheet(XlsxBook& book, std::string const& content, std::string const& otherwise)
+    : book_(book), sheet_(book.AddSheet(content, otherwise)), content_(content) {}
 
 void XlsxSheet::CheckPlace(int row, int column) const {
   if (row >= kMostRows || column >= kMostColumns) {
-    throw std::length_error("'" + name_ + "' is too large for a sheet, which has " +
+    throw std::length_error("'" + content_ + "' is too large for a sheet, which has " +
                             std::to_string(kMostRows) + " rows and " +
                             std::to_string(kMostColumns) + " columns");
   }
 }
 
-void XlsxSheet::Widen(int column, std::string const& text) {
+int XlsxSheet::Widen(int column, std::string const& text) {
+  int width = 0;
+  if (IsPlainAscii(text)) {
+    width = static_cast<int>(text.size());
+  } else {
+    for (std::string const& line : PrintableLines(text)) {
+      width = std::max(width, TextWidth(line));
+    }
+  }
   auto const at = static_cast<std::size_t>(column);
   widths_.resize(std::max(widths_.size(), at + 1), 0);
-  for (std::string const& line : PrintableLines(text)) {
-    widths_[at] = std::max(widths_[at], TextWidth(line));
-  }
+  widths_[at] = std::max(widths_[at], width);
+  return width;
 }
 
-void XlsxSheet::Text(int row, int column, std::string const& text, XlsxStyle const& style,
+void XlsxSheet::Text(int row, int column, MarkedText const& text, XlsxStyle const& style,
                      bool wide) {
+  std::string const clean = CleanText(text.text);
+  std::string const marks = CleanText(text.marks);
+  if (clean.size() + marks.size() > kMostUnits &&
+      Utf16Length(clean) + Utf16Length(marks) > kMostUnits) {
+    throw std::length_error("'" + content_ +
+                            "' has a text that is too long for a cell, which has " +
+                            std::to_string(kMostUnits) + " characters");
+  }
   CheckPlace(row, column);
-  std::string const clean = CleanText(text);
-  if (clean.size() > kMostCharacters && CharacterCount(clean) > kMostCharacters) {
-    throw std::length_error("'" + name_ + "' has a text that is too long for a cell, which has " +
-                            std::to_string(kMostCharacters) + " characters");
+  XlsxStyle wrapped = style;
+  wrapped.wrap = style.wrap || clean.find('\n') != std::string::npos;
+  if (wide && Widen(column, clean + marks) > kWidest) {
+    wrapped.wrap = true;
   }
-  if (wide) {
-    Widen(column, clean);
+  WriteText(row, column, clean, marks, wrapped);
+}
+
+int XlsxSheet::Lines(int row, MarkedText const& text, XlsxStyle const& style) {
+  std::string const clean = CleanText(text.text);
+  if (clean.empty() && text.marks.empty()) {
+    return row;
   }
-  if (clean.empty()) {
+  std::vector<std::string_view> const pieces = Pieces(clean);
+  for (std::string_view const& piece : pieces) {
+    bool const last = &piece == &pieces.back();
+    Text(row++, 0, {std::string(piece), last ? text.marks : ""}, style, false);
+  }
+  return row;
+}
+
+void XlsxSheet::WriteText(int row, int column, std::string const& text, std::string const& marks,
+                          XlsxStyle const& style) {
+  auto const rowNumber = static_cast<lxw_row_t>(row);
+  auto const columnNumber = static_cast<lxw_col_t>(column);
+  if (text.empty() && marks.empty()) {
     Blank(row, column, style);
     return;
   }
-  XlsxStyle wrapped = style;
-  wrapped.wrap = style.wrap || clean.find('\n') != std::string::npos;
-  Check(worksheet_write_string(sheet_, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
-                               clean.c_str(), book_.Format(wrapped)));
+  XlsxStyle raised = style;
+  raised.raised = true;
+  std::string escapedText = Escaped(text);
+  std::string escapedMarks = Escaped(marks);
+  if (text.empty() || marks.empty()) {
+    Check(worksheet_write_string(sheet_, rowNumber, columnNumber,
+                                 (escapedText + escapedMarks).c_str(),
+                                 book_.Format(text.empty() ? raised : style)));
+    return;
+  }
+  lxw_rich_string_tuple textPart = {nullptr, escapedText.data()};
+  lxw_rich_string_tuple marksPart = {book_.Format(raised), escapedMarks.data()};
+  lxw_rich_string_tuple* parts[] = {&textPart, &marksPart, nullptr};
+  Check(worksheet_write_rich_string(sheet_, rowNumber, columnNumber, parts, book_.Format(style)));
 }
 
 void XlsxSheet::Number(int row, int column, double value, std::string const& shown,
@@ -85,17 +157,13 @@ void XlsxSheet::Blank(int row, int column, XlsxStyle const& style) {
 }
 
 void XlsxSheet::Link(int row, int column, std::string const& sheet, std::string const& text,
-                     XlsxStyle const& style) {
+                     XlsxStyle const& style, bool wide) {
   CheckPlace(row, column);
-  std::string target = "internal:'";
-  for (char const c : sheet) {
-    target += c == '\'' ? "''" : std::string(1, c);
-  }
   auto const rowNumber = static_cast<lxw_row_t>(row);
   auto const columnNumber = static_cast<lxw_col_t>(column);
-  lxw_format* const format = book_.Format(style);
-  Check(worksheet_write_url(sheet_, rowNumber, columnNumber, (target + "'!A1").c_str(), format));
-  Check(worksheet_write_string(sheet_, rowNumber, columnNumber, CleanText(text).c_str(), format));
+  std::string const target = "internal:" + Quoted(sheet) + "!A1";
+  Check(worksheet_write_url(sheet_, rowNumber, columnNumber, target.c_str(), book_.Format(style)));
+  Text(row, column, {text, ""}, style, wide);
 }
 
 // The library's own merging writes all cells of the range at once, which sheets that are written

@@ -4,23 +4,35 @@
 #include <string>
 #include <vector>
 
+#include "FootnoteMarks.h"
 #include "XlsxBook.h"
 
 namespace lakresvos::render {
 
 /// One sheet of a workbook, written row by row: what has left a row cannot go back to it.
+///
+/// Texts are cleaned; the marks of footnotes stand raised behind them.
 class XlsxSheet {
  public:
-  /// @param name what errors call the sheet's content.
-  XlsxSheet(XlsxBook& book, std::string const& wish, std::string const& name);
+  /// @param content what the sheet shows, for its name and for errors.
+  /// @param otherwise the name of a sheet whose content has none.
+  XlsxSheet(XlsxBook& book, std::string const& content, std::string const& otherwise);
   XlsxSheet(XlsxSheet const&) = delete;
   XlsxSheet& operator=(XlsxSheet const&) = delete;
 
   lxw_worksheet* Handle() { return sheet_; }
-  char const* Name() const { return sheet_->name; }
+  std::string Name() const { return sheet_->name; }
 
-  /// Writes any text, cleaned. The column will be wide enough for it unless `wide` is off.
-  void Text(int row, int column, std::string const& text, XlsxStyle const& style, bool wide = true);
+  /// Writes a text. The column will be wide enough for it, up to a limit behind which it wraps,
+  /// unless `wide` is off.
+  /// @throws std::length_error, as all that write, when the place is outside a sheet, and when the
+  ///         text is longer than a cell can hold.
+  void Text(int row, int column, MarkedText const& text, XlsxStyle const& style, bool wide = true);
+
+  /// Writes a text line by line into the first column, long lines in several pieces; nothing for an
+  /// empty one. The column does not get wider.
+  /// @return the row behind the last.
+  int Lines(int row, MarkedText const& text, XlsxStyle const& style);
 
   /// Writes a number; `shown` is the text that it will show.
   void Number(int row, int column, double value, std::string const& shown, XlsxStyle const& style);
@@ -28,30 +40,34 @@ class XlsxSheet {
   /// Gives a cell without content a style.
   void Blank(int row, int column, XlsxStyle const& style);
 
-  /// Writes a text that leads to another sheet.
+  /// Writes a text, as Text() does, that leads to another sheet.
   void Link(int row, int column, std::string const& sheet, std::string const& text,
-            XlsxStyle const& style);
+            XlsxStyle const& style, bool wide = true);
 
   /// Merges cells, whose contents are written one by one. A sheet cannot hold more than 65,535
   /// merged cells; false, and nothing done, when it does.
   bool Merge(int row, int column, int rows, int columns);
 
-  /// The outline level of a row, from 0 to 7; before any of its cells.
+  /// The outline level of a row; before any of its cells. Levels above 7 count as 7.
   void RowLevel(int row, int level);
 
   /// The outline level of a column.
   void ColumnLevel(int column, int level);
 
-  /// Sets the widths of the columns.
+  /// Sets the widths and levels of the columns.
   void Finish();
 
- private:
+  /// @throws std::length_error when the place is outside a sheet.
   void CheckPlace(int row, int column) const;
-  void Widen(int column, std::string const& text);
+
+ private:
+  int Widen(int column, std::string const& text);
+  void WriteText(int row, int column, std::string const& text, std::string const& marks,
+                 XlsxStyle const& style);
 
   XlsxBook& book_;
   lxw_worksheet* sheet_;
-  std::string name_;
+  std::string content_;
   std::vector<int> widths_;  // per column, in characters
   std::vector<int> levels_;  // per column
 };

@@ -3,14 +3,18 @@
 #include <cmath>
 #include <tuple>
 
+#include "CleanText.h"
 #include "Colour.h"
+#include "Utf16.h"
 
 namespace lakresvos::render {
 
 namespace {
 
+constexpr std::size_t kLongestFontName = 31;  // that a workbook can have
+
 auto AsTuple(XlsxStyle const& style) {
-  return std::tie(style.font, style.size, style.bold, style.italic, style.underline,
+  return std::tie(style.font, style.size, style.bold, style.italic, style.underline, style.raised,
                   style.horizontal, style.vertical, style.colour, style.background,
                   style.numberFormat, style.indent, style.rule, style.wrap);
 }
@@ -47,8 +51,9 @@ void SetColours(XlsxStyle& style, std::string const& text, std::string const& ba
 
 template <class Format>
 XlsxStyle With(XlsxStyle style, Format const& format) {
-  if (!format.getFontName().empty()) {
-    style.font = format.getFontName();
+  std::string const font = CleanText(format.getFontName());
+  if (!font.empty() && Utf16Length(font) <= kLongestFontName) {
+    style.font = font;
   }
   double const size = static_cast<double>(format.getFontSize());
   if (std::isfinite(size) && size >= 1 && size <= 409) {  // what a workbook can have

@@ -16,6 +16,7 @@ struct XlsxStyle {
   bool bold = false;
   bool italic = false;
   bool underline = false;
+  bool raised = false;
   HorizontalAlignment horizontal = HorizontalAlignment::Any;
   VerticalAlignment vertical = VerticalAlignment::Top;
   std::string colour;      ///< "#rrggbb" or empty

@@ -1,214 +1,95 @@
 #include "XlsxTable.h"
 
-#include <cmath>
-#include <vector>
+#include <memory>
+#include <string>
+
+#include <lakresvos/render/LayerGrids.h>
 
 #include "CellText.h"
-#include "NumberCell.h"
+#include "LayerLine.h"
+#include "XlsxGrid.h"
 
 namespace lakresvos::render {
 
 namespace {
 
-/// The largest number that a cell of a workbook can hold; larger ones are texts.
-constexpr double kLargestNumber = 9.99999999999999e307;
-
-/// "0.00" for two decimals, with the marks of footnotes behind it.
-std::string NumberFormat(int decimals, std::string const& marks) {
-  constexpr int kMostDecimals = 30;
-  std::string format = "General";
-  if (decimals >= 0 && decimals <= kMostDecimals) {
-    format = "0" + (decimals > 0 ? "." + std::string(static_cast<std::size_t>(decimals), '0') : "");
-  }
-  if (marks.empty()) {
-    return format == "General" ? "" : format;
-  }
-  std::string quoted;
-  for (char const c : marks) {
-    quoted += c == '"' ? '\'' : c;
-  }
-  return format + '"' + quoted + '"';
-}
-
-class XlsxGrid {
+class TableSheets {
  public:
-  XlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, FootnoteMarks const& marks,
-           XlsxOptions const& options, int top)
-      : sheet_(sheet),
-        grid_(grid),
-        marks_(marks),
-        options_(options),
-        top_(top),
-        above_(static_cast<std::size_t>(grid.Columns())) {
-    OmPivotTable const& table = grid.Table();
-    XlsxStyle heading;
-    heading.bold = true;
-    XlsxStyle columnHeading = heading;
-    columnHeading.rule = true;
-    columnHeading.horizontal = HorizontalAlignment::Centre;
-    columnHeading.vertical = VerticalAlignment::Bottom;
-    columnHeading.wrap = true;
-    XlsxStyle corner = heading;
-    corner.rule = true;
-    corner.vertical = VerticalAlignment::Bottom;
-    corner_ = WithArea(corner, table, FormatArea::AreaCorner);
-    columnLabels_ = WithArea(columnHeading, table, FormatArea::AreaColumnLabels);
-    rowLabels_ = WithArea(heading, table, FormatArea::AreaRowLabels);
-    data_ = WithArea(XlsxStyle(), table, FormatArea::AreaData);
-    alternate_ = WithAlternateColours(data_, table.getAreaFormat(FormatArea::AreaData));
-  }
+  TableSheets(OmPivotTable& table, XlsxContents& contents, XlsxOptions const& options)
+      : table_(table), contents_(contents), options_(options), marks_(table, false) {}
 
-  int Write() {
-    for (int row = 0; row < grid_.Rows(); ++row) {
-      WriteRow(row);
-    }
-    return top_ + grid_.Rows();
+  void Write() {
+    LayerGrids layers(table_, {options_.skipEmpty, true});
+    DisplayGrid const* grid = layers.Next();
+    do {
+      Start(grid);
+      for (bool first = true; grid != nullptr && (first || !options_.layersAsSheets);
+           first = false) {
+        WriteLayer(*grid, first);
+        grid = options_.allLayers ? layers.Next() : nullptr;
+      }
+      End();
+    } while (grid != nullptr);
   }
 
  private:
-  /// A heading cell that reaches into the present row from above it.
-  struct Above {
-    GridCell const* cell = nullptr;
-    bool merged = false;
-  };
-
-  void WriteRow(int row) {
-    for (GridCell const& cell : grid_.Frame(row)) {
-      Above const above{&cell, WantsMerge(cell) && sheet_.Merge(top_ + row, cell.column,
-                                                                cell.rowSpan, cell.columnSpan)};
-      for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
-        above_[static_cast<std::size_t>(c)] = above;
-      }
-    }
-    bool const heading = row < grid_.HeadingRows();
-    int const labels = heading ? grid_.Columns() : grid_.HeadingColumns();
-    if (int const level = heading ? 0 : RowLevelOf(row); level > 0) {
-      sheet_.RowLevel(top_ + row, level);
-    }
-    for (int column = 0; column < labels; ++column) {
-      WriteLabel(row, column);
-    }
-    if (heading) {
-      return;
-    }
-    DisplayGrid::BodyRow cells = grid_.Body(row);
-    bool const even = (row - grid_.HeadingRows()) % 2 == 1;
-    for (int column = labels; column < grid_.Columns(); ++column) {
-      WriteCell(row, column, cells.Cell(column), even ? alternate_ : data_);
-    }
-  }
-
-  bool WantsMerge(GridCell const& cell) const {
-    bool const wanted =
-        cell.role == GridRole::RowHeading ? options_.mergeRows : options_.mergeColumns;
-    return wanted && (cell.rowSpan > 1 || cell.columnSpan > 1);
-  }
-
-  /// In how many groups the row stands without being their first row, which stays in sight when the
-  /// group is folded.
-  int RowLevelOf(int row) const {
-    int level = 0;
-    for (int column = 0; column < grid_.HeadingColumns(); ++column) {
-      GridCell const& cell = *above_[static_cast<std::size_t>(column)].cell;
-      level += cell.column == column && cell.rowSpan > 1 && cell.row < row ? 1 : 0;
-    }
-    return level;
-  }
-
-  XlsxStyle const& StyleOf(GridCell const& cell) const {
-    switch (cell.role) {
-      case GridRole::Corner:
-        return corner_;
-      case GridRole::ColumnHeading:
-        return columnLabels_;
-      case GridRole::RowHeading:
-        break;
-    }
-    return rowLabels_;
-  }
-
-  void WriteLabel(int row, int column) {
-    Above const& above = above_[static_cast<std::size_t>(column)];
-    GridCell const& cell = *above.cell;
-    XlsxStyle const& style = StyleOf(cell);
-    bool const first = cell.row == row && cell.column == column;
-    if (above.merged && !first) {
-      sheet_.Blank(top_ + row, column, style);
+  void Start(DisplayGrid const* grid) {
+    std::string const title = TextOf(HeadlineOf(table_));
+    std::string const layer =
+        options_.layersAsSheets && grid != nullptr ? LayerLine(grid->LayerLabels(), TextOf) : "";
+    if (layer.empty()) {
+      sheet_ = contents_.AddSheet(title, title, "Table");
     } else {
-      MarkedText const shown = ShownText(cell.label, marks_);
-      sheet_.Text(top_ + row, column, shown.text + shown.marks, style, cell.columnSpan == 1);
+      sheet_ = contents_.AddSheet(title + " (" + layer + ")", layer + ", " + title, "Table");
     }
+    row_ = 1;
+    XlsxStyle bold;
+    bold.bold = true;
+    WriteLines(HeadlineOf(table_), bold, FormatArea::AreaTitle);
   }
 
-  void WriteCell(int row, int column, OmCellText* cell, XlsxStyle const& plain) {
-    if (cell == nullptr) {
-      if (!plain.background.empty()) {
-        sheet_.Blank(top_ + row, column, plain);
-      }
-      return;
+  void WriteLayer(DisplayGrid const& grid, bool first) {
+    if (!first) {
+      ++row_;
     }
-    XlsxStyle style = plain;
-    auto const& styles = grid_.Table().getCellStyles();
-    std::size_t const number = cell->hasMeta() ? cell->getMeta()->getStyle() : 0;
-    if (number != 0 && number < styles.size()) {
-      style = WithProperties(style, styles[number]);
+    std::string const layer = LayerLine(grid.LayerLabels(), [this](OmCellText const* label) {
+      MarkedText const shown = ShownText(label, marks_);
+      return shown.text + shown.marks;
+    });
+    row_ = sheet_->Lines(row_, {layer, ""}, WithArea(XlsxStyle(), table_, FormatArea::AreaLayers));
+    if (first) {
+      SetUpXlsxGrid(*sheet_, grid, row_);
     }
-    MarkedText const shown = ShownText(cell, marks_);
-    std::optional<ShownNumber> const value = NumberOf(*cell);
-    if (value.has_value() && style.horizontal == HorizontalAlignment::Any) {
-      style.horizontal = HorizontalAlignment::Right;
-    }
-    if (value.has_value() && std::abs(value->value) <= kLargestNumber) {
-      style.numberFormat = NumberFormat(value->decimals, shown.marks);
-      sheet_.Number(top_ + row, column, value->value, shown.text + shown.marks, style);
-    } else {
-      sheet_.Text(top_ + row, column, shown.text + shown.marks, style);
-    }
+    row_ = WriteXlsxGrid(*sheet_, grid, marks_, options_, row_);
   }
 
-  XlsxSheet& sheet_;
-  DisplayGrid const& grid_;
-  FootnoteMarks const& marks_;
+  void End() {
+    XlsxStyle const style = WithArea(XlsxStyle(), table_, FormatArea::AreaFootnotes);
+    for (std::string const& note : marks_.Notes()) {
+      row_ = sheet_->Lines(row_, {note, ""}, style);
+    }
+    if (table_.showCaption()) {
+      WriteLines(table_.Caption(), XlsxStyle(), FormatArea::AreaCaption);
+    }
+    sheet_->Finish();
+  }
+
+  void WriteLines(OmCellText const* text, XlsxStyle const& style, FormatArea::Area area) {
+    row_ = sheet_->Lines(row_, Marked(text, marks_), WithArea(style, table_, area));
+  }
+
+  OmPivotTable& table_;
+  XlsxContents& contents_;
   XlsxOptions const& options_;
-  int top_;
-  std::vector<Above> above_;  // per column
-  XlsxStyle corner_;
-  XlsxStyle columnLabels_;
-  XlsxStyle rowLabels_;
-  XlsxStyle data_;
-  XlsxStyle alternate_;
+  FootnoteMarks marks_;
+  std::unique_ptr<XlsxSheet> sheet_;
+  int row_ = 0;
 };
 
 }  // namespace
 
-int WriteXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, FootnoteMarks const& marks,
-                  XlsxOptions const& options, int top) {
-  return XlsxGrid(sheet, grid, marks, options, top).Write();
-}
-
-void SetUpXlsxSheet(XlsxSheet& sheet, DisplayGrid const& grid, int top) {
-  auto const body = static_cast<lxw_row_t>(top + grid.HeadingRows());
-  auto const columns = static_cast<lxw_col_t>(grid.HeadingColumns());
-  worksheet_freeze_panes(sheet.Handle(), body, columns);
-  if (grid.HeadingRows() > 0) {
-    Check(worksheet_repeat_rows(sheet.Handle(), static_cast<lxw_row_t>(top), body - 1));
-  }
-  if (columns > 0) {
-    Check(worksheet_repeat_columns(sheet.Handle(), 0, static_cast<lxw_col_t>(columns - 1)));
-  }
-  worksheet_outline_settings(sheet.Handle(), LXW_TRUE, LXW_FALSE, LXW_FALSE, LXW_FALSE);
-  std::vector<int> levels(static_cast<std::size_t>(grid.Columns()), 0);
-  for (int row = 0; row < grid.HeadingRows(); ++row) {
-    for (GridCell const& cell : grid.Frame(row)) {
-      bool const group = cell.role == GridRole::ColumnHeading && cell.node != nullptr;
-      for (int c = cell.column + 1; group && c < cell.column + cell.columnSpan; ++c) {
-        ++levels[static_cast<std::size_t>(c)];
-      }
-    }
-  }
-  for (int column = grid.HeadingColumns(); column < grid.Columns(); ++column) {
-    sheet.ColumnLevel(column, levels[static_cast<std::size_t>(column)]);
-  }
+void WriteXlsxTable(OmPivotTable& table, XlsxContents& contents, XlsxOptions const& options) {
+  TableSheets(table, contents, options).Write();
 }
 
 }  // namespace lakresvos::render

@@ -1,168 +1,196 @@
+#include <cmath>
+#include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <sstream>
+#include <stdexcept>
 #include <string>
+#include <sys/resource.h>
 
 #include <lakresvos/OmHeading.h>
-#include <lakresvos/OmOutputTree.h>
+#include <lakresvos/OmTextBlock.h>
 #include <lakresvos/render/XlsxRenderer.h>
 
 #include "RenderTables.h"
-#include "SheetNames.h"
-#include "XlsxStyle.h"
+#include "support/FailingNew.h"
+#include "tools/TemporaryDirectory.h"
 
-using namespace lakresvos::render;
+using lakresvos::render::RenderXlsx;
 using namespace render_tables;
 
 namespace {
 
-std::string Written(OmOutputTree& document, XlsxOptions const& options = {}) {
-  std::ostringstream out;
-  RenderXlsx(document, out, options);
-  return out.str();
+std::size_t OpenFiles() {
+  auto const files = std::filesystem::directory_iterator("/proc/self/fd");
+  return static_cast<std::size_t>(std::distance(begin(files), end(files)));
 }
 
-std::string ErrorIn(OmOutputTree& document) {
-  std::ostringstream out;
-  try {
-    RenderXlsx(document, out);
-  } catch (std::length_error const& error) {
-    EXPECT_EQ(out.str(), "");
-    return error.what();
+/// Has temporary files in a directory of their own, to see what becomes of them.
+class XlsxRendererTest : public testing::Test {
+ protected:
+  XlsxRendererTest() { setenv("TMPDIR", temporary_.Path("").c_str(), 1); }
+  ~XlsxRendererTest() override { unsetenv("TMPDIR"); }
+
+  Table& AddTable(std::string const& title) {
+    auto& table = AppendItem<Table>(document_.begin());
+    table.SetTableTitle(Utf8(title));
+    return table;
   }
-  return "none";
-}
+
+  std::string Rendered() {
+    RenderXlsx(document_, out_);
+    return out_.str();
+  }
+
+  /// What rendering fails with; nothing has been written then.
+  template <class Error>
+  std::string Failure() {
+    std::size_t const files = OpenFiles();
+    std::string message = "no error";
+    try {
+      RenderXlsx(document_, out_);
+    } catch (Error const& error) {
+      message = error.what();
+    }
+    EXPECT_EQ(out_.str(), "");
+    EXPECT_EQ(OpenFiles(), files);
+    EXPECT_EQ(temporary_.Entries(), 0u);
+    return message;
+  }
+
+  TemporaryDirectory temporary_;
+  OmOutputTree document_;
+  std::ostringstream out_;
+};
 
 }  // namespace
 
-TEST(SheetNames, GoodNameStays) {
-  SheetNames names;
-  EXPECT_EQ(names.Next("Survival by class"), "Survival by class");
+TEST_F(XlsxRendererTest, WritesAZipArchive) {
+  EXPECT_EQ(Rendered().substr(0, 4), "PK\x03\x04");
 }
 
-TEST(SheetNames, ForbiddenCharactersBecomeBlanks) {
-  SheetNames names;
-  EXPECT_EQ(names.Next("[a]:b*c?d/e\\f\ng"), "a b c d e f g");
-}
-
-TEST(SheetNames, ApostrophesAndBlanksAtTheEndsGo) {
-  SheetNames names;
-  EXPECT_EQ(names.Next(" 'it's' "), "it's");
-}
-
-TEST(SheetNames, LongNameIsCutAtThirtyOneUnits) {
-  SheetNames names;
-  EXPECT_EQ(names.Next(std::string(40, 'x')), std::string(31, 'x'));
-  std::string emoji;
-  for (int i = 0; i < 20; ++i) {
-    emoji += "\xF0\x9F\x98\x80";
-  }
-  EXPECT_EQ(names.Next(emoji).size(), 15u * 4u);  // two UTF-16 units each
-}
-
-TEST(SheetNames, NamesDifferWhateverTheCase) {
-  SheetNames names;
-  EXPECT_EQ(names.Next("Table"), "Table");
-  EXPECT_EQ(names.Next("TABLE"), "TABLE (2)");
-  EXPECT_EQ(names.Next("table"), "table (3)");
-  EXPECT_EQ(names.Next("\xC3\x84"), "\xC3\x84");
-  EXPECT_EQ(names.Next("\xC3\xA4"), "\xC3\xA4 (2)");
-}
-
-TEST(SheetNames, NumberFitsBehindALongName) {
-  SheetNames names;
-  names.Next(std::string(31, 'x'));
-  EXPECT_EQ(names.Next(std::string(31, 'x')), std::string(27, 'x') + " (2)");
-}
-
-TEST(SheetNames, ReservedAndEmptyNamesAreReplaced) {
-  SheetNames names;
-  EXPECT_EQ(names.Next("History"), "History (2)");
-  EXPECT_EQ(names.Next(""), "Table");
-  EXPECT_EQ(names.Next("'"), "Table 2");
-}
-
-TEST(XlsxStyle, AreaFormatOverridesWhatItSays) {
-  Table table;
-  auto* const format = new FormatArea(FormatArea::AreaData);
-  format->setFontName("Serif");
-  format->setFontSize(12);
-  format->setFontStyle(2);
-  format->setUnderline(true);
-  format->setHorizontalAlignment(1);
-  format->setVerticalAlignment(7);
-  format->setTextColor("#abc");
-  format->setBackgroundColor("none");
-  table.setAreaFormat(format);
-  XlsxStyle base;
-  base.bold = true;
-  XlsxStyle const style = WithArea(base, table, FormatArea::AreaData);
-  EXPECT_EQ(style.font, "Serif");
-  EXPECT_EQ(style.size, 12);
-  EXPECT_FALSE(style.bold);
-  EXPECT_TRUE(style.italic);
-  EXPECT_TRUE(style.underline);
-  EXPECT_EQ(style.horizontal, HorizontalAlignment::Centre);
-  EXPECT_EQ(style.vertical, VerticalAlignment::Top);
-  EXPECT_EQ(style.colour, "#aabbcc");
-  EXPECT_EQ(style.background, "");
-  EXPECT_TRUE(WithArea(base, table, FormatArea::AreaTitle).bold);
-}
-
-TEST(XlsxRenderer, WritesAZipArchive) {
-  OmOutputTree document;
-  EXPECT_EQ(Written(document).substr(0, 4), "PK\x03\x04");
-}
-
-TEST(XlsxRenderer, TooManyColumnsNameTheTable) {
-  OmOutputTree document;
-  Table& table = AppendItem<Table>(document.begin());
-  table.AddFlat("d", 16'385);
-  table.Place({}, {0});
-  table.Cell({16'384}, OmNumber(1));
-  table.Cell({0}, OmNumber(1));
-  XlsxOptions options;
-  options.skipEmpty = false;
-  std::ostringstream out;
-  EXPECT_THROW(RenderXlsx(document, out, options), std::length_error);
-  EXPECT_EQ(out.str(), "");
-}
-
-TEST(XlsxRenderer, TextThatIsTooLongNamesTheTable) {
-  OmOutputTree document;
-  Table& table = AppendItem<Table>(document.begin());
-  AddCategories(table, "d", {"a"});
+TEST_F(XlsxRendererTest, LeavesNoTemporaryFilesBehind) {
+  Table& table = AddTable("table");
+  table.AddFlat("r", 2);
   table.Place({0}, {});
-  table.Cell({0}, Utf8(std::string(32'768, 'x')));
-  EXPECT_EQ(ErrorIn(document),
-            "'table' has a text that is too long for a cell, which has 32767 characters");
-  std::string wide;
-  for (int i = 0; i < 32'767; ++i) {
-    wide += "\xC3\xA4";
+  table.PutAll();
+  std::size_t const files = OpenFiles();
+  EXPECT_NE(Rendered(), "");
+  EXPECT_EQ(temporary_.Entries(), 0u);
+  EXPECT_EQ(OpenFiles(), files);
+}
+
+TEST_F(XlsxRendererTest, NamesTheTableThatHasTooManyColumns) {
+  Table& table = AddTable("wide");
+  table.AddFlat("c", 16385);
+  table.Place({}, {0});
+  table.PutAll();
+  EXPECT_EQ(Failure<std::length_error>(),
+            "'wide' is too large for a sheet, which has 1048576 rows and 16384 columns");
+}
+
+TEST_F(XlsxRendererTest, HasRoomForTheLastColumn) {
+  Table& table = AddTable("wide");
+  table.AddFlat("c", 16384);
+  table.Place({}, {0});
+  table.PutAll();
+  EXPECT_NE(Rendered(), "");
+}
+
+TEST_F(XlsxRendererTest, NamesTheTableThatHasTooManyRows) {
+  Table& table = AddTable("tall");
+  table.AddFlat("r", 1048575);
+  table.Place({0}, {});
+  table.PutAll();
+  EXPECT_EQ(Failure<std::length_error>(),
+            "'tall' is too large for a sheet, which has 1048576 rows and 16384 columns");
+}
+
+TEST_F(XlsxRendererTest, NamesTheTableThatHasTooLongAText) {
+  Table& table = AddTable("wordy");
+  table.AddFlat("r", 1);
+  table.Place({0}, {});
+  table.Cell({0}, Utf8(std::string(32768, 'x')));
+  EXPECT_EQ(Failure<std::length_error>(),
+            "'wordy' has a text that is too long for a cell, which has 32767 characters");
+}
+
+TEST_F(XlsxRendererTest, HasRoomForTheLongestText) {
+  Table& table = AddTable("wordy");
+  table.AddFlat("r", 1);
+  table.Place({0}, {});
+  table.Cell({0}, Utf8(std::string(32767, 'x')));
+  EXPECT_NE(Rendered(), "");
+}
+
+TEST_F(XlsxRendererTest, SaysWhenThereIsNoRoomForTemporaryFiles) {
+  Table& table = AddTable("table");
+  table.AddFlat("r", 5000);
+  table.Place({0}, {});
+  table.PutAll();
+  rlimit former{};
+  getrlimit(RLIMIT_FSIZE, &former);
+  rlimit const small{10000, former.rlim_max};
+  auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &small);
+  std::string const message = Failure<std::runtime_error>();
+  setrlimit(RLIMIT_FSIZE, &former);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(message.substr(0, 31), "the workbook cannot be written:");
+}
+
+TEST_F(XlsxRendererTest, SaysWhenThereCanBeNoTemporaryFile) {
+  setenv("TMPDIR", "/proc", 1);
+  EXPECT_THROW(RenderXlsx(document_, out_), std::runtime_error);
+  EXPECT_EQ(out_.str(), "");
+}
+
+TEST_F(XlsxRendererTest, AStreamThatFailsSaysSoItself) {
+  out_.setstate(std::ios::badbit);
+  RenderXlsx(document_, out_);
+  EXPECT_TRUE(out_.bad());
+}
+
+TEST_F(XlsxRendererTest, AStreamMayThrow) {
+  out_.setstate(std::ios::badbit);
+  EXPECT_THROW(out_.exceptions(std::ios::badbit), std::ios::failure);
+  EXPECT_THROW(RenderXlsx(document_, out_), std::ios::failure);
+  EXPECT_EQ(temporary_.Entries(), 0u);
+}
+
+TEST_F(XlsxRendererTest, BearsAHundredThousandLevels) {
+  auto node = document_.begin();
+  for (int i = 0; i < 100000; ++i) {
+    node = node.AppendChild(new OmHeading(Utf8("level")));
   }
-  table.Cell({0}, Utf8(wide));
-  EXPECT_EQ(ErrorIn(document), "none");
+  EXPECT_NE(Rendered(), "");
 }
 
-TEST(XlsxRenderer, TemporaryFilesAreRemoved) {
-  auto const count = [] {
-    std::size_t files = 0;
-    for (auto const& entry :
-         std::filesystem::directory_iterator(std::filesystem::temp_directory_path())) {
-      files += entry.path().filename().string().starts_with("lakresvos-") ? 1U : 0U;
-    }
-    return files;
-  };
-  std::size_t const before = count();
-  OmOutputTree document;
-  Written(document);
-  EXPECT_EQ(count(), before);
-}
-
-TEST(XlsxRenderer, StreamThatFailsTells) {
-  OmOutputTree document;
-  std::ostringstream out;
-  out.setstate(std::ios::badbit);
-  RenderXlsx(document, out);
-  EXPECT_FALSE(out);
+TEST_F(XlsxRendererTest, EveryFailedAllocationLeavesNothingBehind) {
+  Table& table = AddTable("a title that is long enough for the heap");
+  table.AddFlat("A", 2);
+  table.AddFlat("B", 2);
+  table.AddFlat("C", 2);
+  table.AddFlat("D", 2);
+  table.Place({0}, {1, 2}, {3});
+  table.PutAll();
+  AddFootnote(table, "note");
+  OmStringCellUTF8 marked("日本語");
+  table.Cell({0, 0, 0, 0}, WithFootnotes(marked, {0}));
+  AppendItem<OmTextBlock>(document_.begin(), Utf8("label"), "text that is long enough to allocate");
+  std::ostream nowhere(nullptr);
+  std::size_t const files = OpenFiles();
+  std::size_t const failures = FailEveryAllocation(
+      [&] {
+        try {
+          RenderXlsx(document_, nowhere);
+        } catch (std::runtime_error const&) {  // no memory inside the library or a stream
+          throw std::bad_alloc();
+        }
+      },
+      [&] { ASSERT_EQ(temporary_.Entries(), 0u); });
+  EXPECT_GT(failures, 100u);
+  EXPECT_EQ(OpenFiles(), files);
 }

@@ -35,6 +35,7 @@ def main():
     writer, directory = sys.argv[1], pathlib.Path(sys.argv[2])
     subprocess.run([writer, directory], check=True)
     tables = json.loads((directory / "grids.json").read_text(encoding="utf-8"))
+    sheets = read_xlsx.expected_tables(tables)
     comparisons = {
         "CSV": (read_csv.records(directory / "tables.csv"), read_csv.expected_records(tables)),
         "HTML": (
@@ -49,10 +50,7 @@ def main():
             read_markdown.pipe_tables(directory / "document.md"),
             read_markdown.expected_tables(tables),
         ),
-        "XLSX": (
-            read_xlsx.tables(directory / "document.xlsx", tables),
-            read_xlsx.expected_tables(tables),
-        ),
+        "XLSX": (read_xlsx.tables(directory / "document.xlsx", sheets), sheets),
     }
     failed = False
     for name, (shown, expected) in comparisons.items():

@@ -1,105 +1,91 @@
-"""What a workbook shows, and how its sheets are set up."""
+"""What a workbook shows on the sheets of its tables."""
 
 import re
 
 import openpyxl
-from openpyxl.utils import get_column_letter
+import openpyxl.cell.text
+import openpyxl.utils
 
-FIRST_ROW = 3  # below the link to the contents and the title
+
+def text_without_marks(rich_text):
+    """The marks of footnotes are what is raised."""
+    parts = [rich_text.plain] + [part.t for part in rich_text.formatted if not is_raised(part)]
+    return "".join(part for part in parts if part)
 
 
-def shown_text(cell):
-    """The text that a cell shows, without the marks of footnotes behind a number."""
+def is_raised(part):
+    return part.rPr is not None and part.rPr.vertAlign == "superscript"
+
+
+openpyxl.cell.text.Text.content = property(text_without_marks)
+
+
+def shown(cell):
     if cell.value is None:
         return ""
-    if cell.data_type == "n":
-        form = re.sub('"[^"]*"$', "", cell.number_format)
-        if form == "General":
-            return float(cell.value)
-        decimals = len(form.partition(".")[2])
-        return f"{cell.value:.{decimals}f}"
-    return cell.value
+    if cell.data_type != "n":
+        return cell.value
+    number_format = re.sub(r'"[^"]*"', "", cell.number_format)
+    decimals = re.fullmatch(r"0(?:\.(0+))?", number_format)
+    return f"{cell.value:.{len(decimals[1] or '')}f}" if decimals else str(cell.value)
 
 
-def same(shown, text):
-    """Whether a cell shows a text; behind it may stand the marks of footnotes."""
-    if isinstance(shown, float):
-        return abs(shown - float(text)) <= 1e-14 * abs(shown)
-    return shown == text or (
-        shown.startswith(text)
-        and all(ord(c) > 127 or c in "*,[]" or c.isalnum() for c in shown[len(text) :])
-        and len(shown) - len(text) <= 12
-    )
+def expanded(sheet):
+    """All rows, with what stands in merged cells at each of their places."""
+    rows = [[shown(cell) for cell in row] for row in sheet.iter_rows()]
+    for merged in sheet.merged_cells.ranges:
+        text = rows[merged.min_row - 1][merged.min_col - 1]
+        for row, column in merged.cells:
+            rows[row - 1][column - 1] = text
+    return [trimmed(row) for row in rows]
 
 
-def layer_rows(sheet, top, layer):
-    """The grid whose first row is `top`, each text of the merged cells wherever they reach."""
-    merged = {}
-    for row, column, rows, columns in layer["spans"]:
-        for r in range(rows):
-            for c in range(columns):
-                merged[row + r, column + c] = (row, column)
-    result = []
-    for r, expected in enumerate(layer["rows"]):
-        row = []
-        for c, text in enumerate(expected):
-            at_row, at_column = merged.get((r, c), (r, c))
-            shown = shown_text(sheet.cell(top + at_row, at_column + 1))
-            row.append(text if same(shown, text) else shown)
-        result.append(row)
-    return result
-
-
-def merged_ranges(top, layer):
-    return {
-        f"{get_column_letter(column + 1)}{top + row}:"
-        f"{get_column_letter(column + columns)}{top + row + rows - 1}"
-        for row, column, rows, columns in layer["spans"]
-    }
+def trimmed(row):
+    while row and not row[-1]:
+        row = row[:-1]
+    return row
 
 
 def tables(path, expected):
-    """Reads the sheets in the order of the tables that have a layer."""
-    book = openpyxl.load_workbook(path)
-    sheets = iter(book.worksheets[1:])
-    result = []
-    for table in expected:
-        if not table["layers"]:
-            continue
-        sheet = next(sheets)
-        title = sheet["A2"].value or ""
-        shown = {"title": table["title"] if same(title, table["title"]) else title, "layers": []}
-        row = FIRST_ROW
-        for number, layer in enumerate(table["layers"]):
-            row += 1 if number > 0 else 0
-            name = ""
-            if layer["name"] or number > 0:
-                name = sheet.cell(row, 1).value or ""
-                row += 1
-            if number == 0:
-                shown["panes"] = sheet.freeze_panes
-            shown["layers"].append({"name": name, "rows": layer_rows(sheet, row, layer)})
-            row += len(layer["rows"])
-        shown["merged"] = sorted(str(merged) for merged in sheet.merged_cells.ranges)
-        result.append(shown)
-    return result + [sheet.title for sheet in sheets]
+    """All sheets but the first: their rows down to the end of the last grid, and how they are set
+    up."""
+    sheets = openpyxl.load_workbook(path).worksheets[1:]
+    return [
+        {
+            "rows": expanded(sheet)[: len(expectation["rows"])],
+            "merged": sorted(str(cells) for cells in sheet.merged_cells.ranges),
+            "panes": sheet.freeze_panes,
+        }
+        for sheet, expectation in zip(sheets, expected, strict=True)
+    ]
 
 
-def expected_tables(expected):
-    result = []
-    for table in expected:
-        if not table["layers"]:
-            continue
-        row, merged, layers = FIRST_ROW, set(), []
-        panes = None
-        for number, layer in enumerate(table["layers"]):
-            row += (1 if number > 0 else 0) + (1 if layer["name"] or number > 0 else 0)
-            if number == 0:
-                panes = f"{get_column_letter(layer['headingColumns'] + 1)}{row + layer['headingRows']}"
-            merged |= merged_ranges(row, layer)
-            layers.append({"name": layer["name"], "rows": layer["rows"]})
-            row += len(layer["rows"])
-        result.append(
-            {"title": table["title"], "layers": layers, "merged": sorted(merged), "panes": panes}
-        )
-    return result
+def expected_tables(tables):
+    return [expected_sheet(table) for table in tables]
+
+
+def expected_sheet(table):
+    """The link back, the title, and the layers with an empty row between."""
+    rows = [["Contents"], [table["title"]]]
+    merged = []
+    panes = None
+    for i, layer in enumerate(table["layers"]):
+        if i > 0:
+            rows.append([])
+        if layer["name"]:
+            rows.append([layer["name"]])
+        top = len(rows) + 1
+        panes = panes or place(top + layer["headingRows"], layer["headingColumns"] + 1)
+        merged += [merged_range(top, *span) for span in layer["spans"]]
+        rows += [trimmed(row) for row in layer["rows"]]
+    return {"rows": rows, "merged": sorted(merged), "panes": panes}
+
+
+def place(row, column):
+    return f"{openpyxl.utils.get_column_letter(column)}{row}"
+
+
+def merged_range(top, row, column, rows, columns):
+    """Of a cell of a grid, whose places count from 0."""
+    end = place(top + row + rows - 1, column + columns)
+    return f"{place(top + row, column + 1)}:{end}"

@@ -100,7 +100,7 @@ class Workbook(unittest.TestCase):
     def test_layers_can_be_sheets(self):
         book = survival("--xlsx-layers", "sheets")
         self.assertEqual(book.sheetnames,
-                         ["Contents", "Notes", "Survival Age Child", "Survival Age Adult"])
+                         ["Contents", "Notes", "Age Child, Survival", "Age Adult, Survival"])
         self.assertEqual([book[name].freeze_panes for name in book.sheetnames[2:]], ["C7", "C7"])
 
     def test_footnotes_stand_at_the_number_and_below(self):

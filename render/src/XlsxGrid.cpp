@@ -1,0 +1,231 @@
+#include "XlsxGrid.h"
+
+#include <cmath>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "CellText.h"
+#include "CleanText.h"
+#include "NumberCell.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+constexpr double kLargest = 9.99999999999999e307;  // what a cell can hold
+
+/// The number format for so many decimals, "0.00" for two, with the marks of footnotes behind;
+/// empty for the general one, nothing when there is no room for the marks.
+std::optional<std::string> NumberFormat(int decimals, std::string const& marks) {
+  constexpr int kMostDecimals = 30;
+  constexpr std::size_t kLongest = 127;
+  std::string format;
+  if (decimals >= 0 && decimals <= kMostDecimals) {
+    format = "0" + (decimals > 0 ? "." + std::string(static_cast<std::size_t>(decimals), '0') : "");
+  }
+  if (marks.empty()) {
+    return format;
+  }
+  format += format.empty() ? "General\"" : "\"";
+  for (char const c : CleanText(marks)) {
+    format += c == '"' ? '\'' : c == '\n' ? ' ' : c;
+  }
+  format += '"';
+  return format.size() <= kLongest ? std::optional(format) : std::nullopt;
+}
+
+/// Whether a heading cell outlines what stands beside it.
+bool IsGroup(GridCell const& cell, GridRole role) {
+  return cell.role == role && cell.node != nullptr;
+}
+
+class XlsxGrid {
+ public:
+  XlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, FootnoteMarks const& marks,
+           XlsxOptions const& options, int top)
+      : sheet_(sheet),
+        grid_(grid),
+        marks_(marks),
+        options_(options),
+        top_(top),
+        above_(static_cast<std::size_t>(grid.Columns())) {
+    OmPivotTable const& table = grid.Table();
+    XlsxStyle heading;
+    heading.bold = true;
+    XlsxStyle columnHeading = heading;
+    columnHeading.rule = true;
+    columnHeading.horizontal = HorizontalAlignment::Centre;
+    columnHeading.vertical = VerticalAlignment::Bottom;
+    columnHeading.wrap = true;
+    XlsxStyle corner = heading;
+    corner.rule = true;
+    corner.vertical = VerticalAlignment::Bottom;
+    corner_ = WithArea(corner, table, FormatArea::AreaCorner);
+    columnLabels_ = WithArea(columnHeading, table, FormatArea::AreaColumnLabels);
+    rowLabels_ = WithArea(heading, table, FormatArea::AreaRowLabels);
+    data_ = WithArea(XlsxStyle(), table, FormatArea::AreaData);
+    alternate_ = WithAlternateColours(data_, table.getAreaFormat(FormatArea::AreaData));
+  }
+
+  int Write() {
+    sheet_.CheckPlace(top_ + grid_.Rows() - 1, grid_.Columns() - 1);
+    for (int row = 0; row < grid_.Rows(); ++row) {
+      WriteRow(row);
+    }
+    return top_ + grid_.Rows();
+  }
+
+ private:
+  /// A heading cell that reaches into the present row from above it.
+  struct Above {
+    GridCell const* cell = nullptr;
+    bool merged = false;
+  };
+
+  void WriteRow(int row) {
+    for (GridCell const& cell : grid_.Frame(row)) {
+      Above const above{&cell, WantsMerge(cell) && sheet_.Merge(top_ + row, cell.column,
+                                                                cell.rowSpan, cell.columnSpan)};
+      for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
+        above_[static_cast<std::size_t>(c)] = above;
+      }
+    }
+    bool const heading = row < grid_.HeadingRows();
+    int const labels = heading ? grid_.Columns() : grid_.HeadingColumns();
+    if (int const level = heading ? 0 : RowLevelOf(row); level > 0) {
+      sheet_.RowLevel(top_ + row, level);
+    }
+    for (int column = 0; column < labels; ++column) {
+      WriteLabel(row, column);
+    }
+    if (heading) {
+      return;
+    }
+    DisplayGrid::BodyRow cells = grid_.Body(row);
+    bool const even = (row - grid_.HeadingRows()) % 2 == 1;
+    for (int column = labels; column < grid_.Columns(); ++column) {
+      WriteCell(row, column, cells.Cell(column), even ? alternate_ : data_);
+    }
+  }
+
+  bool WantsMerge(GridCell const& cell) const {
+    bool const wanted =
+        cell.role == GridRole::RowHeading ? options_.mergeRows : options_.mergeColumns;
+    return wanted && (cell.rowSpan > 1 || cell.columnSpan > 1);
+  }
+
+  /// In how many groups the row stands without being their first row, which stays in sight when the
+  /// group is folded.
+  int RowLevelOf(int row) const {
+    int level = 0;
+    for (int column = 0; column < grid_.HeadingColumns(); ++column) {
+      GridCell const& cell = *above_[static_cast<std::size_t>(column)].cell;
+      level += IsGroup(cell, GridRole::RowHeading) && cell.column == column && cell.row < row;
+    }
+    return level;
+  }
+
+  XlsxStyle const& StyleOf(GridCell const& cell) const {
+    switch (cell.role) {
+      case GridRole::Corner:
+        return corner_;
+      case GridRole::ColumnHeading:
+        return columnLabels_;
+      case GridRole::RowHeading:
+        break;
+    }
+    return rowLabels_;
+  }
+
+  void WriteLabel(int row, int column) {
+    Above const& above = above_[static_cast<std::size_t>(column)];
+    GridCell const& cell = *above.cell;
+    XlsxStyle const& style = StyleOf(cell);
+    bool const first = cell.row == row && cell.column == column;
+    if (above.merged && !first) {
+      sheet_.Blank(top_ + row, column, style);
+    } else {
+      sheet_.Text(top_ + row, column, Marked(cell.label, marks_), style, cell.columnSpan == 1);
+    }
+  }
+
+  void WriteCell(int row, int column, OmCellText* cell, XlsxStyle const& plain) {
+    if (cell == nullptr) {
+      if (!plain.background.empty()) {
+        sheet_.Blank(top_ + row, column, plain);
+      }
+      return;
+    }
+    XlsxStyle style = plain;
+    auto const& styles = grid_.Table().getCellStyles();
+    std::size_t const number = cell->hasMeta() ? cell->getMeta()->getStyle() : 0;
+    if (number != 0 && number < styles.size()) {
+      style = WithProperties(style, styles[number]);
+    }
+    std::optional<ShownNumber> const value = NumberOf(*cell);
+    if (value.has_value() && style.horizontal == HorizontalAlignment::Any) {
+      style.horizontal = HorizontalAlignment::Right;
+    }
+    if (value.has_value() && std::fabs(value->value) <= kLargest) {
+      MarkedText const shown = ShownText(cell, marks_);
+      if (auto const format = NumberFormat(value->decimals, shown.marks)) {
+        style.numberFormat = *format;
+        sheet_.Number(top_ + row, column, value->value, shown.text + shown.marks, style);
+        return;
+      }
+    }
+    sheet_.Text(top_ + row, column, Marked(cell, marks_), style);
+  }
+
+  XlsxSheet& sheet_;
+  DisplayGrid const& grid_;
+  FootnoteMarks const& marks_;
+  XlsxOptions const& options_;
+  int top_;
+  std::vector<Above> above_;  // per column
+  XlsxStyle corner_;
+  XlsxStyle columnLabels_;
+  XlsxStyle rowLabels_;
+  XlsxStyle data_;
+  XlsxStyle alternate_;
+};
+
+}  // namespace
+
+MarkedText Marked(OmCellText const* label, FootnoteMarks const& marks) {
+  return label != nullptr ? MarkedText{label->GetText(), marks.Footnotes().Marks(*label)}
+                          : MarkedText{};
+}
+
+int WriteXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, FootnoteMarks const& marks,
+                  XlsxOptions const& options, int top) {
+  return XlsxGrid(sheet, grid, marks, options, top).Write();
+}
+
+void SetUpXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, int top) {
+  auto const body = static_cast<lxw_row_t>(top + grid.HeadingRows());
+  auto const columns = static_cast<lxw_col_t>(grid.HeadingColumns());
+  worksheet_freeze_panes(sheet.Handle(), body, columns);
+  if (grid.HeadingRows() > 0) {
+    Check(worksheet_repeat_rows(sheet.Handle(), static_cast<lxw_row_t>(top), body - 1));
+  }
+  if (columns > 0) {
+    Check(worksheet_repeat_columns(sheet.Handle(), 0, static_cast<lxw_col_t>(columns - 1)));
+  }
+  worksheet_outline_settings(sheet.Handle(), LXW_TRUE, LXW_FALSE, LXW_FALSE, LXW_FALSE);
+  std::vector<int> levels(static_cast<std::size_t>(grid.Columns()), 0);
+  for (int row = 0; row < grid.HeadingRows(); ++row) {
+    for (GridCell const& cell : grid.Frame(row)) {
+      bool const group = IsGroup(cell, GridRole::ColumnHeading);
+      for (int c = cell.column + 1; group && c < cell.column + cell.columnSpan; ++c) {
+        ++levels[static_cast<std::size_t>(c)];
+      }
+    }
+  }
+  for (int column = grid.HeadingColumns(); column < grid.Columns(); ++column) {
+    sheet.ColumnLevel(column, levels[static_cast<std::size_t>(column)]);
+  }
+}
+
+}  // namespace lakresvos::render

@@ -1,0 +1,441 @@
+"""Reads workbooks back and tests what is in them.
+
+usage: test_workbooks.py WRITER DIRECTORY
+"""
+
+import pathlib
+import re
+import subprocess
+import sys
+import unittest
+import zipfile
+
+import openpyxl
+
+DIRECTORY = None
+
+
+def path_of(name):
+    return DIRECTORY / f"{name}.xlsx"
+
+
+def workbook(name):
+    return openpyxl.load_workbook(path_of(name))
+
+
+def rows(sheet):
+    """The values of all cells, nothing for those at the end of a row that have none."""
+    result = []
+    for row in sheet.iter_rows(values_only=True):
+        while row and row[-1] is None:
+            row = row[:-1]
+        result.append(list(row))
+    return result
+
+
+def merged(sheet):
+    return sorted(str(cells) for cells in sheet.merged_cells.ranges)
+
+
+def xml(name, part):
+    with zipfile.ZipFile(path_of(name)) as archive:
+        return archive.read(part).decode("utf-8")
+
+
+class Contents(unittest.TestCase):
+    def setUp(self):
+        self.book = workbook("contents")
+        self.sheet = self.book["Contents"]
+
+    def test_is_the_first_sheet_and_lists_all_items_in_order(self):
+        self.assertEqual(self.book.worksheets[0], self.sheet)
+        self.assertEqual(
+            [row[0] for row in rows(self.sheet)],
+            ["Output", "Heading", "Procedure", "Log", "first line", "=second()", "x" * 32767,
+             "x" * 7233, "Page", "Counts", "Counts", "Table", "Contents", "No cells",
+             "[Chart: Chart]"],
+        )
+
+    def test_texts_are_no_formulas(self):
+        self.assertEqual({cell.data_type for cell in self.sheet["A"]}, {"s"})
+
+    def test_every_shown_table_has_a_sheet_with_a_name_of_its_own(self):
+        self.assertEqual(
+            self.book.sheetnames,
+            ["Contents", "Counts", "Counts (2)", "Table", "Contents (2)", "No cells"],
+        )
+
+    def test_items_are_indented_by_their_depth(self):
+        indents = [int(cell.alignment.indent) for cell in self.sheet["A"]]
+        self.assertEqual(indents, [0, 1, 2, 2, 3, 3, 2, 2, 1, 1, 1, 1, 1, 1, 1])
+
+    def test_headings_are_bold(self):
+        bold = [cell.value for cell in self.sheet["A"] if cell.font.bold]
+        self.assertEqual(bold, ["Output", "Heading", "Procedure", "Page"])
+
+    def test_links_lead_to_the_sheets(self):
+        links = {cell.coordinate: cell.hyperlink.location
+                 for cell in self.sheet["A"] if cell.hyperlink}
+        self.assertEqual(
+            links,
+            {"A10": "'Counts'!A1", "A11": "'Counts (2)'!A1", "A12": "'Table'!A1",
+             "A13": "'Contents (2)'!A1", "A14": "'No cells'!A1"},
+        )
+
+    def test_every_sheet_links_back(self):
+        for sheet in self.book.worksheets[1:]:
+            with self.subTest(sheet.title):
+                self.assertEqual(sheet["A1"].value, "Contents")
+                self.assertEqual(sheet["A1"].hyperlink.location, "'Contents'!A1")
+
+
+class Cells(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.cells = {row[0].value: row[1] for row in workbook("cells")["Cells"].iter_rows()}
+
+    def expect(self, name, value, data_type, number_format="General"):
+        cell = self.cells[name]
+        self.assertEqual(
+            (cell.value, cell.data_type, cell.number_format), (value, data_type, number_format)
+        )
+
+    def test_a_number_without_decimals(self):
+        self.expect("whole", 3, "n", "0")
+
+    def test_a_number_with_decimals(self):
+        self.expect("two", 1.5, "n", "0.00")
+
+    def test_a_number_with_as_many_decimals_as_it_needs(self):
+        self.expect("any", 0.1, "n")
+
+    def test_the_missing_value_is_a_text(self):
+        self.expect("missing", ".", "s")
+
+    def test_a_number_beyond_what_a_cell_holds_is_a_text(self):
+        self.assertEqual(self.cells["huge"].data_type, "s")
+        self.assertEqual(float(self.cells["huge"].value), sys.float_info.max)
+
+    def test_a_text_of_digits_is_a_text(self):
+        self.expect("text", "12", "s")
+
+    def test_a_text_that_reads_like_a_formula_is_a_text(self):
+        self.expect("formula", "=1+1", "s")
+
+    def test_a_text_that_reads_like_a_link_is_a_text(self):
+        self.expect("url", "https://example.org/", "s")
+        self.assertIsNone(self.cells["url"].hyperlink)
+
+    def test_a_text_that_reads_like_the_code_of_a_character_is_escaped(self):
+        self.assertIn("<t>_x005F_x0041_ __x005F_x00e9__ _x41_</t>",
+                      xml("cells", "xl/worksheets/sheet2.xml"))
+
+    def test_an_empty_text_is_an_empty_cell(self):
+        self.assertIsNone(self.cells["nothing"].value)
+
+    def test_numbers_stand_at_the_right_and_so_does_a_missing_one(self):
+        for name in ("whole", "missing"):
+            self.assertEqual(self.cells[name].alignment.horizontal, "right")
+        self.assertIsNone(self.cells["text"].alignment.horizontal)
+
+
+class Footnotes(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.sheet = workbook("footnotes")["Footnotes"]
+        cls.cells = {row[0].value: row[1] for row in cls.sheet.iter_rows()}
+        cls.xml = xml("footnotes", "xl/worksheets/sheet2.xml")
+
+    def runs(self, text):
+        """What stands raised behind a text."""
+        pattern = f"<r><t[^>]*>{re.escape(text)}</t></r><r><rPr>(.*?)</rPr><t>(.*?)</t></r>"
+        properties, marks = re.search(pattern, self.xml).groups()
+        self.assertIn('<vertAlign val="superscript"/>', properties)
+        return marks
+
+    def test_numbers_stay_numbers_and_show_the_mark_in_their_format(self):
+        cell = self.cells["number"]
+        self.assertEqual((cell.value, cell.data_type, cell.number_format), (2.5, "n", '0.0"ᵃ"'))
+
+    def test_marks_of_any_number_and_with_quotes(self):
+        cell = next(cell for name, cell in self.cells.items() if name and name.startswith("both"))
+        self.assertEqual((cell.value, cell.number_format), (1, """General"[a,'2']\""""))
+
+    def test_a_mark_that_no_number_format_has_room_for_makes_the_number_a_text(self):
+        self.assertEqual(self.cells["long"].value, "4" + "M" * 200)
+        self.assertEqual(self.cells["long"].data_type, "s")
+
+    def test_marks_are_raised_behind_texts(self):
+        self.assertEqual(self.cells["text"].value, "text a")
+        self.assertEqual(self.runs("text "), "a")
+
+    def test_marks_are_raised_behind_headings_title_and_caption(self):
+        self.assertEqual(self.runs("both"), "a,\"2\"")
+        self.assertEqual(self.runs("Footnotes"), "a")
+        self.assertEqual(self.runs("Caption"), "a")
+
+    def test_a_mark_without_text_is_raised(self):
+        self.assertEqual(self.cells["empty"].value, "a")
+        self.assertEqual(self.cells["empty"].font.vertAlign, "superscript")
+
+    def test_the_missing_value_has_its_mark(self):
+        self.assertEqual(self.cells["missing"].value, ".a")
+
+    def test_notes_and_caption_stand_below_a_row_for_each_line(self):
+        self.assertEqual(
+            [row[0] for row in rows(self.sheet)[-5:]],
+            ["ᵃ First note.", "It goes on.", '["2"] Second note.', f"[{'M' * 200}] Third note.",
+             "Captiona"],
+        )
+
+
+BODY = [1, 1, 1, 1]
+GROUPED = [
+    ["rows", None, "e"],
+    [None, None, "e0", None, "e1"],
+    [None, None, "d", None, "d"],
+    [None, None, "d0", "d1", "d0", "d1"],
+    ["A", "A1", *BODY],
+    [None, "A2", *BODY],
+    ["B", "B1", *BODY],
+    [None, "B2", *BODY],
+]
+
+
+class Grouped(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.sheet = workbook("grouped")["Grouped"]
+
+    def test_layers_stand_below_each_other(self):
+        self.assertEqual(
+            rows(self.sheet),
+            [["Contents"], ["Grouped"], ["l: l0"], *GROUPED, [], ["l: l1"], *GROUPED],
+        )
+
+    def test_headings_of_both_axes_and_the_corner_are_merged(self):
+        layer = [("A", 0, "B", 3), ("A", 4, "A", 5), ("A", 6, "A", 7), ("C", 0, "F", 0),
+                 ("C", 1, "D", 1), ("E", 1, "F", 1), ("C", 2, "D", 2), ("E", 2, "F", 2)]
+        self.assertEqual(
+            merged(self.sheet),
+            sorted(f"{left}{top + row}:{right}{top + last}"
+                   for top in (4, 14) for left, row, right, last in layer),
+        )
+
+    def test_panes_are_frozen_at_the_first_number(self):
+        self.assertEqual(self.sheet.freeze_panes, "C8")
+
+    def test_headings_are_repeated_in_print(self):
+        self.assertEqual(self.sheet.print_title_rows, "$4:$7")
+        self.assertEqual(self.sheet.print_title_cols, "$A:$B")
+
+    def test_rows_are_outlined_behind_the_first_of_their_group(self):
+        levels = [self.sheet.row_dimensions[row].outlineLevel for row in range(8, 12)]
+        self.assertEqual(levels, [0, 1, 0, 1])
+        self.assertFalse(self.sheet.sheet_properties.outlinePr.summaryBelow)
+
+    def test_columns_are_outlined_behind_the_first_of_their_groups(self):
+        text = xml("grouped", "xl/worksheets/sheet2.xml")
+        levels = {int(first): int(re.search(r'outlineLevel="(\d)"', rest)[1])
+                  for first, rest in re.findall(r'<col min="(\d+)"([^>]*)', text)
+                  if "outlineLevel" in rest}
+        self.assertEqual(levels, {4: 3, 5: 1, 6: 3})
+        self.assertFalse(self.sheet.sheet_properties.outlinePr.summaryRight)
+
+    def test_labels_are_bold_and_numbers_are_not(self):
+        self.assertTrue(self.sheet["A4"].font.bold)
+        self.assertTrue(self.sheet["C5"].font.bold)
+        self.assertTrue(self.sheet["B8"].font.bold)
+        self.assertFalse(self.sheet["C8"].font.bold)
+
+
+class Layers(unittest.TestCase):
+    def test_can_have_sheets_of_their_own(self):
+        book = workbook("sheets")
+        self.assertEqual(book.sheetnames, ["Contents", "l l0, Grouped", "l l1, Grouped"])
+        for number, sheet in enumerate(book.worksheets[1:]):
+            self.assertEqual(rows(sheet), [["Contents"], ["Grouped"], [f"l: l{number}"], *GROUPED])
+            self.assertEqual(sheet.freeze_panes, "C8")
+
+    def test_are_told_apart_in_the_contents(self):
+        listed = [row[0] for row in rows(workbook("sheets")["Contents"])]
+        self.assertEqual(listed, ["Output", "Grouped (l: l0)", "Grouped (l: l1)"])
+
+    def test_can_be_left_out_behind_the_first(self):
+        expected = [["Contents"], ["Grouped"], ["l: l0"], *GROUPED]
+        self.assertEqual(rows(workbook("first")["Grouped"]), expected)
+        book = workbook("first_sheet")
+        self.assertEqual(len(book.sheetnames), 2)
+        self.assertEqual(rows(book.worksheets[1]), expected)
+
+
+class Merging(unittest.TestCase):
+    """What is not merged is repeated."""
+
+    REPEATED_ROWS = [["A", "A1", *BODY], ["A", "A2", *BODY], ["B", "B1", *BODY], ["B", "B2", *BODY]]
+    REPEATED_COLUMNS = [
+        ["rows", "rows", "e", "e", "e", "e"],
+        ["rows", "rows", "e0", "e0", "e1", "e1"],
+        ["rows", "rows", "d", "d", "d", "d"],
+        ["rows", "rows", "d0", "d1", "d0", "d1"],
+    ]
+
+    def first_layer(self, name):
+        sheet = workbook(name)["Grouped"]
+        return rows(sheet)[3:11], merged(sheet)
+
+    def test_of_columns_only(self):
+        shown, cells = self.first_layer("rows_apart")
+        self.assertEqual(shown, GROUPED[:4] + self.REPEATED_ROWS)
+        self.assertEqual(len(cells), 2 * 6)
+        self.assertIn("A4:B7", cells)
+
+    def test_of_rows_only(self):
+        shown, cells = self.first_layer("columns_apart")
+        self.assertEqual(shown, self.REPEATED_COLUMNS + GROUPED[4:])
+        self.assertEqual(cells, ["A10:A11", "A18:A19", "A20:A21", "A8:A9"])
+
+    def test_of_nothing(self):
+        shown, cells = self.first_layer("all_apart")
+        self.assertEqual(shown, self.REPEATED_COLUMNS + self.REPEATED_ROWS)
+        self.assertEqual(cells, [])
+
+
+class Captions(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.book = workbook("captions")
+
+    def test_titles_and_captions_have_a_row_for_each_line(self):
+        self.assertEqual(
+            rows(self.book["Two lines"]),
+            [["Contents"], ["Two"], ["lines"], ["r", "c"], [None, "c0"], ["r0", 1], ["two"],
+             ["lines"]],
+        )
+
+    def test_a_caption_may_be_left_out(self):
+        self.assertEqual(
+            rows(self.book["Hidden"]),
+            [["Contents"], ["Hidden"], ["r", "c"], [None, "c0"], ["r0", 1]],
+        )
+
+    def test_a_table_without_cells_has_its_notes_and_its_caption(self):
+        self.assertEqual(
+            rows(self.book["No cells"]),
+            [["Contents"], ["No cells"], ["ᵃ A note all the same."], ["two"], ["lines"]],
+        )
+
+
+class Titles(unittest.TestCase):
+    def test_references_quote_every_name(self):
+        text = xml("titles", "xl/workbook.xml")
+        sheets = re.findall(r"<definedName [^>]*>(.*?)!\$A:\$A,(.*?)!\$3:\$4</definedName>", text)
+        names = ["2013", "A1", "Bob''s", "Größe", "R1C1", "TRUE", "a b"]
+        self.assertEqual(sorted(sheets), [(f"'{name}'", f"'{name}'") for name in names])
+
+    def test_links_lead_there(self):
+        links = [cell.hyperlink.location for cell in workbook("titles")["Contents"]["A"][1:]]
+        self.assertEqual(
+            links,
+            ["'2013'!A1", "'A1'!A1", "'R1C1'!A1", "'TRUE'!A1", "'Bob''s'!A1", "'a b'!A1",
+             "'Größe'!A1"],
+        )
+
+
+class Styles(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.sheet = workbook("styles")["Styles"]
+
+    def looks(self, place):
+        cell = self.sheet[place]
+        return {
+            "font": cell.font.name,
+            "size": cell.font.size,
+            "style": (cell.font.bold, cell.font.italic, cell.font.underline),
+            "alignment": (cell.alignment.horizontal, cell.alignment.vertical),
+            "colours": (cell.font.color.rgb, cell.fill.fgColor.rgb),
+        }
+
+    def test_every_area_has_its_own(self):
+        places = {"A3": 17, "A4": 13, "C4": 14, "A8": 15, "D8": 16, "A22": 12, "A23": 11}
+        for place, size in places.items():
+            with self.subTest(place):
+                self.assertEqual(
+                    self.looks(place),
+                    {"font": "Arial & <Co>", "size": size, "style": (True, True, "single"),
+                     "alignment": ("center", "center"), "colours": ("FF000000", "FFFFEE00")},
+                )
+
+    def test_a_font_whose_name_is_too_long_is_left_alone(self):
+        self.assertEqual(self.looks("A2")["font"], "Calibri")
+        self.assertEqual(self.looks("A2")["size"], 10)
+
+    def test_rows_of_data_alternate(self):
+        self.assertEqual(self.looks("D8")["colours"], ("FF000000", "FFFFEE00"))
+        self.assertEqual(self.looks("D9")["colours"], ("FF010203", "FFFFFFFF"))
+        self.assertEqual(self.looks("D10")["colours"], ("FF000000", "FFFFEE00"))
+
+    def test_a_cell_style_comes_before_its_area(self):
+        self.assertEqual(
+            self.looks("C8"),
+            {"font": "Arial & <Co>", "size": 16, "style": (False, True, "single"),
+             "alignment": ("left", "center"), "colours": ("FFAABBCC", "FFFFEE00")},
+        )
+
+
+class Widths(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.sheet = workbook("widths").worksheets[1]
+
+    def width(self, column):
+        """In characters; the fraction is the room that a cell keeps free."""
+        return int(self.sheet.column_dimensions[column].width)
+
+    def test_come_from_labels_but_not_from_titles(self):
+        self.assertEqual(self.width("A"), len("twelve chars") + 2)
+
+    def test_count_wide_characters_twice(self):
+        self.assertEqual(self.width("B"), 2 * len("日本語の見出し") + 2)
+
+    def test_come_from_numbers_as_they_are_shown_and_not_from_merged_headings(self):
+        self.assertEqual(self.width("C"), len("1234567890.500") + 2)
+
+    def test_have_a_limit_behind_which_texts_wrap(self):
+        self.assertEqual(self.width("D"), 60)
+        self.assertTrue(self.sheet["D6"].alignment.wrap_text)
+
+
+class Pictures(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.book = workbook("pictures")
+
+    def test_stand_on_sheets_of_their_own(self):
+        self.assertEqual(self.book.sheetnames, ["Contents", "Bars & <more>", "Chart", "Broken"])
+        self.assertEqual(rows(self.book.worksheets[1]), [["Contents"], ["Bars & <more>"]])
+
+    def test_are_in_the_workbook_with_their_label(self):
+        with zipfile.ZipFile(path_of("pictures")) as archive:
+            self.assertEqual(archive.read("xl/media/image1.png")[:8], b"\x89PNG\r\n\x1a\n")
+        self.assertIn('descr="Bars &amp; &lt;more&gt;"', xml("pictures", "xl/drawings/drawing1.xml"))
+
+    def test_what_cannot_be_one_is_announced(self):
+        self.assertEqual(rows(self.book["Broken"])[2], ["[Chart: Broken]"])
+        self.assertEqual(rows(self.book["Contents"])[-1], ["[Chart: Drawn]"])
+
+
+class Many(unittest.TestCase):
+    def test_sheets_need_few_open_files(self):
+        book = workbook("many")
+        self.assertEqual(len(book.sheetnames), 301)
+        for number in (0, 150, 299):
+            sheet = book[f"Table {number}"]
+            self.assertEqual(rows(sheet)[1:], [[sheet.title], ["r", "c"], [None, "c0"], ["r0", 1]])
+
+
+if __name__ == "__main__":
+    DIRECTORY = pathlib.Path(sys.argv[2])
+    subprocess.run([sys.argv[1], DIRECTORY], check=True)
+    unittest.main(argv=sys.argv[:1] + sys.argv[3:])

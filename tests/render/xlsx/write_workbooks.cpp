@@ -1,0 +1,270 @@
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <sys/resource.h>
+
+#include <lakresvos/OmChart.h>
+#include <lakresvos/OmHeading.h>
+#include <lakresvos/OmModel.h>
+#include <lakresvos/OmTextBlock.h>
+#include <lakresvos/render/XlsxRenderer.h>
+
+#include "render/RenderTables.h"
+
+// Writes a workbook for each of the cases that test_workbooks.py reads back.
+
+namespace {
+
+using namespace render_tables;
+using lakresvos::render::XlsxOptions;
+
+constexpr double kMissing = std::numeric_limits<double>::quiet_NaN();
+
+/// A picture of one pixel.
+constexpr std::string_view kPng(
+    "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\0\x01\0\0\0\x01\x08\0\0\0\0:~\x9BU\0\0\0\nIDATx\x9C"
+    "c`\0\0\0\x02\0\x01H\xAF\xA4q\0\0\0\0IEND\xAE"
+    "B`\x82",
+    67);
+
+struct Document {
+  OmOutputTree tree;
+
+  template <class Part, class... Arguments>
+  Part& Add(Arguments&&... arguments) {
+    return AppendItem<Part>(tree.begin(), std::forward<Arguments>(arguments)...);
+  }
+
+  /// A table without dimensions.
+  Table& AddTable(std::string const& title) {
+    auto& table = Add<Table>();
+    table.SetTableTitle(Utf8(title));
+    return table;
+  }
+
+  /// One row, one column, one cell.
+  Table& AddSmallTable(std::string const& title) {
+    Table& table = AddTable(title);
+    table.AddFlat("r", 1);
+    table.AddFlat("c", 1);
+    table.Place({0}, {1});
+    table.PutAll();
+    return table;
+  }
+};
+
+/// Rows in the groups A and B; the columns of d within those of e; the layers of l.
+Table& AddGrouped(Document& document, std::string const& title) {
+  Table& table = document.AddTable(title);
+  OmDimension& rows = table.Add("rows");
+  unsigned long subscript = 0;
+  for (char const* group : {"A", "B"}) {
+    layout_tables::Node const node = Group(rows, rows.Root(), group);
+    for (char const* category : {"1", "2"}) {
+      Category(rows, node, group + std::string(category), subscript++);
+    }
+  }
+  table.AddFlat("d", 2);
+  table.AddFlat("e", 2);
+  table.AddFlat("l", 2);
+  table.Place({0}, {1, 2}, {3});
+  table.PutAll();
+  return table;
+}
+
+void Contents(Document& document) {
+  document.Add<OmHeading>(Utf8("Heading"));
+  auto const heading = document.tree.begin().FirstChild();
+  AppendItem<OmProcedure>(heading, Utf8("Procedure"), "a", "b", "c");
+  AppendItem<OmTextBlock>(heading, Utf8("Log"), "first line\n=second()\n");
+  document.Add<OmTextBlock>(Utf8(""), std::string(40000, 'x'));
+  document.Add<OmPageTitle>("Page");
+  document.AddSmallTable("Counts");
+  document.AddSmallTable("Counts");
+  document.AddSmallTable("").SetTableTitle(Utf8(""));
+  document.AddSmallTable("Not shown").Show(false);
+  document.AddSmallTable("Contents");
+  document.AddTable("No cells");
+  document.Add<OmChart>(Utf8("Chart"), "", 1);
+}
+
+void Cells(Document& document) {
+  Table& table = document.AddTable("Cells");
+  AddCategories(
+      table, "kind",
+      {"whole", "two", "any", "missing", "huge", "text", "formula", "url", "code", "nothing"});
+  AddCategories(table, "shown", {"value"});
+  table.Place({0}, {1});
+  auto const put = [&](int row, OmCellText const& cell) { table.Cell({row, 0}, cell); };
+  put(0, OmNumber(3, 0));
+  put(1, OmNumber(1.5, 2));
+  put(2, OmNumber(0.1));
+  put(3, OmNumber(kMissing, 2));
+  put(4, OmNumber(std::numeric_limits<double>::max(), 0));
+  put(5, Utf8("12"));
+  put(6, Utf8("=1+1"));
+  put(7, Utf8("https://example.org/"));
+  put(8, Utf8("_x0041_ __x00e9__ _x41_"));
+  put(9, Utf8(""));
+}
+
+void Footnotes(Document& document) {
+  Table& table = document.AddTable("Footnotes");
+  unsigned int const first = AddFootnote(table, "First note.\nIt goes on.");
+  unsigned int const quote = AddFootnote(table, "Second note.", "\"2\"");
+  unsigned int const longest = AddFootnote(table, "Third note.", std::string(200, 'M'));
+  AddCategories(table, "r", {"both", "number", "text", "long", "empty", "missing"});
+  AddCategories(table, "c", {"c0"});
+  WithFootnotes(*table.Dimension(0).Root().Child(0).Value().label, {first, quote});
+  table.Place({0}, {1});
+  auto const put = [&](int row, OmCellText&& cell, std::initializer_list<unsigned int> notes) {
+    table.Cell({row, 0}, WithFootnotes(cell, notes));
+  };
+  put(0, OmNumber(1), {first, quote});
+  put(1, OmNumber(2.5, 1), {first});
+  put(2, Utf8("text "), {first});
+  put(3, OmNumber(4, 0), {longest});
+  put(4, Utf8(""), {first});
+  put(5, OmNumber(kMissing, 1), {first});
+  OmStringCellUTF8 title("Footnotes");
+  table.SetTableTitle(WithFootnotes(title, {first}));
+  OmStringCellUTF8 caption("Caption");
+  table.Caption(&WithFootnotes(caption, {first}));
+}
+
+void Grouped(Document& document) {
+  AddGrouped(document, "Grouped");
+}
+
+void Captions(Document& document) {
+  OmStringCellUTF8 const caption("two\nlines");
+  document.AddSmallTable("Two\nlines").Caption(&caption);
+  Table& hidden = document.AddSmallTable("Hidden");
+  hidden.Caption(&caption);
+  hidden.showCaption(false);
+  Table& empty = document.AddTable("No cells");
+  AddFootnote(empty, "A note all the same.");
+  empty.Caption(&caption);
+}
+
+/// Titles that mean something else in references.
+void Titles(Document& document) {
+  for (char const* title : {"2013", "A1", "R1C1", "TRUE", "Bob's", "a/b", "Größe"}) {
+    document.AddSmallTable(title);
+  }
+}
+
+FormatArea* Format(FormatArea::Area area) {
+  auto* const format = new FormatArea(area);
+  format->setFontName(area == FormatArea::AreaTitle ? "No font has <such> a name & so many letters"
+                                                    : "Arial & <Co>");
+  format->setFontSize(10.0F + static_cast<float>(area));
+  format->setFontStyle(3);
+  format->setUnderline(true);
+  format->setHorizontalAlignment(1);
+  format->setVerticalAlignment(1);
+  format->setTextColor("#000000");
+  format->setBackgroundColor("#fe0");
+  return format;
+}
+
+void Styles(Document& document) {
+  OmPivotTable& table = AddGrouped(document, "Styles");
+  OmStringCellUTF8 const caption("Caption");
+  table.Caption(&caption);
+  AddFootnote(table, "Note");
+  for (int area = FormatArea::AreaTitle; area <= FormatArea::AreaLayers; ++area) {
+    table.setAreaFormat(Format(static_cast<FormatArea::Area>(area)));
+  }
+  FormatArea& data = *table.getAreaFormat(FormatArea::AreaData);
+  data.setUseAltRowColors(true);
+  data.setAlternateTextColor("#010203");
+  data.setAlternateBackgroundColor("#ffffff");
+  table.cellStyles().resize(2);
+  OmCellProperties& style = table.cellStyles()[1];
+  style.setFontStyle(2);
+  style.setTextColor("#aabbcc");
+  style.setHorizontalAlignment(0);
+  OmCellMetaData meta;
+  meta.setStyle(1);
+  table.Cell({0, 0, 0, 0})->setMeta(&meta);
+}
+
+void Widths(Document& document) {
+  Table& table = document.AddTable("A title that is much wider than all columns of the table");
+  AddCategories(table, "r", {"twelve chars", "\xE6\x97\xA5\xE6\x9C\xAC\xE8\xAA\x9E\xE3\x81\xAE"});
+  AddCategories(table, "a heading that is merged over both columns", {"c0", "c1", "c2"});
+  table.Place({0}, {1});
+  table.Cell({0, 0}, Utf8("日本語の見出し"));
+  table.Cell({0, 1}, OmNumber(1234567890.5, 3));
+  table.Cell({1, 2}, Utf8(std::string(100, 'x')));
+}
+
+void Pictures(Document& document) {
+  auto const picture = [&](std::string const& label, std::string_view bytes) {
+    document.Add<OmChart>(Utf8(label), "", 1)
+        .SetImageStream(bytes.data(), static_cast<unsigned int>(bytes.size()));
+  };
+  picture("Bars & <more>", kPng);
+  picture("", kPng);
+  picture("Broken", kPng.substr(0, 10));
+  picture("Drawn", "<svg xmlns=\"http://www.w3.org/2000/svg\"/>");
+}
+
+/// More sheets than the process may have open files.
+void Many(Document& document) {
+  for (int i = 0; i < 300; ++i) {
+    document.AddSmallTable("Table " + std::to_string(i));
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::cerr << "usage: write_workbooks DIRECTORY\n";
+    return 2;
+  }
+  rlimit const few{100, 100};
+  setrlimit(RLIMIT_NOFILE, &few);
+  std::filesystem::path const directory = argv[1];
+  std::filesystem::create_directories(directory);
+  auto const write = [&](char const* name, std::function<void(Document&)> const& fill,
+                         XlsxOptions const& options = {}) {
+    Document document;
+    fill(document);
+    std::ofstream out;
+    out.exceptions(std::ios::failbit | std::ios::badbit);
+    out.open(directory / (std::string(name) + ".xlsx"), std::ios::binary);
+    RenderXlsx(document.tree, out, options);
+  };
+  auto const with = [](auto... settings) {
+    XlsxOptions options;
+    (settings(options), ...);
+    return options;
+  };
+  auto const sheets = [](XlsxOptions& options) { options.layersAsSheets = true; };
+  auto const apartRows = [](XlsxOptions& options) { options.mergeRows = false; };
+  auto const apartColumns = [](XlsxOptions& options) { options.mergeColumns = false; };
+  auto const firstLayer = [](XlsxOptions& options) { options.allLayers = false; };
+  write("contents", Contents);
+  write("cells", Cells);
+  write("footnotes", Footnotes);
+  write("grouped", Grouped);
+  write("sheets", Grouped, with(sheets));
+  write("first", Grouped, with(firstLayer));
+  write("first_sheet", Grouped, with(firstLayer, sheets));
+  write("rows_apart", Grouped, with(apartRows));
+  write("columns_apart", Grouped, with(apartColumns));
+  write("all_apart", Grouped, with(apartRows, apartColumns));
+  write("captions", Captions);
+  write("titles", Titles);
+  write("styles", Styles);
+  write("widths", Widths);
+  write("pictures", Pictures);
+  write("many", Many);
+}
