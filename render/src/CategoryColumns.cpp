@@ -20,7 +20,7 @@ CategoryColumns::CategoryColumns(OmDimension const& dimension) {
   while (again.Next()) {
     OmDimensionNode const& node = again.Current().Value();
     std::size_t const depth = again.Path().size() - 1;
-    if (node.group || depth == 0) {
+    if (node.group) {
       continue;
     }
     auto const subscript = static_cast<int>(static_cast<unsigned int>(node.subscript));
@@ -30,7 +30,9 @@ CategoryColumns::CategoryColumns(OmDimension const& dimension) {
       texts_.push_back(TextOf(again.Path()[level].Value().label));
     }
     texts_.insert(texts_.end(), levels_ - depth, std::string());
-    texts_.push_back(TextOf(node.label));
+    if (depth > 0) {
+      texts_.push_back(TextOf(node.label));
+    }
   }
   Name(dimension);
 }
@@ -49,9 +51,9 @@ void CategoryColumns::Name(OmDimension const& dimension) {
   }
 }
 
-std::string const* CategoryColumns::Find(int subscript) const {
+std::size_t CategoryColumns::Find(int subscript) const {
   auto const found = positions_.find(subscript);
-  return found != positions_.end() ? &texts_[found->second * levels_] : nullptr;
+  return found != positions_.end() ? found->second : Count();
 }
 
 }  // namespace lakresvos::render

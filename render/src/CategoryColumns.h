@@ -11,6 +11,7 @@
 namespace lakresvos::render {
 
 /// The categories of a dimension as columns of texts: one for each level of its tree below the root.
+/// A root that is a category itself needs no column to be told by.
 ///
 /// A composite label of the root with as many parts as there are levels names each level by a part;
 /// otherwise the levels of a dimension that has several are numbered.
@@ -26,12 +27,18 @@ class CategoryColumns {
   /// How many categories there are.
   std::size_t Count() const { return subscripts_.size(); }
 
-  /// The subscript of the category that stands at `position` in the tree's order.
+  /// The subscript of the category that stands at `position` in the tree's order; negative when no
+  /// cell can have it.
   int Subscript(std::size_t position) const { return subscripts_[position]; }
 
-  /// The text of each level of the first category with a subscript; null when there is none. The
-  /// category itself is always in the last column.
-  std::string const* Find(int subscript) const;
+  /// The position of the first category with a subscript; Count() when there is none.
+  std::size_t Find(int subscript) const;
+
+  /// What the category at `position` shows in the column of `level`, from 0. The category itself is
+  /// always in the last column.
+  std::string const& Text(std::size_t position, std::size_t level) const {
+    return texts_[position * levels_ + level];
+  }
 
  private:
   void Name(OmDimension const& dimension);

@@ -32,9 +32,9 @@ bool NeedsQuotes(std::string_view text) {
 
 }  // namespace
 
-void CsvRecord::Text(std::string_view text) {
-  std::string const clean = CleanText(text);
-  Field(safe_ && LooksLikeAFormula(clean) ? "'" + clean : clean);
+std::string CsvRecord::Shown(std::string_view text) const {
+  std::string clean = CleanText(text);
+  return safe_ && LooksLikeAFormula(clean) ? "'" + clean : clean;
 }
 
 void CsvRecord::Field(std::string_view text) {

@@ -18,8 +18,12 @@ class CsvRecord {
   /// @param safe puts an apostrophe before a text that spreadsheets would run as a formula.
   CsvRecord(OutputBuffer& out, bool safe) : out_(out), safe_(safe) {}
 
-  /// A field with any text, which is cleaned.
-  void Text(std::string_view text);
+  /// What a field with this text shows: the text cleaned and, where it has to be, made safe. What is
+  /// shown shows as itself.
+  std::string Shown(std::string_view text) const;
+
+  /// A field with any text.
+  void Text(std::string_view text) { Field(Shown(text)); }
 
   /// A field that shows a number.
   void Number(std::string_view text) { Field(text); }

@@ -17,7 +17,10 @@ namespace {
 class LongTable {
  public:
   LongTable(CsvRecord& record, OmPivotTable const& table)
-      : record_(record), table_(table), footnotes_(table) {
+      : record_(record),
+        table_(table),
+        footnotes_(table),
+        positions_(static_cast<std::size_t>(table.NDimensions()), 0) {
     for (int d = 0; d < table.NDimensions(); ++d) {
       dimensions_.emplace_back(table.Dimension(d));
     }
@@ -39,50 +42,63 @@ class LongTable {
 
   void WriteStored() {
     for (auto at = table_.FirstCell(); at.Cell() != nullptr; ++at) {
-      Write(at.Index(), at.Cell());
+      if (Find(at.Index())) {
+        Write(at.Cell());
+      }
     }
   }
 
   void WriteAll() {
-    std::vector<std::size_t> positions(dimensions_.size(), 0);
-    std::vector<int> index(dimensions_.size());
     for (CategoryColumns const& dimension : dimensions_) {
       if (dimension.Count() == 0) {
         return;
       }
     }
     for (std::size_t d = 0; d < dimensions_.size();) {
-      for (d = 0; d < dimensions_.size(); ++d) {
-        index[d] = dimensions_[d].Subscript(positions[d]);
-      }
-      Write(index, table_.Cell(index));
-      for (d = 0; d < dimensions_.size() && ++positions[d] == dimensions_[d].Count(); ++d) {
-        positions[d] = 0;
+      Write(CellAtPositions());
+      for (d = 0; d < dimensions_.size() && ++positions_[d] == dimensions_[d].Count(); ++d) {
+        positions_[d] = 0;
       }
     }
   }
 
  private:
-  static std::string Unique(std::string const& name, std::set<std::string>& taken) {
-    std::string unique = name;
+  /// Names are told apart as they are shown.
+  std::string Unique(std::string const& name, std::set<std::string>& taken) const {
+    std::string const shown = record_.Shown(name);
+    std::string unique = shown;
     for (int number = 2; !taken.insert(unique).second; ++number) {
-      unique = name + " " + std::to_string(number);
+      unique = shown + " " + std::to_string(number);
     }
     return unique;
   }
 
-  void Write(std::vector<int> const& index, OmCellText* cell) {
-    std::vector<std::string const*>& texts = texts_;
-    texts.clear();
+  /// Goes to the categories of a cell; whether there are any.
+  bool Find(std::vector<int> const& index) {
     for (std::size_t d = 0; d < dimensions_.size(); ++d) {
-      texts.push_back(dimensions_[d].Find(index[d]));
-      if (texts.back() == nullptr) {
-        return;
+      positions_[d] = dimensions_[d].Find(index[d]);
+      if (positions_[d] == dimensions_[d].Count()) {
+        return false;
       }
     }
+    return true;
+  }
+
+  OmCellText* CellAtPositions() {
+    index_.clear();
+    for (std::size_t d = 0; d < dimensions_.size(); ++d) {
+      index_.push_back(dimensions_[d].Subscript(positions_[d]));
+      if (index_.back() < 0) {
+        return nullptr;
+      }
+    }
+    return table_.Cell(index_);
+  }
+
+  void Write(OmCellText* cell) {
     for (std::size_t d = 0; d < dimensions_.size(); ++d) {
       for (std::size_t level = 0; level < dimensions_[d].Levels(); ++level) {
-        record_.Text(texts[d][level]);
+        record_.Text(dimensions_[d].Text(positions_[d], level));
       }
     }
     WriteValue(cell);
@@ -119,7 +135,8 @@ class LongTable {
   OmPivotTable const& table_;
   TableFootnotes footnotes_;
   std::vector<CategoryColumns> dimensions_;
-  std::vector<std::string const*> texts_;  // kept to be filled again
+  std::vector<std::size_t> positions_;  // of the present record's categories
+  std::vector<int> index_;              // kept to be filled again, like the next one
   std::string value_;
 };
 

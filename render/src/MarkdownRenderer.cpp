@@ -59,11 +59,13 @@ void MarkdownRenderer::Visit(OmPivotTable& table) {
   DisplayGrid const* grid = layers.Next();
   while (grid != nullptr) {
     WriteParagraph(Between("*", LayerLine(grid->LayerLabels(), shown)));
-    OutputBuffer buffer(out_);
-    buffer << (started_ ? "\n" : "");
-    started_ = true;
-    WriteMarkdownTable(buffer, *grid, notes);
-    buffer.Flush();
+    if (grid->Columns() > 0) {
+      OutputBuffer buffer(out_);
+      buffer << (started_ ? "\n" : "");
+      started_ = true;
+      WriteMarkdownTable(buffer, *grid, notes);
+      buffer.Flush();
+    }
     grid = options_.allLayers ? layers.Next() : nullptr;
   }
   if (table.showCaption()) {
@@ -91,7 +93,7 @@ void MarkdownRenderer::Visit(OmInteractive& item) {
 
 void MarkdownRenderer::WriteHeading(std::string const& text) {
   auto const level = static_cast<std::size_t>(std::clamp(depth_ + 1, 1, 6));
-  WriteParagraph(std::string(level, '#') + ' ' + MarkdownText(text));
+  WriteParagraph(std::string(level, '#') + ' ' + InHeading(MarkdownText(text)));
 }
 
 void MarkdownRenderer::WriteParagraph(std::string const& markdown) {

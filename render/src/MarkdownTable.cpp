@@ -131,7 +131,7 @@ std::string MarkdownNotes::Definitions() const {
   std::string definitions;
   for (std::size_t const footnote : used_) {
     definitions += (definitions.empty() ? "" : "\n") + Mark(footnote) + ": " +
-                   MarkdownText(footnotes_.Text(footnote));
+                   AtLineStart(MarkdownText(footnotes_.Text(footnote)));
   }
   return definitions;
 }
@@ -147,9 +147,7 @@ std::string MarkdownNotes::Rest() const {
 }
 
 void WriteMarkdownTable(OutputBuffer& out, DisplayGrid const& grid, MarkdownNotes& notes) {
-  if (grid.Columns() > 0) {
-    MarkdownTable(out, grid, notes).Write();
-  }
+  MarkdownTable(out, grid, notes).Write();
 }
 
 }  // namespace lakresvos::render

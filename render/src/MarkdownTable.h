@@ -37,7 +37,8 @@ class MarkdownNotes {
   std::set<std::size_t> used_;
 };
 
-/// Writes a grid as a pipe table; nothing for a grid without columns.
+/// Writes a grid as a pipe table.
+/// Requires: the grid has columns.
 void WriteMarkdownTable(OutputBuffer& out, DisplayGrid const& grid, MarkdownNotes& notes);
 
 }  // namespace lakresvos::render

@@ -1,8 +1,10 @@
 #include "MarkdownText.h"
 
 #include <algorithm>
+#include <utf8proc.h>
 
 #include "CleanText.h"
+#include "CodePoint.h"
 
 namespace lakresvos::render {
 
@@ -10,6 +12,27 @@ namespace {
 
 constexpr std::string_view kMarkup = "\\`*_[]<>|~$!";
 constexpr std::string_view kMarksAtStart = "#+-=:";
+
+/// The length of the blank or line end that a text starts with; 0 when it starts with neither.
+std::size_t BlankAt(std::string_view text) {
+  CodePoint const point = FirstCodePoint(text);
+  bool const blank = point.code == '\n' || point.code == '\t' ||
+                     utf8proc_category(point.code) == UTF8PROC_CATEGORY_ZS;
+  return blank ? point.length : 0;
+}
+
+/// A clean text from its first to its last character that can be seen.
+std::string_view WithoutBlanksAround(std::string_view text) {
+  std::size_t start = 0;
+  std::size_t end = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    std::size_t const blank = BlankAt(text.substr(at));
+    start += start == at ? blank : 0;
+    at += blank != 0 ? blank : FirstCodePoint(text.substr(at)).length;
+    end = blank != 0 ? end : at;
+  }
+  return text.substr(start, end - std::min(start, end));
+}
 
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
@@ -25,8 +48,9 @@ std::size_t EndOfListNumber(std::string_view text) {
 }  // namespace
 
 std::string MarkdownText(std::string_view text) {
+  std::string const clean = CleanText(text);
   std::string markdown;
-  for (char const c : CleanText(text)) {
+  for (char const c : WithoutBlanksAround(clean)) {
     if (c == '\n') {
       markdown += "<br>";
     } else if (c == '&') {
@@ -48,6 +72,14 @@ std::string AtLineStart(std::string const& markdown) {
     line.insert(0, "\\");
   }
   return line;
+}
+
+std::string InHeading(std::string const& markdown) {
+  std::string heading = markdown;
+  if (!heading.empty() && heading.back() == '#') {
+    heading.insert(heading.size() - 1, "\\");
+  }
+  return heading;
 }
 
 std::string MarkdownCode(std::string_view text) {

@@ -8,7 +8,7 @@
 namespace lakresvos::render {
 
 /// Appends the shortest text that reads back as the same number, independent of any locale.
-/// Requires: the number is finite.
+/// Requires: the number is not NaN. Infinite ones read "inf" and "-inf".
 template <class Number>
 void AppendNumber(std::string& out, Number number) {
   std::array<char, 32> digits;

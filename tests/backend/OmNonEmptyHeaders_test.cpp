@@ -291,6 +291,18 @@ TEST(OmNonEmptyHeaders, OfADenseTableIgnoreCellsPastTheSizeOfTheOtherAxis) {
   EXPECT_EQ(KeptRows(table), Places{1});
 }
 
+TEST(OmNonEmptyHeaders, OfADenseTableIgnoreCellsPastTheSizeOfOneDimensionOfTheOtherAxis) {
+  Table table;
+  table.AddFlat("R", 3);
+  table.AddFlat("C", 2);
+  table.AddFlat("D", 2);
+  table.Place({0}, {1, 2});
+  table.Put({0, 2, 0});
+  table.Put({1, 0, 2});
+  table.Put({2, 1, 1});
+  EXPECT_EQ(KeptRows(table), Places{2});
+}
+
 TEST(OmNonEmptyHeaders, OfADenseTableReachALeafPastTheSizeOfItsOwnAxis) {
   Table table;
   OmDimension& rows = table.AddFlat("R", 1);

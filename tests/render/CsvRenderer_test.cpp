@@ -155,6 +155,50 @@ TEST(CsvRenderer, ColumnsOfOneNameAreToldApart) {
   EXPECT_EQ(Written(table), "value,value 2,value 3\r\na,b,1\r\n");
 }
 
+TEST(CsvRenderer, ColumnsAreToldApartAsTheyAreShown) {
+  Table table;
+  for (char const* name : {"\x01", "\x02", "=a", "'=a"}) {
+    OmDimension& dimension = table.AddDimension(Utf8(name));
+    Category(dimension, dimension.Root(), "c", 0);
+  }
+  table.Place({0, 1, 2, 3}, {});
+  CsvOptions options;
+  options.safe = true;
+  EXPECT_EQ(Written(table, options), "\uFFFD,\uFFFD 2,'=a,'=a 2,value\r\n");
+}
+
+TEST(CsvRenderer, CategoryWithoutASubscriptHasNoCells) {
+  Table table;
+  OmDimension& dimension = AddCategories(table, "d", {"a"});
+  Category(dimension, dimension.Root(), "b", ~0UL);
+  Category(dimension, dimension.Root(), "c", ~0UL);
+  table.Place({0}, {});
+  table.Cell({0}, OmNumber(1));
+  EXPECT_EQ(Written(table), "d,value\r\na,1\r\n");
+  EXPECT_EQ(Written(table, KeepEmpty()), "d,value\r\na,1\r\nb,\r\nc,\r\n");
+}
+
+TEST(CsvRenderer, DimensionThatIsACategoryNeedsNoColumn) {
+  Table table;
+  table.AddDimension(OmDimension(OmDimensionNode(Utf8("all"), 0, false, nullptr), nullptr));
+  AddCategories(table, "d", {"a"});
+  table.Place({1}, {0});
+  table.Cell({0, 0}, OmNumber(1));
+  EXPECT_EQ(Written(table), "d,value\r\na,1\r\n");
+  EXPECT_EQ(Written(table, KeepEmpty()), "d,value\r\na,1\r\n");
+}
+
+TEST(CsvRenderer, InfiniteNumbersAreWords) {
+  Table table;
+  AddCategories(table, "d", {"a", "b"});
+  table.Place({0}, {});
+  table.Cell({0}, OmNumber(std::numeric_limits<double>::infinity(), 2));
+  table.Cell({1}, OmNumber(-std::numeric_limits<double>::infinity()));
+  CsvOptions options;
+  options.safe = true;
+  EXPECT_EQ(Written(table, options), "d,value\r\na,inf\r\nb,-inf\r\n");
+}
+
 TEST(CsvRenderer, ValuesKeepTheirKind) {
   Table table;
   AddCategories(table, "d", {"a", "b", "c", "d", "e"});

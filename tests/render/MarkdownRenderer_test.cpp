@@ -47,6 +47,19 @@ TEST(MarkdownText, BrokenTextIsReplaced) {
   EXPECT_EQ(MarkdownText("\xFF\x01"), "\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
+TEST(MarkdownText, BlanksAroundAreLeftOut) {
+  EXPECT_EQ(MarkdownText(" \t\u00A0a  b\u3000\n "), "a  b");
+  EXPECT_EQ(MarkdownText("\u3000\u65E5\u672C"), "\u65E5\u672C");
+  EXPECT_EQ(MarkdownText(" \n\u3000"), "");
+}
+
+TEST(MarkdownText, EndOfAHeadingIsNotTakenForItsMarks) {
+  EXPECT_EQ(InHeading("C #"), "C \\#");
+  EXPECT_EQ(InHeading("##"), "#\\#");
+  EXPECT_EQ(InHeading("# a"), "# a");
+  EXPECT_EQ(InHeading(""), "");
+}
+
 TEST(MarkdownText, StartOfALineIsNeitherHeadingNorList) {
   EXPECT_EQ(AtLineStart("# a"), "\\# a");
   EXPECT_EQ(AtLineStart("- a"), "\\- a");
@@ -170,6 +183,33 @@ TEST(MarkdownRenderer, HiddenTableIsLeftOut) {
 TEST(MarkdownRenderer, EmptyTableIsItsTitle) {
   Table table;
   EXPECT_EQ(Rendered(table), "\n**table**\n");
+}
+
+TEST(MarkdownRenderer, TableWithoutColumnsIsItsTitleAndCaption) {
+  Table table;
+  table.Add("A");
+  table.Place({}, {0});
+  TableOptions options;
+  options.skipEmpty = false;
+  OmStringCellUTF8 const caption("below");
+  table.Caption(&caption);
+  EXPECT_EQ(Rendered(table, options), "\n**table**\n\nbelow\n");
+}
+
+TEST(MarkdownRenderer, FootnoteThatLooksLikeAHeadingIsText) {
+  Table table;
+  AddCategories(table, "Sex", {"Male"});
+  table.Place({0}, {});
+  AddFootnote(table, "  # not a heading");
+  OmNumber number(1);
+  table.Cell({0}, WithFootnotes(number, {0}));
+  EXPECT_NE(Rendered(table).find("\n[^t1n1]: \\# not a heading\n"), std::string::npos);
+}
+
+TEST(MarkdownRenderer, BoldTitleHasNoBlanksAtItsEnds) {
+  Table table;
+  table.SetTableTitle(Utf8("  Survival "));
+  EXPECT_EQ(Rendered(table), "\n**Survival**\n");
 }
 
 TEST(MarkdownRenderer, AreaFormatAlignsTheBody) {

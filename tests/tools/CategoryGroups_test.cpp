@@ -100,6 +100,35 @@ TEST(CategoryGroups, OtherColumnsStayAsTheyAre) {
   EXPECT_EQ(Top(*table), (Texts{"cat", "dog", "emu", "cow", "Total"}));
 }
 
+TEST(CategoryGroups, GroupNamedLikeACategoryIsNotTakenForIt) {
+  auto const table = Table("kind ~", {"kind: cow = cat, dog", "kind: big = emu, cow"});
+  EXPECT_EQ(CategoryPaths(table->Dimension(0)),
+            (Texts{"cow / cat", "cow / dog", "big / emu", "big / cow", "Total"}));
+}
+
+TEST(CategoryGroups, NumbersAreGroupedByTheTextsThatAreShown) {
+  EXPECT_EQ(Top(*Table("n ~", {"n: few = 3, 1, 2"})), (Texts{"few", "4", "5", "6"}));
+}
+
+TEST(CategoryGroups, SiblingsInOneOuterCategoryAreGroupedWhereverTheyAre) {
+  EXPECT_EQ(Top(*Table("kind/home ~", {"home: all = farm, house"})),
+            (Texts{"cat", "dog", "emu", "cow", "Total"}));
+  EXPECT_EQ(CategoryPaths(Table("kind/home ~", {"home: all = farm, house"})->Dimension(0)),
+            (Texts{"cat / all / house", "dog / all / house", "dog / all / farm", "emu / all / farm",
+                   "cow / all / farm", "Total / all / farm"}));
+}
+
+TEST(CategoryGroups, CategoriesInDifferentOuterOnesAreAnError) {
+  EXPECT_EQ(ErrorOf([] { Table("home/kind ~", {"kind: x = cat, dog, emu"}); }),
+            "--group 'kind: x = cat, dog, emu': position 21: the category 'emu' is nowhere in one "
+            "group with 'cat'");
+}
+
+TEST(CategoryGroups, CategoriesOfTheOutermostColumnAreSiblings) {
+  EXPECT_EQ(Top(*Table("kind/home ~", {"kind: x = cat, emu"})),
+            (Texts{"x", "dog", "cow", "Total"}));
+}
+
 TEST(CategoryGroups, UnknownCategoryIsNamed) {
   EXPECT_EQ(ErrorOf([] { Table("kind ~", {"kind: x = cat, yak"}); }),
             "--group 'kind: x = cat, yak': position 16: the column 'kind' has no category 'yak'");
@@ -121,6 +150,14 @@ TEST(CategoryGroups, CategoryBelongsToOneGroup) {
             }),
             "--group 'kind: y = dog, cat': position 16: the category 'cat' is in another group "
             "already");
+}
+
+TEST(CategoryGroups, GroupsOfAColumnHaveDifferentNames) {
+  EXPECT_EQ(ErrorOf([] {
+              CheckGroupings({ParseGrouping("kind: x = cat"), ParseGrouping("kind: x = dog")},
+                             {{"kind", ""}});
+            }),
+            "--group 'kind: x = dog': position 7: the column 'kind' has another group 'x'");
 }
 
 TEST(CategoryGroups, EqualCategoriesOfSeveralColumnsAreDifferent) {

@@ -82,6 +82,10 @@ TEST(ChartData, IsWrittenAsJson) {
             R"({"name":"t","values":[-0.5,1e+21]}]})");
 }
 
+TEST(ChartData, BytesThatAreNotUtf8AreReplacedInJson) {
+  EXPECT_EQ(JsonOf({{"a\xFF"}, {}}), "{\"categories\":[\"a\xEF\xBF\xBD\"],\"series\":[]}");
+}
+
 TEST(ChartData, WithoutCategoriesIsWrittenAsJsonToo) {
   EXPECT_EQ(JsonOf({}), R"({"categories":[],"series":[]})");
 }

@@ -27,21 +27,22 @@ TEST(Grouping, NamesColumnGroupAndCategories) {
   EXPECT_EQ(grouping.text, "Class: Staff = Crew, 3rd");
   EXPECT_EQ(grouping.column.name, "Class");
   EXPECT_EQ(grouping.column.position, 1u);
-  EXPECT_EQ(grouping.name, "Staff");
+  EXPECT_EQ(grouping.group.name, "Staff");
   EXPECT_EQ(Names(grouping.categories), (std::vector<std::string>{"Crew", "3rd"}));
+  EXPECT_EQ(grouping.group.position, 8u);
   EXPECT_EQ(grouping.categories[1].position, 22u);
 }
 
 TEST(Grouping, BlanksDoNotMatterAndOneCategoryWillDo) {
   Grouping const grouping = ParseGrouping(" Class:Staff=Crew ");
-  EXPECT_EQ(grouping.name, "Staff");
+  EXPECT_EQ(grouping.group.name, "Staff");
   EXPECT_EQ(Names(grouping.categories), (std::vector<std::string>{"Crew"}));
 }
 
 TEST(Grouping, AnyNameStandsInBackQuotes) {
   Grouping const grouping = ParseGrouping("`a:b`: `c = d` = `e, f`, ```g`");
   EXPECT_EQ(grouping.column.name, "a:b");
-  EXPECT_EQ(grouping.name, "c = d");
+  EXPECT_EQ(grouping.group.name, "c = d");
   EXPECT_EQ(Names(grouping.categories), (std::vector<std::string>{"e, f", "`g"}));
 }
 

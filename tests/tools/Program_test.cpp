@@ -244,6 +244,12 @@ TEST(ProgramErrors, UnknownCategory) {
             "--group 'a: b = 2': position 8: the column 'a' has no category '2'");
 }
 
+TEST(ProgramErrors, CategoriesThatAreNoSiblings) {
+  EXPECT_EQ(Complaint("a,b\n1,x\n2,y\n", {"--table", "a / b ~", "--group", "b: `c d` = x, y"}),
+            "--group 'b: `c d` = x, y': position 15: the category 'y' is nowhere in one group with "
+            "'x'");
+}
+
 TEST(ProgramErrors, BadStyle) {
   TemporaryDirectory const directory;
   std::string const style = directory.Write("style.json", "{\n  \"data\": 1}");
@@ -302,11 +308,14 @@ TEST(ProgramMemory, LeavesTheDocumentAloneWheneverAnAllocationFails) {
   options.statistics = ParseStatistics("count,row%,mean:x");
   options.tables = {{ParseFormula("a / b ~ x"), "", ""},
                     {ParseFormula("a ~ b"), "Title", "Caption"}};
+  options.groupings = {ParseGrouping("b: g = q, r")};
+  options.charts = true;
+  options.styleFile = directory.Write("style.json", R"({"data": {"font": "A font with a name"}})");
   OmOutputTree document;
   std::size_t const failures = FailEveryAllocation([&] { AppendReport(document, options); },
                                                    [&] { EXPECT_EQ(document.size(), 1u); });
   EXPECT_GT(failures, 100u);
-  EXPECT_EQ(document.size(), 7u);
+  EXPECT_EQ(document.size(), 9u);
 }
 
 // Saved documents

@@ -7,6 +7,7 @@
 
 #include <cells/OmStringCell.h>
 
+#include "DimensionTree.h"
 #include "Quoting.h"
 
 namespace lakresvos::report {
@@ -49,21 +50,47 @@ bool Has(Grouping const& grouping, std::string const& category) {
                      [&](NamedColumn const& named) { return named.name == category; });
 }
 
-void GroupChildren(OmDimension& dimension, Node const& parent, Grouping const& grouping,
-                   TableDimension const& source) {
+/// The categories of the grouping that are children of `parent`.
+std::vector<Node> Members(Node const& parent, Grouping const& grouping) {
   std::vector<Node> members;
   for (std::size_t i = 0; i < parent.NChildren(); ++i) {
     OmDimensionNode const& child = parent[i].Value();
-    bool const total = !child.group && child.subscript == source.Total();
-    if (!total && Has(grouping, child.label->GetText())) {
+    if (IsOfData(child) && Has(grouping, child.label->GetText())) {
       members.push_back(parent[i]);
     }
   }
+  return members;
+}
+
+void CheckSiblings(std::vector<Node> const& parents, Grouping const& grouping) {
+  std::string const& first = grouping.categories.front().name;
+  std::set<std::string> besideFirst{first};
+  for (Node const& parent : parents) {
+    std::set<std::string> labels;
+    for (Node const& member : Members(parent, grouping)) {
+      labels.insert(member.Value().label->GetText());
+    }
+    if (labels.count(first) != 0) {
+      besideFirst.merge(labels);
+    }
+  }
+  for (NamedColumn const& category : grouping.categories) {
+    if (besideFirst.count(category.name) == 0) {
+      Fail(grouping, category,
+           "the category " + Quoted(category.name) + " is nowhere in one group with " +
+               Quoted(first));
+    }
+  }
+}
+
+void GroupChildren(OmDimension& dimension, Node const& parent, Grouping const& grouping) {
+  std::vector<Node> members = Members(parent, grouping);
   std::vector<Node*> handles;
+  handles.reserve(members.size());
   for (Node& member : members) {
     handles.push_back(&member);
   }
-  dimension.insertChild(OmStringCell(grouping.name), handles);
+  dimension.insertChild(OmStringCell(grouping.group.name), handles);
 }
 
 }  // namespace
@@ -78,8 +105,12 @@ void GroupCategories(OmDimension& target, TableDimension const& source, DataSet 
         continue;
       }
       CheckCategories(grouping, column, source.orders[level]);
-      for (Node const& parent : NodesAt(target, level)) {
-        GroupChildren(target, parent, grouping, source);
+      std::vector<Node> const parents = NodesAt(target, level);
+      if (level > 0) {
+        CheckSiblings(parents, grouping);
+      }
+      for (Node const& parent : parents) {
+        GroupChildren(target, parent, grouping);
       }
     }
   }
@@ -87,12 +118,17 @@ void GroupCategories(OmDimension& target, TableDimension const& source, DataSet 
 
 void CheckGroupings(std::vector<Grouping> const& groupings,
                     std::vector<ColumnWish> const& formulaColumns) {
+  std::set<std::pair<std::string, std::string>> groups;
   std::set<std::pair<std::string, std::string>> grouped;
   for (Grouping const& grouping : groupings) {
     std::string const& column = grouping.column.name;
     if (std::none_of(formulaColumns.begin(), formulaColumns.end(),
                      [&](ColumnWish const& wish) { return wish.name == column; })) {
       Fail(grouping, grouping.column, "the column " + Quoted(column) + " is in no table");
+    }
+    if (!groups.emplace(column, grouping.group.name).second) {
+      Fail(grouping, grouping.group,
+           "the column " + Quoted(column) + " has another group " + Quoted(grouping.group.name));
     }
     for (NamedColumn const& category : grouping.categories) {
       if (!grouped.emplace(column, category.name).second) {

@@ -72,7 +72,7 @@ std::string JsonOf(ChartData const& data) {
   for (ChartData::Series const& series : data.series) {
     json["series"].push_back({{"name", series.name}, {"values", series.values}});
   }
-  return json.dump();
+  return json.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
 }
 
 }  // namespace lakresvos::report

@@ -27,7 +27,8 @@ struct ChartData {
 /// @param totals     whether every dimension ends with a Total.
 ChartData ChartDataOf(OmPivotTable const& table, std::size_t dimensions, bool totals);
 
-/// As JSON: `{"categories":["a"],"series":[{"name":"b","values":[1,null]}]}`, null for NaN.
+/// As JSON: `{"categories":["a"],"series":[{"name":"b","values":[1.0,null]}]}`, null for what
+/// is not finite, U+FFFD for bytes that are not UTF-8.
 std::string JsonOf(ChartData const& data);
 
 }  // namespace lakresvos::report

@@ -6,6 +6,7 @@
 
 #include <cells/OmComposite.h>
 #include <cells/OmDataValue.h>
+#include <cells/OmLabelledCell.h>
 #include <cells/OmStringCell.h>
 #include <cells/OmVariable.h>
 
@@ -70,6 +71,10 @@ void FillDimension(OmDimension& target, TableDimension const& source, DataSet co
   if (withTotal) {
     target.AddNewChild(target.Root(), OmStringCell("Total", true), source.Total(), false);
   }
+}
+
+bool IsOfData(OmDimensionNode const& node) {
+  return dynamic_cast<OmLabelledCell const*>(node.label) != nullptr;
 }
 
 }  // namespace lakresvos::report

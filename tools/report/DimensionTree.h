@@ -19,6 +19,9 @@ std::unique_ptr<OmCellText> LabelOf(TableDimension const& dimension, DataSet con
 void FillDimension(OmDimension& target, TableDimension const& source, DataSet const& data,
                    bool withTotal);
 
+/// Whether a node stands for a value of a data column, and not for a Total or a group made later.
+bool IsOfData(OmDimensionNode const& node);
+
 }  // namespace lakresvos::report
 
 #endif

@@ -25,7 +25,7 @@ Grouping ParseGrouping(std::string const& text) {
   grouping.text = text;
   grouping.column = scanner.Name(kStops, "the name of a column");
   Expect(scanner, ':', "':'");
-  grouping.name = scanner.Name(kStops, "the name of the group").name;
+  grouping.group = scanner.Name(kStops, "the name of the group");
   Expect(scanner, '=', "'='");
   std::set<std::string> seen;
   do {

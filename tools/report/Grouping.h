@@ -12,7 +12,7 @@ namespace lakresvos::report {
 struct Grouping {
   std::string text;
   NamedColumn column;
-  std::string name;
+  NamedColumn group;
   std::vector<NamedColumn> categories;  ///< by the texts that tables show
 };
 

@@ -7,7 +7,7 @@
 
 namespace lakresvos::report {
 
-/// A column that a formula or a list of statistics names.
+/// A name that an option's value has, mostly that of a column.
 struct NamedColumn {
   std::string name;
   std::size_t position;  ///< where the name starts, in characters from 1

@@ -55,11 +55,11 @@ def heading_of(layer):
     heading = []
     for column in range(len(layer["rows"][0])):
         texts = [
-            layer["rows"][row][column]
+            layer["rows"][row][column].strip()
             for row in range(layer["headingRows"])
             if starts.get((row, column), row) == row
         ]
-        heading.append(" / ".join(text for text in texts if text).strip(" "))
+        heading.append(" / ".join(text for text in texts if text))
     return heading
 
 
@@ -74,5 +74,5 @@ def starting_rows(layer):
 
 
 def body_of(layer):
-    """The other rows; Markdown shows no blanks at the ends of a field."""
-    return [[text.strip(" ") for text in row] for row in layer["rows"][layer["headingRows"] :]]
+    """The other rows; Markdown shows no blanks around a text."""
+    return [[text.strip() for text in row] for row in layer["rows"][layer["headingRows"] :]]

@@ -29,11 +29,13 @@ struct CsvOptions : TableOptions {
 /// Tables follow each other with an empty line between. Left out are the tables "Notes" and
 /// "Warnings", tables that are not to be shown, and all other items of the document.
 ///
-/// - Long shape: a header record, then a record for each stored cell, with the categories of the
-///   first dimension changing fastest; with TableOptions::skipEmpty off, for each combination of
-///   categories. There is a column for each dimension, whichever axis
-///   it is on; for each level of it where categories are grouped, the outermost first. Where a
-///   category stands higher than others, the columns of the groups that it lacks are empty. Then
+/// - Long shape: a header record, then a record for each stored cell that OmPivotTable::Iterator
+///   walks over, with the categories of the first dimension changing fastest; with
+///   TableOptions::skipEmpty off, for each combination of categories. There is a column for each
+///   dimension, whichever axis it is on and whatever it hides; for each level of it where categories
+///   are grouped, the outermost first. Where a category stands higher than others, the columns of
+///   the groups that it lacks are empty. A category that shares its subscript with an earlier one
+///   has no records of its own, unless all combinations are written. Then
 ///   come a column "value" and, in a table that has footnotes, a column "footnotes" with the cell's
 ///   marks, a blank between two. Numbers are exact: the shortest text that reads back to the same
 ///   value, nothing for the system-missing value. Cells of deleted categories are left out, and
