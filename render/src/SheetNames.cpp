@@ -48,15 +48,17 @@ std::string Folded(std::string const& name) {
 }  // namespace
 
 std::string SheetNames::Next(std::string const& wish, std::string const& otherwise) {
-  std::string const wanted = Legal(wish, "");
-  std::string const base = wanted.empty() ? otherwise : wanted;
+  std::string base = Legal(wish, "");
+  if (base.empty()) {
+    base = otherwise;
+  }
   std::string const key = Folded(base);
   if (key != kReserved && taken_.emplace(key, 1).second) {
     return base;
   }
   for (int& number = taken_.emplace(key, 1).first->second;;) {
     std::string const suffix = " (" + std::to_string(++number) + ")";
-    std::string const name = Legal(base, suffix) + suffix;
+    std::string name = Legal(base, suffix) + suffix;
     if (taken_.emplace(Folded(name), 1).second) {
       return name;
     }

@@ -118,16 +118,15 @@ lxw_worksheet* XlsxBook::AddSheet(std::string const& wish, std::string const& ot
                             " sheets");
   }
   std::string const name = names_.Next(wish, otherwise);
+  std::FILE* const rows = rows_.Open();
   lxw_worksheet* const sheet = workbook_add_worksheet(book_, name.c_str());
   if (sheet == nullptr) {
     Fail("there can be no further sheet");
   }
-  // The library opens a file for each sheet.
+  // The library opens a file for each sheet, of which a process can have a few hundred only.
   std::fclose(sheet->optimize_tmpfile);
-  sheet->file = nullptr;
-  sheet->optimize_tmpfile = nullptr;
-  sheet->file = rows_.Open();
-  sheet->optimize_tmpfile = sheet->file;
+  sheet->file = rows;
+  sheet->optimize_tmpfile = rows;
   // The library leaves names without quotes that read as numbers or as places in a sheet.
   std::string const quoted = Quoted(name);
   char* const copy = strdup(quoted.c_str());

@@ -1,5 +1,6 @@
 #include "Program.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 
 #include <lakresvos/lakresvos.h>
@@ -288,6 +289,30 @@ TEST(ProgramErrors, StandardOutputThatIsFull) {
   std::string const command =
       LAKRESVOS_REPORT_PROGRAM " " + DataPath("titanic.csv") + " >/dev/full 2>/dev/null";
   EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2);
+}
+
+TEST(ProgramErrors, WorkbookOnATerminal) {
+  TemporaryDirectory const directory;
+  std::string const command =
+      LAKRESVOS_REPORT_PROGRAM " " + DataPath("titanic.csv") + " --format xlsx";
+  std::string const terminal =
+      "script -q -e -c '" + command + "' /dev/null >" + directory.Path("out") + " </dev/null";
+  EXPECT_EQ(WEXITSTATUS(std::system(terminal.c_str())), 2);
+  EXPECT_EQ(ReadFile(directory.Path("out")),
+            "lakresvos-report: --format xlsx: a workbook is nothing for a terminal; name a file "
+            "with -o\r\n");
+}
+
+TEST(ProgramErrors, WorkbookThatTakesTooMuchRoom) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("a.csv", "a\n" + std::string(40000, 'x') + "\n");
+  ReportRun const run = RunReport({file, "--table", "a ~", "--title", "Wide", "--format", "xlsx",
+                                   "-o", directory.Path("a.xlsx")});
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.err,
+            "lakresvos-report: 'Wide' has a text that is too long for a cell, which has 32767 "
+            "characters\n");
+  EXPECT_FALSE(std::filesystem::exists(directory.Path("a.xlsx")));
 }
 
 TEST(ProgramErrors, OutputThatWouldReplaceTheData) {

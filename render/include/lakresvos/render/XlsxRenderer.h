@@ -19,31 +19,38 @@ struct XlsxOptions : TableOptions {
 
 /// Writes a document as a workbook of Office Open XML (ECMA-376, ".xlsx").
 ///
-/// - The first sheet, "Contents", lists the document's items, indented by depth, with the texts and
-///   with a link to the sheet of each table and picture; those link back.
-/// - A table has a sheet of its own, named after its title: the title, and for each layer its name,
-///   the grid and below it the notes; at the end the caption. With layers as sheets, one sheet for
-///   each layer.
-/// - Numbers are numbers with their decimals as number format, everything else is text, never a
-///   formula; the system-missing value is the text ".". Marks of footnotes stand raised behind texts
-///   and, through the number format, behind numbers.
-/// - Heading cells are merged, or where that is not wanted repeated. Panes are frozen at the first
-///   data cell, heading rows and columns are repeated on every printed page, groups are outlined
-///   below their first row or column. Columns are as wide as their widest text that is not merged,
-///   up to a limit.
-/// - Area formats and the styles of cells become cell formats, margins left out; see AreaStyle.h.
-/// - A chart with a PNG or JPEG image is a sheet with the picture. Other charts, models, answer trees
-///   and interactive items are announced in the contents.
+/// - The first sheet, "Contents", lists the document's items, indented by depth, with the texts line
+///   by line and with a link to the sheet of each table and picture; those link back.
+/// - A table has a sheet of its own, named after its title: the title, then each layer with its name
+///   above it, below all the notes and the caption. With layers as sheets, each layer has a sheet
+///   with all of these, named after the layer and the title.
+/// - Numbers are numbers of 16 digits with their decimals as number format, everything else is text,
+///   never a formula; so are the system-missing value, ".", and numbers above 9.99999999999999e307.
+///   Marks of footnotes stand raised behind texts and, through the number format, behind numbers,
+///   which are texts where marks are too long for that.
+/// - Heading cells are merged, or where that is not wanted repeated; so are those behind the first
+///   65,535 of a sheet. Panes are frozen at the first data cell, heading rows and columns are
+///   repeated on every printed page, groups are outlined behind their first row or column: for the
+///   columns and on the screen as the first layer of a sheet wants it. Columns are as wide as their
+///   widest number or text, headings over several columns left out, up to a limit behind which texts
+///   wrap.
+/// - Area formats and the styles of cells become cell formats, margins left out; see AreaStyle.h. A
+///   cell whose metadata name style number n has entry n of the table's cell styles; number 0 is no
+///   style. Behind the first 64,000 different looks cells are plain.
+/// - A chart with a PNG or JPEG image is a sheet with the picture, which has the label as its
+///   description. Other charts, models, answer trees and interactive items are announced in the
+///   contents.
 ///
 /// Bytes that are not UTF-8 and control characters become U+FFFD.
 ///
 /// Takes time linear in the displayed and stored cells. Beside the headings, memory does not grow
-/// with the rows: they go to temporary files.
+/// with the rows: they go to temporary files, in the directory that TMPDIR names or else in /tmp.
 ///
 /// @param out where to write. Its state tells whether writing failed.
 /// @throws std::length_error that names the table when it has more than 1,048,576 rows or 16,384
-///         columns or a text of more than 32,767 characters; std::runtime_error when a temporary
-///         file cannot be written. Nothing is written to `out` then.
+///         columns or a cell with more than 32,767 characters, and for more than 65,000 sheets;
+///         std::runtime_error when a temporary file cannot be written. Nothing is written to `out`
+///         then.
 LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree& tree, std::ostream& out,
                                         XlsxOptions const& options = {});
 
