@@ -19,8 +19,9 @@
 #include "ChildRun.h"
 
 // A table of kSide x kSide numbers with two decimals written to a file, beside a pandas frame of the
-// same numbers and labels, which shows them as it does by itself or with two decimals. Each run has a process of its own; its time is that of writing alone, and peak_MB the peak
-// memory of the whole process, of which before_MB were needed before writing.
+// same numbers and labels, which shows them as it does by itself or with two decimals. Each run has
+// a process of its own; its time is that of writing alone, and peak_MB the peak memory of the whole
+// process, of which before_MB were needed before writing.
 
 namespace {
 

@@ -1,80 +1,41 @@
 #include "HtmlChart.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
+#include <optional>
 
 #include "Base64.h"
 #include "CellText.h"
+#include "ChartNumbers.h"
 #include "HtmlText.h"
 #include "ImageType.h"
 #include "ItemAnnouncement.h"
-#include "NumberText.h"
 
 namespace lakresvos::render {
 
 namespace {
 
-using nlohmann::json;
-
-bool IsTextList(json const& list) {
-  return list.is_array() &&
-         std::all_of(list.begin(), list.end(), [](json const& item) { return item.is_string(); });
+/// A name as a header cell; as a plain one when it names nothing.
+std::string NameCell(char const* scope, std::string const& name) {
+  return IsBlank(name) ? "<td></td>"
+                       : std::string("<th scope=\"") + scope + "\">" + HtmlText(name) + "</th>";
 }
 
-/// Whether it is one number or null for each of `count` categories, with a name.
-bool IsSeries(json const& series, std::size_t count) {
-  if (!series.is_object() || !series.contains("name") || !series["name"].is_string() ||
-      !series.contains("values") || !series["values"].is_array()) {
-    return false;
-  }
-  json const& values = series["values"];
-  return values.size() == count && std::all_of(values.begin(), values.end(), [](json const& value) {
-           return value.is_number() || value.is_null();
-         });
-}
-
-bool IsChartData(json const& data) {
-  if (!data.is_object() || !data.contains("categories") || !IsTextList(data["categories"]) ||
-      !data.contains("series") || !data["series"].is_array()) {
-    return false;
-  }
-  json const& series = data["series"];
-  return std::all_of(series.begin(), series.end(),
-                     [&](json const& one) { return IsSeries(one, data["categories"].size()); });
-}
-
-std::string NumberCell(json const& value) {
-  std::string cell = "<td class=\"n\">";
-  if (value.is_number()) {
-    AppendNumber(cell, value.get<double>());
-  }
-  return cell + "</td>";
-}
-
-/// The data as a table; empty when the JSON is of another form.
-std::string DataTable(std::string const& text, std::string const& caption) {
-  json const data = json::parse(text, nullptr, false);
-  if (data.is_discarded() || !IsChartData(data)) {
-    return {};
-  }
+std::string DataTable(ChartNumbers const& data, std::string const& caption) {
   std::string html = "<table class=\"pivot-table\"><caption>" + caption + "</caption>";
-  json const& series = data["series"];
-  bool const named = std::any_of(series.begin(), series.end(), [](json const& one) {
-    return !one["name"].get_ref<std::string const&>().empty();
-  });
+  bool const named = std::any_of(data.series.begin(), data.series.end(),
+                                 [](auto const& series) { return !IsBlank(series.name); });
   if (named) {
     html += "<thead><tr><td></td>";
-    for (json const& one : series) {
-      html += "<th scope=\"col\">" + HtmlText(one["name"].get_ref<std::string const&>()) + "</th>";
+    for (ChartNumbers::Series const& series : data.series) {
+      html += NameCell("col", series.name);
     }
     html += "</tr></thead>";
   }
   html += "<tbody>";
-  for (std::size_t i = 0; i < data["categories"].size(); ++i) {
-    html += "<tr><th scope=\"row\">" +
-            HtmlText(data["categories"][i].get_ref<std::string const&>()) + "</th>";
-    for (json const& one : series) {
-      html += NumberCell(one["values"][i]);
+  for (std::size_t i = 0; i < data.categories.size(); ++i) {
+    html += "<tr>" + NameCell("row", data.categories[i]);
+    for (ChartNumbers::Series const& series : data.series) {
+      html += "<td class=\"n\">" + series.values[i] + "</td>";
     }
     html += "</tr>";
   }
@@ -86,14 +47,16 @@ std::string DataTable(std::string const& text, std::string const& caption) {
 std::string HtmlChart(OmChart const& chart) {
   std::string const label = HtmlText(TextOf(chart.Label()));
   std::string const type = ImageType(chart.GetImageData());
-  std::string const table = DataTable(chart.GetViZJSONData(), label);
+  std::optional<ChartNumbers> const data = ReadChartNumbers(chart.GetViZJSONData());
+  std::string const table = data ? DataTable(*data, label) : "";
   if (type.empty()) {
     return !table.empty() ? table
                           : "<p class=\"announcement\">" + HtmlText(Announcement(chart)) + "</p>";
   }
-  std::string html = "<img alt=\"" + label + "\" src=\"data:" + type + ";base64,";
+  std::string html =
+      "<img alt=\"" + (label.empty() ? "Chart" : label) + "\" src=\"data:" + type + ";base64,";
   AppendBase64(html, chart.GetImageData());
-  html += "\"><figcaption>" + label + "</figcaption>";
+  html += label.empty() ? "\">" : "\"><figcaption>" + label + "</figcaption>";
   if (!table.empty()) {
     html += "<details><summary>Data of the chart</summary>" + table + "</details>";
   }

@@ -1,5 +1,7 @@
 #include "HtmlNotes.h"
 
+#include <utility>
+
 #include "CellText.h"
 #include "HtmlText.h"
 
@@ -23,15 +25,20 @@ void HtmlNotes::Append(std::string& out, OmCellText const* label) {
   if (markedBy_.empty() || !label->hasMeta()) {
     return;
   }
+  char const* before = "<sup>";
   for (std::size_t const footnote : footnotes_.Of(*label)) {
     std::size_t const mark = ++marks_;
     if (markedBy_[footnote].size() < kMostLinksBack) {
       markedBy_[footnote].push_back(mark);
     }
-    out += "<sup><a role=\"doc-noteref\" id=\"" + prefix_ + "m" + std::to_string(mark) +
-           "\" href=\"#" + prefix_ + "n" + std::to_string(footnote + 1) + "\">";
+    out += std::exchange(before, ",");
+    out += "<a role=\"doc-noteref\" id=\"" + prefix_ + "m" + std::to_string(mark) + "\" href=\"#" +
+           prefix_ + "n" + std::to_string(footnote + 1) + "\">";
     AppendHtml(out, footnotes_.Mark(footnote));
-    out += "</a></sup>";
+    out += "</a>";
+  }
+  if (*before == ',') {
+    out += "</sup>";
   }
 }
 

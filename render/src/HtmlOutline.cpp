@@ -13,8 +13,7 @@ constexpr int kDeepest = 6;
 }  // namespace
 
 void HtmlOutline::Add(std::string const& text, std::size_t part, int depth) {
-  std::string const shown = HtmlText(text);
-  if (shown.find_first_not_of(" \n\t") == std::string::npos) {
+  if (IsBlank(text)) {
     return;
   }
   int const level = std::min(depth, kDeepest);
@@ -23,7 +22,7 @@ void HtmlOutline::Add(std::string const& text, std::size_t part, int depth) {
     out_ << "</ul></details></li>\n";
     open_.pop_back();
   }
-  text_ = shown;
+  text_ = HtmlText(text);
   part_ = part;
   depth_ = level;
   out_.Drain();

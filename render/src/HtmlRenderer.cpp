@@ -152,9 +152,8 @@ class MainVisitor : public PartVisitor {
  private:
   void WriteHeading(std::string const& text) {
     level_ = std::clamp(depth_ + 1, 1, std::min(level_ + 1, 6));
-    std::string const shown = HtmlText(text);
     out_ << "<h" << level_ << " id=\"" << PartId(part_) << "\">"
-         << (shown.empty() ? std::string("\u2014") : shown) << "</h" << level_ << ">\n";
+         << (IsBlank(text) ? "\u2014" : HtmlText(text)) << "</h" << level_ << ">\n";
     out_.Drain();
   }
 
@@ -170,6 +169,9 @@ class MainVisitor : public PartVisitor {
     if (grid == nullptr) {
       HtmlNotes notes(footnotes, PartId(part_));
       out_ << "<p class=\"title\">" << Shown(notes, HeadlineOf(table)) << "</p>";
+      std::string const caption = Caption(table, notes);
+      notes.AppendNotes(out_.Text());
+      out_ << caption;
     }
     for (int layer = 0; grid != nullptr; ++layer) {
       WriteLayer(table, *grid, footnotes, layer);
@@ -190,12 +192,15 @@ class MainVisitor : public PartVisitor {
     if (!name.empty()) {
       caption += " <span class=\"layer-line\">" + MarkedLayerLine(grid, notes) + "</span>";
     }
-    std::string foot;
-    if (table.showCaption() && table.Caption() != nullptr) {
-      foot = "<p class=\"table-caption\">" + Shown(notes, table.Caption()) + "</p>";
-    }
-    WriteHtmlTable(out_, grid, notes, prefix, caption, foot);
+    WriteHtmlTable(out_, grid, notes, prefix, caption, Caption(table, notes));
     out_ << "</div></div>\n";
+  }
+
+  static std::string Caption(OmPivotTable const& table, HtmlNotes& notes) {
+    if (!table.showCaption() || table.Caption() == nullptr) {
+      return {};
+    }
+    return "<p class=\"table-caption\">" + Shown(notes, table.Caption()) + "</p>";
   }
 
   static std::string Shown(HtmlNotes& notes, OmCellText const* label) {

@@ -21,15 +21,15 @@ struct AreaSelector {
 };
 
 constexpr std::array<AreaSelector, 9> kSelectors = {{
-    {FormatArea::AreaTitle, " caption .title"},
-    {FormatArea::AreaCaption, " .table-caption"},
-    {FormatArea::AreaFootnotes, " .notes"},
-    {FormatArea::AreaCorner, " thead .corner"},
-    {FormatArea::AreaColumnLabels, " thead th:not(.corner)"},
-    {FormatArea::AreaRowLabels, " tbody th"},
-    {FormatArea::AreaData, " tbody td"},
-    {FormatArea::AreaLayers, " .layer-line"},
-    {FormatArea::AreaFrame, " .pivot-table"},
+    {FormatArea::AreaTitle, ".title"},
+    {FormatArea::AreaCaption, ".table-caption"},
+    {FormatArea::AreaFootnotes, ".notes"},
+    {FormatArea::AreaCorner, "thead .corner"},
+    {FormatArea::AreaColumnLabels, "thead tr > :not(.corner)"},
+    {FormatArea::AreaRowLabels, "tbody [class^=h]"},
+    {FormatArea::AreaData, "tbody td:not([class^=h])"},
+    {FormatArea::AreaLayers, ".layer-line"},
+    {FormatArea::AreaFrame, ".pivot-table"},
 }};
 
 /// The share of each of red, green and blue, from 0 to 15.
@@ -146,9 +146,10 @@ std::string Rule(std::string const& selector, std::string const& declarations) {
   return declarations.empty() ? declarations : selector + "{" + declarations + "}\n";
 }
 
-/// Stands behind ":root" so that it outweighs the page's own rules.
-std::string Weighty(std::string const& selector) {
-  return ":root " + selector;
+/// Selects within the table. All areas weigh the same, so that a later rule wins over an earlier one,
+/// and less than a class, so that a cell's own style wins over both.
+std::string Within(std::string const& table, std::string const& selector) {
+  return table + " :where(" + selector + ")";
 }
 
 bool HasColour(std::string const& text, std::string const& background) {
@@ -159,23 +160,22 @@ bool HasColour(std::string const& text, std::string const& background) {
 
 std::string HtmlStyle(OmPivotTable const& table, std::string const& selector) {
   std::string css;
-  std::string const outer = Weighty(selector);
   for (AreaSelector const& area : kSelectors) {
     FormatArea const* const format = table.getAreaFormat(area.area);
     if (format == nullptr) {
       continue;
     }
     std::string const padding = area.area == FormatArea::AreaFrame ? "" : Padding(*format);
-    css += Rule(outer + area.selector, Declarations(*format) + padding);
+    css += Rule(Within(selector, area.selector), Declarations(*format) + padding);
     if (area.area == FormatArea::AreaData && format->getUseAltRowColors()) {
-      css += Rule(outer + " tbody tr:nth-child(even) td",
+      css += Rule(Within(selector, "tbody tr:nth-child(even) td:not([class^=h])"),
                   Colours(format->getAlternateTextColor(), format->getAlternateBackgroundColor()));
     }
   }
   std::size_t number = 0;
   for (OmCellProperties const& style : table.getCellStyles()) {
     if (number != 0) {
-      css += Rule(outer + " tbody td.s" + std::to_string(number), Declarations(style));
+      css += Rule(selector + " .s" + std::to_string(number), Declarations(style));
     }
     ++number;
   }

@@ -1,9 +1,12 @@
 #include "HtmlTable.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
 #include "CellText.h"
+#include "HtmlFrame.h"
+#include "HtmlText.h"
 #include "NumberCell.h"
 
 namespace lakresvos::render {
@@ -15,6 +18,7 @@ class HtmlTable {
   HtmlTable(OutputBuffer& out, DisplayGrid const& grid, HtmlNotes& notes, std::string const& prefix)
       : out_(out),
         grid_(grid),
+        frame_(grid),
         notes_(notes),
         prefix_(prefix),
         named_(grid.HeadingRows() > 1 || grid.HeadingColumns() > 1),
@@ -31,7 +35,7 @@ class HtmlTable {
   }
 
  private:
-  static bool IsHeader(GridCell const& cell) { return !TextOf(cell.label).empty(); }
+  static bool IsHeader(GridCell const& cell) { return !IsBlank(TextOf(cell.label)); }
 
   std::string IdOf(GridCell const& cell) const {
     return prefix_ + "r" + std::to_string(cell.row) + "c" + std::to_string(cell.column);
@@ -39,13 +43,9 @@ class HtmlTable {
 
   /// One for the row headings and one for each outermost column heading.
   void WriteColumnGroups() {
-    if (grid_.HeadingColumns() > 0) {
-      WriteColumnGroup(grid_.HeadingColumns());
-    }
+    WriteColumnGroup(grid_.HeadingColumns());
     if (grid_.HeadingRows() == 0) {
-      if (grid_.Columns() > grid_.HeadingColumns()) {
-        WriteColumnGroup(grid_.Columns() - grid_.HeadingColumns());
-      }
+      WriteColumnGroup(grid_.Columns() - grid_.HeadingColumns());
       return;
     }
     for (GridCell const& cell : grid_.Frame(0)) {
@@ -55,7 +55,11 @@ class HtmlTable {
     }
   }
 
-  void WriteColumnGroup(int columns) { out_ << "<colgroup span=\"" << columns << "\"></colgroup>"; }
+  void WriteColumnGroup(int columns) {
+    for (; columns > 0; columns -= kMostHtmlColumns) {
+      out_ << "<colgroup span=\"" << std::min(columns, kMostHtmlColumns) << "\"></colgroup>";
+    }
+  }
 
   void WriteHead() {
     if (grid_.HeadingRows() == 0) {
@@ -64,7 +68,7 @@ class HtmlTable {
     out_ << "<thead>";
     for (int row = 0; row < grid_.HeadingRows(); ++row) {
       out_ << "<tr>";
-      for (GridCell const& cell : grid_.Frame(row)) {
+      for (GridCell const& cell : frame_.Row(row)) {
         WriteHeading(cell, cell.columnSpan > 1 ? "colgroup" : "col");
         if (named_ && cell.role == GridRole::ColumnHeading && IsHeader(cell)) {
           for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
@@ -80,11 +84,11 @@ class HtmlTable {
   void WriteHeading(GridCell const& cell, char const* scope) {
     bool const header = IsHeader(cell);
     out_ << (header ? "<th" : "<td");
-    if (cell.role == GridRole::Corner) {
-      out_ << " class=\"corner h" << cell.column << '"';
-    } else if (cell.role == GridRole::RowHeading) {
-      out_ << " class=\"h" << cell.column << '"';
+    std::string classes = cell.role == GridRole::Corner ? "corner " : "";
+    if (cell.role != GridRole::ColumnHeading) {
+      classes += "h" + std::to_string(cell.column);
     }
+    WriteClasses(std::move(classes), cell.label);
     if (header && named_) {
       out_ << " id=\"" << IdOf(cell) << '"';
     }
@@ -131,7 +135,7 @@ class HtmlTable {
 
   void WriteRow(int row) {
     out_ << "<tr>";
-    for (GridCell const& cell : grid_.Frame(row)) {
+    for (GridCell const& cell : frame_.Row(row)) {
       WriteHeading(cell, cell.rowSpan > 1 ? "rowgroup" : "row");
       for (int c = cell.column; named_ && c < cell.column + cell.columnSpan; ++c) {
         bool const first = c == cell.column && IsHeader(cell);
@@ -152,9 +156,7 @@ class HtmlTable {
   void WriteCell(OmCellText* cell, int column, std::string const& rowHeaders) {
     std::string& out = out_.Text();
     out += "<td";
-    if (cell != nullptr) {
-      AppendClass(out, *cell);
-    }
+    WriteClasses(cell != nullptr && NumberOf(*cell) ? "n" : "", cell);
     if (named_) {
       std::string const& above = columnHeaders_[static_cast<std::size_t>(column)];
       if (!rowHeaders.empty() || !above.empty()) {
@@ -171,27 +173,37 @@ class HtmlTable {
     out += "</td>";
   }
 
-  void AppendClass(std::string& out, OmCellText& cell) const {
-    bool const number = NumberOf(cell).has_value();
-    std::size_t const style = cell.hasMeta() ? cell.getMeta()->getStyle() : 0;
-    if (style == 0 || style >= grid_.Table().getCellStyles().size()) {
-      out += number ? " class=\"n\"" : "";
-    } else {
-      out += (number ? " class=\"n s" : " class=\"s") + std::to_string(style) + '"';
+  /// Writes these classes and that of the style that a text asks for.
+  void WriteClasses(std::string classes, OmCellText const* text) {
+    std::size_t const style = text != nullptr && text->hasMeta() ? text->getMeta()->getStyle() : 0;
+    if (style != 0 && style < grid_.Table().getCellStyles().size()) {
+      classes += (classes.empty() ? "s" : " s") + std::to_string(style);
+    }
+    if (!classes.empty()) {
+      out_ << " class=\"" << classes << '"';
     }
   }
 
   void WriteFoot(std::string const& foot) {
     std::string notes;
     notes_.AppendNotes(notes);
-    if (!notes.empty() || !foot.empty()) {
-      out_ << "<tfoot><tr><td colspan=\"" << grid_.Columns() << "\">" << notes << foot
-           << "</td></tr></tfoot>";
+    if (notes.empty() && foot.empty()) {
+      return;
     }
+    out_ << "<tfoot><tr><td";
+    WriteSpan("colspan", std::min(grid_.Columns(), kMostHtmlColumns));
+    out_ << '>' << notes << foot << "</td>";
+    for (int left = grid_.Columns() - kMostHtmlColumns; left > 0; left -= kMostHtmlColumns) {
+      out_ << "<td";
+      WriteSpan("colspan", std::min(left, kMostHtmlColumns));
+      out_ << "></td>";
+    }
+    out_ << "</tr></tfoot>";
   }
 
   OutputBuffer& out_;
   DisplayGrid const& grid_;
+  HtmlFrame frame_;
   HtmlNotes& notes_;
   std::string const& prefix_;
   int groupRows_ = 1;                       // how many rows the newest outermost heading has

@@ -52,4 +52,8 @@ std::string HtmlText(std::string_view text) {
   return html;
 }
 
+bool IsBlank(std::string_view text) {
+  return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
+
 }  // namespace lakresvos::render

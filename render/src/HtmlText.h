@@ -12,6 +12,9 @@ void AppendHtml(std::string& out, std::string_view text);
 
 std::string HtmlText(std::string_view text);
 
+/// Whether a text shows nothing, so that it cannot name anything.
+bool IsBlank(std::string_view text);
+
 }  // namespace lakresvos::render
 
 #endif

@@ -18,7 +18,7 @@ struct JsonData {
 
   std::variant<std::nullptr_t, bool, std::int64_t, std::uint64_t, double, std::string, Array,
                Object>
-      value = nullptr;
+      value;
 };
 
 struct JsonData::Field {

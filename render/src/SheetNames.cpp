@@ -37,6 +37,18 @@ std::string_view Trimmed(std::string_view text) {
   return first == std::string_view::npos ? "" : text.substr(first, last - first + 1);
 }
 
+/// The text with one blank for each run of forbidden characters and blanks.
+std::string WithoutForbidden(std::string_view text) {
+  std::string clean;
+  for (char const c : text) {
+    bool const blank = c == ' ' || kForbidden.find(c) != std::string_view::npos;
+    if (!blank || clean.empty() || clean.back() != ' ') {
+      clean += blank ? ' ' : c;
+    }
+  }
+  return clean;
+}
+
 std::string Folded(std::string const& name) {
   std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> const folded(
       utf8proc_NFKC_Casefold(reinterpret_cast<utf8proc_uint8_t const*>(name.c_str())), &std::free);
@@ -46,11 +58,7 @@ std::string Folded(std::string const& name) {
 }  // namespace
 
 std::string SheetNames::Next(std::string const& wish) {
-  std::string clean = CleanText(wish);
-  for (char& c : clean) {
-    c = kForbidden.find(c) != std::string_view::npos ? ' ' : c;
-  }
-  std::string const base(Trimmed(clean));
+  std::string const base(Trimmed(WithoutForbidden(CleanText(wish))));
   std::string name(Trimmed(Cut(base, kMostUnits)));
   for (int number = 2; name.empty() || Folded(name) == "history" || taken_.count(Folded(name)) != 0;
        ++number) {

@@ -10,6 +10,9 @@ namespace lakresvos::render {
 
 namespace {
 
+/// The largest number that a cell of a workbook can hold; larger ones are texts.
+constexpr double kLargestNumber = 9.99999999999999e307;
+
 /// "0.00" for two decimals, with the marks of footnotes behind it.
 std::string NumberFormat(int decimals, std::string const& marks) {
   constexpr int kMostDecimals = 30;
@@ -133,7 +136,7 @@ class XlsxGrid {
       sheet_.Blank(top_ + row, column, style);
     } else {
       MarkedText const shown = ShownText(cell.label, marks_);
-      sheet_.Text(top_ + row, column, shown.text + shown.marks, style, !above.merged);
+      sheet_.Text(top_ + row, column, shown.text + shown.marks, style, cell.columnSpan == 1);
     }
   }
 
@@ -155,7 +158,7 @@ class XlsxGrid {
     if (value.has_value() && style.horizontal == HorizontalAlignment::Any) {
       style.horizontal = HorizontalAlignment::Right;
     }
-    if (value.has_value() && std::isfinite(value->value)) {
+    if (value.has_value() && std::abs(value->value) <= kLargestNumber) {
       style.numberFormat = NumberFormat(value->decimals, shown.marks);
       sheet_.Number(top_ + row, column, value->value, shown.text + shown.marks, style);
     } else {

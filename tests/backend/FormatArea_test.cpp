@@ -100,12 +100,21 @@ TEST(FormatArea, FlagsCanBeTurnedOffAgain) {
 TEST(FormatArea, StringGettersReturnTheStoredStrings) {
   FormatArea format(FormatArea::Area(0));
   std::string const& font = format.getFontName();
-  std::string const& color = format.getTextColor();
+  std::string const& text = format.getTextColor();
+  std::string const& background = format.getBackgroundColor();
+  std::string const& alternateText = format.getAlternateTextColor();
+  std::string const& alternateBackground = format.getAlternateBackgroundColor();
   format.setFontName("Sans");
   format.setTextColor("blue");
+  format.setBackgroundColor("white");
+  format.setAlternateTextColor("red");
+  format.setAlternateBackgroundColor("grey");
   EXPECT_EQ(&font, &format.getFontName());
   EXPECT_EQ(font, "Sans");
-  EXPECT_EQ(color, "blue");
+  EXPECT_EQ(text, "blue");
+  EXPECT_EQ(background, "white");
+  EXPECT_EQ(alternateText, "red");
+  EXPECT_EQ(alternateBackground, "grey");
 }
 
 TEST(FormatArea, AStoredStringMayBeHandedBack) {

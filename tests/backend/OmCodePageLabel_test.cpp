@@ -23,6 +23,7 @@ namespace {
 struct Converters {
   int asked = 0;
   int open = 0;
+  int closed = 0;
   char const* page = "";
 };
 
@@ -39,6 +40,7 @@ void* CountedConverterNew(char const* page) {
 
 void CountedConverterDelete(void* converter) {
   converters.open -= converter != nullptr ? 1 : 0;
+  ++converters.closed;
   RealConverterDelete(converter);
 }
 
@@ -83,6 +85,7 @@ TYPED_TEST(OmCodePageLabel, WithoutACodePageTheLabelIsACopyOfTheGivenCell) {
 TYPED_TEST(OmCodePageLabel, WithoutACodePageNoConverterIsOpened) {
   TypeParam const item(OmNumber(2.5), "", 0);
   EXPECT_EQ(converters.asked, 0);
+  EXPECT_EQ(converters.closed, 0);
   EXPECT_EQ(typeid(*item.Label()), typeid(OmNumber));
 }
 
@@ -119,6 +122,11 @@ TYPED_TEST(OmCodePageLabel, TheConverterIsOpenedOnceAndClosed) {
   EXPECT_EQ(converters.open, 0);
 }
 
+TYPED_TEST(OmCodePageLabel, TheConvertedLabelLivesOnTheDefaultHeap) {
+  TypeParam const item(OmStringCell("caf\u00E9"), "ISO-8859-1", 0);
+  EXPECT_EQ(OmMemoryRegion::OwnerOf(item.Label()), OmMemoryRegion::DefaultHeap());
+}
+
 TYPED_TEST(OmCodePageLabel, ThePagesNameEndsAtAZeroByteButIsKeptWhole) {
   std::string const page("ISO-8859-1\0more", 15);
   EXPECT_EQ(this->LabelText("caf\u00E9", page), "caf\xE9");
@@ -147,6 +155,17 @@ TYPED_TEST(OmCodePageLabel, ATextThatThePageCannotHoldIsLeftAsItIs) {
   EXPECT_EQ(this->LabelText("5 \u20AC", "ISO-8859-1"), "5 \u20AC");
   EXPECT_EQ(this->LabelText("\u00E9 \u65E5", "windows-1252"), "\u00E9 \u65E5");
   EXPECT_EQ(this->LabelText("\u65E5 \U0001F600", "Shift_JIS"), "\u65E5 \U0001F600");
+}
+
+TYPED_TEST(OmCodePageLabel, TheConverterIsClosedWhenItCannotConvertTheText) {
+  this->LabelText("5 \u20AC", "ISO-8859-1");
+  EXPECT_EQ(converters.asked, 1);
+  EXPECT_EQ(converters.closed, 1);
+}
+
+TYPED_TEST(OmCodePageLabel, AConverterThatCouldNotBeOpenedIsClosedToo) {
+  this->LabelText("caf\u00E9", "no-such-page");
+  EXPECT_EQ(converters.closed, 1);
 }
 
 TYPED_TEST(OmCodePageLabel, ATextThatIsNotUtf8IsLeftAsItIs) {

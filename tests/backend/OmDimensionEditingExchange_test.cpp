@@ -307,6 +307,26 @@ TEST_F(OmDimensionExchange, OfNodesOnDifferentLevelsLinksEverythingBelowBothPare
   EXPECT_EQ(StaleLinks(), "");
 }
 
+TEST_F(OmDimensionExchange, ANodeThatEqualsNothingChangesPlacesLikeAnyOther) {
+  Build("a b");
+  AddUnlikeAny(root(), "u");
+  Exchange("u", "a");
+  EXPECT_EQ(Shape(), "u b a");
+}
+
+TEST_F(OmDimensionExchange, WithASiblingThatEqualsNothingChangesNothing) {
+  Build("a b");
+  AddUnlikeAny(root(), "u");
+  ExpectNoChangeBy(At("a"), At("u"));
+  ExpectNoChangeBy(At("b"), At("u"));
+}
+
+TEST_F(OmDimensionExchange, WithACousinThatEqualsNothingChangesNothing) {
+  Build("f(a b) h(c)");
+  AddUnlikeAny(At("h"), "u");
+  ExpectNoChangeBy(At("a"), At("u"));
+}
+
 // Senseless arguments
 
 TEST_F(OmDimensionExchange, WithTheRootChangesNothing) {

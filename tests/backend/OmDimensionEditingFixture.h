@@ -11,6 +11,16 @@
 #include "support/DimensionText.h"
 #include "support/SpyCell.h"
 
+/// A label that differs from every other and from itself.
+class UnlikeAnyCell : public SpyCell {
+ public:
+  using SpyCell::SpyCell;
+  OmCellText* Clone(OmMemoryRegion* region) const override {
+    return new (region) UnlikeAnyCell(*this);
+  }
+  short Compare(OmCellText const& /*other*/, bool /*ignoreCase*/) const override { return 1; }
+};
+
 /// A dimension that is written down as an outline: "x g(a b) y" is a category, a group of two
 /// categories and another category. Categories get the subscripts 0, 1, ... in that order, groups
 /// none. Groups with one label are equal to each other, and their children tell them apart.
@@ -42,6 +52,12 @@ class OmDimensionEditing : public testing::Test {
   }
 
   Node root() { return dimension_.Root(); }
+
+  /// Adds a last child that equals no node, itself included.
+  Node AddUnlikeAny(Node const& parent, std::string const& label, bool group = false) {
+    return dimension_.AddNewChild(parent, UnlikeAnyCell(label),
+                                  group ? ~0UL : dimension_.CategoryCount(), group);
+  }
 
   /// The first node with this label.
   Node At(std::string const& label) {

@@ -41,6 +41,14 @@ TEST_F(OmDimensionMoveBefore, AnEarlierSiblingThatEqualsTheTargetTakesTheNode) {
   EXPECT_EQ(Shape(), "x z g(a) y g(b)");
 }
 
+TEST_F(OmDimensionMoveBefore, ATargetThatEqualsNothingSendsTheNodeToTheEnd) {
+  Build("a");
+  AddUnlikeAny(root(), "u");
+  dimension_.AddNewChild(root(), SpyCell("b"), 2, false);
+  Move("a", "u");
+  EXPECT_EQ(Shape(), "u b a");
+}
+
 TEST_F(OmDimensionMoveBefore, ANodeThatEqualsItsTargetIsGoneWhenThePlaceIsSought) {
   Build("g(a) x g(b) y");
   Move(root()[0], root()[2]);

@@ -237,6 +237,17 @@ TEST_F(OmDimensionRemoveChild, SharesNoContext) {
   EXPECT_TRUE(log.Of(SpyCell::Operation::ShareContext).empty());
 }
 
+TEST_F(OmDimensionRemoveChild, OfAGroupThatEqualsNoChildChangesOnlyItsSubscript) {
+  Build("x");
+  Node const group = AddUnlikeAny(root(), "g", true);
+  dimension_.AddNewChild(group, SpyCell("a"), 1, false);
+  Node const left = Remove(group);
+  EXPECT_EQ(Shape(), "x g(a)");
+  EXPECT_EQ(group.Value().subscript, kDissolved);
+  EXPECT_EQ(left.element, group.element);
+  EXPECT_EQ(left.depth, 1U);
+}
+
 // Senseless arguments
 
 TEST_F(OmDimensionRemoveChild, OfAnEmptyHandleDoesNothing) {

@@ -16,6 +16,9 @@ static_assert(!std::is_copy_constructible_v<OmDisplayColumnHeading>);
 static_assert(!std::is_copy_assignable_v<OmDisplayColumnHeading>);
 static_assert(sizeof(OmDisplayColumnHeading) == sizeof(void*));
 
+using layout_tables::Category;
+using layout_tables::Group;
+using layout_tables::Node;
 using layout_tables::Table;
 using layout_tables::Texts;
 using PathNode = OmDisplayColumnHeading::PathNode;
@@ -37,6 +40,20 @@ class OmDisplayColumnHeadingTest : public testing::Test {
   }
 
   Table table;
+};
+
+/// One column dimension with two leaves, root > outer > inner > deep and root > flat.
+class OmDisplayColumnHeadingLevels : public testing::Test {
+ protected:
+  OmDisplayColumnHeadingLevels() {
+    Category(dimension, Group(dimension, outer, "inner"), "deep", 0);
+    Category(dimension, dimension.Root(), "flat", 1);
+    table.Place({}, {0});
+  }
+
+  Table table;
+  OmDimension& dimension = table.Add("root");
+  Node outer = Group(dimension, dimension.Root(), "outer");
 };
 
 }  // namespace
@@ -151,6 +168,42 @@ TEST_F(OmDisplayColumnHeadingTest, GivesNothingOutsideTheHeading) {
       EXPECT_EQ(columns.VisibleHeight(k), 0);
     }
   }
+}
+
+TEST_F(OmDisplayColumnHeadingLevels, CloseUpOverAHiddenLevel) {
+  outer.Value().hide = true;
+  OmDisplayLayerHeading layers(table, false);
+  OmDisplayColumnHeading const columns(layers, false);
+  EXPECT_EQ(Texts(columns.Column(0)), (Labels{"root", "inner", "deep"}));
+  EXPECT_EQ(Texts(columns.Column(1)), (Labels{"root", "flat", "-"}));
+  EXPECT_EQ(Texts(columns.Row(1)), (Labels{"inner", "flat"}));
+}
+
+TEST_F(OmDisplayColumnHeadingLevels, EndAtAHiddenGroupThatHidesItsLabels) {
+  outer.Value().hide = true;
+  outer.Value().hideLabels = true;
+  OmDisplayLayerHeading layers(table, false);
+  OmDisplayColumnHeading const columns(layers, false);
+  EXPECT_EQ(columns.NRows(), 2);
+  EXPECT_EQ(Texts(columns.Column(0)), (Labels{"root", "-"}));
+  EXPECT_EQ(Texts(columns.Row(1)), (Labels{"-", "flat"}));
+}
+
+TEST_F(OmDisplayColumnHeadingLevels, AreCutToTheHeightOfTheColumnsThatAreKept) {
+  table.Put({1});
+  OmDisplayLayerHeading layers(table, false);
+  OmDisplayColumnHeading const columns(layers, true);
+  EXPECT_EQ(columns.VisibleHeight(0), 2);
+  EXPECT_EQ(columns.NRows(), 2);
+  EXPECT_EQ(Texts(columns.Column(0)), (Labels{"root", "flat"}));
+}
+
+TEST_F(OmDisplayColumnHeadingLevels, AreFullWhenNoColumnIsKept) {
+  OmDisplayLayerHeading layers(table, false);
+  OmDisplayColumnHeading const columns(layers, true);
+  EXPECT_EQ(columns.NColumns(), 0);
+  EXPECT_EQ(columns.NRows(), 4);
+  EXPECT_TRUE(columns.Row(0).empty());
 }
 
 TEST(OmDisplayColumnHeadingWithoutDimensions, HasOneColumnAndNoHeadingRows) {

@@ -293,6 +293,22 @@ TEST_F(OmDisplayWrappedPlaces, AreTriedOnTheOtherAxisAsFarAsTheyAreCounted) {
   EXPECT_EQ(Dense(narrow, wrapped), Places{0});
 }
 
+TEST_F(OmDisplayWrappedPlaces, AreTriedFromTheEndOfTheOtherAxisForTheRows) {
+  table.Place({0}, {5, 4, 3, 2, 1});
+  OmDisplayLayerHeading layers(table, false);
+  OmDisplayTestAccess::Of(layers).sparse = false;
+  EXPECT_EQ(OmDisplayRowHeading(layers, true, false).getNonEmptyRows(), Places{0});
+}
+
+TEST_F(OmDisplayWrappedPlaces, AreTriedColumnsFirstForTheLayers) {
+  table.Place({4, 5}, {1, 2, 3}, {0});
+  OmDisplayLayerHeading const layers(table, false);
+  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::Of(layers);
+  data.sparse = false;
+  data.FindNonEmptyLayers();
+  EXPECT_EQ(data.nonEmptyLayers, Places{0});
+}
+
 TEST_F(OmDisplayWrappedPlaces, AreKeptAsFarAsTheyAreCounted) {
   EXPECT_EQ(Dense(wrapped, narrow), Places{11ULL * 6955 * 12747});
 }

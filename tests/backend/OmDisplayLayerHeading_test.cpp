@@ -109,6 +109,24 @@ TEST(OmDisplayLayerHeading, SwitchingToMinusOneIsRefusedButLeavesNoLayerCurrent)
   EXPECT_EQ(FilledBy(layers), (Index{7, 7, 7}));
 }
 
+TEST(OmDisplayLayerHeading, BeginsAgainWithTheFirstLayerWhenNoneIsCurrent) {
+  Layered table;
+  OmDisplayLayerHeading layers(table, false);
+  layers.SwitchLayer(3);
+  layers.SwitchLayer(-1);
+  EXPECT_TRUE(layers.NextLayer());
+  EXPECT_EQ(layers.getLayer(), 0);
+  EXPECT_EQ(layers.getCurrentCellIndex(), (Index{0, 0, 0}));
+}
+
+TEST(OmDisplayLayerHeading, GivesItsCellIndexAsACopy) {
+  Layered table;
+  OmDisplayLayerHeading layers(table, false);
+  layers.SwitchLayer(3);
+  layers.getCurrentCellIndex()[1] = 9;
+  EXPECT_EQ(layers.getCurrentCellIndex(), (Index{0, 1, 1}));
+}
+
 TEST(OmDisplayLayerHeading, SwitchingToMinusTwoIsRefusedAndChangesNothing) {
   Layered table;
   OmDisplayLayerHeading layers(table, false);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <lakresvos/OmDisplayLayerHeading.h>
@@ -40,6 +41,10 @@ class OmDisplayRowHeadingCorner : public testing::Test {
   Labels Corner(bool namesInCorner, bool skipEmpty = false) {
     OmDisplayLayerHeading layers(table, false);
     return Texts(OmDisplayRowHeading(layers, skipEmpty, namesInCorner).CornerText());
+  }
+
+  static void Unlabel(OmDimension& dimension) {
+    delete std::exchange(dimension.Root().Value().label, nullptr);
   }
 
   Table table;
@@ -109,6 +114,17 @@ TEST_F(OmDisplayRowHeadingCorner, FallsBackToTheTablesTextWhenNoNameCouldBePlace
   a->Root().Value().hide = true;
   b->Root().Value().hide = true;
   EXPECT_EQ(Corner(true), (Labels{"corner", "-", "-"}));
+}
+
+TEST_F(OmDisplayRowHeadingCorner, FallsBackToTheTablesTextWhenNoDimensionHasALabel) {
+  Unlabel(*a);
+  Unlabel(*b);
+  EXPECT_EQ(Corner(true), (Labels{"corner", "-", "-"}));
+}
+
+TEST_F(OmDisplayRowHeadingCorner, KeepsTheNameThatWasPlacedBesideADimensionWithoutALabel) {
+  Unlabel(*a);
+  EXPECT_EQ(Corner(true), (Labels{"B", "-", "-"}));
 }
 
 TEST_F(OmDisplayRowHeadingCorner, FallsBackToTheTablesTextWithoutRowDimensionsButHasNoSlotForIt) {

@@ -9,6 +9,7 @@
 #include <lakresvos/OmDisplayLayerHeading.h>
 #include <lakresvos/OmDisplayRowHeading.h>
 
+#include "support/DimensionText.h"
 #include "support/LayoutTables.h"
 
 namespace {
@@ -174,6 +175,14 @@ TEST_F(OmDisplayRowHeadingTest, HasNoPathsForARowOutOfRange) {
   }
 }
 
+TEST_F(OmDisplayRowHeadingTest, SkippingEmptyHasNoPathsForANumberThatIsNoPlaceOfTheAxis) {
+  OmDisplayLayerHeading layers(table, false);
+  OmDisplayRowHeading const rows(layers, true, false);
+  for (int r : {-1, 6, INT_MAX, INT_MIN}) {
+    EXPECT_EQ(WholePaths(rows, r), Labels{});
+  }
+}
+
 TEST_F(OmDisplayRowHeadingTest, TakesTheNumberOfARowThatWasNotKeptForAPlaceInPathQueries) {
   OmDisplayLayerHeading layers(table, false);
   OmDisplayRowHeading const rows(layers, true, false);
@@ -246,6 +255,35 @@ TEST_F(OmDisplayRowHeadingTest, LeadsWithTheOtherHeadingsToTheStoredCell) {
   rows.Fill(index, 0);
   columns.Fill(index, 0);
   EXPECT_EQ(index, (Index{1, 2, 1, 1}));
+}
+
+TEST_F(OmDisplayRowHeadingTest, LeavesTheTableAsItWasWithTheOtherHeadings) {
+  table.AddFlat("C", 2);
+  table.AddFlat("L", 2);
+  table.Place({0, 1}, {2}, {3});
+  table.Put({1, 2, 1, 1});
+  table.setLayerLoc(1);
+  OmDimension const before(table.Dimension(0), nullptr);
+  OmCellText const* const cell = table.Cell({1, 2, 1, 1});
+  {
+    OmDisplayLayerHeading layers(table, true);
+    layers.NextLayer();
+    layers.restoreLayer();
+    layers.getDimensionIndex(5);
+    OmDisplayRowHeading const rows(layers, true, true);
+    rows.getDimensionIndex(5);
+    rows.Column(0);
+    OmDisplayColumnHeading const columns(layers, false);
+    columns.getNonEmptyColumns();
+  }
+  EXPECT_EQ(table.Rows().elements, (std::vector<short>{0, 1}));
+  EXPECT_EQ(table.Columns().elements, std::vector<short>{2});
+  EXPECT_EQ(table.Layers().elements, std::vector<short>{3});
+  EXPECT_EQ(table.SizeVector(), (Index{2, 3, 2, 2}));
+  EXPECT_EQ(TextOf(table.Dimension(0)), TextOf(before));
+  EXPECT_EQ(table.getLayerLoc(), 1);
+  EXPECT_EQ(table.Cell({1, 2, 1, 1}), cell);
+  EXPECT_EQ(table.Cell({0, 2, 1, 1}), nullptr);
 }
 
 TEST(OmDisplayRowHeadingWithoutDimensions, HasOneRowAndNoHeadingColumns) {

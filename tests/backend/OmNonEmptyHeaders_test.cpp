@@ -179,6 +179,32 @@ TEST(OmNonEmptyHeaders, StayTheSameWhenTheLayerIsSwitchedAfterwards) {
   EXPECT_EQ(rows.getNonEmptyRows(), Places{0});
 }
 
+TEST(OmNonEmptyHeaders, OfADenseTableAreThoseOfTheLayerSwitchedToThoughAnotherIsRestored) {
+  TwoLayers table;
+  table.setLayerLoc(0);
+  OmDisplayLayerHeading layers(table, false);
+  layers.SwitchLayer(1);
+  ASSERT_EQ(layers.restoreLayer(), 0);
+  EXPECT_EQ(OmDisplayRowHeading(layers, true, false).getNonEmptyRows(), Places{1});
+}
+
+TEST(OmNonEmptyHeaders, OfADenseTableStayThoseOfTheFormerLayerWhenNoneIsCurrent) {
+  TwoLayers table;
+  OmDisplayLayerHeading layers(table, false);
+  layers.SwitchLayer(1);
+  layers.SwitchLayer(-1);
+  EXPECT_EQ(OmDisplayRowHeading(layers, true, false).getNonEmptyRows(), Places{1});
+}
+
+TEST(OmNonEmptyHeaders, OfTheColumnsOfADenseTableAreThoseOfTheCurrentLayer) {
+  TwoLayers table;
+  OmDisplayLayerHeading layers(table, false);
+  layers.SwitchLayer(0);
+  EXPECT_EQ(OmDisplayColumnHeading(layers, true).getNonEmptyColumns(), Places{0});
+  layers.SwitchLayer(1);
+  EXPECT_EQ(OmDisplayColumnHeading(layers, true).getNonEmptyColumns(), Places{1});
+}
+
 TEST(OmNonEmptyHeaders, OfNoDimensionsAreTheOnlyPlaceWhenThereIsACell) {
   Table table;
   table.AddFlat("C", 2);
@@ -263,6 +289,18 @@ TEST(OmNonEmptyHeaders, OfADenseTableIgnoreCellsPastTheSizeOfTheOtherAxis) {
   table.Put({0, 2});
   table.Put({1, 1});
   EXPECT_EQ(KeptRows(table), Places{1});
+}
+
+TEST(OmNonEmptyHeaders, OfADenseTableIgnoreCellsPastTheSizeOfOneDimensionOfTheOtherAxis) {
+  Table table;
+  table.AddFlat("R", 3);
+  table.AddFlat("C", 2);
+  table.AddFlat("D", 2);
+  table.Place({0}, {1, 2});
+  table.Put({0, 2, 0});
+  table.Put({1, 0, 2});
+  table.Put({2, 1, 1});
+  EXPECT_EQ(KeptRows(table), Places{2});
 }
 
 TEST(OmNonEmptyHeaders, OfADenseTableReachALeafPastTheSizeOfItsOwnAxis) {

@@ -1,9 +1,15 @@
+#include <cxxabi.h>
 #include <gtest/gtest.h>
 #include <string>
 #include <type_traits>
+#include <typeinfo>
 
 #include <cells/OmStringCell.h>
+#include <lakresvos/OmAnswerTree.h>
+#include <lakresvos/OmChart.h>
 #include <lakresvos/OmHeading.h>
+#include <lakresvos/OmInteractive.h>
+#include <lakresvos/OmModel.h>
 #include <lakresvos/OmOutputPart.h>
 #include <lakresvos/OmPivotTable.h>
 #include <lakresvos/OmTextBlock.h>
@@ -132,7 +138,11 @@ TEST_F(OmOutputPartTest, EachKindIsVisitedAsItself) {
   OmTextBlock(label, "").Accept(visitor);
   OmPageTitle("").Accept(visitor);
   OmPivotTable(label, label, false).Accept(visitor);
-  EXPECT_EQ(visitor.seen, "heading procedure block title table ");
+  OmChart(label, "", 0).Accept(visitor);
+  OmAnswerTree(label, "").Accept(visitor);
+  OmModel(label).Accept(visitor);
+  OmInteractive(label, "", 0).Accept(visitor);
+  EXPECT_EQ(visitor.seen, "heading procedure block title table chart answers model interactive ");
 }
 
 TEST_F(OmOutputPartTest, AProcedureIsAHeadingToAVisitorThatDoesNotCare) {
@@ -165,6 +175,31 @@ TEST_F(OmOutputPartTest, ItemsAreToldApartByDynamicCastToo) {
   EXPECT_NE(dynamic_cast<OmHeading*>(procedure), nullptr);
   EXPECT_EQ(dynamic_cast<OmTextBlock*>(procedure), nullptr);
   delete procedure;
+}
+
+/// The only base of a class, when that is public and not virtual; else void.
+std::type_info const& OnlyBase(std::type_info const& type) {
+  auto const* const single = dynamic_cast<abi::__si_class_type_info const*>(&type);
+  return single != nullptr ? *single->__base_type : typeid(void);
+}
+
+TEST_F(OmOutputPartTest, EveryKindHasOnePublicBase) {
+  EXPECT_EQ(OnlyBase(typeid(OmHeading)), typeid(OmOutputPart));
+  EXPECT_EQ(OnlyBase(typeid(OmProcedure)), typeid(OmHeading));
+  EXPECT_EQ(OnlyBase(typeid(OmTextBlock)), typeid(OmOutputPart));
+  EXPECT_EQ(OnlyBase(typeid(OmPageTitle)), typeid(OmTextBlock));
+  EXPECT_EQ(OnlyBase(typeid(OmPivotTable)), typeid(OmOutputPart));
+  EXPECT_EQ(OnlyBase(typeid(OmChart)), typeid(OmOutputPart));
+  EXPECT_EQ(OnlyBase(typeid(OmInteractive)), typeid(OmOutputPart));
+  EXPECT_EQ(OnlyBase(typeid(OmModel)), typeid(OmOutputPart));
+  EXPECT_EQ(OnlyBase(typeid(OmAnswerTree)), typeid(OmOutputPart));
+}
+
+TEST_F(OmOutputPartTest, TheItemAndTheVisitorHaveNoBase) {
+  std::type_info const& item = typeid(OmOutputPart);
+  std::type_info const& visitor = typeid(Visitor);
+  EXPECT_EQ(typeid(item), typeid(abi::__class_type_info));
+  EXPECT_EQ(typeid(visitor), typeid(abi::__class_type_info));
 }
 
 // Slots

@@ -4,10 +4,17 @@
 #include <vector>
 
 #include <cells/OmStringCell.h>
+#include <lakresvos/OmAnswerTree.h>
+#include <lakresvos/OmChart.h>
 #include <lakresvos/OmHeading.h>
+#include <lakresvos/OmInteractive.h>
+#include <lakresvos/OmModel.h>
 #include <lakresvos/OmOutputTree.h>
+#include <lakresvos/OmPivotTable.h>
+#include <lakresvos/OmTextBlock.h>
 
 #include "support/SampleOutputTree.h"
+#include "support/SpyCell.h"
 
 namespace {
 
@@ -183,6 +190,32 @@ TEST_F(OmOutputTreeTest, WhatIsAppendedAfterPruningGoesWhereTheDepthsSay) {
 }
 
 // Destruction
+
+TEST(OmOutputTree, OwnsItemsOfEveryKind) {
+  SpyBalance const balance;
+  SpyCell const label("label");
+  std::string const page;
+  {
+    OmOutputTree tree;
+    Node const procedure = tree.begin().AppendChild(new OmProcedure(label, "a", "b", "c"));
+    for (OmOutputPart* const item :
+         std::vector<OmOutputPart*>{new OmHeading(label), new OmTextBlock(label, "text"),
+                                    new OmPageTitle("text"), new OmPivotTable(label, label, false),
+                                    new OmChart(label, page, 1), new OmAnswerTree(label, page),
+                                    new OmModel(label), new OmInteractive(label, page, 2)}) {
+      procedure.AppendChild(item);
+    }
+    EXPECT_EQ(tree.size(), 10U);
+    EXPECT_EQ(SpyCell::Live(), 10) << "the label, eight copies and the table's template name";
+    Node last = procedure.FirstChild();
+    while (!last.NextSibling().AtEnd()) {
+      last = last.NextSibling();
+    }
+    tree.Prune(last);
+    EXPECT_EQ(SpyCell::Live(), 9);
+  }
+  EXPECT_EQ(SpyCell::Live(), 1);
+}
 
 TEST_F(OmOutputTreeTest, DestroyingTheTreeDeletesEveryItemInPreorder) {
   tree.reset();

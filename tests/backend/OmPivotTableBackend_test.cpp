@@ -68,6 +68,21 @@ TEST(OmPivotTableTrackers, AreMadeWhenTheTableBecomesFast) {
   EXPECT_EQ(table.getICUTracker()->getLocale(), "second");
 }
 
+TEST(OmPivotTableTrackers, AreMadeByTheSecondCallAndKeptByTheThird) {
+  TestTable table;
+  table.setBackendSettings(Settings(false, false, "first"));
+  EXPECT_EQ(table.getICUTracker(), nullptr);
+  EXPECT_EQ(table.getU8Tracker(), nullptr);
+  table.setBackendSettings(Settings(true, false, "second"));
+  icuTracker const* const texts = table.getICUTracker();
+  icuTracker const* const unicode = table.getU8Tracker();
+  ASSERT_NE(texts, nullptr);
+  ASSERT_NE(unicode, nullptr);
+  table.setBackendSettings(Settings(true, true, "third"));
+  EXPECT_EQ(table.getICUTracker(), texts);
+  EXPECT_EQ(table.getU8Tracker(), unicode);
+}
+
 TEST(OmPivotTableTrackers, AreNeverReplaced) {
   TestTable table;
   table.setBackendSettings(Settings(true, false, "first"));

@@ -190,6 +190,18 @@ TEST_F(OmPivotTableICUHelper, APartGetsTheTrackerThatItsParentHolds) {
   EXPECT_EQ(book.lines, (Lines{"a first", "a1 second", "a11 second", "b first", "b1 first"}));
 }
 
+TEST_F(OmPivotTableICUHelper, ThePartsGetTheTrackerThatTheCompositeHolds) {
+  /// Keeps to a tracker of its own, whichever it is given.
+  struct Stubborn : OmComposite {
+    explicit Stubborn(icuTracker* own) : OmComposite("pattern"), held(own) {}
+    icuTracker* GetTracker() const override { return held; }
+    icuTracker* held;
+  } stubborn(other.get());
+  Add(stubborn.Parts().Root(), "a");
+  stubborn.Accept(helper);
+  EXPECT_EQ(book.lines, Lines{"a second"});
+}
+
 TEST_F(OmPivotTableICUHelper, ThePartOfTheRootComesFirstAndPassesOnWhatItHolds) {
   Parts::Node const root = composite.Parts().Root();
   root.Value() = new Part("root", book, other.get());

@@ -70,6 +70,14 @@ TYPED_TEST(OmPivotTableIterators, DimensionZeroVariesFastest) {
   EXPECT_EQ(this->Walk(table), (Walked{{{0, 0}, "a"}, {{2, 0}, "b"}, {{1, 1}, "c"}}));
 }
 
+TYPED_TEST(OmPivotTableIterators, AnIndexHasRoomForItsSubscriptsAndNoMore) {
+  TestTable table(5);
+  table.Put({0, 1, 2, 3, 4}, "cell");
+  Index const index = this->First(table).Index();
+  EXPECT_EQ(index, (Index{0, 1, 2, 3, 4}));
+  EXPECT_EQ(index.capacity(), 5U);
+}
+
 TYPED_TEST(OmPivotTableIterators, ALoneCellIsTheFirstAndTheLast) {
   TestTable table(2);
   table.Put({3, 0}, "cell");

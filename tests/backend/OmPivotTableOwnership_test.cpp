@@ -10,6 +10,35 @@ namespace {
 using Operation = SpyCell::Operation;
 using Lines = std::vector<std::string>;
 
+/// Writes down how many bytes its region has in use when it goes. One that is in no region writes
+/// nothing.
+class Gauge : public OmCellText {
+ public:
+  explicit Gauge(std::vector<unsigned long>& readings, OmMemoryRegion* region = nullptr)
+      : readings_(readings), region_(region) {}
+  ~Gauge() override {
+    if (region_ != nullptr) {
+      readings_.push_back(region_->BytesInUse());
+    }
+  }
+  Gauge(Gauge const&) = delete;
+  Gauge& operator=(Gauge const&) = delete;
+
+  OmCellText* Clone(OmMemoryRegion* region) const override {
+    return new (region) Gauge(readings_, region);
+  }
+  std::string GetText() const override { return "gauge"; }
+  long GetKind() const override { return 3000; }
+  short Compare(OmCellText const& other, bool ignoreCase) const override {
+    return CompareTexts(other, ignoreCase);
+  }
+  void Accept(OmCellText::Visitor& /*visitor*/) override {}
+
+ private:
+  std::vector<unsigned long>& readings_;
+  OmMemoryRegion* region_;
+};
+
 TEST(OmPivotTableOwnership, ADimensionsLabelIsTheTablesCopy) {
   SpyCell const spy("Age");
   {
@@ -124,6 +153,34 @@ TEST(OmPivotTableOwnership, TextsGoBeforeCellsAndCellsBeforeDimensions) {
   table.reset();
   EXPECT_EQ(log.Lines(), (Lines{"Destroy name", "Destroy corner", "Destroy caption",
                                 "Destroy title", "Destroy cell", "Destroy label"}));
+}
+
+TEST(OmPivotTableOwnership, NothingGoesBackToTheRegionOneByOneWhenTheTableGoes) {
+  std::vector<unsigned long> readings;
+  Gauge const gauge(readings);
+  {
+    TestTable table(0, gauge);
+    table.CornerText(&gauge);
+    table.AddDimension(gauge);
+    table.Cell({0}, gauge);
+    table.Cell({1}, gauge);
+  }
+  ASSERT_EQ(readings.size(), 5U);
+  EXPECT_GT(readings[0], 0U);
+  EXPECT_EQ(readings, std::vector<unsigned long>(5, readings[0]));
+}
+
+TEST(OmPivotTableOwnership, FootnotesGoAfterDimensionsAndTheItemsLabelLast) {
+  auto table = std::make_unique<OmPivotTable>(SpyCell("label"), SpyCell("name"), false);
+  table->AddDimension(SpyCell("dimension"));
+  OmFootnote footnote;
+  footnote.text = new SpyCell("note");
+  footnote.marker = new SpyCell("marker");
+  table->Footnote(footnote, true);
+  SpyLog const log;
+  table.reset();
+  EXPECT_EQ(log.Lines(), (Lines{"Destroy name", "Destroy dimension", "Destroy note",
+                                "Destroy marker", "Destroy label"}));
 }
 
 TEST(OmPivotTableOwnership, AFoundDimensionIsAskedThroughItsOwnLabel) {

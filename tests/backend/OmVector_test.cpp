@@ -199,10 +199,11 @@ TEST(OmVector, ReservingLessThanTheCapacityDoesNothing) {
   Numbers vector;
   Append(vector, 5);
   int const* const before = vector.begin;
-  vector.reserve(3);
-  vector.reserve(8);
-  EXPECT_EQ(vector.begin, before);
-  EXPECT_EQ(vector.capacity(), 8U);
+  for (std::size_t less : {0U, 3U, 8U}) {
+    vector.reserve(less);
+    EXPECT_EQ(vector.begin, before);
+    EXPECT_EQ(vector.capacity(), 8U);
+  }
 }
 
 TEST(OmVector, ReservingNothingAllocatesNothing) {

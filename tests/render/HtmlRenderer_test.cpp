@@ -9,7 +9,7 @@
 #include <lakresvos/OmTextBlock.h>
 #include <lakresvos/render/HtmlRenderer.h>
 
-#include "Base64.h"
+#include "ChartNumbers.h"
 #include "HtmlChart.h"
 #include "HtmlLanguage.h"
 #include "HtmlText.h"
@@ -92,10 +92,15 @@ TEST(HtmlLanguage, TagOfALocale) {
   EXPECT_EQ(LanguageOf("de"), "de");
   EXPECT_EQ(LanguageOf("es-419"), "es-419");
   EXPECT_EQ(LanguageOf("fr_FR@euro"), "fr-FR");
+  EXPECT_EQ(LanguageOf("AR_eg"), "ar-EG");
+  EXPECT_EQ(LanguageOf("zh_hant_TW"), "zh-Hant-TW");
+  EXPECT_EQ(LanguageOf("sr-Latn"), "sr-Latn");
   EXPECT_EQ(LanguageOf("C"), "");
   EXPECT_EQ(LanguageOf("english"), "");
   EXPECT_EQ(LanguageOf("e1"), "");
   EXPECT_EQ(LanguageOf("de_\"x"), "de");
+  EXPECT_EQ(LanguageOf("de__DE"), "de");
+  EXPECT_EQ(LanguageOf("_DE"), "");
   EXPECT_EQ(LanguageOf(""), "");
 }
 
@@ -103,6 +108,8 @@ TEST(HtmlLanguage, DirectionOfALanguage) {
   EXPECT_EQ(LanguageAttributes("en-US"), " lang=\"en-US\" dir=\"ltr\"");
   EXPECT_EQ(LanguageAttributes("ar"), " lang=\"ar\" dir=\"rtl\"");
   EXPECT_EQ(LanguageAttributes("he-IL"), " lang=\"he-IL\" dir=\"rtl\"");
+  EXPECT_EQ(LanguageAttributes("pa-Arab-PK"), " lang=\"pa-Arab-PK\" dir=\"rtl\"");
+  EXPECT_EQ(LanguageAttributes("ur-Latn"), " lang=\"ur-Latn\" dir=\"ltr\"");
 }
 
 // The page
@@ -226,6 +233,74 @@ TEST(HtmlRenderer, EmptyHeadingIsAPlainCell) {
             std::string::npos);
 }
 
+TEST(HtmlRenderer, HeadingOfBlanksIsAPlainCellWithoutAnId) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  AddCategories(table, "A", {" \n", "b"});
+  AddCategories(table, "B", {"\t"});
+  table.Place({0}, {1});
+  table.PutAll();
+  std::string const main = Main(document);
+  EXPECT_NE(main.find("<tr><td class=\"h0\"> \n</td><td class=\"n\" headers=\"t1l0r0c1\">1</td>"),
+            std::string::npos);
+  EXPECT_EQ(Count(main, "t1l0r1c1"), 0u);
+}
+
+TEST(HtmlRenderer, HeadingWithoutATextIsADash) {
+  OmOutputTree document;
+  AppendItem<OmHeading>(document.begin(), Utf8(" "));
+  EXPECT_NE(Main(document).find("<h2 id=\"part-1\">\u2014</h2>"), std::string::npos);
+  EXPECT_EQ(Count(Outline(document), "<li>"), 1u);
+}
+
+TEST(HtmlRenderer, HeadingOverMoreColumnsThanACellCanReachOverIsRepeated) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  table.AddFlat("C", 1201);
+  table.Place({}, {0});
+  table.PutAll();
+  AddFootnote(table, "note");
+  std::string const main = Main(document);
+  EXPECT_NE(main.find("<colgroup span=\"1000\"></colgroup><colgroup span=\"201\"></colgroup>"),
+            std::string::npos);
+  EXPECT_NE(main.find("<th id=\"t1l0r0c0\" scope=\"colgroup\" colspan=\"1000\">C</th>"
+                      "<th id=\"t1l0r0c1000\" scope=\"colgroup\" colspan=\"201\">C</th></tr>"),
+            std::string::npos);
+  EXPECT_NE(main.find("headers=\"t1l0r0c1000 t1l0r1c1200\">1</td></tr>"), std::string::npos);
+  EXPECT_NE(main.find("</ul></td><td colspan=\"201\"></td></tr></tfoot>"), std::string::npos);
+}
+
+TEST(HtmlRenderer, HeadingBesideMoreRowsThanACellCanReachOverIsRepeated) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  OmDimension& rows = table.Add("R");
+  auto const group = Group(rows, rows.Root(), "g");
+  for (unsigned long i = 0; i < 65'536; ++i) {
+    Category(rows, group, "c", i);
+  }
+  table.Place({0}, {});
+  table.PutAll();
+  std::string const main = Main(document);
+  EXPECT_NE(main.find("scope=\"rowgroup\" rowspan=\"65534\">g</th>"), std::string::npos);
+  EXPECT_NE(main.find("<tr><th class=\"h0\" id=\"t1l0r65535c0\" scope=\"rowgroup\" rowspan=\"2\">"
+                      "g</th><th class=\"h1\" id=\"t1l0r65535c1\" scope=\"row\">c</th>"
+                      "<td class=\"n\" headers=\"t1l0r65535c0 t1l0r65535c1\">1</td></tr>"),
+            std::string::npos);
+  EXPECT_EQ(Count(main, ">g</th>"), 2u);
+}
+
+TEST(HtmlRenderer, TableWithoutRowsAndColumnsHasItsNotes) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  table.Add("A");
+  table.Add("B");
+  table.Place({0}, {1});
+  AddFootnote(table, "note");
+  HtmlOptions options;
+  options.skipEmpty = false;
+  EXPECT_NE(Main(document, options).find("<tfoot><tr><td><ul class=\"notes\">"), std::string::npos);
+}
+
 TEST(HtmlRenderer, EveryLayerIsATableWithItsNameAndItsOwnIds) {
   OmOutputTree document;
   Table& table = AddTable(document);
@@ -262,6 +337,21 @@ TEST(HtmlRenderer, FootnotesLinkBothWays) {
   EXPECT_EQ(Count(main, "doc-backlink"), 2u);
 }
 
+TEST(HtmlRenderer, MarksOfOneCellAreToldApart) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  AddCategories(table, "Sex", {"Male"});
+  table.Place({0}, {});
+  AddFootnote(table, "first");
+  AddFootnote(table, "second", "<*>");
+  OmNumber one(1);
+  table.Cell({0}, WithFootnotes(one, {1, 0}));
+  EXPECT_NE(Main(document).find(
+                "1<sup><a role=\"doc-noteref\" id=\"t1l0m1\" href=\"#t1l0n2\">&lt;*&gt;</a>,"
+                "<a role=\"doc-noteref\" id=\"t1l0m2\" href=\"#t1l0n1\">a</a></sup></td>"),
+            std::string::npos);
+}
+
 TEST(HtmlRenderer, NoteOfManyCellsLinksBackToTheFirst) {
   OmOutputTree document;
   Table& table = AddTable(document);
@@ -296,10 +386,20 @@ TEST(HtmlRenderer, HiddenTableIsLeftOut) {
   EXPECT_EQ(Count(Outline(document), "<li>"), 1u);
 }
 
-TEST(HtmlRenderer, TableWithoutCellsIsItsTitle) {
+TEST(HtmlRenderer, TableWithoutCellsIsItsTitleNotesAndCaption) {
   OmOutputTree document;
-  AddTable(document);
-  EXPECT_NE(Main(document).find("<p class=\"title\">table</p>"), std::string::npos);
+  Table& table = AddTable(document);
+  AddFootnote(table, "note");
+  OmStringCellUTF8 title("Nothing");
+  table.SetTableTitle(WithFootnotes(title, {0}));
+  OmStringCellUTF8 const caption("Source");
+  table.Caption(&caption);
+  EXPECT_EQ(
+      Between(Main(document), "<div class=\"pivot\" id=\"part-1\">\n", "</div>"),
+      "<p class=\"title\">Nothing<sup><a role=\"doc-noteref\" id=\"part-1m1\" "
+      "href=\"#part-1n1\">a</a></sup></p><ul class=\"notes\"><li id=\"part-1n1\"><sup>a</sup> "
+      "note <a role=\"doc-backlink\" href=\"#part-1m1\" aria-label=\"Back to mark a, place 1\">"
+      "\u21A9</a></li></ul><p class=\"table-caption\">Source</p>");
 }
 
 TEST(HtmlRenderer, LocaleOfTheFirstTableIsThePages) {
@@ -331,12 +431,13 @@ TEST(HtmlRenderer, AreaFormatsBecomeRules) {
   format->setMarginLeft(-4);
   table.setAreaFormat(format);
   std::string const page = Page(document);
-  EXPECT_NE(page.find(":root #part-1 tbody td{font-family:\"A\\22 b\\3c /style>\";font-size:9.5pt;"
+  EXPECT_NE(page.find("#part-1 :where(tbody td:not([class^=h])){font-family:\"A\\22 b\\3c "
+                      "/style>\";font-size:9.5pt;"
                       "font-weight:bold;font-style:italic;text-decoration:underline;"
                       "text-align:center;vertical-align:bottom;color:#102030;"
                       "padding:2pt 2pt 2pt 0pt;}\n"
-                      ":root #part-1 tbody tr:nth-child(even) td{background-color:#000;"
-                      "color:#fff;}\n"),
+                      "#part-1 :where(tbody tr:nth-child(even) td:not([class^=h])){"
+                      "background-color:#000;color:#fff;}\n"),
             std::string::npos);
   EXPECT_NE(page.find("<div class=\"pivot paper\" id=\"part-1\">"), std::string::npos);
 }
@@ -364,10 +465,29 @@ TEST(HtmlRenderer, CellStylesBecomeClasses) {
   styled.setMeta(&meta);
   table.Cell({0, 1}, styled);
   std::string const page = Page(document);
-  EXPECT_NE(page.find(":root #part-1 tbody td.s1{font-weight:bold;font-style:normal;}"),
-            std::string::npos);
+  EXPECT_NE(page.find("#part-1 .s1{font-weight:bold;font-style:normal;}"), std::string::npos);
   EXPECT_EQ(Count(page, "<td class=\"n s1\""), 1u);
   EXPECT_EQ(Count(page, "s2\""), 0u);
+}
+
+TEST(HtmlRenderer, HeadingsHaveStylesToo) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  table.cellStyles().resize(2);
+  OmCellMetaData meta;
+  meta.setStyle(1);
+  OmStringCellUTF8 label("l");
+  label.setMeta(&meta);
+  OmDimension& rows = table.AddDimension(label);
+  rows.AddNewChild(rows.Root(), label, 0, false);
+  OmDimension& columns = table.AddDimension(Utf8("C"));
+  columns.AddNewChild(columns.Root(), label, 0, false);
+  table.Place({0}, {1});
+  table.PutAll();
+  std::string const main = Main(document);
+  EXPECT_NE(main.find("<th class=\"corner h0 s1\""), std::string::npos);
+  EXPECT_NE(main.find("<th class=\"s1\" id=\"t1l0r1c1\" scope=\"col\">l</th>"), std::string::npos);
+  EXPECT_NE(main.find("<th class=\"h0 s1\""), std::string::npos);
 }
 
 // Charts and other items
@@ -391,6 +511,12 @@ TEST(HtmlChart, PictureHasTheLabelAsItsText) {
             "<figcaption>Bars &lt;1&gt;</figcaption>");
 }
 
+TEST(HtmlChart, PictureWithoutALabelIsAChart) {
+  OmChart chart(Utf8(""), "", 1);
+  chart.SetImageStream("<svg/>", 6);
+  EXPECT_EQ(HtmlChart(chart), "<img alt=\"Chart\" src=\"data:image/svg+xml;base64,PHN2Zy8+\">");
+}
+
 TEST(HtmlChart, DataAreATable) {
   OmChart chart(Utf8("Bars"), "", 1);
   std::string const json =
@@ -405,6 +531,30 @@ TEST(HtmlChart, DataAreATable) {
   chart.SetImageStream("<svg/>", 6);
   EXPECT_NE(HtmlChart(chart).find("<details><summary>Data of the chart</summary>" + table),
             std::string::npos);
+}
+
+TEST(HtmlChart, NameOfBlanksIsAPlainCell) {
+  OmChart chart(Utf8("Bars"), "", 1);
+  std::string const json =
+      R"({"categories":[" "],"series":[{"name":"","values":[1]},{"name":"s","values":[2]}]})";
+  chart.SetViZJSON(json.data(), static_cast<unsigned int>(json.size()));
+  EXPECT_EQ(Between(HtmlChart(chart), "<thead>", "</tbody>"),
+            "<tr><td></td><td></td><th scope=\"col\">s</th></tr></thead>"
+            "<tbody><tr><td></td><td class=\"n\">1</td><td class=\"n\">2</td></tr>");
+}
+
+TEST(HtmlChart, NumbersAreShownAsPeopleWriteThem) {
+  auto const numbers = ReadChartNumbers(
+      R"({"kind":"bar","series":[{"values":[100000,-3,1e5,0.00025,1e300,18446744073709551615,-0.5],)"
+      R"("name":""}],"categories":["","","","","","",""]})");
+  ASSERT_TRUE(numbers.has_value());
+  EXPECT_EQ(numbers->series.at(0).values,
+            (std::vector<std::string>{"100000", "-3", "100000", "0.00025", "1e+300",
+                                      "18446744073709551615", "-0.5"}));
+}
+
+TEST(HtmlChart, DeeplyNestedDataAreAnnounced) {
+  EXPECT_FALSE(ReadChartNumbers(std::string(100'000, '[')).has_value());
 }
 
 TEST(HtmlChart, AnythingElseIsAnnounced) {

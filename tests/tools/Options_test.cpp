@@ -132,7 +132,7 @@ TEST(OptionErrors, UnknownOption) {
 
 TEST(OptionErrors, UnknownFormat) {
   EXPECT_EQ(ErrorIn({"a.csv", "--format", "tex"}),
-            "--format: tex not in {text,html,markdown,csv,json}");
+            "--format: tex not in {text,html,markdown,csv,json,xlsx}");
 }
 
 TEST(Options, ReadEveryFormat) {
@@ -140,12 +140,27 @@ TEST(Options, ReadEveryFormat) {
   EXPECT_EQ(Parse({"a.csv", "--format", "html"}).options->format, OutputFormat::Html);
   EXPECT_EQ(Parse({"a.csv", "--format", "markdown"}).options->format, OutputFormat::Markdown);
   EXPECT_EQ(Parse({"a.csv", "--format", "csv"}).options->format, OutputFormat::Csv);
+  EXPECT_EQ(Parse({"a.csv", "--format", "json"}).options->format, OutputFormat::Json);
+  EXPECT_EQ(Parse({"a.csv", "--format", "xlsx"}).options->format, OutputFormat::Xlsx);
 }
 
 TEST(Options, ReadTheShapeOfCsv) {
   EXPECT_FALSE(Parse({"a.csv"}).options->csvDisplay);
   EXPECT_TRUE(Parse({"a.csv", "--csv-shape", "display"}).options->csvDisplay);
   EXPECT_TRUE(Parse({"a.csv", "--csv-safe"}).options->csvSafe);
+}
+
+TEST(Options, ReadTheLayersAndTheMergingOfWorkbooks) {
+  Options const plain = Parse({"a.csv"}).options.value();
+  EXPECT_FALSE(plain.xlsxLayersAsSheets);
+  EXPECT_TRUE(plain.xlsxMergeRows && plain.xlsxMergeColumns);
+  EXPECT_TRUE(Parse({"a.csv", "--xlsx-layers", "sheets"}).options->xlsxLayersAsSheets);
+  Options const rows = Parse({"a.csv", "--xlsx-merge", "rows"}).options.value();
+  EXPECT_TRUE(rows.xlsxMergeRows && !rows.xlsxMergeColumns);
+  Options const columns = Parse({"a.csv", "--xlsx-merge", "columns"}).options.value();
+  EXPECT_TRUE(!columns.xlsxMergeRows && columns.xlsxMergeColumns);
+  Options const none = Parse({"a.csv", "--xlsx-merge", "none"}).options.value();
+  EXPECT_FALSE(none.xlsxMergeRows || none.xlsxMergeColumns);
 }
 
 TEST(OptionErrors, UnknownLayers) {

@@ -45,18 +45,22 @@ struct Texts {
   std::string format = "text";
   std::string layers = "all";
   std::string csvShape = "long";
+  std::string xlsxLayers = "blocks";
+  std::string xlsxMerge = "both";
 };
 
-constexpr std::array<std::pair<char const*, OutputFormat>, 5> kFormats = {{
+constexpr std::array<std::pair<char const*, OutputFormat>, 6> kFormats = {{
     {"text", OutputFormat::Text},
     {"html", OutputFormat::Html},
     {"markdown", OutputFormat::Markdown},
     {"csv", OutputFormat::Csv},
     {"json", OutputFormat::Json},
+    {"xlsx", OutputFormat::Xlsx},
 }};
 
 std::vector<std::string> FormatNames() {
   std::vector<std::string> names;
+  names.reserve(kFormats.size());
   for (auto const& [name, format] : kFormats) {
     names.emplace_back(name);
   }
@@ -118,6 +122,12 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
   app.add_flag("--csv-safe", options.csvSafe,
                "put ' before texts in CSV that spreadsheets would run");
   app.add_flag("--json-layout", options.jsonLayout, "add what each table shows to JSON");
+  app.add_option("--xlsx-layers", texts.xlsxLayers,
+                 "layers below one another, or each on a sheet (default: blocks)")
+      ->check(CLI::IsMember({"blocks", "sheets"}));
+  app.add_option("--xlsx-merge", texts.xlsxMerge,
+                 "which headings are merged cells, not repeated ones (default: both)")
+      ->check(CLI::IsMember({"both", "rows", "columns", "none"}));
 }
 
 /// Gives each table its own of the texts that `option` was used for.
@@ -168,6 +178,9 @@ std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::
   options.allLayers = texts.layers == "all";
   options.format = FormatNamed(texts.format);
   options.csvDisplay = texts.csvShape == "display";
+  options.xlsxLayersAsSheets = texts.xlsxLayers == "sheets";
+  options.xlsxMergeRows = texts.xlsxMerge == "both" || texts.xlsxMerge == "rows";
+  options.xlsxMergeColumns = texts.xlsxMerge == "both" || texts.xlsxMerge == "columns";
   return options;
 }
 

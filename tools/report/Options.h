@@ -12,7 +12,7 @@
 namespace lakresvos::report {
 
 /// What the document is written as.
-enum class OutputFormat { Text, Html, Markdown, Csv, Json };
+enum class OutputFormat { Text, Html, Markdown, Csv, Json, Xlsx };
 
 /// What the program is asked to do.
 struct Options {
@@ -34,6 +34,9 @@ struct Options {
   bool csvDisplay = false;  ///< the shape of the tables as they are shown
   bool csvSafe = false;
   bool jsonLayout = false;  ///< with what each table shows
+  bool xlsxLayersAsSheets = false;
+  bool xlsxMergeRows = true;
+  bool xlsxMergeColumns = true;
 };
 
 /// Reads the command line. When it asks for help or for the version, writes that to `out` and gives

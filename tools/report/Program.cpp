@@ -5,6 +5,7 @@
 #include <memory>
 #include <ostream>
 #include <system_error>
+#include <unistd.h>
 
 #include <lakresvos/OmOutputTree.h>
 
@@ -37,6 +38,9 @@ std::unique_ptr<OmOutputTree> MakeDocument(Options const& options) {
 }
 
 void Run(Options const& options, std::ostream& out) {
+  if (options.format == OutputFormat::Xlsx && options.outputFile.empty() && isatty(STDOUT_FILENO)) {
+    throw ReportError("--format xlsx: a workbook is nothing for a terminal; name a file with -o");
+  }
   std::unique_ptr<OmOutputTree> const document = MakeDocument(options);
   if (options.outputFile.empty()) {
     Render(*document, options, out);

@@ -5,6 +5,7 @@
 #include <lakresvos/render/JsonRenderer.h>
 #include <lakresvos/render/MarkdownRenderer.h>
 #include <lakresvos/render/TextRenderer.h>
+#include <lakresvos/render/XlsxRenderer.h>
 
 namespace lakresvos::report {
 
@@ -47,6 +48,14 @@ void Render(OmOutputTree& document, Options const& options, std::ostream& out) {
       auto json = With<render::JsonOptions>(options);
       json.layout = options.jsonLayout;
       render::JsonRenderer(out, json).Render(document);
+      break;
+    }
+    case OutputFormat::Xlsx: {
+      auto xlsx = With<render::XlsxOptions>(options);
+      xlsx.layersAsSheets = options.xlsxLayersAsSheets;
+      xlsx.mergeRows = options.xlsxMergeRows;
+      xlsx.mergeColumns = options.xlsxMergeColumns;
+      render::RenderXlsx(document, out, xlsx);
       break;
     }
   }

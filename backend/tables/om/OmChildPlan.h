@@ -16,6 +16,7 @@ class OmChildPlan {
   explicit OmChildPlan(Element& parent);
 
   /// The position of the first planned child whose value equals `value`; at the end when none does.
+  /// That may be so even for the value of a planned child: a label may differ from itself.
   std::size_t FindEqual(OmDimensionNode const& value) const;
 
   /// The position of a planned child; at the end when it is not planned.

@@ -63,12 +63,16 @@ void ExchangeSiblings(Place const& node, Place const& target, OmMemoryRegion* ar
   bool const targetFollows = nodeNext == target.node;
   Element const* const nodeAnchor = targetFollows ? targetNext : nodeNext;
   Element const* const targetAnchor = targetNext == node.node ? nodeAnchor : targetNext;
+  OmChildPlan plan(node.parent());
+  plan.Drop(plan.Find(node.node));
+  std::size_t const found = plan.FindEqual(target.node->value);
+  if (found == plan.size()) {
+    return;
+  }
+  plan.Drop(found);
   Copies copies;
   Element& nodeCopy = AddCopy(copies, *node.node, arena);
   Element& targetCopy = AddCopy(copies, *target.node, arena);
-  OmChildPlan plan(node.parent());
-  plan.Drop(plan.Find(node.node));
-  plan.Drop(plan.FindEqual(target.node->value));
   if (targetFollows) {
     plan.Insert(PositionBefore(plan, nodeAnchor), targetCopy);
     plan.Insert(PositionBefore(plan, targetAnchor), nodeCopy);
@@ -89,8 +93,8 @@ void ExchangeCousins(Place const& node, Place const& target, OmMemoryRegion* are
   nodePlan.Insert(PositionBefore(nodePlan, target.next()), AddCopy(copies, *node.node, arena));
   OmChildPlan targetPlan(target.parent());
   std::size_t const found = targetPlan.FindEqual(target.node->value);
-  if (Contains(node.ancestors, targetPlan[found])) {
-    // An equal sibling of the target would go, and the node with it.
+  if (found == targetPlan.size() || Contains(node.ancestors, targetPlan[found])) {
+    // In the second case an equal sibling of the target would go, and the node with it.
     return;
   }
   targetPlan.Drop(found);
@@ -129,11 +133,14 @@ void MoveBelow(Place const& node, Element& receiver, std::size_t receiverDepth,
   }
 }
 
-/// Puts the children of `group` in its place.
+/// Puts the children of `group` in its place; does nothing when no child equals the group.
 /// @return where the group stood last.
 Element* Dissolve(Element& parent, Element& group, OmMemoryRegion* arena) {
   Copies copies;
   OmChildPlan plan(parent);
+  if (plan.FindEqual(group.value) == plan.size()) {
+    return &group;
+  }
   for (Element const& child : group.children.Elements()) {
     plan.Insert(plan.FindEqual(group.value), AddCopy(copies, child, arena));
   }

@@ -6,9 +6,7 @@ for (const [number, pivot] of document.querySelectorAll(".pivot").entries()) {
   if (layers.length > 1) {
     const select = document.createElement("select");
     select.id = "layers-" + number;
-    for (const layer of layers) {
-      select.add(new Option(layer.dataset.name));
-    }
+    layers.forEach((layer, i) => select.add(new Option(layer.dataset.name || String(i + 1))));
     const label = document.createElement("label");
     label.htmlFor = select.id;
     label.textContent = "Layer";

@@ -14,6 +14,7 @@ import read_csv
 import read_html
 import read_json
 import read_markdown
+import read_xlsx
 
 MOST_DIFFERENCES = 10
 
@@ -47,6 +48,10 @@ def main():
         "Markdown": (
             read_markdown.pipe_tables(directory / "document.md"),
             read_markdown.expected_tables(tables),
+        ),
+        "XLSX": (
+            read_xlsx.tables(directory / "document.xlsx", tables),
+            read_xlsx.expected_tables(tables),
         ),
     }
     failed = False

@@ -10,6 +10,7 @@
 #include <lakresvos/render/JsonRenderer.h>
 #include <lakresvos/render/LayerGrids.h>
 #include <lakresvos/render/MarkdownRenderer.h>
+#include <lakresvos/render/XlsxRenderer.h>
 
 #include "CellText.h"
 #include "CleanText.h"
@@ -121,5 +122,9 @@ int main(int argc, char** argv) {
   {
     std::ofstream out = file("document.md");
     MarkdownRenderer(out).Render(document);
+  }
+  {
+    std::ofstream out = file("document.xlsx");
+    RenderXlsx(document, out);
   }
 }

@@ -1,0 +1,88 @@
+#include "ChartNumbers.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <string_view>
+#include <variant>
+
+#include <lakresvos/render/JsonReader.h>
+
+#include "JsonText.h"
+#include "NumberText.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+// What is of another type than wanted throws std::bad_variant_access.
+
+JsonData const& Field(JsonData const& object, std::string_view name) {
+  auto const& fields = std::get<JsonData::Object>(object.value);
+  auto const field = std::find_if(fields.begin(), fields.end(),
+                                  [name](auto const& one) { return one.name == name; });
+  if (field == fields.end()) {
+    throw JsonError("", "a field is missing");
+  }
+  return field->data;
+}
+
+/// Without an exponent where people would write none.
+std::string TextOf(double number) {
+  std::string text;
+  double const size = std::abs(number);
+  if (size >= 1e15 || (size < 1e-4 && size > 0)) {
+    AppendNumber(text, number);
+    return text;
+  }
+  std::array<char, 40> digits;
+  auto const end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
+  return text.append(digits.data(), end.ptr);
+}
+
+std::string TextOf(JsonData const& number) {
+  auto const& value = number.value;
+  if (std::holds_alternative<std::nullptr_t>(value)) {
+    return {};
+  }
+  if (auto const* const positive = std::get_if<std::uint64_t>(&value)) {
+    return std::to_string(*positive);
+  }
+  if (auto const* const negative = std::get_if<std::int64_t>(&value)) {
+    return std::to_string(*negative);
+  }
+  return TextOf(std::get<double>(value));
+}
+
+ChartNumbers NumbersOf(JsonData const& data) {
+  ChartNumbers numbers;
+  for (JsonData const& category : std::get<JsonData::Array>(Field(data, "categories").value)) {
+    numbers.categories.push_back(std::get<std::string>(category.value));
+  }
+  for (JsonData const& one : std::get<JsonData::Array>(Field(data, "series").value)) {
+    ChartNumbers::Series series{std::get<std::string>(Field(one, "name").value), {}};
+    for (JsonData const& value : std::get<JsonData::Array>(Field(one, "values").value)) {
+      series.values.push_back(TextOf(value));
+    }
+    if (series.values.size() != numbers.categories.size()) {
+      throw JsonError("", "there should be a value for each category");
+    }
+    numbers.series.push_back(std::move(series));
+  }
+  return numbers;
+}
+
+}  // namespace
+
+std::optional<ChartNumbers> ReadChartNumbers(std::string const& json) {
+  try {
+    return NumbersOf(ParseJson(json));
+  } catch (JsonError const&) {
+  } catch (std::bad_variant_access const&) {
+  }
+  return std::nullopt;
+}
+
+}  // namespace lakresvos::render
