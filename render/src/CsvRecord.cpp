@@ -37,23 +37,24 @@ std::string CsvRecord::Shown(std::string_view text) const {
   return safe_ && LooksLikeAFormula(clean) ? "'" + clean : clean;
 }
 
-void CsvRecord::Field(std::string_view text) {
+std::string CsvRecord::Encoded(std::string_view text) const {
+  std::string shown = Shown(text);
+  if (!NeedsQuotes(shown)) {
+    return shown;
+  }
+  std::string quoted = "\"";
+  for (char const c : shown) {
+    quoted.append(c == '"' ? 2 : 1, c);
+  }
+  return quoted + '"';
+}
+
+void CsvRecord::Add(std::string_view encoded) {
   if (fields_++ != 0) {
     out_ << ',';
   }
-  blank_ = blank_ && text.empty();
-  if (!NeedsQuotes(text)) {
-    out_ << text;
-    return;
-  }
-  out_ << '"';
-  for (char const c : text) {
-    out_ << c;
-    if (c == '"') {
-      out_ << c;
-    }
-  }
-  out_ << '"';
+  blank_ = blank_ && encoded.empty();
+  out_ << encoded;
 }
 
 void CsvRecord::End() {

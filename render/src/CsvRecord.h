@@ -22,24 +22,28 @@ class CsvRecord {
   /// shown shows as itself.
   std::string Shown(std::string_view text) const;
 
-  /// A field with any text.
-  void Text(std::string_view text) { Field(Shown(text)); }
+  /// A field with this text, as it is written.
+  std::string Encoded(std::string_view text) const;
 
-  /// A field that shows a number.
-  void Number(std::string_view text) { Field(text); }
+  /// Adds one or more fields, commas between, as they are written.
+  void Add(std::string_view encoded);
 
-  void Empty() { Field({}); }
+  /// Adds a field with any text.
+  void Text(std::string_view text) { Add(Encoded(text)); }
+
+  /// Adds a field that shows a number.
+  void Number(std::string_view text) { Add(text); }
+
+  void Empty() { Add({}); }
 
   /// Ends the record.
   void End();
 
  private:
-  void Field(std::string_view text);
-
   OutputBuffer& out_;
   bool safe_;
-  std::size_t fields_ = 0;
-  bool blank_ = true;  // whether all fields so far are empty
+  std::size_t fields_ = 0;  // how often some were added
+  bool blank_ = true;       // whether all fields so far are empty
 };
 
 }  // namespace lakresvos::render

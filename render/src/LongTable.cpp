@@ -23,6 +23,7 @@ class LongTable {
         positions_(static_cast<std::size_t>(table.NDimensions()), 0) {
     for (int d = 0; d < table.NDimensions(); ++d) {
       dimensions_.emplace_back(table.Dimension(d));
+      fields_.push_back(Encoded(dimensions_.back()));
     }
   }
 
@@ -63,6 +64,18 @@ class LongTable {
   }
 
  private:
+  /// What each category writes into its columns: encoded once, not with every cell.
+  std::vector<std::string> Encoded(CategoryColumns const& dimension) const {
+    std::vector<std::string> fields(dimension.Count());
+    for (std::size_t position = 0; position < dimension.Count(); ++position) {
+      for (std::size_t level = 0; level < dimension.Levels(); ++level) {
+        fields[position] += level != 0 ? "," : "";
+        fields[position] += record_.Encoded(dimension.Text(position, level));
+      }
+    }
+    return fields;
+  }
+
   /// Names are told apart as they are shown.
   std::string Unique(std::string const& name, std::set<std::string>& taken) const {
     std::string const shown = record_.Shown(name);
@@ -97,8 +110,8 @@ class LongTable {
 
   void Write(OmCellText* cell) {
     for (std::size_t d = 0; d < dimensions_.size(); ++d) {
-      for (std::size_t level = 0; level < dimensions_[d].Levels(); ++level) {
-        record_.Text(dimensions_[d].Text(positions_[d], level));
+      if (dimensions_[d].Levels() != 0) {
+        record_.Add(fields_[d][positions_[d]]);
       }
     }
     WriteValue(cell);
@@ -135,8 +148,9 @@ class LongTable {
   OmPivotTable const& table_;
   TableFootnotes footnotes_;
   std::vector<CategoryColumns> dimensions_;
-  std::vector<std::size_t> positions_;  // of the present record's categories
-  std::vector<int> index_;              // kept to be filled again, like the next one
+  std::vector<std::vector<std::string>> fields_;  // per dimension and category
+  std::vector<std::size_t> positions_;            // of the present record's categories
+  std::vector<int> index_;                        // kept to be filled again, like the next one
   std::string value_;
 };
 

@@ -13,25 +13,29 @@ namespace {
 constexpr std::string_view kMarkup = "\\`*_[]<>|~$!";
 constexpr std::string_view kMarksAtStart = "#+-=:";
 
-/// The length of the blank or line end that a text starts with; 0 when it starts with neither.
-std::size_t BlankAt(std::string_view text) {
-  CodePoint const point = FirstCodePoint(text);
-  bool const blank = point.code == '\n' || point.code == '\t' ||
-                     utf8proc_category(point.code) == UTF8PROC_CATEGORY_ZS;
-  return blank ? point.length : 0;
+/// Whether a text starts with a blank or a line end.
+bool StartsBlank(std::string_view text) {
+  std::int32_t const code = FirstCodePoint(text).code;
+  return code == '\n' || code == '\t' || utf8proc_category(code) == UTF8PROC_CATEGORY_ZS;
 }
 
-/// A clean text from its first to its last character that can be seen.
-std::string_view WithoutBlanksAround(std::string_view text) {
-  std::size_t start = 0;
-  std::size_t end = 0;
-  for (std::size_t at = 0; at < text.size();) {
-    std::size_t const blank = BlankAt(text.substr(at));
-    start += start == at ? blank : 0;
-    at += blank != 0 ? blank : FirstCodePoint(text.substr(at)).length;
-    end = blank != 0 ? end : at;
+/// Where the last character of a text in UTF-8 starts. Requires: the text is not empty.
+std::size_t LastCharacter(std::string_view text) {
+  std::size_t at = text.size() - 1;
+  while (at > 0 && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U) {
+    --at;
   }
-  return text.substr(start, end - std::min(start, end));
+  return at;
+}
+
+std::string_view WithoutBlanksAround(std::string_view text) {
+  while (!text.empty() && StartsBlank(text)) {
+    text.remove_prefix(FirstCodePoint(text).length);
+  }
+  while (!text.empty() && StartsBlank(text.substr(LastCharacter(text)))) {
+    text = text.substr(0, LastCharacter(text));
+  }
+  return text;
 }
 
 bool IsDigit(char c) {
