@@ -25,8 +25,9 @@ namespace lakresvos::render {
 ///   nothing refers to stands as a paragraph below its table, like the caption.
 /// - Charts, models, answer trees and interactive items are announced in brackets.
 ///
-/// Every text is escaped, so that markup in it is shown as text; line ends in tables become `<br>`.
-/// Bytes that are not UTF-8 and control characters become U+FFFD.
+/// Every text is escaped, so that markup in it is shown as text; GitHub still makes links of web and
+/// mail addresses. Line ends become `<br>`, except in code blocks; blanks and line ends around a
+/// text are left out. Bytes that are not UTF-8 and control characters become U+FFFD.
 ///
 /// Writing takes time linear in the displayed and stored cells; beside the headings of one layer no
 /// memory grows with the number of cells.
