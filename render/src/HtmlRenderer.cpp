@@ -223,6 +223,7 @@ class MainVisitor : public PartVisitor {
 }  // namespace
 
 void RenderHtml(OmOutputTree& tree, std::ostream& out, HtmlOptions const& options) {
+  std::string const title = options.title.empty() ? "Output" : HtmlText(options.title);
   OutputBuffer buffer(out);
   HeadVisitor head;
   head.VisitAll(tree);
@@ -230,7 +231,7 @@ void RenderHtml(OmOutputTree& tree, std::ostream& out, HtmlOptions const& option
   buffer << "<!DOCTYPE html>\n<html" << LanguageAttributes(language)
          << ">\n<head>\n<meta charset=\"utf-8\">\n"
             "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>"
-         << HtmlText(options.title) << "</title>\n<style>" << kPageCss << head.css
+         << title << "</title>\n<style>" << kPageCss << head.css
          << "</style>\n</head>\n<body>\n<nav id=\"outline\" aria-label=\"Outline\"><details open>"
             "<summary>Outline</summary><ul>\n";
   OutlineVisitor outline(buffer);
@@ -238,7 +239,7 @@ void RenderHtml(OmOutputTree& tree, std::ostream& out, HtmlOptions const& option
   outline.Finish();
   buffer << "</ul></details></nav>\n<main>\n";
   if (!head.hasHeading) {
-    buffer << "<h1>" << HtmlText(options.title) << "</h1>\n";
+    buffer << "<h1>" << title << "</h1>\n";
   }
   MainVisitor(buffer, options, language).VisitAll(tree);
   buffer << "</main>\n<script>" << kPageScript << "</script>\n</body>\n</html>\n";

@@ -125,6 +125,13 @@ TEST(HtmlRenderer, PageIsWhole) {
   EXPECT_EQ(page.find("http"), std::string::npos);
 }
 
+TEST(HtmlRenderer, PageWithoutATitleGetsOne) {
+  OmOutputTree document;
+  HtmlOptions options;
+  options.title = "";
+  EXPECT_NE(Page(document, options).find("<title>Output</title>"), std::string::npos);
+}
+
 TEST(HtmlRenderer, DocumentWithoutAHeadingGetsOne) {
   OmOutputTree document;
   delete document.begin().Value();

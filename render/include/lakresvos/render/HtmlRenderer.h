@@ -13,7 +13,8 @@ namespace lakresvos::render {
 
 /// How a document is shown as a web page.
 struct HtmlOptions : TableOptions {
-  std::string title = "Output";  ///< of the page, and its heading when the document has none
+  /// Of the page, and its heading when the document has none; empty counts as "Output".
+  std::string title = "Output";
 };
 
 /// Writes a document as one HTML page that needs nothing else: no network, no other file.
