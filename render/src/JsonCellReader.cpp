@@ -67,7 +67,8 @@ OwnedCell ReadWithoutParts(JsonObject& object) {
   }
   auto const footnotes = object.Find("footnotes");
   auto const style = object.Find("style");
-  if (footnotes || style) {
+  auto const total = object.Find("total");
+  if (footnotes || style || total) {
     OmCellMetaData meta;
     for (std::size_t i = 0; footnotes && i < footnotes->Count(); ++i) {
       meta.addFootnote(footnotes->Element(i).Integer<unsigned int>());
@@ -75,6 +76,7 @@ OwnedCell ReadWithoutParts(JsonObject& object) {
     if (style) {
       meta.setStyle(style->Integer<unsigned short>());
     }
+    meta.setTotal(total && total->Boolean());
     cell->setMeta(&meta);
   }
   if (auto const context = object.Find("context")) {

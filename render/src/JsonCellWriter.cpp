@@ -76,7 +76,10 @@ class ValueWriter : public OmCellText::Visitor {
   void WriteMeta(OmCellText const& cell) {
     if (OmCellMetaData const* const meta = cell.getMeta()) {
       WriteNumbers(json_, "footnotes", meta->getFootnotes());
-      if (meta->getStyle() != 0 || meta->getFootnotes().empty()) {
+      if (meta->isTotal()) {
+        json_.Name("total").Boolean(true);
+      }
+      if (meta->getStyle() != 0 || (meta->getFootnotes().empty() && !meta->isTotal())) {
         json_.Name("style").Number(meta->getStyle());
       }
     }

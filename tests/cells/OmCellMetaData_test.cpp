@@ -24,6 +24,17 @@ TEST(OmCellMetaData, KeepsTheStyle) {
   EXPECT_EQ(meta.getStyle(), 65535);
 }
 
+TEST(OmCellMetaData, TellsATotalFromACategory) {
+  OmCellMetaData meta;
+  EXPECT_FALSE(meta.isTotal());
+  meta.setTotal(true);
+  EXPECT_TRUE(meta.isTotal());
+  OmCellMetaData const copy = meta;
+  EXPECT_TRUE(copy.isTotal());
+  meta.setTotal(false);
+  EXPECT_FALSE(meta.isTotal());
+}
+
 TEST(OmCellProperties, StartsWithNothingSet) {
   OmCellProperties const style;
   EXPECT_EQ(style.getFontName(), "");

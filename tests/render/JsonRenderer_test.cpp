@@ -197,6 +197,14 @@ TEST(JsonRenderer, WritesAStyleOfNumberZeroAsTheSignOfMetadata) {
   EXPECT_EQ(LabelLine(number), R"({"number":1,"style":0})");
 }
 
+TEST(JsonRenderer, WritesThatACellIsATotal) {
+  OmStringCell label("Total");
+  OmCellMetaData meta;
+  meta.setTotal(true);
+  label.setMeta(&meta);
+  EXPECT_EQ(LabelLine(label), R"({"text":"Total","total":true})");
+}
+
 TEST(JsonRenderer, WritesTheTextOfAKindThatItDoesNotKnow) {
   OmOutputTree tree;
   auto& table = AppendItem<Table>(tree.begin());

@@ -85,6 +85,7 @@ std::unique_ptr<OmCellText> RandomCells::Cell() {
     for (int i = Draw(4); i > 0; --i) {
       meta.addFootnote(OneIn(9) ? UINT_MAX : static_cast<unsigned int>(Draw(4)));
     }
+    meta.setTotal(OneIn(4));
     meta.setStyle(static_cast<unsigned short>(OneIn(9) ? USHRT_MAX : Draw(3)));
     cell->setMeta(&meta);
   }

@@ -136,6 +136,14 @@ TEST(CrossTable, TellsATotalFromAValueOfThatName) {
   EXPECT_EQ(table->Cell({2})->GetText(), "2");
 }
 
+TEST(CrossTable, MarksTheLabelOfATotalAsSuch) {
+  auto const table = Table(DataOf("a\nTotal\nx\n", {"a"}), {"a ~", "count", true});
+  OmDimension const& dimension = table->Dimension(0);
+  EXPECT_FALSE(dimension.Root().Child(0).Value().label->hasMeta());
+  ASSERT_TRUE(dimension.Root().Child(2).Value().label->hasMeta());
+  EXPECT_TRUE(dimension.Root().Child(2).Value().label->getMeta()->isTotal());
+}
+
 TEST(CrossTable, NestsCategoriesInGroups) {
   auto const table = Table(Passengers(), {"class / sex ~", "count", true});
   OmDimension const& dimension = table->Dimension(0);

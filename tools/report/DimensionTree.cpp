@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include <cells/OmCellMetaData.h>
 #include <cells/OmComposite.h>
 #include <cells/OmDataValue.h>
 #include <cells/OmLabelledCell.h>
@@ -69,7 +70,11 @@ void FillDimension(OmDimension& target, TableDimension const& source, DataSet co
     above.assign(path.begin(), path.end());
   }
   if (withTotal) {
-    target.AddNewChild(target.Root(), OmStringCell("Total", true), source.Total(), false);
+    OmStringCell label("Total", true);
+    OmCellMetaData meta;
+    meta.setTotal(true);
+    label.setMeta(&meta);
+    target.AddNewChild(target.Root(), label, source.Total(), false);
   }
 }
 

@@ -6,7 +6,8 @@
 
 #include <cells/Export.h>
 
-/// What a renderer needs to know about one cell besides its value: footnotes and a style.
+/// What a renderer needs to know about one cell besides its value: footnotes, a style, and whether it
+/// is a total.
 ///
 /// Thread safety: reading from several threads is safe while nobody changes the object.
 class CELLS_EXPORT OmCellMetaData {
@@ -21,9 +22,15 @@ class CELLS_EXPORT OmCellMetaData {
   unsigned short getStyle() const { return style_; }
   void setStyle(unsigned short style) { style_ = style; }
 
+  /// Whether the cell labels a total, which sums up the categories beside it, rather than a category
+  /// that may happen to have the same name; false until set.
+  bool isTotal() const { return total_; }
+  void setTotal(bool total) { total_ = total; }
+
  private:
   std::vector<unsigned int> footnotes_;
   unsigned short style_ = 0;
+  bool total_ = false;
 };
 
 /// One cell style: font, alignment and colours, kept as the caller stores them.
