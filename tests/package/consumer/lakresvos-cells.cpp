@@ -1,0 +1,7 @@
+#include <iostream>
+
+#include <cells/cells.h>
+
+int main() {
+  std::cout << OmStringCell("Output").GetText() << '\n';
+}

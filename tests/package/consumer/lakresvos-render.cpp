@@ -1,0 +1,9 @@
+#include <iostream>
+
+#include <lakresvos/lakresvos.h>
+#include <lakresvos/render/TextRenderer.h>
+
+int main() {
+  OmOutputTree document;
+  lakresvos::render::TextRenderer(std::cout).Render(document);
+}
