@@ -10,16 +10,17 @@
 
 namespace lakresvos::render {
 
-/// The footnotes of a table as text. Marks are shown raised where every character has a raised form
-/// or is a sign already, and else in brackets.
+/// The footnotes of a table as text. A mark is shown raised where every character has a raised form
+/// or is a sign already and no more than one is a letter, and else as it is, in brackets: in the same
+/// form at its note and wherever it refers to that.
 class FootnoteMarks {
  public:
   /// @param table must outlive the object.
   /// @param ascii shows all marks in brackets.
   FootnoteMarks(OmPivotTable const& table, bool ascii);
 
-  /// What to put behind a text: the marks of its footnotes, joined by commas; empty when it has
-  /// none. Numbers that are no footnote of the table are left out.
+  /// What to put behind a text: the marks of its footnotes, joined by commas, neighbours in
+  /// brackets within the same ones; empty when it has none. Numbers that are no footnote of the table are left out.
   std::string Of(OmCellText const& text) const;
 
   /// The notes to print under the table, each behind its mark, in the order of the table's list.
@@ -29,7 +30,8 @@ class FootnoteMarks {
   TableFootnotes const& Footnotes() const { return footnotes_; }
 
  private:
-  std::string Shown(std::string const& mark) const;
+  /// Empty for a mark that stands in brackets.
+  std::string RaisedForm(std::string const& mark) const;
 
   TableFootnotes footnotes_;
   bool ascii_;

@@ -101,6 +101,44 @@ TEST(FootnoteMarks, LettersGoOnWithTwoAfterTheTwentySixth) {
   EXPECT_EQ(MarksOf(table, {52}, true), "[ba]");
 }
 
+TEST(FootnoteMarks, MarksAfterTheTwentySixthArePlainInEveryPlace) {
+  Table table;
+  for (unsigned int i = 0; i < 60; ++i) {
+    AddFootnote(table, "note");
+  }
+  EXPECT_EQ(MarksOf(table, {25}), "ᶻ");
+  EXPECT_EQ(MarksOf(table, {26}), "[aa]");
+  EXPECT_EQ(MarksOf(table, {42, 43}), "[aq,ar]");
+  EXPECT_EQ(MarksOf(table, {25, 26, 0}), "ᶻ,[aa],ᵃ");
+  Texts const notes = FootnoteMarks(table, false).Notes();
+  for (unsigned int i = 0; i < 60; ++i) {
+    EXPECT_EQ(notes[i], MarksOf(table, {i}) + " note");
+  }
+}
+
+TEST(FootnoteMarks, MarkIsShownTheSameBesideAnyOther) {
+  Table table;
+  for (char const* marker : {"", "*", "q", "A", "10", "ab", "†"}) {
+    AddFootnote(table, "note", marker);
+  }
+  Texts const notes = FootnoteMarks(table, false).Notes();
+  auto const unbracketed = [](std::string text) {
+    std::erase_if(text, [](char c) { return c == '[' || c == ']'; });
+    return text;
+  };
+  for (unsigned int i = 0; i < 7; ++i) {
+    for (unsigned int j = 0; j < 7; ++j) {
+      std::string const both = MarksOf(table, {i, j});
+      std::string const one = MarksOf(table, {i});
+      std::string const other = MarksOf(table, {j});
+      bool const bracketed = one.back() == ']' && other.front() == '[';
+      EXPECT_EQ(bracketed ? unbracketed(both) : both,
+                bracketed ? unbracketed(one + "," + other) : one + "," + other);
+      EXPECT_EQ(notes[i], one + " note");
+    }
+  }
+}
+
 TEST(FootnoteMarks, NumbersThatAreNoFootnoteAreLeftOut) {
   Table table;
   AddFootnote(table, "note");

@@ -159,7 +159,7 @@ class Footnotes(unittest.TestCase):
 
     def test_marks_of_any_number_and_with_quotes(self):
         cell = next(cell for name, cell in self.cells.items() if name and name.startswith("both"))
-        self.assertEqual((cell.value, cell.number_format), (1, """General"[a,'2']\""""))
+        self.assertEqual((cell.value, cell.number_format), (1, """General"ᵃ,['2']\""""))
 
     def test_a_mark_that_no_number_format_has_room_for_makes_the_number_a_text(self):
         self.assertEqual(self.cells["long"].value, "4" + "M" * 200)
