@@ -35,7 +35,7 @@ void WriteGrid(CsvRecord& record, DisplayGrid const& grid) {
   while (grid.Columns() > 0 && frame.Next()) {
     int const labels = frame.InHeading() ? grid.Columns() : grid.HeadingColumns();
     for (int column = 0; column < labels; ++column) {
-      record.Text(TextOf(frame.At(column).label));
+      record.Text(TextOf(frame.Label(column)));
     }
     if (!frame.InHeading()) {
       DisplayGrid::BodyRow row = grid.Body(frame.Row());

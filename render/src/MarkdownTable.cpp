@@ -23,8 +23,9 @@ class MarkdownTable {
     std::vector<GridCell const*> last(headings.size(), nullptr);
     while (frame.Row() + 1 < grid_.HeadingRows() && frame.Next()) {
       for (std::size_t column = 0; column < headings.size(); ++column) {
-        GridCell const& cell = frame.At(static_cast<int>(column));
-        std::string const text = &cell != last[column] ? notes_.Marked(cell.label) : "";
+        auto const at = static_cast<int>(column);
+        GridCell const& cell = frame.At(at);
+        std::string const text = &cell != last[column] ? notes_.Marked(frame.Label(at)) : "";
         headings[column] += (headings[column].empty() || text.empty() ? "" : " / ") + text;
         last[column] = &cell;
       }
@@ -33,7 +34,7 @@ class MarkdownTable {
     WriteAlignments();
     while (frame.Next()) {
       for (int column = 0; column < grid_.HeadingColumns(); ++column) {
-        WriteField(notes_.Marked(frame.At(column).label));
+        WriteField(notes_.Marked(frame.Label(column)));
       }
       DisplayGrid::BodyRow row = grid_.Body(frame.Row());
       for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {

@@ -35,6 +35,15 @@ class RepeatedFrame {
   /// Requires: a row is current, and the position is not in the body.
   GridCell const& At(int column) const { return *cells_[static_cast<std::size_t>(column)]; }
 
+  /// The label to show at a position: a label of the corner or of a row that reaches over several
+  /// columns stands in the first of them alone, where nobody takes it for several labels.
+  /// Requires: as At().
+  OmCellText const* Label(int column) const {
+    GridCell const& cell = At(column);
+    bool const again = column != cell.column && cell.role != GridRole::ColumnHeading;
+    return again ? nullptr : cell.label;
+  }
+
  private:
   DisplayGrid const& grid_;
   std::vector<GridCell const*> cells_;

@@ -261,6 +261,16 @@ TEST(CsvRenderer, DisplayShapeRepeatsHeadingsAndNamesLayers) {
             "b,6.1,\r\n");
 }
 
+TEST(CsvRenderer, DisplayShapeShowsALabelOverTwoHeadingColumnsOnce) {
+  Table table;
+  OmDimension& rows = table.Add("Place");
+  Category(rows, Group(rows, rows.Root(), "house"), "cat", 0);
+  Category(rows, rows.Root(), "emu", 1);
+  table.Place({0}, {});
+  table.PutAll();
+  EXPECT_EQ(Written(table, Display()), "Place,,\r\nhouse,cat,1\r\nemu,,1\r\n");
+}
+
 TEST(CsvRenderer, DisplayShapeShowsOneLayerWhenAsked) {
   Cube cube;
   CsvOptions options = Display();

@@ -78,7 +78,7 @@ MarkdownBlock Expected(DisplayGrid const& grid) {
     std::string heading;
     for (int row = 0; row < grid.HeadingRows(); ++row) {
       if (plain.Frame(row, column)->row == row) {
-        heading = Joined(heading, " / ", Seen(plain.Text(row, column)));
+        heading = Joined(heading, " / ", Seen(plain.TextOnce(row, column)));
       }
     }
     block.rows.front().push_back(heading);
@@ -86,7 +86,7 @@ MarkdownBlock Expected(DisplayGrid const& grid) {
   for (int row = grid.HeadingRows(); row < grid.Rows(); ++row) {
     block.rows.emplace_back();
     for (int column = 0; column < grid.Columns(); ++column) {
-      block.rows.back().push_back(Seen(plain.Text(row, column)));
+      block.rows.back().push_back(Seen(plain.TextOnce(row, column)));
     }
   }
   return block;

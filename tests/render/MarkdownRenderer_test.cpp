@@ -127,12 +127,29 @@ TEST(MarkdownRenderer, TableRepeatsLabelsAndAlignsNumbers) {
   EXPECT_EQ(Rendered(table), R"(
 **table**
 
-| Group | Group | Kind / number | Kind / text |
+| Group |  | Kind / number | Kind / text |
 | --- | --- | ---: | --- |
 | a | a\|0 | 0.0 | t0 |
 | a | a\|1 | 1.0 | t1 |
 | b | b\|0 | 2.0 | t2 |
 | b | b\|1 | 3.0 | t3 |
+)");
+}
+
+TEST(MarkdownRenderer, LabelOverTwoHeadingColumnsIsShownOnce) {
+  Table table;
+  OmDimension& rows = table.Add("Place");
+  Category(rows, Group(rows, rows.Root(), "house"), "cat", 0);
+  Category(rows, rows.Root(), "emu", 1);
+  table.Place({0}, {});
+  table.PutAll();
+  EXPECT_EQ(Rendered(table), R"(
+**table**
+
+| Place |  |  |
+| --- | --- | ---: |
+| house | cat | 1 |
+| emu |  | 1 |
 )");
 }
 

@@ -36,6 +36,13 @@ class PlainGrid {
     return found != grid_.Frame().end() ? &*found : nullptr;
   }
 
+  /// What formats without spans show: a label over several columns of row headings in the first.
+  std::string TextOnce(int row, int column) const {
+    auto const* const cell = Frame(row, column);
+    bool const again = cell != nullptr && column < grid_.HeadingColumns() && column > cell->column;
+    return again ? "" : Text(row, column);
+  }
+
   std::string Text(int row, int column) const {
     if (auto const* const cell = Frame(row, column)) {
       return cell->label != nullptr ? cell->label->GetText() : "";

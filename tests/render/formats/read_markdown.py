@@ -3,6 +3,8 @@
 import html
 import re
 
+import read_csv
+
 FOOTNOTE = re.compile(r"(?<!\\)\[\^[^\]]*\]")
 ESCAPE = re.compile(r"\\([!-/:-@\[-`{-~])")
 
@@ -44,9 +46,13 @@ def expected_tables(tables):
     return [
         [heading_of(layer), *body_of(layer)]
         for table in tables
-        for layer in table["layers"]
+        for layer in map(with_labels_once, table["layers"])
         if layer["rows"] and layer["rows"][0]
     ]
+
+
+def with_labels_once(layer):
+    return {**layer, "rows": read_csv.with_labels_once(layer)}
 
 
 def heading_of(layer):

@@ -41,7 +41,8 @@ struct CsvOptions : TableOptions {
 ///   value, nothing for the system-missing value. Cells of deleted categories are left out, and
 ///   TableOptions::allLayers does not matter.
 /// - Display shape: what the table's grid shows, row by row, each heading repeated wherever it
-///   reaches; a corner label too. Before each layer of a table with layers comes a record that names
+///   reaches, a corner label too; but one that reaches over several columns of row headings stands
+///   in the first of them alone. Before each layer of a table with layers comes a record that names
 ///   the layer. Numbers are as they are shown. Footnotes are left out.
 ///
 /// Columns of one name are told apart by a number. Bytes that are not UTF-8 and control characters

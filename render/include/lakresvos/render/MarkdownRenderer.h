@@ -19,7 +19,8 @@ namespace lakresvos::render {
 ///   text is a code block below its label in bold; page titles are in bold.
 /// - A table is its title in bold and, for each layer, a line that names the layer and a pipe table:
 ///   one heading line with the labels of all levels of a column joined by " / ", every label
-///   repeated where it reaches. A column of numbers stands at the right, unless the table's area
+///   repeated where it reaches, but for one that reaches over several columns of row headings: that
+///   stands in the first of them. A column of numbers stands at the right, unless the table's area
 ///   format for data or column labels says otherwise.
 /// - Footnotes are footnotes, named after the table's and their own number in the document. One that
 ///   nothing refers to stands as a paragraph below its table, like the caption.
