@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,7 +17,7 @@
 #include "ItemAnnouncement.h"
 #include "LayerLine.h"
 #include "TextTable.h"
-#include "TextWidth.h"
+#include "Wrap.h"
 
 namespace lakresvos::render {
 
@@ -35,12 +36,11 @@ std::string Repeat(std::string_view text, int count) {
   return repeated;
 }
 
-int WidestLine(std::vector<std::string> const& lines) {
-  int widest = 0;
-  for (std::string const& line : lines) {
-    widest = std::max(widest, TextWidth(line));
-  }
-  return widest;
+/// The lines of a text behind an indent, wrapped at a width; 0: only at its own line ends.
+std::vector<TextLine> WrappedAt(int width, std::string const& text, std::size_t indent = 0) {
+  constexpr int kNarrowest = 2;
+  constexpr int kNowhere = std::numeric_limits<int>::max() - kNarrowest;
+  return Wrap(text, width > 0 ? std::max(width - static_cast<int>(indent), kNarrowest) : kNowhere);
 }
 
 std::string Marked(OmCellText const* label, FootnoteMarks const& marks) {
@@ -80,8 +80,8 @@ void TextRenderer::Visit(OmTextBlock& block) {
 
 void TextRenderer::Visit(OmPageTitle& title) {
   StartItem();
-  std::string const line =
-      Repeat(options_.ascii ? kAsciiPageLine : kPageLine, WidestLine(PrintableLines(title.Text())));
+  std::string const line = Repeat(options_.ascii ? kAsciiPageLine : kPageLine,
+                                  WidestLine(WrappedAt(options_.width, title.Text())));
   WriteLines(line);
   WriteLines(title.Text());
   WriteLines(line);
@@ -93,7 +93,7 @@ void TextRenderer::WriteHeading(std::string const& text) {
   auto const last = static_cast<int>(lines.size()) - 1;
   WriteLines(text);
   WriteLines(Repeat(lines[static_cast<std::size_t>(std::clamp(depth_, 0, last))],
-                    WidestLine(PrintableLines(text))));
+                    WidestLine(WrappedAt(options_.width, text))));
 }
 
 // Tables
@@ -169,17 +169,17 @@ void TextRenderer::StartItem() {
 }
 
 void TextRenderer::WriteAligned(std::string const& text, HorizontalAlignment alignment, int width) {
-  std::vector<std::string> const lines = PrintableLines(text);
+  std::vector<TextLine> const lines = WrappedAt(options_.width, text);
   int const room = std::max(width, WidestLine(lines));
-  for (std::string const& line : lines) {
-    int const before = line.empty() ? 0 : BlanksBefore(alignment, room - TextWidth(line));
-    out_ << std::string(static_cast<std::size_t>(before), ' ') << line << '\n';
+  for (TextLine const& line : lines) {
+    int const before = line.text.empty() ? 0 : BlanksBefore(alignment, room - line.width);
+    out_ << std::string(static_cast<std::size_t>(before), ' ') << line.text << '\n';
   }
 }
 
 void TextRenderer::WriteLines(std::string const& text, std::string const& indent) {
-  for (std::string const& line : PrintableLines(text)) {
-    out_ << (line.empty() ? std::string() : indent + line) << '\n';
+  for (TextLine const& line : WrappedAt(options_.width, text, indent.size())) {
+    out_ << (line.text.empty() ? std::string() : indent + line.text) << '\n';
   }
 }
 

@@ -8,6 +8,7 @@
 
 #include "AreaAlignment.h"
 #include "FootnoteMarks.h"
+#include "GridPart.h"
 #include "TextLayout.h"
 #include "Wrap.h"
 
@@ -31,11 +32,11 @@ struct TextSlot {
   void WriteLine(std::string& out, int width);
 };
 
-/// Makes the slots of a grid; see WriteTextTable().
+/// Makes the slots of a part of a grid.
 class TextSlots {
  public:
   /// All arguments must outlive the object.
-  TextSlots(DisplayGrid const& grid, FootnoteMarks const& marks, TextLayout const& layout)
+  TextSlots(GridPart const& grid, FootnoteMarks const& marks, TextLayout const& layout)
       : grid_(grid),
         marks_(marks),
         layout_(layout),
@@ -60,7 +61,7 @@ class TextSlots {
  private:
   HorizontalAlignment AlignOf(GridCell const& cell) const;
 
-  DisplayGrid const& grid_;
+  GridPart const& grid_;
   FootnoteMarks const& marks_;
   TextLayout const& layout_;
   HorizontalAlignment corner_;  // as the table wants it, on the other areas too

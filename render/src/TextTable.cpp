@@ -15,13 +15,12 @@ namespace {
 
 class Drawing {
  public:
-  Drawing(std::ostream& out, DisplayGrid const& grid, FootnoteMarks const& marks,
-          TextLayout const& layout, bool ascii)
+  Drawing(std::ostream& out, TextPart const& part, FootnoteMarks const& marks, bool ascii)
       : out_(out),
-        grid_(grid),
-        layout_(layout),
+        grid_(part.grid),
+        layout_(part.layout),
         box_(ascii),
-        slots_(grid, marks, layout),
+        slots_(part.grid, marks, part.layout),
         heading_(slots_.Heading()),
         body_(slots_.Body()) {}
 
@@ -70,7 +69,7 @@ class Drawing {
       for (GridCell const& cell : grid_.Frame(row)) {
         frame_.push_back(slots_.Frame(cell));
       }
-      DisplayGrid::BodyRow cells = grid_.Body(row);
+      GridPart::BodyRow cells = grid_.Body(row);
       for (TextSlot& slot : body_) {
         slots_.Fill(slot, cells.Cell(slot.column));
       }
@@ -169,7 +168,7 @@ class Drawing {
   }
 
   std::ostream& out_;
-  DisplayGrid const& grid_;
+  GridPart const& grid_;
   TextLayout const& layout_;
   BoxDrawing box_;
   TextSlots slots_;
@@ -183,21 +182,26 @@ class Drawing {
 
 TextTable::TextTable(DisplayGrid const& grid, FootnoteMarks const& marks,
                      TextOptions const& options)
-    : grid_(grid), marks_(marks), ascii_(options.ascii) {
+    : marks_(marks), ascii_(options.ascii) {
   if (grid.Rows() > 0 && grid.Columns() > 0) {
-    layout_ = MeasureText(grid, marks, std::max(options.maxColumnWidth, 2));
+    parts_ = LayOutText(grid, marks, std::max(options.maxColumnWidth, 2), options.width);
   }
 }
 
 int TextTable::Width() const {
-  constexpr int kFrame = 4;  // a line and a blank on either side
-  auto const columns = static_cast<int>(layout_.columns.size());
-  return columns == 0 ? 0 : layout_.Width(0, columns) + kFrame;
+  int widest = 0;
+  for (TextPart const& part : parts_) {
+    widest = std::max(widest, part.layout.Extent());
+  }
+  return widest;
 }
 
 void TextTable::Write(std::ostream& out) const {
-  if (!layout_.columns.empty()) {
-    Drawing(out, grid_, marks_, layout_, ascii_).Run();
+  for (TextPart const& part : parts_) {
+    if (&part != &parts_.front()) {
+      out << '\n';
+    }
+    Drawing(out, part, marks_, ascii_).Run();
   }
 }
 

@@ -2,6 +2,7 @@
 #define LAKRESVOS_RENDER_TEXTTABLE_H
 
 #include <ostream>
+#include <vector>
 
 #include <lakresvos/render/DisplayGrid.h>
 #include <lakresvos/render/TextRenderer.h>
@@ -11,23 +12,23 @@
 
 namespace lakresvos::render {
 
-/// A grid in a frame, as text; nothing for a grid without rows or without columns.
+/// A grid in a frame, as text, or in several below one another when it is too wide; nothing for a
+/// grid without rows or without columns.
 class TextTable {
  public:
   /// Measures the grid. All arguments must outlive the object.
   TextTable(DisplayGrid const& grid, FootnoteMarks const& marks, TextOptions const& options);
 
-  /// How wide the frame is, in terminal columns.
+  /// How wide the widest frame is, in terminal columns.
   int Width() const;
 
   /// Draws it, row by row.
   void Write(std::ostream& out) const;
 
  private:
-  DisplayGrid const& grid_;
   FootnoteMarks const& marks_;
   bool ascii_;
-  TextLayout layout_;  // of no columns when there is nothing to draw
+  std::vector<TextPart> parts_;  // none when there is nothing to draw
 };
 
 }  // namespace lakresvos::render

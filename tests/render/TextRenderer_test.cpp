@@ -208,7 +208,55 @@ TEST(TextRenderer, DeepDocumentNeedsNoDeepStack) {
             Rendered(*std::make_unique<OmOutputTree>()).size() + 100'000UL * (1 + 2 + 4));
 }
 
+TEST(TextRenderer, TextsWrapAtTheWidth) {
+  OmOutputTree document;
+  auto const root = document.begin();
+  AppendItem<OmTextBlock>(root, Utf8("Log"), "program --option one --other two\n\nend");
+  AppendItem<OmHeading>(root, Utf8("A heading of several words"));
+  AppendItem<OmPageTitle>(root, "A title of several words too");
+  TextOptions options;
+  options.width = 20;
+  EXPECT_EQ(Rendered(document, options), R"(
+Output
+══════
+
+Log
+  program --option
+  one --other two
+
+  end
+
+A heading of several
+words
+────────────────────
+
+━━━━━━━━━━━━━━━━━━
+A title of several
+words too
+━━━━━━━━━━━━━━━━━━
+)");
+}
+
 // Tables
+
+TEST(TextRenderer, TextsOfATableWrapAtTheWidth) {
+  Layered table;
+  TextOptions options;
+  options.width = 12;
+  options.allLayers = false;
+  EXPECT_EQ(Rendered(table, options), R"(
+Survivors
+Age: Child
+┌──────┬─────┐
+│ Sex  │     │
+╞══════╪═════╡
+│ Male │ 45ᵃ │
+└──────┴─────┘
+ᵃ Estimated.
+Source: an
+inquiry.
+)");
+}
 
 TEST(TextRenderer, TableShowsTitleLayersNotesAndCaption) {
   Layered table;

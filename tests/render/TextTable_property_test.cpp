@@ -9,6 +9,7 @@
 #include <lakresvos/render/LayerGrids.h>
 
 #include "BoxDrawing.h"
+#include "PlainGrid.h"
 #include "RenderTables.h"
 #include "TextTable.h"
 #include "TextWidth.h"
@@ -81,7 +82,20 @@ std::vector<std::string> Lines(std::string const& text) {
   return lines;
 }
 
-/// Draws every layer of a random table and hands each drawing to `check` line by line.
+/// The lines of each of several frames with an empty line between.
+std::vector<std::vector<std::string>> Frames(std::string const& text) {
+  std::vector<std::vector<std::string>> frames(1);
+  for (std::string const& line : Lines(text)) {
+    if (line.empty()) {
+      frames.emplace_back();
+    } else {
+      frames.back().push_back(line);
+    }
+  }
+  return frames;
+}
+
+/// Draws every layer of a random table and hands each frame to `check` line by line.
 template <class Check>
 void ForRandomDrawings(TextOptions options, Check check) {
   Table table;
@@ -90,6 +104,7 @@ void ForRandomDrawings(TextOptions options, Check check) {
   Restore(table);
   options.skipEmpty = *rc::gen::arbitrary<bool>();
   options.maxColumnWidth = OneOf(0, 2, 3, 10, 40);
+  options.width = OneOf(0, 1, 20, 60);
   FootnoteMarks const marks(table, options.ascii);
   LayerGrids layers(table, {options.skipEmpty, *rc::gen::arbitrary<bool>()});
   for (int layer = 0; layer < 5; ++layer) {
@@ -102,7 +117,9 @@ void ForRandomDrawings(TextOptions options, Check check) {
     }
     std::ostringstream out;
     TextTable(*grid, marks, options).Write(out);
-    check(Lines(out.str()));
+    for (std::vector<std::string> const& frame : Frames(out.str())) {
+      check(frame);
+    }
   }
 }
 
@@ -154,6 +171,46 @@ RC_GTEST_PROP(TextTableProperty, AllLinesAreEquallyWide, ()) {
       RC_ASSERT(PrintableLines(line) == std::vector<std::string>{line});
     }
   });
+}
+
+RC_GTEST_PROP(TextTableProperty, PartsFitAndShowEveryColumnInOrder, ()) {
+  Table table;
+  layout_tables::MakeRandomTable(table);
+  Relabel(table);
+  Restore(table);
+  FootnoteMarks const marks(table, false);
+  LayerGrids layers(table, {*rc::gen::arbitrary<bool>(), *rc::gen::arbitrary<bool>()});
+  DisplayGrid const* const grid = layers.Next();
+  if (grid == nullptr || static_cast<double>(grid->Rows()) * grid->Columns() > 4000) {
+    return;
+  }
+  int const headings = grid->HeadingColumns();
+  int const width = OneOf(1, 20, 40, 100);
+  bool const canFit = width >= 4 + (6 + 3) * headings + 6;
+  PlainGrid const plain(*grid);
+  int shown = headings;
+  for (TextPart const& part : LayOutText(*grid, marks, OneOf(2, 10, 40), width)) {
+    RC_ASSERT(!canFit || part.layout.Extent() <= width);
+    int const skipped = shown - headings;
+    shown += part.grid.Columns() - headings;
+    RC_ASSERT(part.grid.Rows() == grid->Rows());
+    for (int row = 0; row < grid->Rows(); ++row) {
+      for (GridCell const& cell : part.grid.Frame(row)) {
+        for (int column = cell.column; column < cell.column + cell.columnSpan; ++column) {
+          RC_ASSERT(column < part.grid.Columns());
+          GridCell const* const whole =
+              plain.Frame(row, column < headings ? column : column + skipped);
+          RC_ASSERT((whole->label == cell.label && whole->role == cell.role));
+          RC_ASSERT((whole->row == cell.row && whole->rowSpan == cell.rowSpan));
+        }
+      }
+      for (int column = headings; row >= grid->HeadingRows() && column < part.grid.Columns();
+           ++column) {
+        RC_ASSERT(part.grid.Body(row).Cell(column) == grid->Body(row).Cell(column + skipped));
+      }
+    }
+  }
+  RC_ASSERT(shown == grid->Columns());
 }
 
 RC_GTEST_PROP(TextTableProperty, LinesMeetWhereTheyJoin, ()) {

@@ -8,6 +8,7 @@
 #include <lakresvos/render/LayerGrids.h>
 
 #include "RenderTables.h"
+#include "TextWidth.h"
 
 using lakresvos::render::DisplayGrid;
 using lakresvos::render::FootnoteMarks;
@@ -39,6 +40,13 @@ TextOptions Ascii() {
 TextOptions Wrapping(int width) {
   TextOptions options;
   options.maxColumnWidth = width;
+  return options;
+}
+
+TextOptions AsWideAs(int width, int columnWidth = 40) {
+  TextOptions options;
+  options.width = width;
+  options.maxColumnWidth = columnWidth;
   return options;
 }
 
@@ -586,6 +594,98 @@ TEST(TextTable, MarksDoNotHangWhereTheColumnIsTooNarrow) {
 │ y │ 12345 │
 └───┴───────┘
 )");
+}
+
+// Width
+
+TEST(TextTable, WideTableContinuesBelowWithItsRowHeadingsRepeated) {
+  Passengers table;
+  table.Place({2}, {1, 0});
+  EXPECT_EQ(Drawn(table, AsWideAs(35)), R"(
+┌──────────┬──────────────────────┐
+│          │        Class         │
+│          ├───────────────┬──────┤
+│          │     First     │ Crew │
+│          ├───────────────┼──────┤
+│          │      Sex      │  Sex │
+│          ├──────┬────────┼──────┤
+│ Survived │ Male │ Female │ Male │
+╞══════════╪══════╪════════╪══════╡
+│ No       │  118 │      4 │  670 │
+│ Yes      │   62 │    141 │  192 │
+└──────────┴──────┴────────┴──────┘
+
+┌──────────┬────────┐
+│          │  Class │
+│          ├────────┤
+│          │   Crew │
+│          ├────────┤
+│          │    Sex │
+│          ├────────┤
+│ Survived │ Female │
+╞══════════╪════════╡
+│ No       │      3 │
+│ Yes      │     20 │
+└──────────┴────────┘
+)");
+}
+
+TEST(TextTable, TableThatFitsIsNotCut) {
+  Passengers table;
+  EXPECT_EQ(Drawn(table, AsWideAs(30)), Drawn(table));
+  EXPECT_NE(Drawn(table, AsWideAs(29)), Drawn(table));
+}
+
+TEST(TextTable, RowHeadingsWrapWhereTheyLeaveNoRoom) {
+  Table table;
+  AddCategories(table, "Question", {"How often do you read a newspaper?", "Why?"});
+  AddCategories(table, "Answer", {"Sometimes"});
+  table.Place({0}, {1});
+  table.PutAll();
+  EXPECT_EQ(Drawn(table, AsWideAs(28)), R"(
+┌──────────────┬───────────┐
+│              │    Answer │
+│              ├───────────┤
+│ Question     │ Sometimes │
+╞══════════════╪═══════════╡
+│ How often do │         1 │
+│ you read a   │           │
+│ newspaper?   │           │
+├──────────────┼───────────┤
+│ Why?         │         1 │
+└──────────────┴───────────┘
+)");
+}
+
+TEST(TextTable, WideHeadingOfAPartHasRoomInIt) {
+  Table table;
+  AddCategories(table, "Something long to say", {"a", "b", "c", "d", "e", "f", "g"});
+  table.Place({}, {0});
+  table.PutAll();
+  std::istringstream lines(Drawn(table, AsWideAs(25)));
+  int parts = 0;
+  for (std::string line; std::getline(lines, line);) {
+    EXPECT_LE(lakresvos::render::TextWidth(line), 25);
+    parts += line.find("│ Something long to say │") != std::string::npos ? 1 : 0;
+  }
+  EXPECT_EQ(parts, 2);
+}
+
+TEST(TextTable, ManyPartsAreCutInLinearTime) {
+  Table table;
+  OmDimension& dimension = table.Add("D");
+  constexpr unsigned long kColumns = 50'000;
+  for (unsigned long i = 0; i < kColumns; ++i) {
+    Category(dimension, dimension.Root(), "c", i);
+  }
+  table.Place({}, {0});
+  table.PutAll();
+  std::string const drawn = Drawn(table, AsWideAs(21));
+  std::size_t numbers = 0;
+  for (std::size_t at = 0; (at = drawn.find(" 1 ", at)) != std::string::npos; ++at) {
+    ++numbers;
+  }
+  EXPECT_EQ(numbers, kColumns);
 }
 
 // Extent

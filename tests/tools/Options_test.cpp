@@ -104,9 +104,9 @@ TEST(Options, GiveHelp) {
   for (char const* option : {"--help", "-h"}) {
     Parsed const parsed = Parse({option});
     EXPECT_FALSE(parsed.options.has_value());
-    for (char const* name :
-         {"--table", "--weight", "--statistics", "--totals", "--format", "-o", "--layers",
-          "--keep-empty", "--title", "--caption", "--ascii", "--style", "--group", "--chart"}) {
+    for (char const* name : {"--table", "--weight", "--statistics", "--totals", "--format", "-o",
+                             "--layers", "--keep-empty", "--width", "--title", "--caption",
+                             "--ascii", "--style", "--group", "--chart"}) {
       EXPECT_NE(parsed.printed.find(name), std::string::npos) << name;
     }
   }
@@ -142,6 +142,19 @@ TEST(Options, ReadEveryFormat) {
   EXPECT_EQ(Parse({"a.csv", "--format", "csv"}).options->format, OutputFormat::Csv);
   EXPECT_EQ(Parse({"a.csv", "--format", "json"}).options->format, OutputFormat::Json);
   EXPECT_EQ(Parse({"a.csv", "--format", "xlsx"}).options->format, OutputFormat::Xlsx);
+}
+
+TEST(Options, ReadTheWidthOfText) {
+  EXPECT_FALSE(Parse({"a.csv"}).options->width.has_value());
+  EXPECT_EQ(Parse({"a.csv", "--width", "72"}).options->width, 72);
+}
+
+TEST(OptionErrors, WidthThatCannotBe) {
+  EXPECT_EQ(ErrorIn({"a.csv", "--width", "19"}), "--width: Value 19 not in range 20 to 1000000");
+  EXPECT_NE(ErrorIn({"a.csv", "--width", ""}), "");
+  EXPECT_NE(ErrorIn({"a.csv", "--width", "wide"}), "");
+  EXPECT_EQ(ErrorIn({"a.csv", "--width", "80", "--format", "csv"}),
+            "--width has no effect with --format csv");
 }
 
 TEST(Options, ReadTheShapeOfCsv) {

@@ -1,7 +1,9 @@
 #include "Program.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sstream>
 
 #include <lakresvos/lakresvos.h>
 
@@ -84,15 +86,36 @@ TEST(Program, ShowsAStyledTableWithGroupsAndItsChart) {
 
 TEST(Program, WritesTheSameToAFile) {
   TemporaryDirectory const directory;
-  std::vector<std::string> arguments{DataPath("titanic.csv"), "--table", "Class ~ Sex"};
+  std::vector<std::string> arguments{DataPath("titanic.csv"), "--table", "Class ~ Sex", "--width",
+                                     "1000"};
   std::string printed = RunReport(arguments).out;
   arguments.insert(arguments.end(), {"-o", directory.Path("out.txt")});
   ReportRun const run = RunReport(arguments);
   EXPECT_EQ(run.exitCode, 0);
   EXPECT_EQ(run.out, "");
-  std::string const log = "--table 'Class ~ Sex'";
+  std::string const log = "--table 'Class ~ Sex' --width 1000";
   printed.insert(printed.find(log) + log.size(), " -o " + directory.Path("out.txt"));
   EXPECT_EQ(ReadFile(directory.Path("out.txt")), printed);
+}
+
+TEST(Program, WrapsTextAtTheWidth) {
+  std::vector<std::string> const wide{DataPath("titanic.csv"), "--table",
+                                      "Class ~ Sex * Age * Survived"};
+  auto const widest = [](std::string const& text) {
+    std::ptrdiff_t width = 0;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+      auto const startsCharacter = [](char c) { return (static_cast<unsigned char>(c) >> 6) != 2; };
+      width = std::max(width, std::count_if(line.begin(), line.end(), startsCharacter));
+    }
+    return width;
+  };
+  EXPECT_LE(widest(RunReport(wide).out), 100);
+  for (int const width : {40, 80, 200}) {
+    std::vector<std::string> arguments = wide;
+    arguments.insert(arguments.end(), {"--width", std::to_string(width)});
+    EXPECT_LE(widest(RunReport(arguments).out), width);
+  }
 }
 
 TEST(Program, ShowsTheFirstLayerAlone) {

@@ -116,6 +116,10 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
   app.add_flag("--keep-empty", options.keepEmpty,
                "show rows, columns and layers without a cell too");
   app.add_flag("--ascii", options.ascii, "draw with plain characters");
+  app.add_option("--width", options.width,
+                 "where lines of text end (default: as wide as the terminal, else 100)")
+      ->type_name("N")
+      ->check(CLI::Range(20, 1000000));
   app.add_option("--csv-shape", texts.csvShape,
                  "a record for each cell, or for each row as it is shown (default: long)")
       ->check(CLI::IsMember({"long", "display"}));
@@ -177,6 +181,9 @@ std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::
   options.statistics = ParseStatistics(texts.statistics);
   options.allLayers = texts.layers == "all";
   options.format = FormatNamed(texts.format);
+  if (options.width.has_value() && options.format != OutputFormat::Text) {
+    throw ReportError("--width has no effect with --format " + texts.format);
+  }
   options.csvDisplay = texts.csvShape == "display";
   options.xlsxLayersAsSheets = texts.xlsxLayers == "sheets";
   options.xlsxMergeRows = texts.xlsxMerge == "both" || texts.xlsxMerge == "rows";

@@ -31,7 +31,8 @@ struct Options {
   bool allLayers = true;
   bool keepEmpty = false;
   bool ascii = false;
-  bool csvDisplay = false;  ///< the shape of the tables as they are shown
+  std::optional<int> width;  ///< of text; none: the terminal's, or else the usual one
+  bool csvDisplay = false;   ///< the shape of the tables as they are shown
   bool csvSafe = false;
   bool jsonLayout = false;  ///< with what each table shows
   bool xlsxLayersAsSheets = false;

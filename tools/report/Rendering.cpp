@@ -1,5 +1,7 @@
 #include "Rendering.h"
 
+#include <unistd.h>
+
 #include <lakresvos/render/CsvRenderer.h>
 #include <lakresvos/render/HtmlRenderer.h>
 #include <lakresvos/render/JsonRenderer.h>
@@ -7,9 +9,16 @@
 #include <lakresvos/render/TextRenderer.h>
 #include <lakresvos/render/XlsxRenderer.h>
 
+#include "TerminalWidth.h"
+
 namespace lakresvos::report {
 
 namespace {
+
+int WidthOf(Options const& options) {
+  bool const printed = options.outputFile.empty();
+  return options.width.value_or(TerminalWidth(printed ? STDOUT_FILENO : -1));
+}
 
 /// What all renderers' options have in common, in those of one of them.
 template <class RendererOptions>
@@ -27,6 +36,7 @@ void Render(OmOutputTree& document, Options const& options, std::ostream& out) {
     case OutputFormat::Text: {
       auto text = With<render::TextOptions>(options);
       text.ascii = options.ascii;
+      text.width = WidthOf(options);
       render::TextRenderer(out, text).Render(document);
       break;
     }

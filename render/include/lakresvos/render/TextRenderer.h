@@ -17,6 +17,7 @@ namespace lakresvos::render {
 struct TextOptions : TableOptions {
   bool ascii = false;       ///< draw frames and marks in plain ASCII; texts stay as they are
   int maxColumnWidth = 40;  ///< where table columns wrap, in terminal columns; below 2 counts as 2
+  int width = 0;            ///< where lines end, in terminal columns; 0: as late as it takes
 };
 
 /// Writes a document as text for a terminal or any fixed-width font, in UTF-8.
@@ -34,7 +35,12 @@ struct TextOptions : TableOptions {
 /// - Unless that says otherwise, in a table numbers stand at the right, other texts at the left.
 ///   Lines separate outer row headings from one another, and all rows when some cell takes several
 ///   lines.
-/// - Footnotes are marked by their own marker or by a letter.
+/// - Footnotes are marked by their own marker or by a letter, the same at the note and wherever it is
+///   referred to: raised, or in brackets when it has no raised form or several letters.
+/// - With a width, texts wrap at it, and a table that is wider is cut into parts that follow each
+///   other with an empty line between, each with as many columns as fit next to the row headings,
+///   which are repeated. Columns wrap earlier where otherwise none would fit. Only what has no room
+///   with columns of six characters is wider.
 /// - Charts, models, answer trees and interactive items are announced in brackets: a chart by its
 ///   label and sub-type, the others by their label and the sizes of what they hold.
 ///
