@@ -63,12 +63,16 @@ std::string FootnoteMarks::Of(OmCellText const& text) const {
   return shown + (open ? "]" : "");
 }
 
+std::string FootnoteMarks::Note(std::size_t footnote) const {
+  std::string const& mark = footnotes_.Mark(footnote);
+  std::string const raised = RaisedForm(mark);
+  return (raised.empty() ? '[' + mark + ']' : raised) + ' ' + footnotes_.Text(footnote);
+}
+
 std::vector<std::string> FootnoteMarks::Notes() const {
   std::vector<std::string> notes;
   for (std::size_t i = 0; i < footnotes_.Count(); ++i) {
-    std::string const& mark = footnotes_.Mark(i);
-    std::string const raised = RaisedForm(mark);
-    notes.push_back((raised.empty() ? '[' + mark + ']' : raised) + ' ' + footnotes_.Text(i));
+    notes.push_back(Note(i));
   }
   return notes;
 }

@@ -1,6 +1,7 @@
 #ifndef LAKRESVOS_RENDER_FOOTNOTEMARKS_H
 #define LAKRESVOS_RENDER_FOOTNOTEMARKS_H
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -23,7 +24,10 @@ class FootnoteMarks {
   /// brackets within the same ones; empty when it has none. Numbers that are no footnote of the table are left out.
   std::string Of(OmCellText const& text) const;
 
-  /// The notes to print under the table, each behind its mark, in the order of the table's list.
+  /// A footnote after its mark, by its position in the table's list.
+  std::string Note(std::size_t footnote) const;
+
+  /// The notes to print under the table, in the order of the table's list.
   std::vector<std::string> Notes() const;
 
   /// The footnotes themselves, with the marks as they are.

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "CellText.h"
 #include "CleanText.h"
 #include "NumberCell.h"
 
@@ -42,11 +41,11 @@ bool IsGroup(GridCell const& cell, GridRole role) {
 
 class XlsxGrid {
  public:
-  XlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, FootnoteMarks const& marks,
-           XlsxOptions const& options, int top)
+  XlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, XlsxNotes& notes, XlsxOptions const& options,
+           int top)
       : sheet_(sheet),
         grid_(grid),
-        marks_(marks),
+        notes_(notes),
         options_(options),
         top_(top),
         above_(static_cast<std::size_t>(grid.Columns())) {
@@ -146,7 +145,7 @@ class XlsxGrid {
     if (above.merged && !first) {
       sheet_.Blank(top_ + row, column, style);
     } else {
-      sheet_.Text(top_ + row, column, Marked(cell.label, marks_), style, cell.columnSpan == 1);
+      sheet_.Text(top_ + row, column, notes_.Raised(cell.label), style, cell.columnSpan == 1);
     }
   }
 
@@ -168,19 +167,19 @@ class XlsxGrid {
       style.horizontal = HorizontalAlignment::Right;
     }
     if (value.has_value() && std::fabs(value->value) <= kLargest) {
-      MarkedText const shown = ShownText(cell, marks_);
+      MarkedText const shown = notes_.Plain(cell);
       if (auto const format = NumberFormat(value->decimals, shown.marks)) {
         style.numberFormat = *format;
         sheet_.Number(top_ + row, column, value->value, shown.text + shown.marks, style);
         return;
       }
     }
-    sheet_.Text(top_ + row, column, Marked(cell, marks_), style);
+    sheet_.Text(top_ + row, column, notes_.Raised(cell), style);
   }
 
   XlsxSheet& sheet_;
   DisplayGrid const& grid_;
-  FootnoteMarks const& marks_;
+  XlsxNotes& notes_;
   XlsxOptions const& options_;
   int top_;
   std::vector<Above> above_;  // per column
@@ -193,14 +192,9 @@ class XlsxGrid {
 
 }  // namespace
 
-MarkedText Marked(OmCellText const* label, FootnoteMarks const& marks) {
-  return label != nullptr ? MarkedText{label->GetText(), marks.Footnotes().Marks(*label)}
-                          : MarkedText{};
-}
-
-int WriteXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, FootnoteMarks const& marks,
+int WriteXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, XlsxNotes& notes,
                   XlsxOptions const& options, int top) {
-  return XlsxGrid(sheet, grid, marks, options, top).Write();
+  return XlsxGrid(sheet, grid, notes, options, top).Write();
 }
 
 void SetUpXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, int top) {

@@ -4,18 +4,16 @@
 #include <lakresvos/render/DisplayGrid.h>
 #include <lakresvos/render/XlsxRenderer.h>
 
-#include "FootnoteMarks.h"
+#include "XlsxNotes.h"
 #include "XlsxSheet.h"
 
 namespace lakresvos::render {
 
-/// A label or cell as a sheet shows it; nothing for a null one.
-MarkedText Marked(OmCellText const* label, FootnoteMarks const& marks);
-
-/// Writes a grid into a sheet. Rows below the first one of a group are outlined.
+/// Writes a grid into a sheet, with a rule above each outermost group of rows. Rows below the first
+/// one of a group are outlined.
 /// @param top the sheet's row of the grid's first one.
 /// @return the row behind the last.
-int WriteXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, FootnoteMarks const& marks,
+int WriteXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, XlsxNotes& notes,
                   XlsxOptions const& options, int top);
 
 /// Freezes panes, repeats headings in print and outlines columns as the grid at row `top` needs it:

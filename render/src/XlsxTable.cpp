@@ -16,7 +16,7 @@ namespace {
 class TableSheets {
  public:
   TableSheets(OmPivotTable& table, XlsxContents& contents, XlsxOptions const& options)
-      : table_(table), contents_(contents), options_(options), marks_(table, false) {}
+      : table_(table), contents_(contents), options_(options), notes_(table) {}
 
   void Write() {
     LayerGrids layers(table_, {options_.skipEmpty, true});
@@ -28,7 +28,7 @@ class TableSheets {
         WriteLayer(*grid, first);
         grid = options_.allLayers ? layers.Next() : nullptr;
       }
-      End();
+      End(grid == nullptr);
     } while (grid != nullptr);
   }
 
@@ -45,7 +45,7 @@ class TableSheets {
     row_ = 1;
     XlsxStyle bold;
     bold.bold = true;
-    WriteLines(HeadlineOf(table_), bold, FormatArea::AreaTitle);
+    WriteLines(notes_.Raised(HeadlineOf(table_)), bold, FormatArea::AreaTitle);
   }
 
   void WriteLayer(DisplayGrid const& grid, bool first) {
@@ -53,35 +53,34 @@ class TableSheets {
       ++row_;
     }
     std::string const layer = LayerLine(grid.LayerLabels(), [this](OmCellText const* label) {
-      MarkedText const shown = ShownText(label, marks_);
+      MarkedText const shown = notes_.Plain(label);
       return shown.text + shown.marks;
     });
     row_ = sheet_->Lines(row_, {layer, ""}, WithArea(XlsxStyle(), table_, FormatArea::AreaLayers));
     if (first) {
       SetUpXlsxGrid(*sheet_, grid, row_);
     }
-    row_ = WriteXlsxGrid(*sheet_, grid, marks_, options_, row_);
+    row_ = WriteXlsxGrid(*sheet_, grid, notes_, options_, row_);
   }
 
-  void End() {
+  void End(bool last) {
+    MarkedText const caption = notes_.Raised(table_.showCaption() ? table_.Caption() : nullptr);
     XlsxStyle const style = WithArea(XlsxStyle(), table_, FormatArea::AreaFootnotes);
-    for (std::string const& note : marks_.Notes()) {
+    for (std::string const& note : notes_.EndSheet(last)) {
       row_ = sheet_->Lines(row_, {note, ""}, style);
     }
-    if (table_.showCaption()) {
-      WriteLines(table_.Caption(), XlsxStyle(), FormatArea::AreaCaption);
-    }
+    WriteLines(caption, XlsxStyle(), FormatArea::AreaCaption);
     sheet_->Finish();
   }
 
-  void WriteLines(OmCellText const* text, XlsxStyle const& style, FormatArea::Area area) {
-    row_ = sheet_->Lines(row_, Marked(text, marks_), WithArea(style, table_, area));
+  void WriteLines(MarkedText const& text, XlsxStyle const& style, FormatArea::Area area) {
+    row_ = sheet_->Lines(row_, text, WithArea(style, table_, area));
   }
 
   OmPivotTable& table_;
   XlsxContents& contents_;
   XlsxOptions const& options_;
-  FootnoteMarks marks_;
+  XlsxNotes notes_;
   std::unique_ptr<XlsxSheet> sheet_;
   int row_ = 0;
 };

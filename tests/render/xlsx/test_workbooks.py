@@ -342,6 +342,26 @@ class Titles(unittest.TestCase):
         )
 
 
+class LayerNotes(unittest.TestCase):
+    def notes(self, name):
+        return [[row[0] for row in rows(sheet)[5:]] for sheet in workbook(name).worksheets[1:]]
+
+    def test_stand_on_the_sheets_that_refer_to_them(self):
+        self.assertEqual(
+            self.notes("layer_notes"),
+            [["ᵃ of layer 0", "ᵈ of all", "Captiond"],
+             ["ᵇ of layer 1", "ᵈ of all", "Captiond"],
+             ["ᶜ of layer 2", "ᵈ of all", "ᵉ of none", "Captiond"]],
+        )
+
+    def test_stand_all_on_the_only_sheet(self):
+        self.assertEqual(
+            self.notes("first_layer_notes"),
+            [["ᵃ of layer 0", "ᵇ of layer 1", "ᶜ of layer 2", "ᵈ of all", "ᵉ of none",
+              "Captiond"]],
+        )
+
+
 class Styles(unittest.TestCase):
     @classmethod
     def setUpClass(cls):

@@ -136,6 +136,23 @@ void Footnotes(Document& document) {
   table.Caption(&WithFootnotes(caption, {first}));
 }
 
+/// Layers with notes of their own, one that they share, and one that nothing refers to.
+void LayerNotes(Document& document) {
+  Table& table = document.AddTable("Notes");
+  table.AddFlat("r", 1);
+  table.AddFlat("l", 3);
+  table.Place({0}, {}, {1});
+  for (unsigned int layer = 0; layer < 3; ++layer) {
+    unsigned int const own = AddFootnote(table, "of layer " + std::to_string(layer));
+    OmNumber number(layer);
+    table.Cell({0, static_cast<int>(layer)}, WithFootnotes(number, {own}));
+  }
+  unsigned int const shared = AddFootnote(table, "of all");
+  AddFootnote(table, "of none");
+  OmStringCellUTF8 caption("Caption");
+  table.Caption(&WithFootnotes(caption, {shared}));
+}
+
 void Grouped(Document& document) {
   AddGrouped(document, "Grouped");
 }
@@ -263,6 +280,8 @@ int main(int argc, char** argv) {
   write("all_apart", Grouped, with(apartRows, apartColumns));
   write("captions", Captions);
   write("titles", Titles);
+  write("layer_notes", LayerNotes, with(sheets));
+  write("first_layer_notes", LayerNotes, with(sheets, firstLayer));
   write("styles", Styles);
   write("widths", Widths);
   write("pictures", Pictures);

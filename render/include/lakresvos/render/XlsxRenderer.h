@@ -23,7 +23,8 @@ struct XlsxOptions : TableOptions {
 ///   by line and with a link to the sheet of each table and picture; those link back.
 /// - A table has a sheet of its own, named after its title: the title, then each layer with its name
 ///   above it, below all the notes and the caption. With layers as sheets, each layer has a sheet
-///   with all of these, named after the layer and the title.
+///   with all of these, named after the layer and the title; its notes are those that it refers to,
+///   and the last one has those too that no layer refers to.
 /// - Numbers are numbers of 16 digits with their decimals as number format, everything else is text,
 ///   never a formula; so are the system-missing value, ".", and numbers above 9.99999999999999e307.
 ///   Marks of footnotes stand raised behind texts and, through the number format, behind numbers,
