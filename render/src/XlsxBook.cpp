@@ -14,6 +14,7 @@ namespace lakresvos::render {
 namespace {
 
 constexpr std::size_t kMostSheets = 65'000;  // each takes one of the 65,530 links of the contents
+constexpr lxw_color_t kGroupRuleColour = 0xB4BBC5;
 constexpr std::size_t kMostFormats = 64'000;
 
 [[noreturn]] void Fail(std::string const& why) {
@@ -162,6 +163,10 @@ lxw_format* XlsxBook::Format(XlsxStyle const& style) {
   }
   if (style.rule) {
     format_set_bottom(format, LXW_BORDER_THIN);
+  }
+  if (style.groupRule) {
+    format_set_top(format, LXW_BORDER_THIN);
+    format_set_top_color(format, kGroupRuleColour);
   }
   if (style.wrap) {
     format_set_text_wrap(format);

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "AreaAlignment.h"
 #include "CleanText.h"
 #include "NumberCell.h"
 
@@ -54,7 +55,6 @@ class XlsxGrid {
     heading.bold = true;
     XlsxStyle columnHeading = heading;
     columnHeading.rule = true;
-    columnHeading.horizontal = HorizontalAlignment::Centre;
     columnHeading.vertical = VerticalAlignment::Bottom;
     columnHeading.wrap = true;
     XlsxStyle corner = heading;
@@ -83,6 +83,7 @@ class XlsxGrid {
   };
 
   void WriteRow(int row) {
+    groupStarts_ = StartsGroup(row);
     for (GridCell const& cell : grid_.Frame(row)) {
       Above const above{&cell, WantsMerge(cell) && sheet_.Merge(top_ + row, cell.column,
                                                                 cell.rowSpan, cell.columnSpan)};
@@ -103,9 +104,22 @@ class XlsxGrid {
     }
     DisplayGrid::BodyRow cells = grid_.Body(row);
     bool const even = (row - grid_.HeadingRows()) % 2 == 1;
+    XlsxStyle style = even ? alternate_ : data_;
+    style.groupRule = groupStarts_;
     for (int column = labels; column < grid_.Columns(); ++column) {
-      WriteCell(row, column, cells.Cell(column), even ? alternate_ : data_);
+      WriteCell(row, column, cells.Cell(column), style);
     }
+  }
+
+  /// Whether an outermost row heading starts that has several rows, or that follows such a one.
+  bool StartsGroup(int row) const {
+    if (row <= grid_.HeadingRows() || grid_.HeadingColumns() == 0) {
+      return false;
+    }
+    GridCell const& before = *above_.front().cell;
+    GridCells const starting = grid_.Frame(row);
+    return before.row + before.rowSpan == row &&
+           (before.rowSpan > 1 || starting.begin()->rowSpan > 1);
   }
 
   bool WantsMerge(GridCell const& cell) const {
@@ -125,12 +139,16 @@ class XlsxGrid {
     return level;
   }
 
-  XlsxStyle const& StyleOf(GridCell const& cell) const {
+  XlsxStyle StyleOf(GridCell const& cell) const {
     switch (cell.role) {
       case GridRole::Corner:
         return corner_;
-      case GridRole::ColumnHeading:
-        return columnLabels_;
+      case GridRole::ColumnHeading: {
+        XlsxStyle style = columnLabels_;
+        style.horizontal = Or(style.horizontal, cell.columnSpan > 1 ? HorizontalAlignment::Centre
+                                                                    : HorizontalAlignment::Right);
+        return style;
+      }
       case GridRole::RowHeading:
         break;
     }
@@ -140,7 +158,8 @@ class XlsxGrid {
   void WriteLabel(int row, int column) {
     Above const& above = above_[static_cast<std::size_t>(column)];
     GridCell const& cell = *above.cell;
-    XlsxStyle const& style = StyleOf(cell);
+    XlsxStyle style = StyleOf(cell);
+    style.groupRule = groupStarts_;
     bool const first = cell.row == row && cell.column == column;
     if (above.merged && !first) {
       sheet_.Blank(top_ + row, column, style);
@@ -151,7 +170,7 @@ class XlsxGrid {
 
   void WriteCell(int row, int column, OmCellText* cell, XlsxStyle const& plain) {
     if (cell == nullptr) {
-      if (!plain.background.empty()) {
+      if (!plain.background.empty() || plain.groupRule) {
         sheet_.Blank(top_ + row, column, plain);
       }
       return;
@@ -183,6 +202,7 @@ class XlsxGrid {
   XlsxOptions const& options_;
   int top_;
   std::vector<Above> above_;  // per column
+  bool groupStarts_ = false;  // in the present row
   XlsxStyle corner_;
   XlsxStyle columnLabels_;
   XlsxStyle rowLabels_;

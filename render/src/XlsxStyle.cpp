@@ -16,7 +16,7 @@ constexpr std::size_t kLongestFontName = 31;  // that a workbook can have
 auto AsTuple(XlsxStyle const& style) {
   return std::tie(style.font, style.size, style.bold, style.italic, style.underline, style.raised,
                   style.horizontal, style.vertical, style.colour, style.background,
-                  style.numberFormat, style.indent, style.rule, style.wrap);
+                  style.numberFormat, style.indent, style.rule, style.groupRule, style.wrap);
 }
 
 void SetFontStyle(XlsxStyle& style, int number) {

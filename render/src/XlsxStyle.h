@@ -23,7 +23,8 @@ struct XlsxStyle {
   std::string background;  ///< "#rrggbb" or empty
   std::string numberFormat;
   int indent = 0;
-  bool rule = false;  ///< a line below
+  bool rule = false;       ///< a line below
+  bool groupRule = false;  ///< a faint line above
   bool wrap = false;
 
   bool operator<(XlsxStyle const& other) const;

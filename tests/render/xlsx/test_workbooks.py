@@ -213,6 +213,16 @@ class Grouped(unittest.TestCase):
             [["Contents"], ["Grouped"], ["l: l0"], *GROUPED, [], ["l: l1"], *GROUPED],
         )
 
+    def test_headings_stand_over_their_columns_as_numbers_do(self):
+        found = {place: self.sheet[place].alignment.horizontal for place in ("A4", "C4", "C5", "C7")}
+        self.assertEqual(found, {"A4": None, "C4": "center", "C5": "center", "C7": "right"})
+
+    def test_a_rule_separates_groups_of_rows(self):
+        ruled = [row for row in range(8, 12)
+                 if {self.sheet.cell(row, column).border.top.style for column in range(1, 7)}
+                 == {"thin"}]
+        self.assertEqual(ruled, [10])
+
     def test_headings_of_both_axes_and_the_corner_are_merged(self):
         layer = [("A", 0, "B", 3), ("A", 4, "A", 5), ("A", 6, "A", 7), ("C", 0, "F", 0),
                  ("C", 1, "D", 1), ("E", 1, "F", 1), ("C", 2, "D", 2), ("E", 2, "F", 2)]
