@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <new>
 #include <stdexcept>
 #include <unistd.h>
@@ -13,7 +12,7 @@ namespace lakresvos::render {
 
 namespace {
 
-constexpr std::size_t kMostSheets = 65'000;  // each takes one of the 65,530 links of the contents
+constexpr int kMostSheets = 65'000;  // each takes one of the 65,530 links of the contents
 constexpr lxw_color_t kGroupRuleColour = 0xB4BBC5;
 constexpr std::size_t kMostFormats = 64'000;
 
@@ -113,12 +112,11 @@ XlsxBook::~XlsxBook() {
   }
 }
 
-lxw_worksheet* XlsxBook::AddSheet(std::string const& wish, std::string const& otherwise) {
-  if (book_->num_sheets >= kMostSheets) {
+lxw_worksheet* XlsxBook::AddSheet(std::string const& name) {
+  if (sheets_ >= kMostSheets) {
     throw std::length_error("the document takes more than " + std::to_string(kMostSheets) +
                             " sheets");
   }
-  std::string const name = names_.Next(wish, otherwise);
   std::FILE* const rows = rows_.Open();
   lxw_worksheet* const sheet = workbook_add_worksheet(book_, name.c_str());
   if (sheet == nullptr) {
@@ -128,14 +126,12 @@ lxw_worksheet* XlsxBook::AddSheet(std::string const& wish, std::string const& ot
   std::fclose(sheet->optimize_tmpfile);
   sheet->file = rows;
   sheet->optimize_tmpfile = rows;
-  // The library leaves names without quotes that read as numbers or as places in a sheet.
-  std::string const quoted = Quoted(name);
-  char* const copy = strdup(quoted.c_str());
-  if (copy == nullptr) {
-    throw std::bad_alloc();
-  }
-  std::free(std::exchange(sheet->quoted_name, copy));
+  ++sheets_;
   return sheet;
+}
+
+void XlsxBook::DefineName(std::string const& name, std::string const& reference) {
+  Check(workbook_define_name(book_, name.c_str(), reference.c_str()));
 }
 
 lxw_format* XlsxBook::Format(XlsxStyle const& style) {

@@ -23,9 +23,19 @@ class XlsxBook {
   XlsxBook& operator=(XlsxBook const&) = delete;
   ~XlsxBook();
 
-  /// Adds a sheet; for its name see SheetNames.
+  /// A name for the next sheet; see SheetNames.
+  std::string NewName(std::string const& wish, std::string const& otherwise) {
+    return names_.Next(wish, otherwise);
+  }
+
+  /// Adds a sheet with a new name.
   /// @throws std::length_error when the workbook has all the sheets that it can have.
-  lxw_worksheet* AddSheet(std::string const& wish, std::string const& otherwise);
+  lxw_worksheet* AddSheet(std::string const& name);
+
+  int Sheets() const { return sheets_; }
+
+  /// Gives a reference a name, which may start with the name of a sheet without an apostrophe.
+  void DefineName(std::string const& name, std::string const& reference);
 
   /// The one format for a style; null, the look of a new workbook, when that cannot have any more.
   lxw_format* Format(XlsxStyle const& style);
@@ -40,6 +50,7 @@ class XlsxBook {
   TemporaryFile file_;
   lxw_workbook* book_ = nullptr;
   SheetNames names_;
+  int sheets_ = 0;
   std::map<XlsxStyle, lxw_format*> formats_;
 };
 

@@ -27,14 +27,14 @@ std::unique_ptr<XlsxSheet> XlsxContents::AddSheet(std::string const& entry,
                                                   std::string const& content,
                                                   std::string const& otherwise) {
   auto sheet = std::make_unique<XlsxSheet>(book_, content, otherwise);
-  sheet->Link(0, 0, sheet_.Name(), sheet_.Name(), LinkStyle(), false);
-  sheet_.Link(rows_++, 0, sheet->Name(), entry.empty() ? sheet->Name() : entry,
-              Indented(LinkStyle()));
+  sheet->Link(0, sheet_.Name(), sheet_.Name(), LinkStyle());
+  sheet_.Link(rows_++, sheet->Name(), entry.empty() ? sheet->Name() : entry, Indented(LinkStyle()));
   return sheet;
 }
 
 XlsxStyle XlsxContents::Indented(XlsxStyle style) const {
   style.indent = std::clamp(depth_, 0, kDeepestIndent);
+  style.wrap = true;
   return style;
 }
 

@@ -9,10 +9,12 @@
 namespace lakresvos::render {
 
 /// The first sheet of a workbook: an item of the document in each row, indented by its depth, with
-/// links to the other sheets.
+/// links to the other sheets. Long texts wrap.
 class XlsxContents {
  public:
-  explicit XlsxContents(XlsxBook& book) : book_(book), sheet_(book, "Contents", "Contents") {}
+  explicit XlsxContents(XlsxBook& book) : book_(book), sheet_(book, "Contents", "Contents") {
+    sheet_.SetLeastWidth(0, kWidth);
+  }
 
   /// The depth of the items to come.
   int& Depth() { return depth_; }
@@ -29,6 +31,8 @@ class XlsxContents {
   void Finish() { sheet_.Finish(); }
 
  private:
+  static constexpr int kWidth = 90;  // that of a page
+
   XlsxStyle Indented(XlsxStyle style) const;
 
   XlsxBook& book_;

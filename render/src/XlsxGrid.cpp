@@ -221,12 +221,7 @@ void SetUpXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, int top) {
   auto const body = static_cast<lxw_row_t>(top + grid.HeadingRows());
   auto const columns = static_cast<lxw_col_t>(grid.HeadingColumns());
   worksheet_freeze_panes(sheet.Handle(), body, columns);
-  if (grid.HeadingRows() > 0) {
-    Check(worksheet_repeat_rows(sheet.Handle(), static_cast<lxw_row_t>(top), body - 1));
-  }
-  if (columns > 0) {
-    Check(worksheet_repeat_columns(sheet.Handle(), 0, static_cast<lxw_col_t>(columns - 1)));
-  }
+  sheet.RepeatHeadings({top, grid.HeadingRows(), grid.HeadingColumns()});
   worksheet_outline_settings(sheet.Handle(), LXW_TRUE, LXW_FALSE, LXW_FALSE, LXW_FALSE);
   std::vector<int> levels(static_cast<std::size_t>(grid.Columns()), 0);
   for (int row = 0; row < grid.HeadingRows(); ++row) {

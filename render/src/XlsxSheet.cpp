@@ -10,6 +10,7 @@
 #include "CodePoint.h"
 #include "TextWidth.h"
 #include "Utf16.h"
+#include "Wrap.h"
 
 namespace lakresvos::render {
 
@@ -18,8 +19,18 @@ namespace {
 constexpr int kMostRows = 1'048'576;
 constexpr int kMostColumns = 16'384;
 constexpr std::size_t kMostUnits = 32'767;
-constexpr std::uint16_t kMostMerged = 65'535;
+constexpr int kMostMerged = 65'535;
+constexpr int kNarrowest = 8;
 constexpr int kWidest = 60;
+constexpr int kMargin = 2;
+constexpr int kLeastLineWidth = 88;  // of the columns under a text across a page
+constexpr int kLineWidth = 82;       // of a text across a page, in characters
+constexpr int kIndentWidth = 2;
+constexpr std::size_t kMostUnitsOfLine = 1'000;  // which take at most 27 lines across a page
+constexpr double kUsualSize = 11;                // of the workbook's own font, in points
+constexpr double kHighest = 409;                 // of rows, in points
+constexpr int kPixelsPerCharacter = 7;           // of the workbook's own font
+constexpr int kPixelsPerCell = 5;                // around them
 constexpr int kMostLevels = 7;
 
 bool IsHex(char c) {
@@ -41,14 +52,14 @@ std::string Escaped(std::string const& text) {
   return escaped.append(text, copied);
 }
 
-/// The lines of a clean text, those that are too long for a cell in several pieces.
+/// The lines of a clean text, those that are too long for the highest row in several pieces.
 std::vector<std::string_view> Pieces(std::string_view text) {
   std::vector<std::string_view> pieces;
   while (true) {
     std::size_t const end = text.find('\n');
     std::string_view line = text.substr(0, end);
     do {
-      pieces.push_back(Utf16Prefix(line, kMostUnits));
+      pieces.push_back(Utf16Prefix(line, kMostUnitsOfLine));
       line.remove_prefix(pieces.back().size());
     } while (!line.empty());
     if (end == std::string_view::npos || end + 1 == text.size()) {
@@ -61,7 +72,11 @@ std::vector<std::string_view> Pieces(std::string_view text) {
 }  // namespace
 
 XlsxSheet::XlsxSheet(XlsxBook& book, std::string const& content, std::string const& otherwise)
-    : book_(book), sheet_(book.AddSheet(content, otherwise)), content_(content) {}
+    : book_(book),
+      number_(book.Sheets()),
+      name_(book.NewName(content, otherwise)),
+      sheet_(book.AddSheet(name_)),
+      content_(content) {}
 
 void XlsxSheet::CheckPlace(int row, int column) const {
   if (row >= kMostRows || column >= kMostColumns) {
@@ -80,10 +95,14 @@ int XlsxSheet::Widen(int column, std::string const& text) {
       width = std::max(width, TextWidth(line));
     }
   }
-  auto const at = static_cast<std::size_t>(column);
-  widths_.resize(std::max(widths_.size(), at + 1), 0);
-  widths_[at] = std::max(widths_[at], width);
+  SetLeastWidth(column, std::min(width + kMargin, kWidest));
   return width;
+}
+
+void XlsxSheet::SetLeastWidth(int column, int width) {
+  auto const at = static_cast<std::size_t>(column);
+  widths_.resize(std::max(widths_.size(), at + 1), kNarrowest);
+  widths_[at] = std::max(widths_[at], width);
 }
 
 void XlsxSheet::Text(int row, int column, MarkedText const& text, XlsxStyle const& style,
@@ -113,9 +132,24 @@ int XlsxSheet::Lines(int row, MarkedText const& text, XlsxStyle const& style) {
   std::vector<std::string_view> const pieces = Pieces(clean);
   for (std::string_view const& piece : pieces) {
     bool const last = &piece == &pieces.back();
-    Text(row++, 0, {std::string(piece), last ? text.marks : ""}, style, false);
+    Line(row++, {std::string(piece), last ? text.marks : ""}, style);
   }
   return row;
+}
+
+void XlsxSheet::Line(int row, MarkedText const& text, XlsxStyle style) {
+  double const scale = style.size > 0 ? style.size / kUsualSize : 1;
+  int const room = static_cast<int>((kLineWidth - style.indent * kIndentWidth) / scale);
+  std::size_t const lines = Wrap(text.text + text.marks, std::max(room, 1)).size();
+  if (lines > 1) {
+    CheckPlace(row, 0);
+    style.wrap = true;
+    double const height =
+        std::min(static_cast<double>(lines) * LXW_DEF_ROW_HEIGHT * scale, kHighest);
+    Check(worksheet_set_row(sheet_, static_cast<lxw_row_t>(row), height, nullptr));
+    wrappedRows_.push_back(row);
+  }
+  Text(row, 0, text, style, false);
 }
 
 void XlsxSheet::WriteText(int row, int column, std::string const& text, std::string const& marks,
@@ -156,21 +190,20 @@ void XlsxSheet::Blank(int row, int column, XlsxStyle const& style) {
                               book_.Format(style)));
 }
 
-void XlsxSheet::Link(int row, int column, std::string const& sheet, std::string const& text,
-                     XlsxStyle const& style, bool wide) {
-  CheckPlace(row, column);
-  auto const rowNumber = static_cast<lxw_row_t>(row);
-  auto const columnNumber = static_cast<lxw_col_t>(column);
+void XlsxSheet::Link(int row, std::string const& sheet, std::string const& text,
+                     XlsxStyle const& style) {
+  CheckPlace(row, 0);
   std::string const target = "internal:" + Quoted(sheet) + "!A1";
-  Check(worksheet_write_url(sheet_, rowNumber, columnNumber, target.c_str(), book_.Format(style)));
-  Text(row, column, {text, ""}, style, wide);
+  Check(worksheet_write_url(sheet_, static_cast<lxw_row_t>(row), 0, target.c_str(),
+                            book_.Format(style)));
+  Line(row, {text, ""}, style);
 }
 
 // The library's own merging writes all cells of the range at once, which sheets that are written
 // row by row do not bear; so the range goes into its list directly.
 bool XlsxSheet::Merge(int row, int column, int rows, int columns) {
   CheckPlace(row + rows - 1, column + columns - 1);
-  if (sheet_->merged_range_count >= kMostMerged) {
+  if (merged_ >= kMostMerged) {
     return false;
   }
   auto* const range = static_cast<lxw_merged_range*>(std::calloc(1, sizeof(lxw_merged_range)));
@@ -183,6 +216,7 @@ bool XlsxSheet::Merge(int row, int column, int rows, int columns) {
   range->last_col = static_cast<lxw_col_t>(column + columns - 1);
   STAILQ_INSERT_TAIL(sheet_->merged_ranges, range, list_pointers);
   ++sheet_->merged_range_count;
+  ++merged_;
   return true;
 }
 
@@ -200,18 +234,33 @@ void XlsxSheet::ColumnLevel(int column, int level) {
   levels_[at] = std::min(level, kMostLevels);
 }
 
+void XlsxSheet::MergeWrappedRows() {
+  int columns = 0;
+  for (int width = 0; !wrappedRows_.empty() && width < kLeastLineWidth; ++columns) {
+    SetLeastWidth(columns, kNarrowest);
+    width += widths_[static_cast<std::size_t>(columns)];
+  }
+  for (int const row : wrappedRows_) {
+    if (columns > 1) {
+      Merge(row, 0, 1, columns);
+    }
+  }
+}
+
 void XlsxSheet::Finish() {
-  widths_.resize(std::max(widths_.size(), levels_.size()), 0);
+  MergeWrappedRows();
+  widths_.resize(std::max(widths_.size(), levels_.size()), kNarrowest);
   levels_.resize(widths_.size(), 0);
+  int pixels = 0;
   for (std::size_t column = 0; column < widths_.size(); ++column) {
-    constexpr int kMargin = 2;
-    constexpr int kNarrowest = 8;
     lxw_row_col_options options = {};
     options.level = static_cast<std::uint8_t>(levels_[column]);
     auto const number = static_cast<lxw_col_t>(column);
-    int const width = std::clamp(widths_[column] + kMargin, kNarrowest, kWidest);
+    int const width = widths_[column];
     Check(worksheet_set_column_opt(sheet_, number, number, width, nullptr, &options));
+    pixels += width * kPixelsPerCharacter + kPixelsPerCell;
   }
+  SetUpPrinting(book_, sheet_, name_, number_, headings_, pixels);
 }
 
 }  // namespace lakresvos::render

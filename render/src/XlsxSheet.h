@@ -6,6 +6,7 @@
 
 #include "FootnoteMarks.h"
 #include "XlsxBook.h"
+#include "XlsxPrint.h"
 
 namespace lakresvos::render {
 
@@ -21,7 +22,7 @@ class XlsxSheet {
   XlsxSheet& operator=(XlsxSheet const&) = delete;
 
   lxw_worksheet* Handle() { return sheet_; }
-  std::string Name() const { return sheet_->name; }
+  std::string const& Name() const { return name_; }
 
   /// Writes a text. The column will be wide enough for it, up to a limit behind which it wraps,
   /// unless `wide` is off.
@@ -29,8 +30,8 @@ class XlsxSheet {
   ///         text is longer than a cell can hold.
   void Text(int row, int column, MarkedText const& text, XlsxStyle const& style, bool wide = true);
 
-  /// Writes a text line by line into the first column, long lines in several pieces; nothing for an
-  /// empty one. The column does not get wider.
+  /// Writes a text line by line from the first column on, nothing for an empty one. Lines that are
+  /// wider than a page wrap, very long ones go over several rows. The columns do not get wider.
   /// @return the row behind the last.
   int Lines(int row, MarkedText const& text, XlsxStyle const& style);
 
@@ -40,9 +41,8 @@ class XlsxSheet {
   /// Gives a cell without content a style.
   void Blank(int row, int column, XlsxStyle const& style);
 
-  /// Writes a text, as Text() does, that leads to another sheet.
-  void Link(int row, int column, std::string const& sheet, std::string const& text,
-            XlsxStyle const& style, bool wide = true);
+  /// Writes a line, as Lines() does, that leads to another sheet.
+  void Link(int row, std::string const& sheet, std::string const& text, XlsxStyle const& style);
 
   /// Merges cells, whose contents are written one by one. A sheet cannot hold more than 65,535
   /// merged cells; false, and nothing done, when it does.
@@ -54,7 +54,13 @@ class XlsxSheet {
   /// The outline level of a column.
   void ColumnLevel(int column, int level);
 
-  /// Sets the widths and levels of the columns.
+  /// What every printed page repeats.
+  void RepeatHeadings(XlsxHeadings const& headings) { headings_ = headings; }
+
+  /// Makes a column so many characters wide, or wider.
+  void SetLeastWidth(int column, int width);
+
+  /// Sets the widths and levels of the columns, and how the sheet is printed.
   void Finish();
 
   /// @throws std::length_error when the place is outside a sheet.
@@ -62,12 +68,19 @@ class XlsxSheet {
 
  private:
   int Widen(int column, std::string const& text);
+  void Line(int row, MarkedText const& text, XlsxStyle style);
+  void MergeWrappedRows();
   void WriteText(int row, int column, std::string const& text, std::string const& marks,
                  XlsxStyle const& style);
 
   XlsxBook& book_;
+  int number_;  // among the workbook's sheets
+  std::string name_;
   lxw_worksheet* sheet_;
   std::string content_;
+  int merged_ = 0;
+  std::vector<int> wrappedRows_;  // those of lines across the page
+  XlsxHeadings headings_;
   std::vector<int> widths_;  // per column, in characters
   std::vector<int> levels_;  // per column
 };

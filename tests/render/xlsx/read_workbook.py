@@ -115,6 +115,13 @@ class Workbook(unittest.TestCase):
         widths = {name: round(column.width) for name, column in sheet.column_dimensions.items()}
         self.assertEqual(widths, {"A": 9, "B": 16, "C": 26})
 
+    def test_a_title_that_takes_many_bytes(self):
+        title = "表1 クラスと性別による生存者数の集計結果一覧表"
+        sheet = workbook("data/titanic.csv", "--weight", "Freq", "--table",
+                         "Class * Sex ~ Survived", "--title", title)[title]
+        self.assertEqual(sheet.print_title_rows, "$3:$4")
+        self.assertEqual(sheet["C3"].value, "Survived")
+
     def test_formats_and_texts_that_look_like_formulas(self):
         with tempfile.TemporaryDirectory() as directory:
             data = os.path.join(directory, "data.csv")

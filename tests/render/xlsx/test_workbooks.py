@@ -8,6 +8,7 @@ import re
 import subprocess
 import sys
 import unittest
+import xml.parsers.expat
 import zipfile
 
 import openpyxl
@@ -37,7 +38,7 @@ def merged(sheet):
     return sorted(str(cells) for cells in sheet.merged_cells.ranges)
 
 
-def xml(name, part):
+def part_of(name, part):
     with zipfile.ZipFile(path_of(name)) as archive:
         return archive.read(part).decode("utf-8")
 
@@ -51,8 +52,8 @@ class Contents(unittest.TestCase):
         self.assertEqual(self.book.worksheets[0], self.sheet)
         self.assertEqual(
             [row[0] for row in rows(self.sheet)],
-            ["Output", "Heading", "Procedure", "Log", "first line", "=second()", "x" * 32767,
-             "x" * 7233, "Page", "Counts", "Counts", "Table", "Contents", "No cells",
+            ["Output", "Heading", "Procedure", "Log", "first line", "=second()", *["x" * 1000] * 40,
+             "Page", "Counts", "Counts", "Table", "Contents", "No cells",
              "[Chart: Chart]"],
         )
 
@@ -67,7 +68,7 @@ class Contents(unittest.TestCase):
 
     def test_items_are_indented_by_their_depth(self):
         indents = [int(cell.alignment.indent) for cell in self.sheet["A"]]
-        self.assertEqual(indents, [0, 1, 2, 2, 3, 3, 2, 2, 1, 1, 1, 1, 1, 1, 1])
+        self.assertEqual(indents, [0, 1, 2, 2, 3, 3, *[2] * 40, 1, 1, 1, 1, 1, 1, 1])
 
     def test_headings_are_bold(self):
         bold = [cell.value for cell in self.sheet["A"] if cell.font.bold]
@@ -78,9 +79,15 @@ class Contents(unittest.TestCase):
                  for cell in self.sheet["A"] if cell.hyperlink}
         self.assertEqual(
             links,
-            {"A10": "'Counts'!A1", "A11": "'Counts (2)'!A1", "A12": "'Table'!A1",
-             "A13": "'Contents (2)'!A1", "A14": "'No cells'!A1"},
+            {"A48": "'Counts'!A1", "A49": "'Counts (2)'!A1", "A50": "'Table'!A1",
+             "A51": "'Contents (2)'!A1", "A52": "'No cells'!A1"},
         )
+
+    def test_long_lines_wrap_in_rows_that_are_high_enough(self):
+        self.assertEqual(int(self.sheet.column_dimensions["A"].width), 90)
+        self.assertEqual({cell.alignment.wrap_text for cell in self.sheet["A"]}, {True})
+        self.assertEqual(self.sheet.row_dimensions[7].height, 13 * 15)
+        self.assertIsNone(self.sheet.row_dimensions[6].height)
 
     def test_every_sheet_links_back(self):
         for sheet in self.book.worksheets[1:]:
@@ -128,7 +135,7 @@ class Cells(unittest.TestCase):
 
     def test_a_text_that_reads_like_the_code_of_a_character_is_escaped(self):
         self.assertIn("<t>_x005F_x0041_ __x005F_x00e9__ _x41_</t>",
-                      xml("cells", "xl/worksheets/sheet2.xml"))
+                      part_of("cells", "xl/worksheets/sheet2.xml"))
 
     def test_an_empty_text_is_an_empty_cell(self):
         self.assertIsNone(self.cells["nothing"].value)
@@ -144,7 +151,7 @@ class Footnotes(unittest.TestCase):
     def setUpClass(cls):
         cls.sheet = workbook("footnotes")["Footnotes"]
         cls.cells = {row[0].value: row[1] for row in cls.sheet.iter_rows()}
-        cls.xml = xml("footnotes", "xl/worksheets/sheet2.xml")
+        cls.xml = part_of("footnotes", "xl/worksheets/sheet2.xml")
 
     def runs(self, text):
         """What stands raised behind a text."""
@@ -245,7 +252,7 @@ class Grouped(unittest.TestCase):
         self.assertFalse(self.sheet.sheet_properties.outlinePr.summaryBelow)
 
     def test_columns_are_outlined_behind_the_first_of_their_groups(self):
-        text = xml("grouped", "xl/worksheets/sheet2.xml")
+        text = part_of("grouped", "xl/worksheets/sheet2.xml")
         levels = {int(first): int(re.search(r'outlineLevel="(\d)"', rest)[1])
                   for first, rest in re.findall(r'<col min="(\d+)"([^>]*)', text)
                   if "outlineLevel" in rest}
@@ -338,7 +345,7 @@ class Captions(unittest.TestCase):
 
 class Titles(unittest.TestCase):
     def test_references_quote_every_name(self):
-        text = xml("titles", "xl/workbook.xml")
+        text = part_of("titles", "xl/workbook.xml")
         sheets = re.findall(r"<definedName [^>]*>(.*?)!\$A:\$A,(.*?)!\$3:\$4</definedName>", text)
         names = ["2013", "A1", "Bob''s", "Größe", "R1C1", "TRUE", "a b"]
         self.assertEqual(sorted(sheets), [(f"'{name}'", f"'{name}'") for name in names])
@@ -350,6 +357,66 @@ class Titles(unittest.TestCase):
             ["'2013'!A1", "'A1'!A1", "'R1C1'!A1", "'TRUE'!A1", "'Bob''s'!A1", "'a b'!A1",
              "'Größe'!A1"],
         )
+
+
+class Names(unittest.TestCase):
+    """Sheets whose names take all the bytes and all the characters that they can."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.book = workbook("names")
+
+    def test_keep_as_much_of_the_title_as_there_is_room_for(self):
+        seen = set()
+        for sheet in self.book.worksheets[1:]:
+            title = sheet["A2"].value
+            units = title.encode("utf-16-le")[:62].decode("utf-16-le", "ignore").strip("'")
+            if units == "" or units.lower() in seen:
+                self.assertRegex(sheet.title, r" \(\d+\)$|^Table$")
+            else:
+                self.assertEqual(sheet.title, units)
+            seen.add(units.lower())
+
+    def test_are_what_the_print_titles_refer_to(self):
+        for sheet in self.book.worksheets[1:]:
+            with self.subTest(sheet.title):
+                self.assertEqual(sheet.print_title_rows, "$3:$4")
+                quoted = "'" + sheet.title.replace("'", "''") + "'"
+                reference = f"{quoted}!$A:$A,{quoted}!$3:$4"
+                fits = len(reference.encode("utf-8")) < 128
+                self.assertEqual(sheet.print_title_cols, "$A:$A" if fits else None)
+
+    def test_that_are_long_leave_a_wide_sheet_its_row_headings(self):
+        sheet = workbook("wide_names").worksheets[1]
+        self.assertEqual(sheet.title, "表" * 31)
+        self.assertEqual((sheet.print_title_rows, sheet.print_title_cols), (None, "$A:$A"))
+
+
+class Parts(unittest.TestCase):
+    def test_are_all_well_formed(self):
+        for path in sorted(DIRECTORY.glob("*.xlsx")):
+            with zipfile.ZipFile(path) as archive:
+                self.assertIsNone(archive.testzip())
+                for name in archive.namelist():
+                    if name.endswith((".xml", ".rels")):
+                        with self.subTest(f"{path.name}: {name}"):
+                            xml.parsers.expat.ParserCreate().Parse(archive.read(name), True)
+
+
+class Printing(unittest.TestCase):
+    def setup_of(self, sheet):
+        return (sheet.sheet_properties.pageSetUpPr is not None
+                and sheet.sheet_properties.pageSetUpPr.fitToPage,
+                sheet.page_setup.fitToHeight, sheet.page_setup.scale,
+                sheet.page_setup.orientation)
+
+    def test_scales_to_the_width_of_one_page(self):
+        for sheet in workbook("grouped"):
+            self.assertEqual(self.setup_of(sheet), (True, 0, None, "portrait"))
+
+    def test_puts_wide_sheets_on_their_side_and_stops_at_half_the_size(self):
+        self.assertEqual(self.setup_of(workbook("wide_names").worksheets[1]),
+                         (None, None, 50, "landscape"))
 
 
 class LayerNotes(unittest.TestCase):
@@ -449,7 +516,7 @@ class Pictures(unittest.TestCase):
     def test_are_in_the_workbook_with_their_label(self):
         with zipfile.ZipFile(path_of("pictures")) as archive:
             self.assertEqual(archive.read("xl/media/image1.png")[:8], b"\x89PNG\r\n\x1a\n")
-        self.assertIn('descr="Bars &amp; &lt;more&gt;"', xml("pictures", "xl/drawings/drawing1.xml"))
+        self.assertIn('descr="Bars &amp; &lt;more&gt;"', part_of("pictures", "xl/drawings/drawing1.xml"))
 
     def test_what_cannot_be_one_is_announced(self):
         self.assertEqual(rows(self.book["Broken"])[2], ["[Chart: Broken]"])

@@ -175,6 +175,32 @@ void Titles(Document& document) {
   }
 }
 
+/// Titles of every length in several scripts, with apostrophes and with pairs of surrogates.
+void Names(Document& document) {
+  for (char const* letters :
+       {"a", "\xC3\xB6", "\xD0\x96", "\xCE\xA9", "\xD8\xB4", "\xE0\xA4\x95", "\xE8\xA1\xA8",
+        "\xF0\x9F\x98\x80", "\xE8\xA1\xA8'", "a'", "''", "!\xE8\xA1\xA8&<", ".", "7"}) {
+    std::string title;
+    for (int length = 1; length <= 33; ++length) {
+      title += letters;
+      document.AddSmallTable(title);
+    }
+  }
+}
+
+/// A table that is too wide for one page, with a name that takes many bytes.
+void WideNames(Document& document) {
+  std::string title;
+  for (int length = 0; length < 31; ++length) {
+    title += "\xE8\xA1\xA8";
+  }
+  Table& table = document.AddTable(title);
+  table.AddFlat("r", 2);
+  table.AddFlat("c", 60);
+  table.Place({0}, {1});
+  table.PutAll();
+}
+
 FormatArea* Format(FormatArea::Area area) {
   auto* const format = new FormatArea(area);
   format->setFontName(area == FormatArea::AreaTitle ? "No font has <such> a name & so many letters"
@@ -280,6 +306,8 @@ int main(int argc, char** argv) {
   write("all_apart", Grouped, with(apartRows, apartColumns));
   write("captions", Captions);
   write("titles", Titles);
+  write("names", Names);
+  write("wide_names", WideNames);
   write("layer_notes", LayerNotes, with(sheets));
   write("first_layer_notes", LayerNotes, with(sheets, firstLayer));
   write("styles", Styles);

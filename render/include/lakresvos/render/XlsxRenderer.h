@@ -20,7 +20,8 @@ struct XlsxOptions : TableOptions {
 /// Writes a document as a workbook of Office Open XML (ECMA-376, ".xlsx").
 ///
 /// - The first sheet, "Contents", lists the document's items, indented by depth, with the texts line
-///   by line and with a link to the sheet of each table and picture; those link back.
+///   by line, wrapped to the width of a page, and with a link to the sheet of each table and picture;
+///   those link back.
 /// - A table has a sheet of its own, named after its title: the title, then each layer with its name
 ///   above it, below all the notes and the caption. With layers as sheets, each layer has a sheet
 ///   with all of these, named after the layer and the title; its notes are those that it refers to,
@@ -30,11 +31,16 @@ struct XlsxOptions : TableOptions {
 ///   Marks of footnotes stand raised behind texts and, through the number format, behind numbers,
 ///   which are texts where marks are too long for that.
 /// - Heading cells are merged, or where that is not wanted repeated; so are those behind the first
-///   65,535 of a sheet. Panes are frozen at the first data cell, heading rows and columns are
-///   repeated on every printed page, groups are outlined behind their first row or column: for the
-///   columns and on the screen as the first layer of a sheet wants it. Columns are as wide as their
-///   widest number or text, headings over several columns left out, up to a limit behind which texts
-///   wrap.
+///   65,535 of a sheet. The heading of one column stands at its right, as numbers do, that of several
+///   in their middle. A rule separates the outermost groups of rows. Panes are frozen at the first
+///   data cell, groups are outlined behind their first row or column: for the columns and on the
+///   screen as the first layer of a sheet wants it. Columns are as wide as their widest number or
+///   text, headings over several columns left out, up to a limit behind which texts wrap.
+/// - Sheets are printed on the width of one page, down to half their size; those that are too wide
+///   have pages on the side, and when they are too wide even so, they go over several pages at half
+///   their size. Heading rows and columns are repeated on every printed page of the first 32,768
+///   sheets. Where a long name with characters beyond ASCII leaves no room for both, only the rows
+///   are, and only the columns on a sheet that goes over several pages side by side.
 /// - Area formats and the styles of cells become cell formats, margins left out; see AreaStyle.h. A
 ///   cell whose metadata name style number n has entry n of the table's cell styles; number 0 is no
 ///   style. Behind the first 64,000 different looks cells are plain.
