@@ -15,6 +15,8 @@ namespace {
 constexpr int kMostSheets = 65'000;  // each takes one of the 65,530 links of the contents
 constexpr lxw_color_t kGroupRuleColour = 0xB4BBC5;
 constexpr std::size_t kMostFormats = 64'000;
+// Spreadsheets open workbooks with some 200 number formats; those without marks take up to 31.
+constexpr std::size_t kMostMarkedNumberFormats = 160;
 
 [[noreturn]] void Fail(std::string const& why) {
   throw std::runtime_error("the workbook cannot be written: " + why);
@@ -132,6 +134,13 @@ lxw_worksheet* XlsxBook::AddSheet(std::string const& name) {
 
 void XlsxBook::DefineName(std::string const& name, std::string const& reference) {
   Check(workbook_define_name(book_, name.c_str(), reference.c_str()));
+}
+
+bool XlsxBook::HasRoomFor(std::string const& markedNumberFormat) {
+  if (markedNumberFormats_.size() < kMostMarkedNumberFormats) {
+    markedNumberFormats_.insert(markedNumberFormat);
+  }
+  return markedNumberFormats_.count(markedNumberFormat) != 0;
 }
 
 lxw_format* XlsxBook::Format(XlsxStyle const& style) {

@@ -3,6 +3,7 @@
 
 #include <map>
 #include <ostream>
+#include <set>
 #include <string>
 #include <xlsxwriter.h>
 
@@ -10,6 +11,7 @@
 #include "ScratchFile.h"
 #include "SheetNames.h"
 #include "TemporaryFile.h"
+#include "XlsxLosses.h"
 #include "XlsxStyle.h"
 
 namespace lakresvos::render {
@@ -40,6 +42,11 @@ class XlsxBook {
   /// The one format for a style; null, the look of a new workbook, when that cannot have any more.
   lxw_format* Format(XlsxStyle const& style);
 
+  /// Whether there is room for a number format of its own for numbers with footnote marks.
+  bool HasRoomFor(std::string const& markedNumberFormat);
+
+  XlsxLosses& Losses() { return losses_; }
+
   /// Completes the workbook and copies it to `out`.
   /// @throws std::runtime_error when a temporary file could not be written or read.
   void Write(std::ostream& out);
@@ -52,6 +59,8 @@ class XlsxBook {
   SheetNames names_;
   int sheets_ = 0;
   std::map<XlsxStyle, lxw_format*> formats_;
+  std::set<std::string> markedNumberFormats_;
+  XlsxLosses losses_;
 };
 
 /// The name of a sheet as references to cells have it.

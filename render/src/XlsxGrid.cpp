@@ -187,11 +187,13 @@ class XlsxGrid {
     }
     if (value.has_value() && std::fabs(value->value) <= kLargest) {
       MarkedText const shown = notes_.Plain(cell);
-      if (auto const format = NumberFormat(value->decimals, shown.marks)) {
+      auto const format = NumberFormat(value->decimals, shown.marks);
+      if (format.has_value() && (shown.marks.empty() || sheet_.HasRoomFor(*format))) {
         style.numberFormat = *format;
         sheet_.Number(top_ + row, column, value->value, shown.text + shown.marks, style);
         return;
       }
+      sheet_.Lose(XlsxLoss::MarkedNumber, top_ + row, column);
     }
     sheet_.Text(top_ + row, column, notes_.Raised(cell), style);
   }

@@ -9,12 +9,17 @@
 #include "DocumentWalk.h"
 #include "ImageType.h"
 #include "ItemAnnouncement.h"
+#include "Picture.h"
+#include "Utf16.h"
 #include "XlsxContents.h"
 #include "XlsxTable.h"
 
 namespace lakresvos::render {
 
 namespace {
+
+/// What the library has room for, in UTF-16 units, which take at most three bytes each.
+constexpr std::size_t kLongestDescription = (LXW_MAX_ATTRIBUTE_LENGTH - 1) / 3;
 
 class XlsxVisitor : public OmOutputPart::Visitor {
  public:
@@ -39,11 +44,11 @@ class XlsxVisitor : public OmOutputPart::Visitor {
   }
 
   void Visit(OmChart& chart) override {
-    std::string const type = ImageType(chart.GetImageData());
-    if (type == "image/png" || type == "image/jpeg") {
-      WritePicture(chart);
-    } else {
+    std::string const& image = chart.GetImageData();
+    if (image.empty() || ImageType(image) == "image/svg+xml") {
       contents_.Add(Announcement(chart));
+    } else {
+      WritePicture(chart);
     }
   }
 
@@ -59,13 +64,17 @@ class XlsxVisitor : public OmOutputPart::Visitor {
     bold.bold = true;
     int const row = sheet->Lines(1, {label, ""}, bold);
     std::string const& image = chart.GetImageData();
-    std::string description = CleanText(label);
+    std::string description(Utf16Prefix(CleanText(label), kLongestDescription));
     lxw_image_options options = {};
     options.description = description.data();
-    if (worksheet_insert_image_buffer_opt(sheet->Handle(), static_cast<lxw_row_t>(row), 0,
+    if (!(IsWholePng(image) || IsWholeJpeg(image)) ||
+        worksheet_insert_image_buffer_opt(sheet->Handle(), static_cast<lxw_row_t>(row), 0,
                                           reinterpret_cast<unsigned char const*>(image.data()),
                                           image.size(), &options) != LXW_NO_ERROR) {
-      sheet->Lines(row, {Announcement(chart), ""}, XlsxStyle());  // no picture after all
+      sheet->Lose(XlsxLoss::BadPicture, row, 0);
+      sheet->Lines(row,
+                   {Announcement(chart) + " The picture is damaged or of an unknown kind.", ""},
+                   XlsxStyle());
     }
     sheet->Finish();
   }
@@ -82,6 +91,11 @@ void RenderXlsx(OmOutputTree& tree, std::ostream& out, XlsxOptions const& option
   XlsxVisitor visitor(contents, options);
   VisitAll(tree, visitor, contents.Depth());
   contents.Finish();
+  for (std::string const& loss : book.Losses().Lines()) {
+    if (options.onLoss) {
+      options.onLoss(loss);
+    }
+  }
   book.Write(out);
 }
 

@@ -52,6 +52,13 @@ std::string Escaped(std::string const& text) {
   return escaped.append(text, copied);
 }
 
+/// Whether there is room in a cell for a clean text and its marks, written as the library counts.
+bool FitsCell(std::string const& text, std::string const& marks) {
+  constexpr std::size_t kMostGrowth = 2;  // of a code that is escaped
+  return (text.size() + marks.size()) * kMostGrowth <= kMostUnits ||
+         Utf16Length(Escaped(text)) + Utf16Length(Escaped(marks)) <= kMostUnits;
+}
+
 /// The lines of a clean text, those that are too long for the highest row in several pieces.
 std::vector<std::string_view> Pieces(std::string_view text) {
   std::vector<std::string_view> pieces;
@@ -107,15 +114,17 @@ void XlsxSheet::SetLeastWidth(int column, int width) {
 
 void XlsxSheet::Text(int row, int column, MarkedText const& text, XlsxStyle const& style,
                      bool wide) {
-  std::string const clean = CleanText(text.text);
-  std::string const marks = CleanText(text.marks);
-  if (clean.size() + marks.size() > kMostUnits &&
-      Utf16Length(clean) + Utf16Length(marks) > kMostUnits) {
-    throw std::length_error("'" + content_ +
-                            "' has a text that is too long for a cell, which has " +
-                            std::to_string(kMostUnits) + " characters");
-  }
   CheckPlace(row, column);
+  std::string clean = CleanText(text.text);
+  std::string marks = CleanText(text.marks);
+  if (!FitsCell(clean, marks)) {
+    Lose(XlsxLoss::LongText, row, column);
+    clean = "[A text of " + std::to_string(Utf16Length(clean + marks)) +
+            " characters, too long for a cell]";
+    if (!FitsCell(clean, marks)) {
+      marks.clear();
+    }
+  }
   XlsxStyle wrapped = style;
   wrapped.wrap = style.wrap || clean.find('\n') != std::string::npos;
   if (wide && Widen(column, clean + marks) > kWidest) {
@@ -173,7 +182,14 @@ void XlsxSheet::WriteText(int row, int column, std::string const& text, std::str
   lxw_rich_string_tuple textPart = {nullptr, escapedText.data()};
   lxw_rich_string_tuple marksPart = {book_.Format(raised), escapedMarks.data()};
   lxw_rich_string_tuple* parts[] = {&textPart, &marksPart, nullptr};
-  Check(worksheet_write_rich_string(sheet_, rowNumber, columnNumber, parts, book_.Format(style)));
+  lxw_error const error =
+      worksheet_write_rich_string(sheet_, rowNumber, columnNumber, parts, book_.Format(style));
+  if (error == LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED) {  // the library counts its markup, too
+    Check(worksheet_write_string(sheet_, rowNumber, columnNumber,
+                                 (escapedText + escapedMarks).c_str(), book_.Format(style)));
+  } else {
+    Check(error);
+  }
 }
 
 void XlsxSheet::Number(int row, int column, double value, std::string const& shown,
@@ -218,6 +234,12 @@ bool XlsxSheet::Merge(int row, int column, int rows, int columns) {
   ++sheet_->merged_range_count;
   ++merged_;
   return true;
+}
+
+void XlsxSheet::Lose(XlsxLoss kind, int row, int column) {
+  char cell[LXW_MAX_CELL_NAME_LENGTH];
+  lxw_rowcol_to_cell(cell, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column));
+  book_.Losses().Add(kind, Quoted(name_) + '!' + cell);
 }
 
 void XlsxSheet::RowLevel(int row, int level) {

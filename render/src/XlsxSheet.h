@@ -26,8 +26,8 @@ class XlsxSheet {
 
   /// Writes a text. The column will be wide enough for it, up to a limit behind which it wraps,
   /// unless `wide` is off.
-  /// @throws std::length_error, as all that write, when the place is outside a sheet, and when the
-  ///         text is longer than a cell can hold.
+  /// In place of one that is longer than a cell can hold, a note stands that says so.
+  /// @throws std::length_error, as all that write, when the place is outside a sheet.
   void Text(int row, int column, MarkedText const& text, XlsxStyle const& style, bool wide = true);
 
   /// Writes a text line by line from the first column on, nothing for an empty one. Lines that are
@@ -59,6 +59,14 @@ class XlsxSheet {
 
   /// Makes a column so many characters wide, or wider.
   void SetLeastWidth(int column, int width);
+
+  /// Whether numbers can have this format with footnote marks.
+  bool HasRoomFor(std::string const& markedNumberFormat) {
+    return book_.HasRoomFor(markedNumberFormat);
+  }
+
+  /// Counts something that the workbook cannot hold as it is.
+  void Lose(XlsxLoss kind, int row, int column);
 
   /// Sets the widths and levels of the columns, and how the sheet is printed.
   void Finish();

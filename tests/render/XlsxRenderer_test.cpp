@@ -8,7 +8,9 @@
 #include <stdexcept>
 #include <string>
 #include <sys/resource.h>
+#include <vector>
 
+#include <lakresvos/OmChart.h>
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmTextBlock.h>
 #include <lakresvos/render/XlsxRenderer.h>
@@ -108,13 +110,32 @@ TEST_F(XlsxRendererTest, NamesTheTableThatHasTooManyRows) {
             "'tall' is too large for a sheet, which has 1048576 rows and 16384 columns");
 }
 
-TEST_F(XlsxRendererTest, NamesTheTableThatHasTooLongAText) {
+TEST_F(XlsxRendererTest, TellsOfATextThatIsTooLongForACell) {
   Table& table = AddTable("wordy");
   table.AddFlat("r", 1);
   table.Place({0}, {});
   table.Cell({0}, Utf8(std::string(32768, 'x')));
-  EXPECT_EQ(Failure<std::length_error>(),
-            "'wordy' has a text that is too long for a cell, which has 32767 characters");
+  lakresvos::render::XlsxOptions options;
+  std::vector<std::string> losses;
+  options.onLoss = [&](std::string const& loss) {
+    EXPECT_EQ(out_.str(), "");
+    losses.push_back(loss);
+  };
+  RenderXlsx(document_, out_, options);
+  EXPECT_EQ(losses,
+            std::vector<std::string>{"1 text longer than the 32767 characters of a cell left "
+                                     "out, the first at 'wordy'!B4"});
+  EXPECT_NE(out_.str(), "");
+}
+
+TEST_F(XlsxRendererTest, WhoeverIsToldMayRefuse) {
+  AddTable(std::string(40000, 'x'));
+  AppendItem<OmChart>(document_.begin(), Utf8("bad"), "", 1).SetImageStream("x", 1);
+  lakresvos::render::XlsxOptions options;
+  options.onLoss = [](std::string const& loss) { throw std::runtime_error(loss); };
+  EXPECT_THROW(RenderXlsx(document_, out_, options), std::runtime_error);
+  EXPECT_EQ(out_.str(), "");
+  EXPECT_EQ(temporary_.Entries(), 0u);
 }
 
 TEST_F(XlsxRendererTest, HasRoomForTheLongestText) {

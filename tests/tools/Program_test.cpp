@@ -328,14 +328,30 @@ TEST(ProgramErrors, WorkbookOnATerminal) {
 
 TEST(ProgramErrors, WorkbookThatTakesTooMuchRoom) {
   TemporaryDirectory const directory;
-  std::string const file = directory.Write("a.csv", "a\n" + std::string(40000, 'x') + "\n");
-  ReportRun const run = RunReport({file, "--table", "a ~", "--title", "Wide", "--format", "xlsx",
+  std::string data = "a\n";
+  for (int category = 0; category < 16385; ++category) {
+    data += std::to_string(category) + '\n';
+  }
+  std::string const file = directory.Write("a.csv", data);
+  ReportRun const run = RunReport({file, "--table", "~ a", "--title", "Wide", "--format", "xlsx",
                                    "-o", directory.Path("a.xlsx")});
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_EQ(run.err,
-            "lakresvos-report: 'Wide' has a text that is too long for a cell, which has 32767 "
-            "characters\n");
+            "lakresvos-report: 'Wide' is too large for a sheet, which has 1048576 rows and 16384 "
+            "columns\n");
   EXPECT_FALSE(std::filesystem::exists(directory.Path("a.xlsx")));
+}
+
+TEST(ProgramErrors, WorkbookThatCannotHoldATextIsWrittenWithoutIt) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("a.csv", "a\n" + std::string(40000, 'x') + "\n");
+  ReportRun const run = RunReport({file, "--table", "a ~", "--title", "Long", "--format", "xlsx",
+                                   "-o", directory.Path("a.xlsx")});
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.err,
+            "lakresvos-report: 1 text longer than the 32767 characters of a cell left out, the "
+            "first at 'Long'!A4\n");
+  EXPECT_TRUE(std::filesystem::exists(directory.Path("a.xlsx")));
 }
 
 TEST(ProgramErrors, OutputThatWouldReplaceTheData) {

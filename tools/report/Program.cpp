@@ -4,8 +4,10 @@
 #include <filesystem>
 #include <memory>
 #include <ostream>
+#include <string>
 #include <system_error>
 #include <unistd.h>
+#include <vector>
 
 #include <lakresvos/OmOutputTree.h>
 
@@ -37,24 +39,32 @@ std::unique_ptr<OmOutputTree> MakeDocument(Options const& options) {
   return document;
 }
 
-void Run(Options const& options, std::ostream& out) {
+void Tell(std::vector<std::string> const& losses, std::ostream& err) {
+  for (std::string const& loss : losses) {
+    err << "lakresvos-report: " << OneLine(loss) << '\n';
+  }
+}
+
+void Run(Options const& options, std::ostream& out, std::ostream& err) {
   if (options.format == OutputFormat::Xlsx && options.outputFile.empty() && isatty(STDOUT_FILENO)) {
     throw ReportError("--format xlsx: a workbook is nothing for a terminal; name a file with -o");
   }
   std::unique_ptr<OmOutputTree> const document = MakeDocument(options);
   if (options.outputFile.empty()) {
-    Render(*document, options, out);
+    std::vector<std::string> const losses = Render(*document, options, out);
     if (!out.flush()) {
       throw ReportError("standard output cannot be written");
     }
+    Tell(losses, err);
     return;
   }
   RefuseToReplace(options.dataFile, "data", options.outputFile);
   RefuseToReplace(options.documentFile, "document", options.outputFile);
   RefuseToReplace(options.styleFile, "style", options.outputFile);
   OutputFile file(options.outputFile);
-  Render(*document, options, file.Stream());
+  std::vector<std::string> const losses = Render(*document, options, file.Stream());
   file.Commit();
+  Tell(losses, err);
 }
 
 }  // namespace
@@ -62,7 +72,7 @@ void Run(Options const& options, std::ostream& out) {
 int RunProgram(int argc, char const* const* argv, std::ostream& out, std::ostream& err) {
   try {
     if (std::optional<Options> const options = ParseCommandLine(argc, argv, out)) {
-      Run(*options, out);
+      Run(*options, out, err);
     }
     return 0;
   } catch (ReportError const& error) {

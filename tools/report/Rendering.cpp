@@ -31,7 +31,8 @@ RendererOptions With(Options const& options) {
 
 }  // namespace
 
-void Render(OmOutputTree& document, Options const& options, std::ostream& out) {
+std::vector<std::string> Render(OmOutputTree& document, Options const& options, std::ostream& out) {
+  std::vector<std::string> losses;
   switch (options.format) {
     case OutputFormat::Text: {
       auto text = With<render::TextOptions>(options);
@@ -65,10 +66,12 @@ void Render(OmOutputTree& document, Options const& options, std::ostream& out) {
       xlsx.layersAsSheets = options.xlsxLayersAsSheets;
       xlsx.mergeRows = options.xlsxMergeRows;
       xlsx.mergeColumns = options.xlsxMergeColumns;
+      xlsx.onLoss = [&](std::string const& loss) { losses.push_back(loss); };
       render::RenderXlsx(document, out, xlsx);
       break;
     }
   }
+  return losses;
 }
 
 }  // namespace lakresvos::report

@@ -2,6 +2,8 @@
 #define TOOLS_REPORT_RENDERING_H
 
 #include <iosfwd>
+#include <string>
+#include <vector>
 
 #include <lakresvos/OmOutputTree.h>
 
@@ -10,7 +12,8 @@
 namespace lakresvos::report {
 
 /// Writes a document in the format that is asked for.
-void Render(OmOutputTree& document, Options const& options, std::ostream& out);
+/// @return a line for each kind of thing that the format could not hold.
+std::vector<std::string> Render(OmOutputTree& document, Options const& options, std::ostream& out);
 
 }  // namespace lakresvos::report
 

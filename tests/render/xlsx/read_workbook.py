@@ -122,6 +122,21 @@ class Workbook(unittest.TestCase):
         self.assertEqual(sheet.print_title_rows, "$3:$4")
         self.assertEqual(sheet["C3"].value, "Survived")
 
+    def test_a_text_that_is_too_long_is_told_of_and_the_rest_is_written(self):
+        with tempfile.TemporaryDirectory() as directory:
+            data, file = os.path.join(directory, "data.csv"), os.path.join(directory, "book.xlsx")
+            with open(data, "w", encoding="utf-8") as out:
+                out.write("a\n" + "x" * 40000 + "\nshort\nshort\n")
+            run = subprocess.run(
+                [REPORT, data, "--table", "a ~", "--title", "T", "--format", "xlsx", "-o", file],
+                check=True, capture_output=True, text=True,
+            )
+            sheet = openpyxl.load_workbook(file)["T"]
+        self.assertEqual(run.stderr, "lakresvos-report: 1 text longer than the 32767 characters of"
+                                     " a cell left out, the first at 'T'!A4\n")
+        self.assertEqual([[cell.value for cell in row] for row in sheet["A4:B5"]],
+                         [["[A text of 40000 characters, too long for a cell]", 1], ["short", 2]])
+
     def test_formats_and_texts_that_look_like_formulas(self):
         with tempfile.TemporaryDirectory() as directory:
             data = os.path.join(directory, "data.csv")

@@ -38,6 +38,10 @@ def merged(sheet):
     return sorted(str(cells) for cells in sheet.merged_cells.ranges)
 
 
+def losses(name):
+    return (DIRECTORY / f"{name}.losses").read_text(encoding="utf-8").splitlines()
+
+
 def part_of(name, part):
     with zipfile.ZipFile(path_of(name)) as archive:
         return archive.read(part).decode("utf-8")
@@ -418,6 +422,71 @@ class Printing(unittest.TestCase):
         self.assertEqual(self.setup_of(workbook("wide_names").worksheets[1]),
                          (None, None, 50, "landscape"))
 
+    def test_long_titles_wrap_across_the_page(self):
+        sheet = workbook("long_texts").worksheets[1]
+        self.assertEqual([len(row[0]) for row in rows(sheet)[1:4]], [1000, 1000, 504])
+        self.assertEqual([sheet.row_dimensions[row].height for row in (2, 3, 4)], [195, 195, 105])
+        self.assertTrue(sheet["A2"].alignment.wrap_text)
+        self.assertEqual(merged(sheet), ["A2:D2", "A3:D3", "A4:D4", "A5:A6"])
+
+
+class LongTexts(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        sheet = workbook("long_texts").worksheets[1]
+        cls.cells = {row[0].value: row[1].value for row in sheet.iter_rows()}
+
+    def test_that_fit_are_whole(self):
+        self.assertEqual(self.cells["longest"], "x" * 32767)
+        self.assertEqual(self.cells["marked"], "&" * 32766 + "a")
+        self.assertEqual(self.cells["after"], 1)
+
+    def test_that_do_not_fit_are_notes(self):
+        note = "[A text of {} characters, too long for a cell]"
+        self.assertEqual(self.cells["longer"], note.format(32768))
+        self.assertEqual(self.cells["codes"], note.format(32767))
+        self.assertEqual(self.cells["marked longer"], note.format(32768) + "a")
+
+    def test_that_do_not_fit_are_counted(self):
+        name = "T" * 31
+        self.assertEqual(
+            losses("long_texts"),
+            [f"3 texts longer than the 32767 characters of a cell left out, the first at '{name}'!B8"],
+        )
+
+
+class Marks(unittest.TestCase):
+    def test_leave_room_for_other_number_formats(self):
+        self.assertLess(part_of("marks", "xl/styles.xml").count("<numFmt "), 200)
+
+    def test_make_texts_of_the_numbers_that_have_no_room(self):
+        body = list(workbook("marks")["Marks"].iter_rows(min_row=5))[:300]
+        numbers = [row for row in body if row[1].data_type == "n"]
+        self.assertEqual([row[1].value for row in numbers], list(range(160)))
+        self.assertEqual(numbers[159][1].number_format, '0.00000"ᵐ¹⁵⁹"')
+        self.assertEqual(body[160][1].value, "160.000000m160")
+        self.assertEqual({row[2].data_type for row in body}, {"n"})
+        self.assertEqual(
+            losses("marks"),
+            ["140 numbers written as text for want of number formats with footnote marks, the first"
+             " at 'Marks'!B165"],
+        )
+
+
+class Lengths(unittest.TestCase):
+    def test_of_marks_and_fonts_are_those_that_a_format_has_room_for(self):
+        sheet = workbook("lengths")["Lengths"]
+        for length in range(1, 61):
+            cell = sheet.cell(4 + length, 2)
+            letters = "表" * length
+            with self.subTest(length):
+                number_format = f'General"{letters}"'
+                if len(number_format.encode("utf-8")) < 128:
+                    self.assertEqual((cell.value, cell.number_format), (length, number_format))
+                else:
+                    self.assertEqual(cell.value, str(length) + letters)
+                self.assertEqual(cell.font.name, letters if length <= 31 else "Calibri")
+
 
 class LayerNotes(unittest.TestCase):
     def notes(self, name):
@@ -510,16 +579,34 @@ class Pictures(unittest.TestCase):
         cls.book = workbook("pictures")
 
     def test_stand_on_sheets_of_their_own(self):
-        self.assertEqual(self.book.sheetnames, ["Contents", "Bars & <more>", "Chart", "Broken"])
+        self.assertEqual(self.book.sheetnames,
+                         ["Contents", "Bars & <more>", "Chart", "Broken", "Flipped", "Unknown",
+                          "Photograph", "表" * 31])
         self.assertEqual(rows(self.book.worksheets[1]), [["Contents"], ["Bars & <more>"]])
 
     def test_are_in_the_workbook_with_their_label(self):
         with zipfile.ZipFile(path_of("pictures")) as archive:
-            self.assertEqual(archive.read("xl/media/image1.png")[:8], b"\x89PNG\r\n\x1a\n")
+            pictures = {name.rsplit(".")[-1]: archive.read(name)[:3]
+                        for name in archive.namelist() if "media" in name}
+        self.assertEqual(pictures, {"png": b"\x89PN", "jpeg": b"\xff\xd8\xff"})
         self.assertIn('descr="Bars &amp; &lt;more&gt;"', part_of("pictures", "xl/drawings/drawing1.xml"))
 
-    def test_what_cannot_be_one_is_announced(self):
-        self.assertEqual(rows(self.book["Broken"])[2], ["[Chart: Broken]"])
+    def test_a_description_is_cut_between_characters(self):
+        drawing = part_of("pictures", "xl/drawings/drawing4.xml")
+        self.assertEqual(re.search('descr="(.*?)"', drawing).group(1), "表" * 693)
+
+    def test_a_note_stands_for_a_damaged_one(self):
+        for name in ("Broken", "Flipped", "Unknown"):
+            self.assertEqual(
+                rows(self.book[name])[2],
+                [f"[Chart: {name}] The picture is damaged or of an unknown kind."],
+            )
+        self.assertEqual(
+            losses("pictures"),
+            ["3 pictures left out, damaged or of an unknown kind, the first at 'Broken'!A3"],
+        )
+
+    def test_what_is_none_is_announced(self):
         self.assertEqual(rows(self.book["Contents"])[-1], ["[Chart: Drawn]"])
 
 

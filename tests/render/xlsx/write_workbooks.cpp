@@ -21,6 +21,7 @@ namespace {
 
 using namespace render_tables;
 using lakresvos::render::XlsxOptions;
+using namespace std::string_view_literals;
 
 constexpr double kMissing = std::numeric_limits<double>::quiet_NaN();
 
@@ -30,6 +31,13 @@ constexpr std::string_view kPng(
     "c`\0\0\0\x02\0\x01H\xAF\xA4q\0\0\0\0IEND\xAE"
     "B`\x82",
     67);
+
+/// A picture of one pixel in outline: no decoder can show it, but it is whole.
+constexpr std::string_view kJpeg =
+    "\xFF\xD8\xFF\xE0\0\x10JFIF\0\x01\x01\x01\0H\0H\0\0"
+    "\xFF\xC0\0\x0B\x08\0\x01\0\x01\x01\x01\x11\0"
+    "\xFF\xDA\0\x08\x01\x01\0\0?\0"
+    "\x7F\xFF\0\xFF\xD0\x7F\xFF\xD9"sv;
 
 struct Document {
   OmOutputTree tree;
@@ -134,6 +142,63 @@ void Footnotes(Document& document) {
   table.SetTableTitle(WithFootnotes(title, {first}));
   OmStringCellUTF8 caption("Caption");
   table.Caption(&WithFootnotes(caption, {first}));
+}
+
+/// More marks than a workbook can have number formats.
+void Marks(Document& document) {
+  Table& table = document.AddTable("Marks");
+  table.AddFlat("r", 300);
+  table.AddFlat("c", 2);
+  table.Place({0}, {1});
+  for (int row = 0; row < 300; ++row) {
+    unsigned int const note = AddFootnote(table, "note", "m" + std::to_string(row));
+    OmNumber number(row, row % 7);
+    table.Cell({row, 0}, WithFootnotes(number, {note}));
+    table.Cell({row, 1}, OmNumber(row, row % 7));
+  }
+}
+
+/// Marks and names of fonts of every length, in letters of three bytes.
+void Lengths(Document& document) {
+  constexpr int kMost = 60;
+  Table& table = document.AddTable("Lengths");
+  table.AddFlat("r", kMost);
+  table.AddFlat("c", 1);
+  table.Place({0}, {1});
+  table.cellStyles().resize(kMost + 1);
+  std::string letters;
+  for (int length = 1; length <= kMost; ++length) {
+    letters += "\xE8\xA1\xA8";
+    table.cellStyles()[static_cast<std::size_t>(length)].setFontName(letters);
+    OmCellMetaData meta;
+    meta.addFootnote(AddFootnote(table, "note", letters));
+    meta.setStyle(static_cast<unsigned short>(length));
+    OmNumber number(length);
+    number.setMeta(&meta);
+    table.Cell({length - 1, 0}, number);
+  }
+}
+
+/// Texts at the limit of what a cell holds, and above it.
+void LongTexts(Document& document) {
+  constexpr std::size_t kMost = 32'767;
+  Table& table = document.AddTable(std::string(2500, 'T') + " end");
+  unsigned int const note = AddFootnote(table, "note");
+  AddCategories(table, "r", {"longest", "longer", "codes", "marked", "marked longer", "after"});
+  AddCategories(table, "c", {"c0"});
+  table.Place({0}, {1});
+  std::string codes;
+  while (codes.size() + 7 <= kMost) {
+    codes += "_x0041_";
+  }
+  table.Cell({0, 0}, Utf8(std::string(kMost, 'x')));
+  table.Cell({1, 0}, Utf8(std::string(kMost + 1, 'x')));
+  table.Cell({2, 0}, Utf8(codes));
+  OmStringCellUTF8 marked(std::string(kMost - 1, '&'));
+  table.Cell({3, 0}, WithFootnotes(marked, {note}));
+  OmStringCellUTF8 longer(std::string(kMost, 'x'));
+  table.Cell({4, 0}, WithFootnotes(longer, {note}));
+  table.Cell({5, 0}, OmNumber(1, 0));
 }
 
 /// Layers with notes of their own, one that they share, and one that nothing refers to.
@@ -255,6 +320,16 @@ void Pictures(Document& document) {
   picture("Bars & <more>", kPng);
   picture("", kPng);
   picture("Broken", kPng.substr(0, 10));
+  std::string flipped(kPng);
+  flipped[50] ^= 1;
+  picture("Flipped", flipped);
+  picture("Unknown", "some bytes");
+  picture("Photograph", kJpeg);
+  std::string label;
+  for (int i = 0; i < 1000; ++i) {
+    label += "\xE8\xA1\xA8";
+  }
+  picture(label, kPng);
   picture("Drawn", "<svg xmlns=\"http://www.w3.org/2000/svg\"/>");
 }
 
@@ -283,7 +358,10 @@ int main(int argc, char** argv) {
     std::ofstream out;
     out.exceptions(std::ios::failbit | std::ios::badbit);
     out.open(directory / (std::string(name) + ".xlsx"), std::ios::binary);
-    RenderXlsx(document.tree, out, options);
+    XlsxOptions logged = options;
+    std::ofstream losses(directory / (std::string(name) + ".losses"));
+    logged.onLoss = [&](std::string const& loss) { losses << loss << '\n'; };
+    RenderXlsx(document.tree, out, logged);
   };
   auto const with = [](auto... settings) {
     XlsxOptions options;
@@ -308,6 +386,9 @@ int main(int argc, char** argv) {
   write("titles", Titles);
   write("names", Names);
   write("wide_names", WideNames);
+  write("marks", Marks);
+  write("lengths", Lengths);
+  write("long_texts", LongTexts);
   write("layer_notes", LayerNotes, with(sheets));
   write("first_layer_notes", LayerNotes, with(sheets, firstLayer));
   write("styles", Styles);

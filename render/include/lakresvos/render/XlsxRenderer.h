@@ -1,7 +1,9 @@
 #ifndef LAKRESVOS_RENDER_XLSXRENDERER_H
 #define LAKRESVOS_RENDER_XLSXRENDERER_H
 
+#include <functional>
 #include <ostream>
+#include <string>
 
 #include <lakresvos/render/Export.h>
 #include <lakresvos/render/TableOptions.h>
@@ -15,6 +17,11 @@ struct XlsxOptions : TableOptions {
   bool layersAsSheets = false;  ///< a sheet for each layer, not only for each table
   bool mergeRows = true;        ///< row headings that reach over several cells are merged ones
   bool mergeColumns = true;     ///< the same of column headings and of the corner
+
+  /// Told what the workbook does not hold as the document has it: one line for each kind of loss,
+  /// with the count and the place of the first one, before anything is written to the stream. What
+  /// it throws leaves the renderer.
+  std::function<void(std::string const&)> onLoss;
 };
 
 /// Writes a document as a workbook of Office Open XML (ECMA-376, ".xlsx").
@@ -29,7 +36,9 @@ struct XlsxOptions : TableOptions {
 /// - Numbers are numbers of 16 digits with their decimals as number format, everything else is text,
 ///   never a formula; so are the system-missing value, ".", and numbers above 9.99999999999999e307.
 ///   Marks of footnotes stand raised behind texts and, through the number format, behind numbers,
-///   which are texts where marks are too long for that.
+///   which are texts where marks are too long for that and after the first 160 such formats, for
+///   spreadsheets open workbooks with some 200 of them. A text of more than 32,767 characters is left
+///   out; a note in its place says so.
 /// - Heading cells are merged, or where that is not wanted repeated; so are those behind the first
 ///   65,535 of a sheet. The heading of one column stands at its right, as numbers do, that of several
 ///   in their middle. A rule separates the outermost groups of rows. Panes are frozen at the first
@@ -44,9 +53,10 @@ struct XlsxOptions : TableOptions {
 /// - Area formats and the styles of cells become cell formats, margins left out; see AreaStyle.h. A
 ///   cell whose metadata name style number n has entry n of the table's cell styles; number 0 is no
 ///   style. Behind the first 64,000 different looks cells are plain.
-/// - A chart with a PNG or JPEG image is a sheet with the picture, which has the label as its
-///   description. Other charts, models, answer trees and interactive items are announced in the
-///   contents.
+/// - A chart with a PNG or JPEG image is a sheet with the picture, which has the start of the label
+///   as its description; where the picture is damaged or of an unknown kind, a note that says so.
+///   Charts with an SVG image or none, models, answer trees and interactive items are announced in
+///   the contents.
 ///
 /// Bytes that are not UTF-8 and control characters become U+FFFD.
 ///
@@ -55,9 +65,8 @@ struct XlsxOptions : TableOptions {
 ///
 /// @param out where to write. Its state tells whether writing failed.
 /// @throws std::length_error that names the table when it has more than 1,048,576 rows or 16,384
-///         columns or a cell with more than 32,767 characters, and for more than 65,000 sheets;
-///         std::runtime_error when a temporary file cannot be written. Nothing is written to `out`
-///         then.
+///         columns, and for more than 65,000 sheets; std::runtime_error when a temporary file cannot
+///         be written. Nothing is written to `out` then.
 LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree& tree, std::ostream& out,
                                         XlsxOptions const& options = {});
 
