@@ -14,6 +14,9 @@ __extension__ using Wide = unsigned __int128;
 constexpr int kMostDecimals = 1074;       // the smallest double is 2^-1074
 constexpr int kSignDigitsAndPoint = 311;  // -, 309 digits, and the point
 
+constexpr double kLeastPlain = 1e-5;
+constexpr double kMostPlain = 1e15;
+
 constexpr std::array<std::uint64_t, 7> kPowersOfTen = {1, 10, 100, 1000, 10000, 100000, 1000000};
 constexpr int kMantissaBits = 52;
 constexpr std::uint64_t kHiddenBit = std::uint64_t{1} << kMantissaBits;
@@ -54,6 +57,15 @@ char* WriteFixed(char* out, double value, int decimals) {
   return out;
 }
 
+/// Writes the fewest digits that read back to the same value.
+char* WriteShortest(char* first, char* last, double value) {
+  double const size = std::abs(value);
+  bool const plain = size == 0 || (size >= kLeastPlain && size <= kMostPlain);
+  return std::to_chars(first, last, value,
+                       plain ? std::chars_format::fixed : std::chars_format::scientific)
+      .ptr;
+}
+
 }  // namespace
 
 std::string NumberText(double value, int decimals) {
@@ -63,14 +75,11 @@ std::string NumberText(double value, int decimals) {
   std::array<char, kSignDigitsAndPoint + kMostDecimals> text;
   char* const first = text.data();
   char* const last = first + text.size();
-  if (decimals >= 0) {
-    if (char* const end = WriteFixed(first, value, decimals)) {
-      return {first, end};
-    }
+  char* end = decimals < 0 ? WriteShortest(first, last, value) : WriteFixed(first, value, decimals);
+  if (end == nullptr) {
+    end = std::to_chars(first, last, value, std::chars_format::fixed,
+                        std::min(decimals, kMostDecimals))
+              .ptr;
   }
-  char const* const end = decimals < 0 ? std::to_chars(first, last, value).ptr
-                                       : std::to_chars(first, last, value, std::chars_format::fixed,
-                                                       std::min(decimals, kMostDecimals))
-                                             .ptr;
-  return std::string(static_cast<char const*>(first), end);
+  return {first, end};
 }

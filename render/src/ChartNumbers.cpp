@@ -1,16 +1,13 @@
 #include "ChartNumbers.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
 #include <string_view>
 #include <variant>
 
+#include <cells/OmNumber.h>
 #include <lakresvos/render/JsonReader.h>
 
 #include "JsonText.h"
-#include "NumberText.h"
 
 namespace lakresvos::render {
 
@@ -28,20 +25,6 @@ JsonData const& Field(JsonData const& object, std::string_view name) {
   return field->data;
 }
 
-/// Without an exponent where people would write none.
-std::string TextOf(double number) {
-  std::string text;
-  double const size = std::abs(number);
-  if (size >= 1e15 || (size < 1e-4 && size > 0)) {
-    AppendNumber(text, number);
-    return text;
-  }
-  std::array<char, 40> digits;
-  auto const end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
-  return text.append(digits.data(), end.ptr);
-}
-
 std::string TextOf(JsonData const& number) {
   auto const& value = number.value;
   if (std::holds_alternative<std::nullptr_t>(value)) {
@@ -53,7 +36,7 @@ std::string TextOf(JsonData const& number) {
   if (auto const* const negative = std::get_if<std::int64_t>(&value)) {
     return std::to_string(*negative);
   }
-  return TextOf(std::get<double>(value));
+  return OmNumber(std::get<double>(value)).GetText();
 }
 
 ChartNumbers NumbersOf(JsonData const& data) {

@@ -1,5 +1,6 @@
 #include <cells/OmNumber.h>
 // This header comes first to show that it stands alone.
+#include <algorithm>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
@@ -21,6 +22,14 @@ std::string Text(double value, int decimals = -1) {
   return OmNumber(value, decimals).GetText();
 }
 
+/// How many digits are left when the exponent and the zeros at both ends are taken away.
+int SignificantDigits(std::string text) {
+  text.resize(std::min(text.find('e'), text.size()));
+  text.erase(std::remove(text.begin(), text.end(), '.'), text.end());
+  std::size_t const first = text.find_first_not_of('0');
+  return static_cast<int>(text.find_last_not_of('0') - first + 1);
+}
+
 TEST(OmNumber, KeepsValueAndDecimals) {
   OmNumber const number(1.5, 3);
   EXPECT_EQ(number.Value(), 1.5);
@@ -34,6 +43,25 @@ TEST(OmNumber, ShortestTextReadsBackToTheSameValue) {
   EXPECT_EQ(Text(42), "42");
   EXPECT_EQ(Text(-2.5), "-2.5");
   EXPECT_EQ(Text(1e300), "1e+300");
+}
+
+TEST(OmNumber, SizesFromAHundredThousandthUpToAQuadrillionAreWrittenPlainly) {
+  EXPECT_EQ(Text(100000), "100000");
+  EXPECT_EQ(Text(0.0001), "0.0001");
+  EXPECT_EQ(Text(-1e-5), "-0.00001");
+  EXPECT_EQ(Text(0.000012345), "0.000012345");
+  EXPECT_EQ(Text(-120000000000000), "-120000000000000");
+  EXPECT_EQ(Text(1e15), "1000000000000000");
+  EXPECT_EQ(Text(123456789012345.67), "123456789012345.67");
+  EXPECT_EQ(Text(0), "0");
+}
+
+TEST(OmNumber, OtherSizesAreWrittenWithAnExponent) {
+  EXPECT_EQ(Text(std::nextafter(1e-5, 0)), "9.999999999999999e-06");
+  EXPECT_EQ(Text(-1e-6), "-1e-06");
+  EXPECT_EQ(Text(std::nextafter(1e15, kInfinity)), "1.0000000000000001e+15");
+  EXPECT_EQ(Text(2e15), "2e+15");
+  EXPECT_EQ(Text(std::numeric_limits<double>::denorm_min()), "5e-324");
 }
 
 TEST(OmNumber, FixedDecimalsRoundTheExactValue) {
@@ -91,6 +119,23 @@ RC_GTEST_PROP(OmNumberText, ShortestFormReadsBackBitForBit, (std::uint64_t bits)
   RC_PRE(!std::isnan(value));
   double const back = std::strtod(Text(value).c_str(), nullptr);
   RC_ASSERT(std::memcmp(&back, &value, sizeof value) == 0);
+}
+
+RC_GTEST_PROP(OmNumberText, ShortestFormHasAnExponentExactlyOutsideThePlainRange, ()) {
+  double const digits = *rc::gen::inRange<long long>(1, 10'000'000'000'000'000);
+  double const value = digits * std::pow(10, *rc::gen::inRange(-40, 10));
+  bool const plain = value >= 1e-5 && value <= 1e15;
+  std::string const text = Text(value);
+  RC_ASSERT((text.find('e') == std::string::npos) == plain);
+  RC_ASSERT(std::strtod(text.c_str(), nullptr) == value);
+  int fewest = 1;
+  for (char best[64];; ++fewest) {
+    std::snprintf(best, sizeof best, "%.*e", fewest - 1, value);
+    if (std::strtod(best, nullptr) == value) {
+      break;
+    }
+  }
+  RC_ASSERT(SignificantDigits(text) <= fewest);
 }
 
 RC_GTEST_PROP(OmNumberText, FixedFormAgreesWithPrintf, (double value)) {

@@ -188,6 +188,16 @@ TEST(CsvRenderer, DimensionThatIsACategoryNeedsNoColumn) {
   EXPECT_EQ(Written(table, KeepEmpty()), "d,value\r\na,1\r\n");
 }
 
+TEST(CsvRenderer, NumbersAreWrittenPlainlyWherePeopleDo) {
+  Table table;
+  AddCategories(table, "d", {"a", "b", "c"});
+  table.Place({0}, {});
+  table.Cell({0}, OmNumber(100000, 2));
+  table.Cell({1}, OmNumber(0.0001));
+  table.Cell({2}, OmNumber(1e300));
+  EXPECT_EQ(Written(table), "d,value\r\na,100000\r\nb,0.0001\r\nc,1e+300\r\n");
+}
+
 TEST(CsvRenderer, InfiniteNumbersAreWords) {
   Table table;
   AddCategories(table, "d", {"a", "b"});

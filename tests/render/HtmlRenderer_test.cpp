@@ -553,11 +553,11 @@ TEST(HtmlChart, NameOfBlanksIsAPlainCell) {
 
 TEST(HtmlChart, NumbersAreShownAsPeopleWriteThem) {
   auto const numbers = ReadChartNumbers(
-      R"({"kind":"bar","series":[{"values":[100000,-3,1e5,0.00025,1e300,18446744073709551615,-0.5],)"
+      R"({"kind":"bar","series":[{"values":[100000,-3,1e5,0.00005,1e300,18446744073709551615,-0.5],)"
       R"("name":""}],"categories":["","","","","","",""]})");
   ASSERT_TRUE(numbers.has_value());
   EXPECT_EQ(numbers->series.at(0).values,
-            (std::vector<std::string>{"100000", "-3", "100000", "0.00025", "1e+300",
+            (std::vector<std::string>{"100000", "-3", "100000", "0.00005", "1e+300",
                                       "18446744073709551615", "-0.5"}));
 }
 

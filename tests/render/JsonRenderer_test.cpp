@@ -148,7 +148,12 @@ TEST(JsonRenderer, WritesATableThatIsNotShownButNoLayoutOfIt) {
 TEST(JsonRenderer, WritesNumbersThatReadBackAsTheSame) {
   EXPECT_EQ(NumberLine(0.1), R"({"number":0.1})");
   EXPECT_EQ(NumberLine(1e300), R"({"number":1e+300})");
-  EXPECT_EQ(NumberLine(9007199254740993.0), R"({"number":9007199254740992})");
+  EXPECT_EQ(NumberLine(9007199254740993.0), R"({"number":9.007199254740992e+15})");
+}
+
+TEST(JsonRenderer, WritesNumbersPlainlyWherePeopleDo) {
+  EXPECT_EQ(NumberLine(100000), R"({"number":100000})");
+  EXPECT_EQ(NumberLine(-0.0001), R"({"number":-0.0001})");
 }
 
 TEST(JsonRenderer, KeepsTheSignOfZero) {

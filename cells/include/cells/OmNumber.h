@@ -17,8 +17,9 @@
 class CELLS_EXPORT OmNumber : public OmCellText {
  public:
   /// @param decimals the digits after the point, or -1 (and any other negative number) for the
-  ///        shortest text that reads back to the same value, which may have an exponent. At most
-  ///        1,074 decimals are rendered: no double has a digit other than zero after these.
+  ///        fewest digits that read back to the same value, written plainly when its size is 0 or
+  ///        from 1e-5 up to 1e15 and with an exponent otherwise. At most 1,074 decimals are
+  ///        rendered: no double has a digit other than zero after these.
   explicit OmNumber(double value, int decimals = -1);
   ~OmNumber() override;
 
