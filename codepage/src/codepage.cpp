@@ -2,8 +2,8 @@
 #include <array>
 #include <cerrno>
 #include <cstddef>
-#include <exception>
 #include <iconv.h>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +26,13 @@ bool IsPlainName(std::string_view name) {
          std::any_of(name.begin(), name.end(), is_letter_or_digit);
 }
 
+/// For right after iconv or iconv_open failed.
+void ThrowIfRefusedMemory() {
+  if (errno == ENOMEM) {
+    throw std::bad_alloc();
+  }
+}
+
 /// The whole of `utf8` in the converter's page, or nothing.
 std::optional<std::string> Convert(iconv_t converter, std::string const& utf8) {
   iconv(converter, nullptr, nullptr, nullptr, nullptr);
@@ -40,6 +47,7 @@ std::optional<std::string> Convert(iconv_t converter, std::string const& utf8) {
     std::size_t const outcome =
         iconv(converter, flushed ? nullptr : &input, flushed ? nullptr : &left, &output, &room);
     if (outcome == static_cast<std::size_t>(-1) && errno != E2BIG) {
+      ThrowIfRefusedMemory();
       return std::nullopt;
     }
     result.append(buffer.data(), output);
@@ -67,17 +75,17 @@ void* VELKMBConverterNew_A(char const* page) {
     return nullptr;
   }
   iconv_t const converter = iconv_open(page, "UTF-8");
-  return converter == kNoConverter ? nullptr : converter;
+  if (converter != kNoConverter) {
+    return converter;
+  }
+  ThrowIfRefusedMemory();
+  return nullptr;
 }
 
 int VELKMBU8ToGeneric(void* converter, std::string& out, std::string const& utf8) {
   std::optional<std::string> result;
   if (converter != nullptr) {
-    try {
-      result = ConvertAll(converter, utf8);
-    } catch (std::exception const&) {
-      result.reset();
-    }
+    result = ConvertAll(converter, utf8);
   }
   out = result ? std::move(*result) : std::string();
   return result ? 0 : 1;

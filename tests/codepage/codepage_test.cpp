@@ -192,17 +192,16 @@ TEST(Codepage, TheLocaleHasNoInfluence) {
   std::setlocale(LC_ALL, before.c_str());
 }
 
-TEST(Codepage, WithoutMemoryTheConversionFailsCleanly) {
+TEST(Codepage, RefusedMemoryIsThrownAndNotTakenForATextThatCannotBeConverted) {
   Converter const converter = Open("ISO-8859-1");
-  std::string const utf8(10000, 'x');
-  std::string out = "old";
-  int status = 0;
-  {
-    FailAfter const failing(1);
-    status = VELKMBU8ToGeneric(converter.get(), out, utf8);
+  for (std::string const& utf8 : {std::string(10000, 'x'), std::string(100, 'x') + "\U000E0041"}) {
+    std::string out = "old";
+    int status = 0;
+    EXPECT_GE(FailEveryAllocation([&] { status = VELKMBU8ToGeneric(converter.get(), out, utf8); },
+                                  [&] { EXPECT_EQ(out, "old"); }),
+              2U);
+    EXPECT_EQ(status == 0, utf8.size() == 10000) << "the page lacks the tag character";
   }
-  EXPECT_NE(status, 0);
-  EXPECT_EQ(out, "");
 }
 
 RC_GTEST_PROP(CodepageLatin1, AgreesWithNarrowingEveryCharacter, ()) {

@@ -18,7 +18,8 @@
 ///
 /// @param page the name; may be null.
 /// @return a handle that the caller closes with VELKMBConverterDelete_A(); null when the name is
-///         null, blank or unknown, or when memory is short.
+///         null, blank or unknown.
+/// @throws std::bad_alloc.
 CODEPAGE_EXPORT void* VELKMBConverterNew_A(char const* page);
 
 /// Converts `utf8` as a whole and ends in the initial shift state of the page.
@@ -27,7 +28,8 @@ CODEPAGE_EXPORT void* VELKMBConverterNew_A(char const* page);
 /// @param out       replaced by the converted text; empty after a failure. May be the same string
 ///                  as `utf8`.
 /// @return 0, or non-zero when `converter` is null, when `utf8` is not UTF-8 throughout, when the
-///         page lacks one of its characters, or when memory is short. The converter stays usable.
+///         page lacks one of its characters. The converter stays usable.
+/// @throws std::bad_alloc; `out` is then as before, and the converter stays usable.
 CODEPAGE_EXPORT int VELKMBU8ToGeneric(void* converter, std::string& out, std::string const& utf8);
 
 /// Closes a converter; null does nothing.
