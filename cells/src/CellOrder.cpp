@@ -1,6 +1,7 @@
 #include "CellOrder.h"
 
 #include <cmath>
+#include <utility>
 
 #include "CaseFolding.h"
 
@@ -8,11 +9,28 @@ namespace cell_order {
 
 namespace {
 
+thread_local int comparisons = 0;
+
 short Sign(int order) {
   return static_cast<short>((order > 0) - (order < 0));
 }
 
+bool IsString(long kind) {
+  return kind == OmCellText::StringCellKind || kind == OmCellText::StringCellUTF8Kind;
+}
+
+std::pair<bool, long> RankOf(OmCellText const& cell) {
+  long const kind = cell.GetKind();
+  return IsString(kind) ? std::pair(false, 0L) : std::pair(true, kind);
+}
+
 }  // namespace
+
+short CompareRanks(OmCellText const& a, OmCellText const& b) {
+  auto const rankOfA = RankOf(a);
+  auto const rankOfB = RankOf(b);
+  return Sign(static_cast<int>(rankOfA > rankOfB) - static_cast<int>(rankOfA < rankOfB));
+}
 
 short CompareTexts(std::string_view a, std::string_view b, bool ignoreCase) {
   return Sign(ignoreCase ? FoldCase(a).compare(FoldCase(b)) : a.compare(b));
@@ -23,6 +41,18 @@ short CompareValues(double a, double b) {
     return Sign(static_cast<int>(std::isnan(b)) - static_cast<int>(std::isnan(a)));
   }
   return Sign(static_cast<int>(a > b) - static_cast<int>(a < b));
+}
+
+WithoutDisplayModes::WithoutDisplayModes() {
+  ++comparisons;
+}
+
+WithoutDisplayModes::~WithoutDisplayModes() {
+  --comparisons;
+}
+
+bool WithoutDisplayModes::Active() {
+  return comparisons != 0;
 }
 
 }  // namespace cell_order

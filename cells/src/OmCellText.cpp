@@ -65,7 +65,8 @@ bool OmCellText::hasContext() const {
 }
 
 OmLabelDisplay OmCellText::ContextDisplay() const {
-  return hasContext() ? *extras_->context : OmLabelDisplay::Label;
+  return hasContext() && !cell_order::WithoutDisplayModes::Active() ? *extras_->context
+                                                                    : OmLabelDisplay::Label;
 }
 
 void OmCellText::ContextDisplay(OmLabelDisplay display) {
@@ -78,6 +79,10 @@ void OmCellText::ContextDisplay(OmLabelDisplay display) {
 }
 
 short OmCellText::CompareTexts(OmCellText const& other, bool ignoreCase) const {
+  if (short const order = cell_order::CompareRanks(*this, other)) {
+    return order;
+  }
+  cell_order::WithoutDisplayModes const scope;
   return cell_order::CompareTexts(GetText(), other.GetText(), ignoreCase);
 }
 

@@ -20,12 +20,12 @@ long OmNumDataValue::GetKind() const {
 }
 
 short OmNumDataValue::Compare(OmCellText const& other, bool ignoreCase) const {
-  if (auto const* value = dynamic_cast<OmNumDataValue const*>(&other)) {
-    if (short const order = cell_order::CompareValues(value_, value->value_)) {
-      return order;
-    }
+  auto const* const value = cell_order::Peer<OmNumDataValue>(*this, other);
+  if (value == nullptr) {
+    return CompareTexts(other, ignoreCase);
   }
-  return CompareTexts(other, ignoreCase);
+  short const order = cell_order::CompareValues(value_, value->value_);
+  return order != 0 ? order : CompareLabels(*value, ignoreCase);
 }
 
 void OmNumDataValue::Accept(Visitor& visitor) {

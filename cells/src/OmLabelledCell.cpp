@@ -36,7 +36,11 @@ std::string OmLabelledCell::Label() const {
 }
 
 OmLabelDisplay OmLabelledCell::Display() const {
-  return hasDisplay_ ? display_ : ContextDisplay();
+  return hasDisplay_ && !cell_order::WithoutDisplayModes::Active() ? display_ : ContextDisplay();
+}
+
+short OmLabelledCell::CompareLabels(OmLabelledCell const& other, bool ignoreCase) const {
+  return cell_order::CompareTexts(label_.View(), other.label_.View(), ignoreCase);
 }
 
 OmLabelledText::OmLabelledText(std::string const& value, std::string const& label)
@@ -48,14 +52,12 @@ OmLabelledText::OmLabelledText(OmLabelledText const& other, OmMemoryRegion* regi
 OmLabelledText::~OmLabelledText() = default;
 
 short OmLabelledText::Compare(OmCellText const& other, bool ignoreCase) const {
-  if (auto const* text = dynamic_cast<OmLabelledText const*>(&other);
-      text != nullptr && text->GetKind() == GetKind()) {
-    if (short const order =
-            cell_order::CompareTexts(value_.View(), text->value_.View(), ignoreCase)) {
-      return order;
-    }
+  auto const* const text = cell_order::Peer<OmLabelledText>(*this, other);
+  if (text == nullptr) {
+    return CompareTexts(other, ignoreCase);
   }
-  return CompareTexts(other, ignoreCase);
+  short const order = cell_order::CompareTexts(value_.View(), text->value_.View(), ignoreCase);
+  return order != 0 ? order : CompareLabels(*text, ignoreCase);
 }
 
 void OmLabelledText::UseTracker(icuTracker* tracker) {

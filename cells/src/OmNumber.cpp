@@ -22,12 +22,12 @@ long OmNumber::GetKind() const {
 }
 
 short OmNumber::Compare(OmCellText const& other, bool ignoreCase) const {
-  if (auto const* number = dynamic_cast<OmNumber const*>(&other)) {
-    if (short const order = cell_order::CompareValues(value_, number->value_)) {
-      return order;
-    }
+  auto const* const number = cell_order::Peer<OmNumber>(*this, other);
+  if (number == nullptr) {
+    return CompareTexts(other, ignoreCase);
   }
-  return CompareTexts(other, ignoreCase);
+  short const order = cell_order::CompareValues(value_, number->value_);
+  return order != 0 ? order : cell_order::CompareValues(decimals_, number->decimals_);
 }
 
 void OmNumber::Accept(Visitor& visitor) {

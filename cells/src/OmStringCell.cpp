@@ -14,11 +14,9 @@ std::string OmPlainText::GetText() const {
 }
 
 short OmPlainText::Compare(OmCellText const& other, bool ignoreCase) const {
-  // The same answer as from the rendered texts, without copying them.
-  if (auto const* text = dynamic_cast<OmPlainText const*>(&other)) {
-    return cell_order::CompareTexts(text_.View(), text->text_.View(), ignoreCase);
-  }
-  return CompareTexts(other, ignoreCase);
+  auto const* const text = cell_order::Peer<OmPlainText>(*this, other);
+  return text != nullptr ? cell_order::CompareTexts(text_.View(), text->text_.View(), ignoreCase)
+                         : CompareTexts(other, ignoreCase);
 }
 
 void OmPlainText::UseTracker(icuTracker* tracker) {

@@ -61,9 +61,14 @@ class CELLS_EXPORT OmCellText {
   /// A number that is the same for all cells of one class and differs between classes.
   virtual long GetKind() const = 0;
 
-  /// Orders this cell against `other`: negative, 0 or positive. Cells of one kind compare by value,
-  /// then by text; texts by their bytes, which is code point order in UTF-8. Cells of different
-  /// kinds, the two string kinds among them, compare by the bytes of GetText().
+  /// Orders this cell against `other`: negative, 0 or positive. This is one order over all cells,
+  /// and no display mode changes it. Kinds come first: the two string kinds count as one and stand
+  /// before all others, which follow in the order of GetKind(). Within a kind
+  /// - strings compare by their bytes, which is code point order in UTF-8,
+  /// - numbers by value, then by decimals,
+  /// - variables by name, data values by value, then both by label,
+  /// - composites and kinds made elsewhere by what GetText() gives where every display mode is
+  ///   OmLabelDisplay::Label.
   /// @param ignoreCase compares texts after simple case folding, independently of the locale. Bytes
   ///        that are not UTF-8 stand for themselves.
   virtual short Compare(OmCellText const& other, bool ignoreCase) const = 0;
@@ -124,7 +129,8 @@ class CELLS_EXPORT OmCellText {
   /// Copies metadata and context, as Clone() does.
   OmCellText(OmCellText const& other);
 
-  /// Compare() for cells of different kinds.
+  /// Compare() for kinds that have no more to compare than their texts, and for any two cells of
+  /// different kinds.
   short CompareTexts(OmCellText const& other, bool ignoreCase) const;
 
  private:

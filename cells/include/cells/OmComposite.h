@@ -15,7 +15,7 @@
 /// Deep structures need no deep stack: parts below parts, and composites as parts of composites,
 /// may be nested to any depth.
 ///
-/// Compare() orders composites by their texts.
+/// Compare() orders composites by their texts, as they are when no part has a display mode.
 ///
 /// Thread safety: see OmCellText.
 class CELLS_EXPORT OmComposite : public OmCellText {

@@ -7,7 +7,7 @@
 
 /// A numeric value of a variable, with its value label.
 ///
-/// The value renders and compares as an OmNumber without fixed decimals.
+/// The value renders as an OmNumber without fixed decimals, and compares as one.
 ///
 /// Thread safety: see OmCellText.
 class CELLS_EXPORT OmNumDataValue : public OmLabelledCell {

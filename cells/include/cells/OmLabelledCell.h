@@ -34,6 +34,9 @@ class CELLS_EXPORT OmLabelledCell : public OmCellText {
   }
 
  protected:
+  /// Compare() by label alone.
+  short CompareLabels(OmLabelledCell const& other, bool ignoreCase) const;
+
   explicit OmLabelledCell(std::string const& label);
   OmLabelledCell(OmLabelledCell const& other, OmMemoryRegion* region);
 
@@ -48,7 +51,7 @@ class CELLS_EXPORT OmLabelledCell : public OmCellText {
 
 /// A labelled cell whose value or name is a text.
 ///
-/// Compare() orders cells of one kind by this text, then by GetText().
+/// Compare() orders cells of one kind by this text, then by label.
 ///
 /// Thread safety: see OmCellText.
 class CELLS_EXPORT OmLabelledText : public OmLabelledCell {

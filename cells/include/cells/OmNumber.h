@@ -11,7 +11,7 @@
 /// infinities render as "inf" and "-inf". A negative value that rounds to zero keeps its sign
 /// ("-0.00"), and so does a negative zero.
 ///
-/// Compare() orders by value, then by rendered text; NaN is below every number and equal to NaN.
+/// Compare() orders numbers by value, then by decimals; NaN is below every number and equal to NaN.
 ///
 /// Thread safety: see OmCellText.
 class CELLS_EXPORT OmNumber : public OmCellText {
