@@ -86,6 +86,10 @@ short OmCellText::CompareTexts(OmCellText const& other, bool ignoreCase) const {
   return cell_order::CompareTexts(GetText(), other.GetText(), ignoreCase);
 }
 
+OmMemoryRegion* OmCellText::Home(OmMemoryRegion* region) const {
+  return region != nullptr ? region : OmMemoryRegion::Holder(this);
+}
+
 OmCellText::Extras& OmCellText::MakeExtras() {
   if (!extras_) {
     extras_ = std::make_unique<Extras>();

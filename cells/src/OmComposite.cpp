@@ -73,14 +73,14 @@ std::optional<Mark> FindMark(std::string_view pattern, std::size_t from,
 
 }  // namespace
 
-OmComposite::OmComposite(std::string const& pattern) : pattern_(pattern, nullptr) {}
+OmComposite::OmComposite(std::string const& pattern) : pattern_(pattern, Home()), parts_(Home()) {}
 
 OmComposite::OmComposite(OmComposite const& other, OmMemoryRegion* region, WithoutParts)
-    : OmCellText(other), pattern_(other.pattern_.View(), region), parts_(region) {}
+    : OmCellText(other), pattern_(other.pattern_.View(), Home(region)), parts_(Home(region)) {}
 
 OmComposite::OmComposite(OmComposite const& other, OmMemoryRegion* region)
     : OmComposite(other, region, WithoutParts{}) {
-  CloneParts(other, region);
+  CloneParts(other, parts_.children.region);
 }
 
 OmComposite::~OmComposite() {

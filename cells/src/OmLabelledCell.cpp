@@ -2,11 +2,11 @@
 
 #include "CellOrder.h"
 
-OmLabelledCell::OmLabelledCell(std::string const& label) : label_(label, nullptr) {}
+OmLabelledCell::OmLabelledCell(std::string const& label) : label_(label, Home()) {}
 
 OmLabelledCell::OmLabelledCell(OmLabelledCell const& other, OmMemoryRegion* region)
     : OmCellText(other),
-      label_(other.label_.View(), region),
+      label_(other.label_.View(), Home(region)),
       display_(other.display_),
       hasDisplay_(other.hasDisplay_) {}
 
@@ -44,10 +44,10 @@ short OmLabelledCell::CompareLabels(OmLabelledCell const& other, bool ignoreCase
 }
 
 OmLabelledText::OmLabelledText(std::string const& value, std::string const& label)
-    : OmLabelledCell(label), value_(value, nullptr) {}
+    : OmLabelledCell(label), value_(value, Home()) {}
 
 OmLabelledText::OmLabelledText(OmLabelledText const& other, OmMemoryRegion* region)
-    : OmLabelledCell(other, region), value_(other.value_.View(), region) {}
+    : OmLabelledCell(other, region), value_(other.value_.View(), Home(region)) {}
 
 OmLabelledText::~OmLabelledText() = default;
 

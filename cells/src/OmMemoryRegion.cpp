@@ -6,11 +6,12 @@
 
 #include <cells/OmMemoryRegion.h>
 
+#include "ChunkMap.h"
 #include "Poison.h"
 
 namespace {
 
-constexpr unsigned long kChunkSize = 64UL << 10;
+using chunk_map::kChunkSize;
 constexpr unsigned long kPageSize = 1UL << 10;
 constexpr unsigned long kPages = kChunkSize / kPageSize;
 constexpr unsigned long kLargestShared = kChunkSize / 4;
@@ -36,6 +37,24 @@ unsigned long SizeOf(unsigned int bin) {
 
 unsigned long RoundUp(unsigned long value, unsigned long step) {
   return (value + step - 1) / step * step;
+}
+
+/// Memory from the system, of whose size the map of chunks knows the first `mapped` bytes.
+void* Acquire(unsigned long size, unsigned long mapped) {
+  void* const memory = operator new(size, kChunkAlignment);
+  try {
+    chunk_map::Add(memory, mapped);
+  } catch (...) {
+    operator delete(memory, kChunkAlignment);
+    throw;
+  }
+  return memory;
+}
+
+void GiveBack(void* memory, unsigned long size, unsigned long mapped) {
+  poison::Permit(memory, size);
+  chunk_map::Remove(memory, mapped);
+  operator delete(memory, kChunkAlignment);
 }
 
 /// The shortest run of at least `pages` pages that wastes no more than an eighth of itself.
@@ -65,6 +84,9 @@ struct OmMemoryRegion::Chunk {
     return binOfPage[(reinterpret_cast<std::uintptr_t>(block) & (kChunkSize - 1)) / kPageSize];
   }
 
+  /// How much of it can hold the start of a block.
+  unsigned long Mapped() const { return IsAlone() ? kChunkSize : size; }
+
   bool IsAlone() const { return binOfPage[0] == kAlone; }
   unsigned long AloneSize() const { return size - sizeof(Chunk); }
   unsigned long BlockSize(void const* block) const {
@@ -81,8 +103,7 @@ OmMemoryRegion::~OmMemoryRegion() {
   for (Chunk* list : {spans_, alone_}) {
     while (list != nullptr) {
       Chunk* const next = list->next;
-      poison::Permit(list, list->size);
-      operator delete(list, kChunkAlignment);
+      GiveBack(list, list->size, list->Mapped());
       list = next;
     }
   }
@@ -133,7 +154,7 @@ void OmMemoryRegion::StartChunk() {
   if (chunkEnd_ == spanEnd_) {
     unsigned long const count = std::clamp(bytesReserved_ / kChunkSize / 4, 1UL, kLongestSpan);
     unsigned long const size = count * kChunkSize;
-    void* const memory = operator new(size, kChunkAlignment);
+    void* const memory = Acquire(size, size);
     spans_ = ::new (memory) Chunk{this, spans_, nullptr, size, {}};
     bytesReserved_ += size;
     chunkEnd_ = static_cast<char*>(memory);
@@ -151,7 +172,7 @@ void* OmMemoryRegion::AllocateAlone(unsigned long size) {
     throw std::bad_alloc();
   }
   unsigned long const blockSize = RoundUp(size, kGrain);
-  void* const memory = operator new(sizeof(Chunk) + blockSize, kChunkAlignment);
+  void* const memory = Acquire(sizeof(Chunk) + blockSize, kChunkSize);
   auto const lock = Lock();
   alone_ = ::new (memory) Chunk{this, alone_, nullptr, sizeof(Chunk) + blockSize, {kAlone}};
   if (alone_->next != nullptr) {
@@ -202,12 +223,21 @@ void OmMemoryRegion::ReleaseAlone(Chunk* chunk) {
     bytesInUse_ -= chunk->AloneSize();
     bytesReserved_ -= chunk->size;
   }
-  poison::Permit(chunk, chunk->size);
-  operator delete(chunk, kChunkAlignment);
+  GiveBack(chunk, chunk->size, chunk->Mapped());
 }
 
 OmMemoryRegion* OmMemoryRegion::OwnerOf(void const* block) {
   return Chunk::Of(block)->owner;
+}
+
+OmMemoryRegion* OmMemoryRegion::Holder(void const* address) {
+  if (!chunk_map::Has(address)) {
+    return nullptr;
+  }
+  Chunk const* const chunk = Chunk::Of(address);
+  auto const* const start = reinterpret_cast<char const*>(chunk);
+  bool const after = chunk->IsAlone() && address >= start + chunk->size;
+  return after ? nullptr : chunk->owner;
 }
 
 OmMemoryRegion* OmMemoryRegion::DefaultHeap() {

@@ -2,10 +2,10 @@
 
 #include "CellOrder.h"
 
-OmPlainText::OmPlainText(std::string const& text) : text_(text, nullptr) {}
+OmPlainText::OmPlainText(std::string const& text) : text_(text, Home()) {}
 
 OmPlainText::OmPlainText(OmPlainText const& other, OmMemoryRegion* region)
-    : OmCellText(other), text_(other.text_.View(), region) {}
+    : OmCellText(other), text_(other.text_.View(), Home(region)) {}
 
 OmPlainText::~OmPlainText() = default;
 

@@ -125,6 +125,23 @@ TEST(AllocationFailure, AFailedConstructionLeavesNothingBehind) {
   }
 }
 
+TEST(AllocationFailure, AFailedConstructionInARegionLeavesNothingBehind) {
+  std::string const text(100, 'x');
+  OmMemoryRegion region(false);
+  std::function<OmCellText*()> const makers[] = {
+      [&]() -> OmCellText* { return new (&region) OmStringCell(text); },
+      [&]() -> OmCellText* { return new (&region) OmVariable(text, text); },
+      [&]() -> OmCellText* { return new (&region) OmComposite(text); },
+  };
+  for (auto const& make : makers) {
+    CellPointer cell;
+    EXPECT_GE(FailEveryAllocation([&] { cell.reset(make()); },
+                                  [&] { EXPECT_EQ(region.BytesInUse(), 0U); }),
+              4U);
+    EXPECT_GE(region.BytesInUse(), 100U);
+  }
+}
+
 TEST(AllocationFailure, AFailedTrackerLeavesNothingBehind) {
   std::string const locale(100, 'x');
   std::unique_ptr<icuTracker> tracker;

@@ -117,6 +117,58 @@ TEST(OmCellText, APlainVisitorVisitsEveryKindAndDoesNothing) {
   }
 }
 
+// The default heap, which outlives a region, held the texts of cells that were made in the region.
+TEST(OmCellText, CellsMadeInARegionAreGoneWithItWithoutBeingDeleted) {
+  std::string const text(100, 'x');
+  unsigned long const heap = OmMemoryRegion::DefaultHeap()->BytesInUse();
+  {
+    OmMemoryRegion region(false);
+    new (&region) OmStringCell(text);
+    new (&region) OmStringCellUTF8(text);
+    new (&region) OmVariable(text, text);
+    new (&region) OmNumDataValue(1, text);
+    new (&region) OmStringDataValue(text, text);
+    auto* const composite = new (&region) OmComposite(text + "{0}");
+    composite->AddPart(OmVariable(text, text));
+    EXPECT_EQ(OmMemoryRegion::DefaultHeap()->BytesInUse(), heap);
+    EXPECT_GE(region.BytesInUse(), 1000U);
+    EXPECT_EQ(composite->GetText(), text + text);
+    region.WorkingRelease(false);
+  }
+  EXPECT_EQ(OmMemoryRegion::DefaultHeap()->BytesInUse(), heap);
+}
+
+TEST(OmCellText, ACopyThatADerivedKindMakesWithoutNamingTheRegionLiesWhollyInIt) {
+  class Copied : public OmVariable {
+   public:
+    using OmVariable::OmVariable;
+    OmCellText* Clone(OmMemoryRegion* region) const override { return new (region) Copied(*this); }
+
+   private:
+    Copied(Copied const&) = default;
+  };
+  std::string const text(100, 'x');
+  Copied const original(text, text);
+  unsigned long const heap = OmMemoryRegion::DefaultHeap()->BytesInUse();
+  OmMemoryRegion region(false);
+  CellPointer const clone(original.Clone(&region));
+  EXPECT_EQ(OmMemoryRegion::DefaultHeap()->BytesInUse(), heap);
+  EXPECT_GE(region.BytesInUse(), 200U);
+}
+
+TEST(OmCellText, ACellAmongOtherMembersOfARecordKeepsItsTextWhereTheRecordLies) {
+  struct Record {
+    char before[40];
+    OmStringCell cell{std::string(100, 'x')};
+  };
+  OmMemoryRegion region(false);
+  unsigned long const heap = OmMemoryRegion::DefaultHeap()->BytesInUse();
+  auto* const record = ::new (region.Allocate(sizeof(Record))) Record;
+  EXPECT_EQ(OmMemoryRegion::DefaultHeap()->BytesInUse(), heap);
+  EXPECT_GE(region.BytesInUse(), sizeof(Record) + 100);
+  record->~Record();
+}
+
 TEST(OmCellText, NewWithoutRegionUsesTheDefaultHeap) {
   unsigned long const before = OmMemoryRegion::DefaultHeap()->BytesInUse();
   OmCellText* cell = new OmNumber(1);

@@ -6,10 +6,12 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <map>
+#include <memory>
 #include <new>
 #include <rapidcheck/gtest.h>
 #include <thread>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "support/FailingNew.h"
@@ -48,6 +50,48 @@ struct RegionTest : testing::Test {
 TEST_F(RegionTest, HoldsNothingUntilTheFirstBlock) {
   EXPECT_EQ(region.BytesInUse(), 0U);
   EXPECT_EQ(region.BytesReserved(), 0U);
+}
+
+TEST_F(RegionTest, HoldsItsBlocksAndNothingElse) {
+  OmMemoryRegion other(false);
+  std::vector<std::pair<char*, unsigned long>> blocks;
+  for (unsigned long size = 1; size < 8 * kChunk; size += size / 2 + 1) {
+    blocks.emplace_back(static_cast<char*>(region.Allocate(size)), size);
+    other.Allocate(size);
+  }
+  for (auto const& [block, size] : blocks) {
+    EXPECT_EQ(OmMemoryRegion::Holder(block), &region);
+    EXPECT_EQ(OmMemoryRegion::Holder(block + std::min(size, kChunk / 2) - 1), &region);
+  }
+  int onTheStack = 0;
+  static int const inTheProgram = 0;
+  auto const onTheHeap = std::make_unique<int>();
+  EXPECT_EQ(OmMemoryRegion::Holder(&onTheStack), nullptr);
+  EXPECT_EQ(OmMemoryRegion::Holder(&inTheProgram), nullptr);
+  EXPECT_EQ(OmMemoryRegion::Holder(onTheHeap.get()), nullptr);
+  EXPECT_EQ(OmMemoryRegion::Holder(nullptr), nullptr);
+  EXPECT_EQ(OmMemoryRegion::Holder(reinterpret_cast<void const*>(~std::uintptr_t{0})), nullptr);
+}
+
+TEST(Region, HoldsNothingAfterItsEnd) {
+  std::vector<void*> blocks;
+  {
+    OmMemoryRegion region(false);
+    for (int i = 0; i < 100; ++i) {
+      blocks.push_back(region.Allocate(i % 2 == 0 ? kChunk / 4 : kChunk));
+    }
+    OmMemoryRegion::Release(blocks[1]);
+    EXPECT_EQ(OmMemoryRegion::Holder(blocks[1]), nullptr) << "a block that stood alone";
+  }
+  for (void const* block : blocks) {
+    EXPECT_EQ(OmMemoryRegion::Holder(block), nullptr);
+  }
+}
+
+TEST_F(RegionTest, WhatFollowsABlockThatStandsAloneIsNotHeld) {
+  auto* const block = static_cast<char*>(region.Allocate(kChunk / 4 + 1));
+  EXPECT_EQ(OmMemoryRegion::Holder(block + kChunk / 4), &region);
+  EXPECT_EQ(OmMemoryRegion::Holder(block + kChunk / 4 + 16), nullptr);
 }
 
 TEST_F(RegionTest, SizeZeroCountsAsOne) {

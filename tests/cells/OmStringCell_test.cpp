@@ -45,6 +45,21 @@ TEST(OmStringCell, AClonesBytesLieInItsRegion) {
   EXPECT_EQ(region.BytesInUse(), 0U);
 }
 
+TEST(OmStringCell, TheBytesOfACellMadeInARegionLieThere) {
+  OmMemoryRegion region(false);
+  std::string const text(1000, 'x');
+  unsigned long const heap = OmMemoryRegion::DefaultHeap()->BytesInUse();
+  auto* const plain = new (&region) OmStringCell(text);
+  EXPECT_GE(region.BytesInUse(), 1000U);
+  auto* const utf8 = new (&region) OmStringCellUTF8(text);
+  EXPECT_GE(region.BytesInUse(), 2000U);
+  EXPECT_EQ(OmMemoryRegion::DefaultHeap()->BytesInUse(), heap);
+  EXPECT_EQ(plain->GetText(), text);
+  delete plain;
+  delete utf8;
+  EXPECT_EQ(region.BytesInUse(), 0U);
+}
+
 TEST(OmStringCell, AnyOtherCellsBytesLieOnTheDefaultHeap) {
   unsigned long const heap = OmMemoryRegion::DefaultHeap()->BytesInUse();
   OmStringCell const cell(std::string(1000, 'x'));

@@ -25,6 +25,10 @@ class icuTracker;
 /// default heap, with `new (region)` in a region, on the stack, or by Clone(); `delete` is right
 /// for every cell that was made by `new` or Clone(), wherever it lives.
 ///
+/// The texts of a cell lie in the region that the cell lies in, on the default heap when it lies in
+/// none: a region that goes as a whole takes them along, and its cells need not be deleted. Metadata,
+/// a context and a tracker's text lie elsewhere: only deleting the cell gives these back.
+///
 /// Beside its value a cell may carry metadata and a context. A context is a setting that the labels
 /// of one family share, so that changing it through one of them changes it for all.
 ///
@@ -132,6 +136,10 @@ class CELLS_EXPORT OmCellText {
   /// Compare() for kinds that have no more to compare than their texts, and for any two cells of
   /// different kinds.
   short CompareTexts(OmCellText const& other, bool ignoreCase) const;
+
+  /// Where the texts of this cell belong: `region`, or when that is null the region that the cell
+  /// lies in. Null, which means the default heap, for a cell that lies in none.
+  OmMemoryRegion* Home(OmMemoryRegion* region = nullptr) const;
 
  private:
   struct Extras;

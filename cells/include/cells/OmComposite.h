@@ -20,7 +20,7 @@
 /// Thread safety: see OmCellText.
 class CELLS_EXPORT OmComposite : public OmCellText {
  public:
-  /// Makes a composite without parts, with its pattern and parts on the default heap.
+  /// Makes a composite without parts.
   /// @throws std::bad_alloc.
   explicit OmComposite(std::string const& pattern);
 
@@ -47,13 +47,13 @@ class CELLS_EXPORT OmComposite : public OmCellText {
   OmVectorTree<OmCellText*>& Parts() { return parts_; }
   OmVectorTree<OmCellText*> const& Parts() const { return parts_; }
 
-  /// Appends a copy of `part`, made in the region that the composite was cloned to, or else on the
-  /// default heap.
+  /// Appends a copy of `part`, made in the region that the composite lies in, or else on the default
+  /// heap.
   /// @throws std::bad_alloc; nothing has changed then.
   void AddPart(OmCellText const& part);
 
  protected:
-  /// Copies everything into `region`, as Clone() does.
+  /// Copies everything into `region`, as Clone() does; null means where the copy lies.
   OmComposite(OmComposite const& other, OmMemoryRegion* region = nullptr);
 
  private:

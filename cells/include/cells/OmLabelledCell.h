@@ -8,9 +8,6 @@
 
 /// What the kinds that have both a value (or name) and a label have in common.
 ///
-/// A clone keeps its texts in the region that it lives in; any other cell keeps them on the default
-/// heap.
-///
 /// Thread safety: see OmCellText.
 class CELLS_EXPORT OmLabelledCell : public OmCellText {
  public:
@@ -34,11 +31,11 @@ class CELLS_EXPORT OmLabelledCell : public OmCellText {
   }
 
  protected:
-  /// Compare() by label alone.
-  short CompareLabels(OmLabelledCell const& other, bool ignoreCase) const;
-
   explicit OmLabelledCell(std::string const& label);
   OmLabelledCell(OmLabelledCell const& other, OmMemoryRegion* region);
+
+  /// Compare() by label alone.
+  short CompareLabels(OmLabelledCell const& other, bool ignoreCase) const;
 
   /// The value or name as text.
   virtual std::string ValueText() const = 0;

@@ -57,6 +57,10 @@ class CELLS_EXPORT OmMemoryRegion {
   /// The region that `block` came from. Requires: as Release(), and `block` is not null.
   static OmMemoryRegion* OwnerOf(void const* block);
 
+  /// The region whose memory `address` lies in; null when it lies in none, as on the stack, or more
+  /// than 64 KiB into a block that stands alone. Constant time.
+  static OmMemoryRegion* Holder(void const* address);
+
   /// The region that serves wherever a null region is given. Shared; exists until the process ends.
   static OmMemoryRegion* DefaultHeap();
 

@@ -8,9 +8,6 @@
 
 /// What the two kinds of plain texts have in common: one text, kept as the bytes that were given.
 ///
-/// A clone keeps its bytes in the region that it lives in; any other cell keeps them on the default
-/// heap.
-///
 /// Thread safety: see OmCellText.
 class CELLS_EXPORT OmPlainText : public OmCellText {
  public:
