@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <iterator>
 #include <list>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -81,11 +82,23 @@ class ListTree {
       return next.AtEnd() || next.depth == depth ? next : End();
     }
 
-    /// Appends a last child and returns its handle.
-    /// @throws std::bad_alloc; the tree is then unchanged and what `value` points at still the
-    ///         caller's.
+    /// Appends a last child and returns its handle. At the end position nothing is appended and
+    /// the handle comes back. What `value` points at belongs to the tree once it is appended, and
+    /// is the caller's until then.
+    /// @throws std::bad_alloc; nothing is appended then.
     Node AppendChild(T value) const {
-      return tree == nullptr ? *this : tree->InsertBelow(*this, std::move(value));
+      return AtEnd() ? *this : tree->InsertBelow(*this, std::move(value));
+    }
+
+    /// As AppendChild(), for trees of pointers: `item` gives up what it owns once that is appended,
+    /// and keeps it otherwise.
+    template <class Item>
+    Node AppendChild(std::unique_ptr<Item>&& item) const {
+      Node const child = AppendChild(item.get());
+      if (child != *this) {
+        static_cast<void>(item.release());
+      }
+      return child;
     }
 
    private:
@@ -105,8 +118,9 @@ class ListTree {
   /// The number of elements, at all levels.
   std::size_t size() const { return list_.size(); }
 
-  /// Appends an element at root level and returns its handle; constant time.
-  /// @throws as Node::AppendChild().
+  /// Appends an element at root level and returns its handle; constant time. What `value` points at
+  /// belongs to the tree once it is appended, and is the caller's until then.
+  /// @throws std::bad_alloc; nothing is appended then.
   Node Append(T value) { return InsertAtEnd(std::move(value), 0); }
 
   /// Moves everything below an element of this tree up by one level: starting behind it, lowers the
@@ -171,10 +185,10 @@ class ListTree {
 
   Node InsertBelow(Node const& node, T value) {
     int const depth = node.depth + 1;
-    Position const before = node.AtEnd() ? list_.end() : SubtreeEndOf(node);
+    Position const before = SubtreeEndOf(node);
     if (before == list_.end()) {
       Node const child = InsertAtEnd(std::move(value), depth);
-      if (!node.AtEnd() && node.depth >= 0 && node.depth == node.position->depth) {
+      if (node.depth >= 0 && node.depth == node.position->depth) {
         tail_[static_cast<std::size_t>(node.depth)] = node.position;
       }
       return child;
@@ -236,7 +250,10 @@ class LAKRESVOS_EXPORT OmOutputTree : public ListTree<OmOutputPart*> {
 /// label and `text`; the handle of the first of these is returned, and `label` is not used and may
 /// be null.
 ///
-/// At the end position nothing happens and the handle comes back.
+/// `label` and `text` may belong to what goes. At the end position nothing happens and the handle
+/// comes back.
+/// @throws std::bad_alloc, or what copying the label throws; the subtree of an item that is kept has
+///         gone all the same, and a deeper item is unchanged.
 LAKRESVOS_EXPORT ListTree<OmOutputPart*>::Node Amputate(ListTree<OmOutputPart*>::Node node,
                                                         OmCellText const* label,
                                                         std::string const& text);

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 #include <iterator>
+#include <memory>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include <lakresvos/OmOutputTree.h>
@@ -125,7 +127,35 @@ TEST(ListTree, AHandleWithoutATreeIsAtEnd) {
   EXPECT_TRUE(node.SubtreeEnd().AtEnd());
   EXPECT_TRUE(node.FirstChild().AtEnd());
   EXPECT_TRUE(node.NextSibling().AtEnd());
-  EXPECT_TRUE(node.AppendChild(1).AtEnd());
+}
+
+TEST_F(ListTreeTest, AnEmptyHandleTakesNoChild) {
+  std::string const before = Listing(tree_);
+  EXPECT_TRUE(Node().AppendChild(9).AtEnd());
+  EXPECT_EQ(tree_.end().AppendChild(9), tree_.end());
+  EXPECT_EQ(At(6).FirstChild().AppendChild(9), tree_.end());
+  EXPECT_EQ(Listing(tree_), before);
+}
+
+TEST(ListTree, AnOwnerGivesUpWhatIsAppendedAndNothingElse) {
+  struct Pointers : ListTree<int*> {
+  } tree;
+  auto owner = std::make_unique<int>(5);
+  int* const item = owner.get();
+  EXPECT_TRUE(ListTree<int*>::Node().AppendChild(std::move(owner)).AtEnd());
+  EXPECT_TRUE(tree.end().AppendChild(std::move(owner)).AtEnd());
+  EXPECT_EQ(owner.get(), item);
+  EXPECT_TRUE(tree.empty());
+  ListTree<int*>::Node const root = tree.Append(nullptr);
+  std::size_t const failures = FailEveryAllocation([&] { root.AppendChild(std::move(owner)); },
+                                                   [&] {
+                                                     EXPECT_EQ(owner.get(), item);
+                                                     EXPECT_EQ(tree.size(), 1U);
+                                                   });
+  EXPECT_GE(failures, 2U);
+  EXPECT_EQ(owner, nullptr);
+  ASSERT_EQ(root.FirstChild().Value(), item);
+  delete item;
 }
 
 // Structure
