@@ -23,47 +23,30 @@ std::unique_ptr<OmTextBlock> MakeTextBlock(OmCellText const* label, std::string 
                           : std::make_unique<OmTextBlock>(OmStringCell("", false), text);
 }
 
-/// Hands `block` over to the tree as the last child of `node`. The element comes first, for making
-/// it may fail.
-PartTree::Node AppendBlock(PartTree::Node const& node, std::unique_ptr<OmTextBlock>&& block) {
-  PartTree::Node const child = node.AppendChild(nullptr);
-  child.position->value = block.release();
-  return child;
-}
-
-/// Whether `label` or `text` belongs to an item below `node`, and would go with it.
-bool BelongsBelow(PartTree::Node node, OmCellText const* label, std::string const& text) {
-  PartTree::Node const end = node.SubtreeEnd();
-  while (++node != end) {
-    OmOutputPart const* const part = node.Value();
-    auto const* const block = dynamic_cast<OmTextBlock const*>(part);
-    if ((part != nullptr && label != nullptr && part->Label() == label) ||
-        (block != nullptr && &block->Text() == &text)) {
-      return true;
-    }
-  }
-  return false;
-}
-
-PartTree::Node ReplaceContent(PartTree::Node node, OmCellText const* label,
-                              std::string const& text) {
-  std::unique_ptr<OmTextBlock> block;
-  if (BelongsBelow(node, label, text)) {
-    block = MakeTextBlock(label, text);
-  }
-  OmOutputTree& tree = static_cast<OmOutputTree&>(*node.tree);
+void PruneChildren(PartTree::Node const& node) {
+  auto& tree = static_cast<OmOutputTree&>(*node.tree);
   for (PartTree::Node child = node.FirstChild(); !child.AtEnd(); child = node.FirstChild()) {
     tree.Prune(child);
   }
-  if (block == nullptr) {
+}
+
+PartTree::Node ReplaceContent(PartTree::Node const& node, OmCellText const* label,
+                              std::string const& text) {
+  // The block comes first: its label and its text may belong to what goes.
+  std::unique_ptr<OmTextBlock> block;
+  try {
     block = MakeTextBlock(label, text);
+  } catch (...) {
+    PruneChildren(node);
+    throw;
   }
-  return AppendBlock(node, std::move(block));
+  PruneChildren(node);
+  return node.AppendChild(std::move(block));
 }
 
 PartTree::Node ReplaceItem(PartTree::Node node, std::string const& text) {
   OmOutputPart const* const part = node.Value();
-  AppendBlock(node, MakeTextBlock(part != nullptr ? part->Label() : nullptr, text));
+  node.AppendChild(MakeTextBlock(part != nullptr ? part->Label() : nullptr, text));
   DeletePart(node);
   PartTree& tree = *node.tree;
   tree.PromoteDescendants(node);
