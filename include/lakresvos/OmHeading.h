@@ -43,10 +43,11 @@ class LAKRESVOS_EXPORT OmProcedure : public OmHeading {
   ~OmProcedure() override;
   void Accept(Visitor& visitor) override;
 
-  /// Replaces the outline text and then the label. The present label may be passed.
-  /// Requires: `label` is not a part of the present label.
+  /// Replaces the outline text and then the label. The present label, or a part of it, may be
+  /// passed.
   /// @throws whatever the label's GetText throws, with nothing changed, or its Clone, with the item
-  ///         left without a label: the old one is deleted before the new one is copied.
+  ///         left without a label: the old one is deleted before the new one is copied. Only a
+  ///         label that belongs to the old one is copied first, and nothing changes when that fails.
   void setOutlineText(OmCellText const& label);
 
   /// The label rendered as text.

@@ -5,6 +5,8 @@
 #include <type_traits>
 #include <vector>
 
+#include <cells/OmComposite.h>
+#include <cells/OmStringCell.h>
 #include <lakresvos/OmHeading.h>
 
 #include "support/FailingNew.h"
@@ -132,6 +134,54 @@ TEST_F(OmProcedureTest, SettingTheOutlineTextToItsOwnLabelIsSafe) {
   EXPECT_EQ(procedure.OutlineText(), "label");
   EXPECT_EQ(procedure.Label()->GetText(), "label");
   EXPECT_EQ(SpyCell::Live(), 1);
+}
+
+TEST_F(OmProcedureTest, SettingTheOutlineTextToAPartOfItsOwnLabelIsSafe) {
+  OmComposite inner("{0}");
+  inner.AddPart(SpyCell(std::string(100, 'x')));
+  OmComposite label("a {0}");
+  label.AddPart(inner);
+  OmProcedure procedure(label, "", "", "");
+  auto const partOf = [](OmCellText const& cell) -> OmCellText const& {
+    return *dynamic_cast<OmComposite const&>(cell).Parts().Root().Child(0).Value();
+  };
+  procedure.setOutlineText(partOf(partOf(*procedure.Label())));
+  EXPECT_EQ(procedure.OutlineText(), std::string(100, 'x'));
+  EXPECT_EQ(procedure.Label()->GetText(), std::string(100, 'x'));
+  EXPECT_EQ(SpyCell::Live(), 3) << "the two that labels were made of and the new label";
+}
+
+TEST_F(OmProcedureTest, APartBelowAPartAndTheRootsOwnCellBelongToTheLabelToo) {
+  for (bool const root : {true, false}) {
+    OmComposite label("{0}");
+    label.AddPart(OmStringCell("part"));
+    auto* const cell = new SpyCell("below");
+    if (root) {
+      label.Parts().Root().Value() = cell;
+    } else {
+      OmVectorTree<OmCellText*>::AppendChild(label.Parts().Root().Child(0), cell);
+    }
+    OmProcedure procedure(label, "", "", "");
+    auto const parts = dynamic_cast<OmComposite const&>(*procedure.Label()).Parts().Root();
+    procedure.setOutlineText(root ? *parts.Value() : *parts.Child(0).Child(0).Value());
+    EXPECT_EQ(procedure.Label()->GetText(), "below");
+  }
+}
+
+TEST_F(OmProcedureTest, APartOfItsOwnLabelThatCannotBeCopiedChangesNothing) {
+  OmComposite label("a {0}");
+  label.AddPart(SpyCell("part"));
+  OmProcedure procedure(label, "", "", "");
+  auto const set = [&] {
+    auto const& own = dynamic_cast<OmComposite const&>(*procedure.Label());
+    procedure.setOutlineText(*own.Parts().Root().Child(0).Value());
+  };
+  auto const unchanged = [&] {
+    EXPECT_EQ(procedure.OutlineText(), "a part");
+    EXPECT_EQ(procedure.Label()->GetText(), "a part");
+  };
+  EXPECT_EQ(FailEveryCall(SpyCell::Operation::Clone, set, unchanged), 1U);
+  EXPECT_EQ(procedure.OutlineText(), "part");
 }
 
 TEST_F(OmProcedureTest, AnOutlineTextThatCannotBeRenderedChangesNothing) {

@@ -1,6 +1,33 @@
 #include <memory>
+#include <utility>
+#include <vector>
 
+#include <cells/OmComposite.h>
 #include <lakresvos/OmHeading.h>
+#include <lakresvos/OmVectorTreeWalk.h>
+
+namespace {
+
+/// Whether `cell` is `whole` itself or one of its parts, at any depth.
+bool BelongsTo(OmCellText const* whole, OmCellText const& cell) {
+  std::vector<OmCellText const*> pending{whole};
+  while (!pending.empty()) {
+    OmCellText const* const candidate = pending.back();
+    pending.pop_back();
+    if (candidate == &cell) {
+      return true;
+    }
+    if (auto const* const composite = dynamic_cast<OmComposite const*>(candidate)) {
+      OmVectorTreeWalk walk(composite->Parts().Root());
+      while (walk.Next()) {
+        pending.push_back(walk.Current().Value());
+      }
+    }
+  }
+  return false;
+}
+
+}  // namespace
 
 OmHeading::OmHeading(OmCellText const& label)
     : OmOutputPart(label), records_(new OmVector<HeadingRecord>()) {}
@@ -33,11 +60,12 @@ void OmProcedure::Accept(Visitor& visitor) {
 }
 
 void OmProcedure::setOutlineText(OmCellText const& label) {
-  outlineText_ = label.GetText();
+  std::string text = label.GetText();
   std::unique_ptr<OmCellText> own;
-  if (&label == Label()) {
+  if (BelongsTo(Label(), label)) {
     own.reset(label.Clone(nullptr));
   }
+  outlineText_ = std::move(text);
   AdoptLabel(nullptr);
   AdoptLabel(own != nullptr ? own.release() : label.Clone(nullptr));
 }
