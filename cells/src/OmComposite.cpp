@@ -111,18 +111,20 @@ void OmComposite::CloneParts(OmComposite const& other, OmMemoryRegion* region) {
   }
 }
 
-std::string OmComposite::GetText() const {
+template <class Take>
+void OmComposite::EachPiece(Take take) const {
   struct Frame {
     OmComposite const* composite;
     std::size_t position;
   };
-  std::string text;
   std::vector<Frame> open{{this, 0}};
   while (!open.empty()) {
     auto& [composite, position] = open.back();
     std::string_view const pattern = composite->pattern_.View();
     auto const mark = FindMark(pattern, position, composite->parts_.Root());
-    text.append(pattern.substr(position, mark ? mark->begin - position : std::string_view::npos));
+    if (!take(pattern.substr(position, mark ? mark->begin - position : std::string_view::npos))) {
+      return;
+    }
     if (!mark) {
       open.pop_back();
       continue;
@@ -130,11 +132,28 @@ std::string OmComposite::GetText() const {
     position = mark->end;
     if (OmComposite const* inner = PlainComposite(mark->part)) {
       open.push_back({inner, 0});
-    } else {
-      text.append(mark->part->GetText());
+    } else if (!take(mark->part->GetText())) {
+      return;
     }
   }
+}
+
+std::string OmComposite::GetText() const {
+  std::string text;
+  EachPiece([&text](std::string_view piece) {
+    text.append(piece);
+    return true;
+  });
   return text;
+}
+
+std::size_t OmComposite::TextCost(std::size_t limit) const {
+  std::size_t cost = 0;
+  EachPiece([&cost, limit](std::string_view piece) {
+    cost += piece.size() + 1;
+    return cost <= limit;
+  });
+  return cost;
 }
 
 long OmComposite::GetKind() const {

@@ -133,6 +133,23 @@ TEST(OmComposite, AKindDerivedFromItIsClonedAndRenderedThroughItsOwnOperations) 
 
 constexpr int kDeep = 100000;
 
+TEST(OmComposite, TheCostOfATextCountsItsBytesAndItsPieces) {
+  OmComposite composite("<{0}{0}>");
+  composite.AddPart(OmStringCell("ab"));
+  EXPECT_EQ(composite.TextCost(1000), composite.GetText().size() + 5);
+  EXPECT_EQ(composite.TextCost(0), 2U);
+}
+
+TEST(OmComposite, TheCostOfNestedPatternsIsFoundWithoutMakingTheText) {
+  auto nested = std::make_unique<OmComposite>("{0}{0}");
+  for (int i = 0; i < 60; ++i) {
+    auto around = std::make_unique<OmComposite>("{0}{0}");
+    around->AddPart(*nested);
+    nested = std::move(around);
+  }
+  EXPECT_GT(nested->TextCost(1000000), 1000000U);
+}
+
 TEST(OmComposite, PartsAHundredThousandLevelsDeepNeedNoDeepStack) {
   OmComposite composite("{0}");
   PartTree::Node node = composite.Parts().Root();

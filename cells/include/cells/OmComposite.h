@@ -1,6 +1,7 @@
 #ifndef CELLS_OMCOMPOSITE_H
 #define CELLS_OMCOMPOSITE_H
 
+#include <cstddef>
 #include <string>
 
 #include <cells/OmCellBytes.h>
@@ -37,6 +38,13 @@ class CELLS_EXPORT OmComposite : public OmCellText {
   void UseTracker(icuTracker* tracker) override;
   icuTracker* GetTracker() const override;
 
+  /// How much making the text takes: its bytes and one for each piece that it is put together of,
+  /// so that pieces without a text count too. Nested patterns can ask for more than there is memory
+  /// for in few bytes.
+  /// @param limit where to stop counting: what is more is cut to little more than that.
+  /// @throws std::bad_alloc.
+  std::size_t TextCost(std::size_t limit) const;
+
   /// The pattern.
   std::string Pattern() const { return pattern_.Text(); }
 
@@ -64,6 +72,10 @@ class CELLS_EXPORT OmComposite : public OmCellText {
   OmComposite(OmComposite const& other, OmMemoryRegion* region, WithoutParts);
 
   void CloneParts(OmComposite const& other, OmMemoryRegion* region);
+
+  /// Hands the pieces of the text over one by one until `take` has enough and gives false.
+  template <class Take>
+  void EachPiece(Take take) const;
 
   OmCellBytes pattern_;
   PartTree parts_;
