@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <malloc.h>
 
 #include <cells/OmMemoryRegion.h>
 
@@ -14,6 +15,14 @@ struct Countdown {
 };
 
 thread_local Countdown countdown;
+
+struct Meter {
+  bool running = false;
+  long long held = 0;
+  long long peak = 0;
+};
+
+thread_local Meter meter;
 
 bool Refused() {
   if (!countdown.running) {
@@ -39,7 +48,19 @@ void* Supply(std::size_t size, std::size_t alignment) noexcept {
   }
   std::size_t const rounded =
       (std::max<std::size_t>(size, 1) + alignment - 1) / alignment * alignment;
-  return std::aligned_alloc(alignment, rounded);
+  void* const block = std::aligned_alloc(alignment, rounded);
+  if (meter.running) {
+    meter.held += static_cast<long long>(malloc_usable_size(block));
+    meter.peak = std::max(meter.peak, meter.held);
+  }
+  return block;
+}
+
+void TakeBack(void* block) noexcept {
+  if (meter.running) {
+    meter.held -= static_cast<long long>(malloc_usable_size(block));
+  }
+  std::free(block);
 }
 
 void* SupplyOrThrow(std::size_t size, std::size_t alignment) {
@@ -61,6 +82,18 @@ FailAfter::FailAfter(std::size_t n, Mode mode) {
 FailAfter::~FailAfter() {
   countdown.running = false;
   OmMemoryRegion::setAllocationProbe(nullptr);
+}
+
+MemoryMeter::MemoryMeter() {
+  meter = {true, 0, 0};
+}
+
+MemoryMeter::~MemoryMeter() {
+  meter.running = false;
+}
+
+std::size_t MemoryMeter::Peak() const {
+  return static_cast<std::size_t>(meter.peak);
 }
 
 void* operator new(std::size_t n) {
@@ -88,38 +121,38 @@ void* operator new[](std::size_t n, std::align_val_t a, std::nothrow_t const&) n
   return Supply(n, static_cast<std::size_t>(a));
 }
 void operator delete(void* block) noexcept {
-  std::free(block);
+  TakeBack(block);
 }
 void operator delete[](void* block) noexcept {
-  std::free(block);
+  TakeBack(block);
 }
 void operator delete(void* block, std::size_t) noexcept {
-  std::free(block);
+  TakeBack(block);
 }
 void operator delete[](void* block, std::size_t) noexcept {
-  std::free(block);
+  TakeBack(block);
 }
 void operator delete(void* block, std::align_val_t) noexcept {
-  std::free(block);
+  TakeBack(block);
 }
 void operator delete[](void* block, std::align_val_t) noexcept {
-  std::free(block);
+  TakeBack(block);
 }
 void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
-  std::free(block);
+  TakeBack(block);
 }
 void operator delete[](void* block, std::size_t, std::align_val_t) noexcept {
-  std::free(block);
+  TakeBack(block);
 }
 void operator delete(void* block, std::nothrow_t const&) noexcept {
-  std::free(block);
+  TakeBack(block);
 }
 void operator delete[](void* block, std::nothrow_t const&) noexcept {
-  std::free(block);
+  TakeBack(block);
 }
 void operator delete(void* block, std::align_val_t, std::nothrow_t const&) noexcept {
-  std::free(block);
+  TakeBack(block);
 }
 void operator delete[](void* block, std::align_val_t, std::nothrow_t const&) noexcept {
-  std::free(block);
+  TakeBack(block);
 }

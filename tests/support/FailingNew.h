@@ -21,6 +21,22 @@ class FailAfter {
   FailAfter& operator=(FailAfter const&) = delete;
 };
 
+/// Measures what the global operator new gives out while it exists, which regions are filled by too.
+/// Memory of other threads is left out.
+///
+/// One exists at a time.
+class MemoryMeter {
+ public:
+  MemoryMeter();
+  ~MemoryMeter();
+
+  MemoryMeter(MemoryMeter const&) = delete;
+  MemoryMeter& operator=(MemoryMeter const&) = delete;
+
+  /// The most bytes that were held at one time, beyond those held at the beginning.
+  std::size_t Peak() const;
+};
+
 /// Runs `attempt` with its first allocation failing, then with its second, ... until it succeeds,
 /// in both modes, and calls `check` after every failure. Returns the number of failures.
 /// @param attempt makes all of its changes or throws std::bad_alloc; is run once in the end.
