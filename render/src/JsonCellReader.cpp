@@ -17,6 +17,9 @@ namespace {
 
 using OwnedCell = std::unique_ptr<OmCellText>;
 
+/// What a byte of a composite's text costs: it is measured, cleaned, escaped and shown repeatedly.
+constexpr double kComposedByte = 64;
+
 OmLabelDisplay Display(JsonValue const& value) {
   return static_cast<OmLabelDisplay>(value.Choice(kDisplayNames));
 }
@@ -160,6 +163,8 @@ OwnedCell ReadCellFields(JsonObject& object) {
       JsonObject fields(part);
       builder.Add(fields);
     }
+    auto const affordable = static_cast<std::size_t>(object.Value().Affordable() / kComposedByte);
+    parts->Take(kComposedByte * static_cast<double>(composite->TextCost(affordable)));
   }
   return cell;
 }

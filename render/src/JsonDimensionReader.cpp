@@ -1,6 +1,5 @@
 #include "JsonDimensionReader.h"
 
-#include <algorithm>
 #include <climits>
 #include <cstddef>
 #include <cstdint>
@@ -42,7 +41,16 @@ bool SameContext(OmCellText const* label, OmCellText const* above) {
 /// Reads the nodes of a dimension one by one, in preorder.
 class NodeBuilder {
  public:
-  explicit NodeBuilder(OmDimension& dimension) : dimension_(dimension) {}
+  /// @param nodes how many there are.
+  NodeBuilder(OmDimension& dimension, std::size_t nodes) : dimension_(dimension), places_(nodes) {}
+
+  /// Makes room for so many subscripts.
+  void Extend(std::uint64_t places, JsonValue const& value) {
+    if (places > places_) {
+      value.Take(kSkippedSubscript * static_cast<double>(places - places_));
+      places_ = places;
+    }
+  }
 
   void Add(JsonValue const& value) {
     JsonObject object(value);
@@ -58,9 +66,6 @@ class NodeBuilder {
     }
     object.Finish();
   }
-
-  /// How many subscripts the nodes make room for.
-  std::uint64_t Places() const { return places_; }
 
  private:
   struct Level {
@@ -109,9 +114,12 @@ class NodeBuilder {
     if (std::unique_ptr<OmCellText> const label = ReadCell(object, "label")) {
       node.label = label->Clone(dimension_.children.region);
     }
-    node.subscript = ReadInteger(object, "subscript", node.subscript);
-    if (node.subscript <= INT_MAX) {
-      places_ = std::max<std::uint64_t>(places_, node.subscript + 1);
+    if (std::optional<JsonValue> const subscript = object.Find("subscript")) {
+      node.subscript = subscript->Integer<unsigned long>();
+      // Where a table is laid out, the low 32 bits are what counts.
+      if (auto const low = static_cast<unsigned int>(node.subscript); low <= INT_MAX) {
+        Extend(std::uint64_t{low} + 1, *subscript);
+      }
     }
     node.group = ReadFlag(object, "group");
     node.hide = ReadFlag(object, "hide");
@@ -126,16 +134,15 @@ class NodeBuilder {
 
   OmDimension& dimension_;
   std::size_t count_ = 0;
-  std::uint64_t places_ = 0;
+  std::uint64_t places_;  // the subscripts that there is room for
   std::vector<Level> path_;
 };
 
 }  // namespace
 
-void ReadDimension(JsonValue const& value, OmPivotTable& table, PlaceBudget& budget) {
+std::size_t ReadDimension(JsonValue const& value, OmPivotTable& table) {
   JsonObject object(value);
-  auto const size = object.At("size").Integer<unsigned int>();
-  budget.Take(size, value);
+  JsonValue const size = object.At("size");
   JsonValue const nodes = object.At("nodes");
   object.Finish();
   if (nodes.Count() == 0) {
@@ -143,12 +150,14 @@ void ReadDimension(JsonValue const& value, OmPivotTable& table, PlaceBudget& bud
   }
   OmDimension const empty(OmDimensionNode(nullptr), nullptr);
   OmDimension& dimension = table.AddDimension(empty);
-  SetSize(dimension, size);
-  NodeBuilder builder(dimension);
+  NodeBuilder builder(dimension, nodes.Count());
+  auto const places = size.Integer<unsigned int>();
+  builder.Extend(places, size);
+  SetSize(dimension, places);
   for (std::size_t i = 0; i < nodes.Count(); ++i) {
     builder.Add(nodes.Element(i));
   }
-  budget.Take(builder.Places(), nodes);
+  return nodes.Count();
 }
 
 }  // namespace lakresvos::render

@@ -1,16 +1,23 @@
 #ifndef LAKRESVOS_RENDER_JSONDIMENSIONREADER_H
 #define LAKRESVOS_RENDER_JSONDIMENSIONREADER_H
 
+#include <cstddef>
+
 #include <lakresvos/OmPivotTable.h>
 
 #include "JsonValue.h"
-#include "PlaceBudget.h"
 
 namespace lakresvos::render {
 
+/// What a subscript costs that is past the nodes of its dimension: in tables by subscript there is
+/// an entry for each that is left out. Subscripts below the number of nodes cost no more than the
+/// text that the nodes stand in.
+constexpr double kSkippedSubscript = 8;
+
 /// Adds the dimension that `value` describes.
+/// @return the number of its nodes.
 /// @throws JsonError; the dimension may then be there in part.
-void ReadDimension(JsonValue const& value, OmPivotTable& table, PlaceBudget& budget);
+std::size_t ReadDimension(JsonValue const& value, OmPivotTable& table);
 
 }  // namespace lakresvos::render
 

@@ -218,11 +218,11 @@ Item ReadInteractive(JsonObject& object) {
   return item;
 }
 
-Item ReadByType(JsonObject& object, PlaceBudget& budget) {
+Item ReadByType(JsonObject& object) {
   JsonValue const field = object.At("type");
   std::string const& type = field.Plain();
   if (type == kTableItem) {
-    return ReadTable(object, *NeedCell(object, "label"), budget);
+    return ReadTable(object, *NeedCell(object, "label"));
   }
   using Reader = Item (*)(JsonObject&);
   constexpr std::array<std::pair<std::string_view, Reader>, 8> kReaders = {{
@@ -245,8 +245,8 @@ Item ReadByType(JsonObject& object, PlaceBudget& budget) {
 
 }  // namespace
 
-Item ReadItem(JsonObject& object, PlaceBudget& budget) {
-  Item item = ReadByType(object, budget);
+Item ReadItem(JsonObject& object) {
+  Item item = ReadByType(object);
   ReadAttributes(object, *item, kPartAttributes);
   return item;
 }

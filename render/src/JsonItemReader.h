@@ -6,13 +6,12 @@
 #include <lakresvos/OmOutputPart.h>
 
 #include "JsonValue.h"
-#include "PlaceBudget.h"
 
 namespace lakresvos::render {
 
 /// Makes an item from the fields that an ItemWriter writes, all but its depth.
 /// @throws JsonError.
-std::unique_ptr<OmOutputPart> ReadItem(JsonObject& object, PlaceBudget& budget);
+std::unique_ptr<OmOutputPart> ReadItem(JsonObject& object);
 
 }  // namespace lakresvos::render
 

@@ -2,6 +2,7 @@
 #include <cstddef>
 #include <ios>
 #include <string>
+#include <utility>
 
 #include <lakresvos/render/JsonReader.h>
 
@@ -47,7 +48,7 @@ class TreeBuilder {
     JsonValue const field = object.At("depth");
     int const deepest = last_.AtEnd() ? 0 : last_.depth + 1;
     int const depth = field.Integer<int>(0, deepest);
-    std::unique_ptr<OmOutputPart> item = ReadItem(object, budget_);
+    std::unique_ptr<OmOutputPart> item = ReadItem(object);
     object.Finish();
     OmOutputTree::Node above = last_;
     above.depth = depth - 1;
@@ -58,7 +59,6 @@ class TreeBuilder {
  private:
   OmOutputTree& tree_;
   OmOutputTree::Node last_;
-  PlaceBudget budget_;
 };
 
 }  // namespace
@@ -69,8 +69,10 @@ JsonError::JsonError(std::string const& place, std::string const& problem)
 JsonError::~JsonError() = default;
 
 std::unique_ptr<OmOutputTree> ReadJson(std::istream& in) {
-  JsonData const data = ParseJson(ReadAll(in));
-  JsonValue const root(data);
+  std::string text = ReadAll(in);
+  ReadBudget budget(text.size());
+  JsonData const data = ParseJson(std::exchange(text, {}));
+  JsonValue const root(data, budget);
   JsonObject document(root);
   CheckFormat(document);
   JsonValue const parts = document.At("parts");

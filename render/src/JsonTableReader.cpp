@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -11,6 +10,7 @@
 #include "JsonCellReader.h"
 #include "JsonDimensionReader.h"
 #include "JsonNames.h"
+#include "TableCost.h"
 
 namespace lakresvos::render {
 
@@ -94,14 +94,17 @@ void ReadFootnotes(JsonObject& object, OmPivotTable& table) {
   }
 }
 
-void ReadDimensions(JsonObject& object, OmPivotTable& table, PlaceBudget& budget) {
+/// @return the number of nodes of each dimension.
+std::vector<std::size_t> ReadDimensions(JsonObject& object, OmPivotTable& table) {
+  std::vector<std::size_t> nodes;
   JsonValue const dimensions = object.At("dimensions");
   for (std::size_t i = 0; i < dimensions.Count(); ++i) {
-    ReadDimension(dimensions.Element(i), table, budget);
+    nodes.push_back(ReadDimension(dimensions.Element(i), table));
   }
   table.Rows().elements = ReadIntegers<short>(object, "rows");
   table.Columns().elements = ReadIntegers<short>(object, "columns");
   table.Layers().elements = ReadIntegers<short>(object, "layers");
+  return nodes;
 }
 
 /// The settings of the back end, if the table has any.
@@ -117,16 +120,18 @@ std::optional<BackendSettings> ReadBackend(JsonObject& object) {
   return settings;
 }
 
-/// Stores cells in the order of the store, and counts the places that it needs for them.
+/// Stores cells in the order of the store, and takes what the places cost that it needs for them.
 class CellBuilder {
  public:
-  CellBuilder(OmPivotTable& table, PlaceBudget& budget) : table_(table), budget_(budget) {}
+  /// @param nodes the number of nodes of each dimension.
+  CellBuilder(OmPivotTable& table, std::vector<std::size_t> nodes)
+      : table_(table), nodes_(std::move(nodes)) {}
 
   void Add(JsonValue const& value) {
     JsonObject object(value);
     JsonValue const subscripts = object.At("index");
     ReadIndex(subscripts);
-    Count(subscripts);
+    TakePlaces(subscripts);
     std::unique_ptr<OmCellText> const cell = ReadCellFields(object);
     object.Finish();
     table_.Cell(index_, *cell);
@@ -149,7 +154,7 @@ class CellBuilder {
 
   /// Each subscript from the slowest on that differs from the cell's before lengthens a list of the
   /// store, and starts new lists for those behind it.
-  void Count(JsonValue const& subscripts) {
+  void TakePlaces(JsonValue const& subscripts) {
     std::size_t level = index_.size();
     if (!before_.empty()) {
       while (level != 0 && index_[level - 1] == before_[level - 1]) {
@@ -159,23 +164,34 @@ class CellBuilder {
         subscripts.Fail("the cells are not in ascending order");
       }
       --level;
-      budget_.Take(static_cast<std::uint64_t>(index_[level] - before_[level]), subscripts);
+      TakeSkipped(level, before_[level] + 1LL, subscripts);
     }
     while (level != 0) {
       --level;
-      budget_.Take(static_cast<std::uint64_t>(index_[level]) + 1, subscripts);
+      TakeSkipped(level, 0, subscripts);
+    }
+  }
+
+  /// What a list costs that grows to the subscript.
+  /// @param length how long it is.
+  void TakeSkipped(std::size_t level, long long length, JsonValue const& subscripts) {
+    long long const skipped =
+        index_[level] - std::max(length, static_cast<long long>(nodes_[level]));
+    if (skipped > 0) {
+      subscripts.Take(kSkippedSubscript * static_cast<double>(skipped));
     }
   }
 
   OmPivotTable& table_;
-  PlaceBudget& budget_;
+  std::vector<std::size_t> nodes_;
   std::vector<int> index_;
   std::vector<int> before_;  // the cell's before; empty at first
 };
 
-void ReadCells(JsonObject& object, OmPivotTable& table, PlaceBudget& budget) {
+void ReadCells(JsonObject& object, OmPivotTable& table, std::vector<std::size_t> nodes) {
   JsonValue const cells = object.At("cells");
-  CellBuilder builder(table, budget);
+  object.Value().Take(ShownCost(table, cells.Count()));
+  CellBuilder builder(table, std::move(nodes));
   for (std::size_t i = 0; i < cells.Count(); ++i) {
     builder.Add(cells.Element(i));
   }
@@ -183,15 +199,14 @@ void ReadCells(JsonObject& object, OmPivotTable& table, PlaceBudget& budget) {
 
 }  // namespace
 
-std::unique_ptr<OmPivotTable> ReadTable(JsonObject& object, OmCellText const& label,
-                                        PlaceBudget& budget) {
+std::unique_ptr<OmPivotTable> ReadTable(JsonObject& object, OmCellText const& label) {
   std::unique_ptr<OmCellText> const name = NeedCell(object, "template");
   auto table = std::make_unique<OmPivotTable>(label, *name, ReadFlag(object, "hasSplits"));
   ReadMarks(object, *table);
   ReadAreas(object, *table);
   ReadStyles(object, *table);
   ReadFootnotes(object, *table);
-  ReadDimensions(object, *table, budget);
+  std::vector<std::size_t> nodes = ReadDimensions(object, *table);
   std::optional<BackendSettings> const backend = ReadBackend(object);
   if (backend) {
     // The texts that come from now on share storage, and the limit applies to later cells.
@@ -200,7 +215,7 @@ std::unique_ptr<OmPivotTable> ReadTable(JsonObject& object, OmCellText const& la
     table->setBackendSettings(unlimited);
   }
   ReadTexts(object, *table);
-  ReadCells(object, *table, budget);
+  ReadCells(object, *table, std::move(nodes));
   if (backend) {
     table->setBackendSettings(*backend);
   }

@@ -7,14 +7,12 @@
 #include <lakresvos/OmPivotTable.h>
 
 #include "JsonValue.h"
-#include "PlaceBudget.h"
 
 namespace lakresvos::render {
 
 /// Makes a table from the fields that WriteTableFields() writes.
 /// @throws JsonError.
-std::unique_ptr<OmPivotTable> ReadTable(JsonObject& object, OmCellText const& label,
-                                        PlaceBudget& budget);
+std::unique_ptr<OmPivotTable> ReadTable(JsonObject& object, OmCellText const& label);
 
 }  // namespace lakresvos::render
 

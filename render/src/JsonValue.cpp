@@ -13,6 +13,12 @@ void JsonValue::Fail(std::string const& problem) const {
   throw JsonError(Pointer(), problem);
 }
 
+void JsonValue::Take(double bytes) const {
+  if (!budget_->Take(bytes)) {
+    Fail("the document would take too much memory");
+  }
+}
+
 std::string JsonValue::Pointer() const {
   std::vector<JsonValue const*> path;
   for (JsonValue const* at = this; at->in_ != nullptr; at = at->in_) {

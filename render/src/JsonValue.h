@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "JsonText.h"
+#include "ReadBudget.h"
 
 namespace lakresvos::render {
 
@@ -20,13 +21,20 @@ namespace lakresvos::render {
 /// A value refers to the one that it is in, which must outlive it.
 class JsonValue {
  public:
-  explicit JsonValue(JsonData const& root) : data_(root.value) {}
+  /// @param budget what all values of the text may cost together; must outlive them.
+  JsonValue(JsonData const& root, ReadBudget& budget) : data_(root.value), budget_(&budget) {}
   JsonValue(JsonData const& data, JsonValue const& in, std::string_view name)
-      : data_(data.value), in_(&in), name_(name) {}
+      : data_(data.value), budget_(in.budget_), in_(&in), name_(name) {}
   JsonValue(JsonData const& data, JsonValue const& in, std::size_t position)
-      : data_(data.value), in_(&in), position_(position) {}
+      : data_(data.value), budget_(in.budget_), in_(&in), position_(position) {}
 
   [[noreturn]] void Fail(std::string const& problem) const;
+
+  /// Takes from the budget what it costs to do as the value says, or fails.
+  void Take(double bytes) const;
+
+  /// What is left of the budget.
+  double Affordable() const { return budget_->Left(); }
 
   bool Boolean() const;
   double Number() const;
@@ -89,6 +97,7 @@ class JsonValue {
 
  private:
   decltype(JsonData::value) const& data_;
+  ReadBudget* budget_;
   JsonValue const* in_ = nullptr;
   std::string_view name_;
   std::optional<std::size_t> position_;

@@ -211,6 +211,28 @@ TEST(JsonReader, RefusesPartsInTheWrongPlace) {
             path + "below: a part has one place only");
 }
 
+/// A composite of composites, each of which puts the next in twice, around a text.
+std::string NestedPatterns(int levels, std::string const& text) {
+  std::string parts;
+  for (int i = 0; i < levels; ++i) {
+    parts +=
+        (i != 0 ? R"({"in":)" + std::to_string(i - 1) + "," : "{") + R"("composite":"{0}{0}"},)";
+  }
+  return R"({"composite":"{0}{0}","parts":[)" + parts + R"({"in":)" + std::to_string(levels - 1) +
+         R"(,"text":")" + text + "\"}]}";
+}
+
+TEST(JsonReader, RefusesNestedPatternsThatMakeALongText) {
+  EXPECT_EQ(ErrorOf(TextBlock(NestedPatterns(8, "abcdef"))), "no error");
+  EXPECT_EQ(ErrorOf(TextBlock(NestedPatterns(26, "abcdef"))),
+            "/parts/0/label/parts: the document would take too much memory");
+}
+
+TEST(JsonReader, RefusesNestedPatternsThatMakeAnEmptyTextOfManyPieces) {
+  EXPECT_EQ(ErrorOf(TextBlock(NestedPatterns(60, ""))),
+            "/parts/0/label/parts: the document would take too much memory");
+}
+
 TEST(JsonReader, RefusesAMapThatIsNotFourTexts) {
   std::string const start =
       R"({"depth":0,"type":"chart","id":1,"label":{"text":""},"map":["","",""])";
@@ -291,14 +313,80 @@ TEST(JsonReader, RefusesManySubscriptsThatTakeTooMuchMemoryTogether) {
   EXPECT_EQ(ErrorOf(Document(R"({"depth":0,"type":"table","label":{"text":""},"template":)"
                              R"({"text":""},"dimensions":[)" +
                              dimension + "," + dimension + R"(],"cells":[)" + cells + "]}")),
-            "/parts/0/cells/14/index: the document would take too much memory");
+            "/parts/0/cells/0/index: the document would take too much memory");
 }
 
 TEST(JsonReader, RefusesDimensionsThatAreTooLarge) {
   EXPECT_EQ(ErrorOf(Table1(kNodes, "", "", "4294967295")),
-            "/parts/0/dimensions/0: the document would take too much memory");
+            "/parts/0/dimensions/0/size: the document would take too much memory");
   EXPECT_EQ(ErrorOf(Table1(R"({"id":0},{"id":1,"parent":0,"subscript":2000000000})")),
-            "/parts/0/dimensions/0/nodes: the document would take too much memory");
+            "/parts/0/dimensions/0/nodes/1/subscript: the document would take too much memory");
+}
+
+TEST(JsonReader, RefusesASubscriptWhoseLowBitsTakeTooMuchMemory) {
+  EXPECT_EQ(ErrorOf(Table1(R"({"id":0},{"id":1,"parent":0,"subscript":6442450943})")),
+            "/parts/0/dimensions/0/nodes/1/subscript: the document would take too much memory");
+}
+
+TEST(JsonReader, TakesALargeSubscriptInAShortText) {
+  std::string const large = "1000000";
+  std::unique_ptr<OmOutputTree> const tree =
+      Read(Table1(R"({"id":0},{"id":1,"parent":0,"subscript":)" + large + "}",
+                  R"({"index":[)" + large + R"(],"number":1})", "", "1000001"));
+  EXPECT_NE(dynamic_cast<OmPivotTable&>(*tree->begin().Value()).Cell({1000000}), nullptr);
+}
+
+TEST(JsonReader, RefusesAnAxisThatNamesADimensionAgainAndAgain) {
+  std::string nodes = kRoot;
+  std::string cells;
+  for (int i = 0; i < 100; ++i) {
+    std::string const number = std::to_string(i);
+    nodes += R"(,{"id":)" + std::to_string(i + 1) + R"(,"parent":0,"subscript":)" + number + "}";
+    cells += (i != 0 ? "," : "") + std::string(R"({"index":[)") + number + R"(],"number":1})";
+  }
+  std::string text = Table1(nodes, cells, "", "100");
+  std::string const once = R"("rows":[0])";
+  EXPECT_EQ(ErrorOf(text), "no error");
+  EXPECT_EQ(ErrorOf(text.replace(text.find(once), once.size(), R"("rows":[0,0,0,0])")),
+            "/parts/0: the document would take too much memory");
+}
+
+TEST(JsonReader, RefusesCategoriesThatShareSubscriptsInManyDimensions) {
+  std::string nodes = kRoot;
+  for (int i = 1; i <= 10; ++i) {
+    nodes += R"(,{"id":)" + std::to_string(i) + R"(,"parent":0,"subscript":0})";
+  }
+  std::string dimensions;
+  std::string numbers;
+  std::string index;
+  for (int d = 0; d < 10; ++d) {
+    std::string const comma = d != 0 ? "," : "";
+    dimensions += comma + R"({"size":10,"nodes":[)" + nodes + "]}";
+    numbers += comma + std::to_string(d);
+    index += comma + "0";
+  }
+  EXPECT_EQ(ErrorOf(Document(R"({"depth":0,"type":"table","label":{"text":""},"template":)"
+                             R"({"text":""},"dimensions":[)" +
+                             dimensions + R"(],"rows":[)" + numbers + R"(],"cells":[{"index":[)" +
+                             index + R"(],"number":1}]})")),
+            "/parts/0: the document would take too much memory");
+}
+
+TEST(JsonReader, ReadsBackATableWithItsCellsOnTheDiagonal) {
+  constexpr int kCategories = 16400;  // a list for each, of all subscripts up to its cell's
+  std::string text;
+  {
+    OmOutputTree tree;
+    auto& table = AppendItem<layout_tables::Table>(tree.begin());
+    table.AddFlat("A", kCategories);
+    table.AddFlat("B", kCategories);
+    table.Place({0}, {1});
+    for (int i = 0; i < kCategories; ++i) {
+      table.Cell({i, i}, OmNumber(i));
+    }
+    text = Written(tree);
+  }
+  EXPECT_TRUE(Written(*Read(text)) == text);
 }
 
 TEST(JsonReader, RefusesCellsThatAreNotInOrder) {
