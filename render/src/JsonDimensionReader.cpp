@@ -11,6 +11,7 @@
 
 #include "JsonAttributeReader.h"
 #include "JsonCellReader.h"
+#include "JsonNames.h"
 
 namespace lakresvos::render {
 
@@ -36,6 +37,14 @@ void SetSize(OmDimension& dimension, unsigned int size) {
 bool SameContext(OmCellText const* label, OmCellText const* above) {
   return label != nullptr && above != nullptr && label->hasContext() && above->hasContext() &&
          label->ContextDisplay() == above->ContextDisplay();
+}
+
+/// What a node says of its subscript.
+unsigned long SubscriptIn(JsonValue const& value) {
+  if (value.IsNull()) {
+    return OmDimensionNode().subscript;
+  }
+  return value.Is(kRemovedSubscript) ? kRemoved : value.Integer<unsigned long>();
 }
 
 /// Reads the nodes of a dimension one by one, in preorder.
@@ -115,7 +124,7 @@ class NodeBuilder {
       node.label = label->Clone(dimension_.children.region);
     }
     if (std::optional<JsonValue> const subscript = object.Find("subscript")) {
-      node.subscript = subscript->Integer<unsigned long>();
+      node.subscript = SubscriptIn(*subscript);
       // Where a table is laid out, the low 32 bits are what counts.
       if (auto const low = static_cast<unsigned int>(node.subscript); low <= INT_MAX) {
         Extend(std::uint64_t{low} + 1, *subscript);

@@ -3,7 +3,9 @@
 
 #include <array>
 #include <cstddef>
+#include <limits>
 #include <string_view>
+#include <utility>
 
 #include <cells/OmLabelDisplay.h>
 
@@ -23,6 +25,17 @@ constexpr std::string_view kChartItem = "chart";
 constexpr std::string_view kAnswerTreeItem = "answerTree";
 constexpr std::string_view kModelItem = "model";
 constexpr std::string_view kInteractiveItem = "interactive";
+
+/// The subscript of a group that was dissolved, which stands for no position.
+constexpr std::string_view kRemovedSubscript = "removed";
+constexpr auto kRemoved = static_cast<unsigned long>(-2);
+
+/// Whether every reader of JSON reads the number as it is, although many keep numbers as doubles.
+template <class Integer>
+constexpr bool IsExactInDouble(Integer value) {
+  constexpr long long kMost = 1LL << std::numeric_limits<double>::digits;
+  return std::cmp_less_equal(value, kMost) && std::cmp_greater_equal(value, -kMost);
+}
 
 /// The values of OmLabelDisplay, in order.
 constexpr std::array<std::string_view, 3> kDisplayNames = {"value", "label", "both"};

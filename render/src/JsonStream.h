@@ -7,6 +7,7 @@
 #include <type_traits>
 #include <vector>
 
+#include "JsonNames.h"
 #include "NumberText.h"
 #include "OutputBuffer.h"
 
@@ -32,12 +33,16 @@ class JsonStream {
   void Boolean(bool value) { Raw(value ? "true" : "false"); }
   void Null() { Raw("null"); }
 
+  /// A number. A whole one that a double may not hold exactly, as other readers take all numbers, is
+  /// written as a text of its digits.
   template <class Value>
   void Number(Value value) {
     if constexpr (std::is_floating_point_v<Value>) {
       Floating(value);
-    } else {
+    } else if (IsExactInDouble(value)) {
       Raw(std::to_string(value));
+    } else {
+      Raw('"' + std::to_string(value) + '"');
     }
   }
 

@@ -27,7 +27,11 @@ void WriteNode(JsonStream& json, OmDimension::ConstNode node) {
   static OmDimensionNode const initial;
   OmDimensionNode const& value = node.Value();
   WriteCell(json, "label", value.label);
-  WriteNumber(json, "subscript", value.subscript, initial.subscript);
+  if (value.subscript == kRemoved) {
+    json.Name("subscript").Text(kRemovedSubscript);
+  } else {
+    WriteNumber(json, "subscript", value.subscript, initial.subscript);
+  }
   WriteFlag(json, "group", value.group);
   WriteFlag(json, "hide", value.hide);
   WriteFlag(json, "hideLabels", value.hideLabels);

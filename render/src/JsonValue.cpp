@@ -75,6 +75,11 @@ std::string const& JsonValue::Plain() const {
   Fail("there should be a text");
 }
 
+bool JsonValue::Is(std::string_view text) const {
+  auto const* const own = std::get_if<std::string>(&data_);
+  return own != nullptr && *own == text;
+}
+
 std::string JsonValue::Text() const {
   if (!std::holds_alternative<JsonData::Object>(data_)) {
     return Plain();

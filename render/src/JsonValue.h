@@ -1,15 +1,18 @@
 #ifndef LAKRESVOS_RENDER_JSONVALUE_H
 #define LAKRESVOS_RENDER_JSONVALUE_H
 
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <variant>
 #include <vector>
 
+#include "JsonNames.h"
 #include "JsonText.h"
 #include "ReadBudget.h"
 
@@ -42,7 +45,13 @@ class JsonValue {
   /// A number that a float can hold.
   float Single() const;
 
-  /// An integer between the two limits, which default to all that the type can hold.
+  bool IsNull() const { return std::holds_alternative<std::nullptr_t>(data_); }
+
+  /// Whether this is the text `text`.
+  bool Is(std::string_view text) const;
+
+  /// An integer between the two limits, which default to all that the type can hold. One that not
+  /// every reader takes as it is may be a text of its digits.
   template <class Type>
   Type Integer(Type least = std::numeric_limits<Type>::min(),
                Type most = std::numeric_limits<Type>::max()) const {
@@ -55,6 +64,12 @@ class JsonValue {
     } else if (auto const* const negative = std::get_if<std::int64_t>(&data_)) {
       if (least < 0 && *negative >= static_cast<std::int64_t>(least)) {
         return static_cast<Type>(*negative);
+      }
+    }
+    if constexpr (!IsExactInDouble(std::numeric_limits<Type>::max())) {
+      Type number{};
+      if (ReadDigits(number) && least <= number && number <= most && !IsExactInDouble(number)) {
+        return number;
       }
     }
     Fail("there should be a whole number from " + std::to_string(least) + " to " +
@@ -96,6 +111,18 @@ class JsonValue {
   std::string Pointer() const;
 
  private:
+  /// Reads a text that is a number and nothing else; whether this is one.
+  template <class Type>
+  bool ReadDigits(Type& number) const {
+    auto const* const text = std::get_if<std::string>(&data_);
+    if (text == nullptr) {
+      return false;
+    }
+    char const* const end = text->data() + text->size();
+    auto const [last, error] = std::from_chars(text->data(), end, number);
+    return error == std::errc() && last == end;
+  }
+
   decltype(JsonData::value) const& data_;
   ReadBudget* budget_;
   JsonValue const* in_ = nullptr;

@@ -389,6 +389,34 @@ TEST(JsonReader, ReadsBackATableWithItsCellsOnTheDiagonal) {
   EXPECT_TRUE(Written(*Read(text)) == text);
 }
 
+TEST(JsonReader, TakesOldSpellingsOfSubscriptsThatStandForNoPosition) {
+  std::unique_ptr<OmOutputTree> const tree = Read(
+      Table1(R"({"id":0},{"id":1,"parent":0,"subscript":18446744073709551615},)"
+             R"({"id":2,"parent":0,"subscript":18446744073709551614},)"
+             R"({"id":3,"parent":0,"subscript":null},{"id":4,"parent":0,"subscript":"removed"},)"
+             R"({"id":5,"parent":0,"subscript":"18446744073709551613"})"));
+  OmDimension::Node const root =
+      dynamic_cast<OmPivotTable&>(*tree->begin().Value()).Dimension(0).Root();
+  EXPECT_EQ(root.Child(0).Value().subscript, ~0UL);
+  EXPECT_EQ(root.Child(1).Value().subscript, ~1UL);
+  EXPECT_EQ(root.Child(2).Value().subscript, ~0UL);
+  EXPECT_EQ(root.Child(3).Value().subscript, ~1UL);
+  EXPECT_EQ(root.Child(4).Value().subscript, ~2UL);
+}
+
+TEST(JsonReader, RefusesDigitsInATextThatANumberCouldHave) {
+  std::string const problem =
+      "/parts/0/dimensions/0/nodes/1/subscript: there should be a whole number from 0 to "
+      "18446744073709551615";
+  for (char const* const text : {"7", "9007199254740992", "18446744073709551616", "", "gone",
+                                 "-9007199254740993", "9007199254740993 ", "9007199254740993.0"}) {
+    EXPECT_EQ(
+        ErrorOf(Table1(R"({"id":0},{"id":1,"parent":0,"subscript":")" + std::string(text) + "\"}")),
+        problem)
+        << text;
+  }
+}
+
 TEST(JsonReader, RefusesCellsThatAreNotInOrder) {
   std::string const problem = "/parts/0/cells/1/index: the cells are not in ascending order";
   EXPECT_EQ(ErrorOf(Table1(kNodes, R"({"index":[1],"number":1},{"index":[0],"number":1})")),

@@ -156,6 +156,31 @@ TEST(JsonRenderer, WritesNumbersPlainlyWherePeopleDo) {
   EXPECT_EQ(NumberLine(-0.0001), R"({"number":-0.0001})");
 }
 
+TEST(JsonRenderer, WritesWholeNumbersThatADoubleDoesNotHoldAsDigits) {
+  OmOutputTree tree;
+  auto& table = AppendTable(tree);
+  table.TableId(-(1LL << 53) - 1);
+  table.emptyCellStyles()[1ULL << 53] = 1;
+  table.emptyCellStyles()[(1ULL << 53) + 1] = 2;
+  std::string const text = Written(tree);
+  EXPECT_NE(text.find(R"("id":"-9007199254740993")"), std::string::npos) << text;
+  EXPECT_NE(text.find(R"([[9007199254740992,1],["9007199254740993",2]])"), std::string::npos)
+      << text;
+  EXPECT_EQ(Written(*Read(text)), text);
+}
+
+TEST(JsonRenderer, SaysInAWordThatAGroupWasRemoved) {
+  OmOutputTree tree;
+  OmDimension& rows = AppendTable(tree).Dimension(0);
+  layout_tables::Node group = Group(rows, rows.Root(), "empty");
+  rows.removeChild(group);
+  std::string const text = Written(tree);
+  EXPECT_NE(text.find(R"("label":{"text":"empty"},"subscript":"removed")"), std::string::npos)
+      << text;
+  EXPECT_EQ(text.find("1844674407370955161"), std::string::npos) << text;
+  EXPECT_EQ(Written(*Read(text)), text);
+}
+
 TEST(JsonRenderer, KeepsTheSignOfZero) {
   EXPECT_EQ(NumberLine(-0.0), R"({"number":-0.0})");
 }
