@@ -17,7 +17,7 @@ class PivotTables(html.parser.HTMLParser):
     def handle_starttag(self, tag, attributes):
         attributes = dict(attributes)
         if tag == "table":
-            self.inside = attributes.get("class") == "pivot-table"
+            self.inside = "pivot-table" in attributes.get("class", "").split()
             if self.inside:
                 self.tables.append({"title": [], "name": [], "sections": []})
         if not self.inside:
@@ -45,7 +45,7 @@ class PivotTables(html.parser.HTMLParser):
     def handle_endtag(self, tag):
         if tag in ("span", "td", "th"):
             self.texts = None
-        elif tag == "sup":
+        elif tag == "sup" and self.inside:
             self.hidden -= 1
         elif tag == "tfoot":
             self.foot = False

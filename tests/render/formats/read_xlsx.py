@@ -5,6 +5,7 @@ import re
 import openpyxl
 import openpyxl.cell.text
 import openpyxl.utils
+import openpyxl.utils.datetime
 
 
 def text_without_marks(rich_text):
@@ -23,6 +24,8 @@ openpyxl.cell.text.Text.content = property(text_without_marks)
 def shown(cell):
     if cell.value is None:
         return ""
+    if cell.data_type == "d":  # letters of a mark in the number format were taken for a date's
+        return str(openpyxl.utils.datetime.to_excel(cell.value))
     if cell.data_type != "n":
         return cell.value
     number_format = re.sub(r'"[^"]*"', "", cell.number_format)

@@ -1,0 +1,88 @@
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <nlohmann/json.hpp>
+#include <rapidcheck.h>
+#include <sstream>
+#include <string>
+
+#include <lakresvos/render/CsvRenderer.h>
+#include <lakresvos/render/HtmlRenderer.h>
+#include <lakresvos/render/JsonRenderer.h>
+#include <lakresvos/render/MarkdownRenderer.h>
+#include <lakresvos/render/XlsxRenderer.h>
+
+#include "MarkdownDocument.h"
+#include "support/RandomDocument.h"
+
+// Writes random documents in every format, each in a directory of its own: as many as RC_PARAMS says
+// with "max_success". Of Markdown it writes the tables as another program reads them.
+
+namespace {
+
+using namespace lakresvos::render;
+
+std::ofstream File(std::filesystem::path const& path) {
+  std::ofstream out;
+  out.exceptions(std::ios::failbit | std::ios::badbit);
+  out.open(path, std::ios::binary);
+  return out;
+}
+
+nlohmann::json TablesOf(std::string const& markdown) {
+  nlohmann::json tables = nlohmann::json::array();
+  for (MarkdownBlock const& block : ReadMarkdown(markdown)) {
+    if (block.kind == "table") {
+      tables.push_back(block.rows);
+    }
+  }
+  return tables;
+}
+
+void Write(OmOutputTree& document, std::filesystem::path const& directory) {
+  std::filesystem::create_directories(directory);
+  {
+    std::ofstream out = File(directory / "document.json");
+    JsonOptions options;
+    options.layout = true;
+    JsonRenderer(out, options).Render(document);
+  }
+  {
+    std::ofstream out = File(directory / "tables.csv");
+    CsvOptions options;
+    options.shape = CsvOptions::Shape::Display;
+    CsvRenderer(out, options).Render(document);
+  }
+  {
+    std::ofstream out = File(directory / "document.html");
+    RenderHtml(document, out);
+  }
+  {
+    std::ofstream out = File(directory / "document.xlsx");
+    RenderXlsx(document, out);
+  }
+  std::ostringstream markdown;
+  MarkdownRenderer(markdown).Render(document);
+  File(directory / "document.md") << markdown.str();
+  File(directory / "markdown.json") << TablesOf(markdown.str()).dump();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::cerr << "usage: write_random_documents DIRECTORY\n";
+    return 2;
+  }
+  std::filesystem::path const directory = argv[1];
+  std::filesystem::remove_all(directory);
+  int count = 0;
+  bool const written = rc::check([&] {
+    OmOutputTree document;
+    MakeRandomDocument(document);
+    Write(document, directory / std::to_string(count));
+    ++count;
+  });
+  return written ? 0 : 1;
+}
