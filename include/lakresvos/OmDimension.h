@@ -77,6 +77,10 @@ class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
   ~OmDimension();
 
   // Children
+  //
+  // A parent that is empty, past the end, or recognizably of another tree takes no child: the result
+  // is an empty handle and nothing changes. Recognized, in constant time, are another tree's root,
+  // the children of one, and every node whose children live in another region.
 
   /// The child of `parent` that equals `value` (label and group flag), or a new last child that is
   /// a copy of it, without index entries. Finding takes logarithmic time; adding in label order
@@ -116,7 +120,8 @@ class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
 
   /// Adds a category to `parent`, before `sibling` or after it. Its subscript is 1 more than the
   /// largest; it shares the context of the sibling's label. Raises the category count by 1.
-  /// @return the new category's value, in the default heap.
+  /// @return the new category's value, in the default heap; a default node when `parent` names no
+  ///         node of this dimension.
   OmDimensionNode insertCategory(OmCellText const& text, Node sibling, Node parent, bool before);
 
   /// Wraps children of one parent into a new group that stands where the first of `nodes` stood and
@@ -148,12 +153,16 @@ class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
 
   /// Adds to `counts`, at the level of each node below `node`, 1 for each visible group and 1 for
   /// each parent that has a childless category or hidden group. Levels past the end are left out.
+  /// The vector keeps its storage.
   void getGroupCountsByLevel(ConstNode node, std::vector<unsigned long>& counts) const;
 
   /// The largest of all levels' counts.
   unsigned long getMaxVisibleGroupCount() const;
 
  private:
+  /// Whether `parent` can take a child, as far as that can be told in constant time.
+  bool Takes(Node const& parent) const;
+
   /// The nodes from the root to the parent of `node`; empty for the root and what is not in this
   /// tree. Found from the root: parent links play no part, for removals leave them stale.
   std::vector<Element*> FindAncestors(Element const* node);

@@ -172,7 +172,7 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
 
   /// Appends a child with a copy of `value` and returns its handle; amortized constant time.
   /// When the parent's children move, the links of their children are repaired, one level deep.
-  /// An empty parent gives an empty handle and nothing happens.
+  /// A parent that is empty or past the end gives an empty handle and nothing happens.
   /// @throws whatever copying the value throws, or std::bad_alloc; the tree is then unchanged.
   static Node AppendChild(Node const& parent, Type const& value) {
     return EmplaceChild(parent, [&](Element& siblings_owner, OmMemoryRegion* region) -> Element& {
@@ -272,14 +272,9 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
     if (position >= parent.children.size()) {
       return;
     }
-    Element* const former_parent = (parent.children.end - 1)->parent;
     parent.children[position].~Element();
     parent.children.erase(position);
-    // The slot behind the end holds the bytes of an element that lives on elsewhere; a handle that
-    // still points there finds an empty node that knows its parent.
-    Element* vacated = parent.children.end;
-    std::memset(static_cast<void*>(vacated), 0, sizeof(Element));
-    vacated->parent = former_parent;
+    Vacate(parent, parent.children.end + 1);
   }
 
   /// Destroys everything below `e`, gives back the children's storage, forgets its region and
@@ -297,6 +292,24 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
     auto const first = reinterpret_cast<std::uintptr_t>(parent.children.begin);
     auto const at = reinterpret_cast<std::uintptr_t>(child);
     return at < first ? SIZE_MAX : (at - first) / sizeof(Element);
+  }
+
+  /// Whether `e` is a place after its parent's last child, which is what a handle points at once the
+  /// last child was removed through it.
+  static bool PastTheEnd(Element const& e) {
+    // Only such a place and a node after DestroySubtree() have no region.
+    return e.children.region == nullptr && e.parent != nullptr &&
+           PositionAmong(*e.parent, &e) >= e.parent->children.size();
+  }
+
+  /// Makes the places from the end of the parent's children up to `last` empty nodes that know
+  /// their parent, for handles that still point there. They hold the bytes of nodes that are gone
+  /// or live on elsewhere.
+  static void Vacate(Element& parent, Element* last) {
+    for (Element* vacated = parent.children.end; vacated != last; ++vacated) {
+      std::memset(static_cast<void*>(vacated), 0, sizeof(Element));
+      vacated->parent = &parent;
+    }
   }
 
  private:
@@ -339,15 +352,16 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
     std::memcpy(static_cast<void*>(&b), held, sizeof(Object));
   }
 
+  /// The places past the end are linked with the children: handles may still point there.
   static void Link(Element& e) {
-    for (Element& child : e.children.Elements()) {
-      child.parent = &e;
+    for (Element* child = e.children.begin; child != e.children.capacityEnd; ++child) {
+      child->parent = &e;
     }
   }
 
   template <class Emplace>
   static Node EmplaceChild(Node const& parent, Emplace emplace) {
-    if (parent.element == nullptr) {
+    if (parent.element == nullptr || PastTheEnd(*parent.element)) {
       return {};
     }
     Element& owner = *parent.element;

@@ -269,13 +269,19 @@ TEST_F(OmDimensionInsertCategory, RepairsLinksBelowTheParentAndNoOthers) {
 
 // Senseless arguments
 
-TEST_F(OmDimensionInsertCategory, WithoutAParentAddsNothingAndStillReturnsTheValue) {
-  Build("a b");
+TEST_F(OmDimensionInsertCategory, WithoutAParentAddsNothingAndReturnsTheEmptyValue) {
+  Build("a b g()");
+  Node left = At("g");
+  dimension_.Delete(left);
+  OmDimension other(dimension_, nullptr);
   std::string const before = TextOf(dimension_);
-  OmDimensionNode const value = Insert("new", At("a"), Node(), true);
-  EXPECT_EQ(LabelOf(value), "new");
-  EXPECT_EQ(value.subscript, 2U);
-  EXPECT_EQ(TextOf(dimension_), before);
+  for (Node const& parent : {Node(), left, other.Root()}) {
+    OmDimensionNode const value = Insert("new", At("a"), parent, true);
+    EXPECT_EQ(value.label, nullptr);
+    EXPECT_EQ(value.subscript, ~0UL);
+    EXPECT_FALSE(value.group);
+    EXPECT_EQ(TextOf(dimension_), before);
+  }
 }
 
 TEST_F(OmDimensionInsertCategory, BelowANodeOfAnotherDimensionAddsNothing) {

@@ -62,6 +62,7 @@ class OmDimensionEditingPair {
     Node node = At(path);
     dimension_.Delete(node);
     model_.Delete(path);
+    CheckPastTheEnd(node, path);
   }
 
   void ChangeFlags() {
@@ -165,6 +166,7 @@ class OmDimensionEditingPair {
     Node const parent = At(Path(last.begin(), last.end() - 1));
     RC_ASSERT(group.element == parent.element->children.begin + last.back());
     RC_ASSERT(group.Value().label == nullptr || last.back() < parent.NChildren());
+    CheckPastTheEnd(group, last);
   }
 
   void MoveChild() {
@@ -184,6 +186,16 @@ class OmDimensionEditingPair {
     Node before = At(target);
     dimension_.moveChild(node, none ? nullptr : &before, exchange);
     model_.moveChild(path, none ? nullptr : &target, exchange);
+  }
+
+  /// Checks that a handle whose place is past the end of its parent takes no child.
+  void CheckPastTheEnd(Node const& node, Path const& path) {
+    if (path.empty() || path.back() < At(Path(path.begin(), path.end() - 1)).NChildren()) {
+      return;
+    }
+    RC_ASSERT(dimension_.AddNewChild(node, SpyCell("a"), 0, false).element == nullptr);
+    RC_ASSERT(dimension_.Child(node, SpyCell("a"), 0, true).element == nullptr);
+    RC_ASSERT(dimension_.insertCategory(SpyCell("a"), Node(), node, true).label == nullptr);
   }
 
   Node At(Path const& path) const {

@@ -31,6 +31,15 @@ class OmDimensionTest : public testing::Test {
   unsigned int Find(std::string const& label, bool group = false) {
     return OmDimension::FindChild(dimension_.Root(), SpyCell(label), group);
   }
+  /// Checks that neither operation adds a child, to this dimension or to any other.
+  void ExpectTakesNoChild(Node const& parent) {
+    std::string const before = TextOf(dimension_);
+    long const live = SpyCell::Live();
+    EXPECT_EQ(Child(parent, "new", 7, false).element, nullptr);
+    EXPECT_EQ(dimension_.AddNewChild(parent, SpyCell("new"), 7, false).element, nullptr);
+    EXPECT_EQ(SpyCell::Live(), live);
+    EXPECT_EQ(TextOf(dimension_), before);
+  }
   Index RootIndex() { return IndexOf(dimension_.value); }
 
   SpyBalance balance_;
@@ -202,9 +211,55 @@ TEST_F(OmDimensionTest, ChildOfACategoryThrowsForAFinishedNodeToo) {
                OMSException);
 }
 
-TEST_F(OmDimensionTest, ChildOfAnEmptyHandleThrows) {
-  EXPECT_THROW(dimension_.Child(Node(), SpyCell("a"), 0, false), OMSException);
-  EXPECT_EQ(dimension_.CategoryCount(), 0U);
+// Parents that take no child
+
+TEST_F(OmDimensionTest, ChildOfAnEmptyHandleIsEmptyAsThatOfAddNewChild) {
+  ExpectTakesNoChild(Node());
+}
+
+TEST_F(OmDimensionTest, APlaceAfterTheLastChildTakesNoChild) {
+  AddNewChild("a", 0);
+  Node group = AddNewChild("g", 0, true);
+  dimension_.Delete(group);
+  ExpectTakesNoChild(group);
+}
+
+TEST_F(OmDimensionTest, APlaceAfterTheLastChildTakesNoChildAfterItsParentMoved) {
+  Node const parent = AddNewChild("g", 0, true);
+  Node group = dimension_.AddNewChild(parent, SpyCell("h"), 0, true);
+  dimension_.Delete(group);
+  for (unsigned long i = 0; i < 8; ++i) {
+    AddNewChild("more", i);
+  }
+  ExpectTakesNoChild(group);
+  EXPECT_EQ(group.Parent().element, dimension_.Root()[0].element);
+}
+
+TEST_F(OmDimensionTest, TheRootOfAnotherDimensionTakesNoChild) {
+  OmDimension other(dimension_, &region_);
+  ExpectTakesNoChild(other.Root());
+}
+
+TEST_F(OmDimensionTest, AGroupBelowTheRootOfAnotherDimensionTakesNoChild) {
+  AddNewChild("g", 0, true);
+  OmDimension other(dimension_, &region_);
+  ExpectTakesNoChild(other.Root()[0]);
+}
+
+TEST_F(OmDimensionTest, ANodeInAnotherRegionTakesNoChild) {
+  dimension_.AddNewChild(AddNewChild("g", 0, true), SpyCell("h"), 0, true);
+  OmDimension other(dimension_, nullptr);
+  ExpectTakesNoChild(other.Root()[0][0]);
+}
+
+TEST_F(OmDimensionTest, AGroupTakesChildrenAfterAnEarlierSiblingOfItsParentWasDeleted) {
+  Node first = AddNewChild("f", 0, true);
+  dimension_.AddNewChild(AddNewChild("g", 0, true), SpyCell("h"), 0, true);
+  dimension_.Delete(first);
+  Node const inner = dimension_.Root()[0][0];
+  EXPECT_NE(Child(inner, "a", 0, false).element, nullptr);
+  EXPECT_NE(dimension_.AddNewChild(inner, SpyCell("b"), 1, false).element, nullptr);
+  EXPECT_EQ(inner.NChildren(), 2U);
 }
 
 TEST_F(OmDimensionTest, TheIndexGrowsLikeAnyVector) {

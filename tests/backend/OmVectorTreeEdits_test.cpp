@@ -376,6 +376,48 @@ TEST_F(OmVectorTreeEdits, ErasingThroughAHandleThatIsPastTheEndByNowDoesNothing)
   EXPECT_EQ(Shape(tree), "0(20(21(25) 22) 30(31(35) 32))");
 }
 
+TEST_F(OmVectorTreeEdits, APlaceAfterTheLastChildTakesNoChild) {
+  Sample tree;
+  Node last = tree.Root()[2];
+  Tree::EraseChild(last);
+  TrackedValue value(1);
+  EXPECT_EQ(Tree::AppendChild(last, value).element, nullptr);
+  EXPECT_EQ(Tree::AdoptChild(last, value).element, nullptr);
+  EXPECT_EQ(value.number, 1);
+  EXPECT_EQ(last.NChildren(), 0U);
+  EXPECT_EQ(Shape(tree), "0(10(11(15) 12) 20(21(25) 22))");
+}
+
+TEST_F(OmVectorTreeEdits, APlaceAfterTheLastChildFollowsItsParent) {
+  Sample tree;
+  Node last = tree.Root()[2][1];
+  Tree::EraseChild(last);
+  Tree::AppendChild(tree.Root(), 40);
+  Tree::AppendChild(tree.Root(), 50);
+  EXPECT_EQ(last.Parent().element, tree.Root()[2].element);
+  EXPECT_EQ(Tree::AppendChild(last, 1).element, nullptr);
+  Tree::EraseChild(last);
+  EXPECT_EQ(Shape(tree), "0(10(11(15) 12) 20(21(25) 22) 30(31(35)) 40 50)");
+}
+
+TEST_F(OmVectorTreeEdits, ThePlaceTakesChildrenAgainOnceThereIsANodeInIt) {
+  Sample tree;
+  Node last = tree.Root()[2];
+  Tree::EraseChild(last);
+  Tree::AppendChild(tree.Root(), 60);
+  EXPECT_EQ(Tree::AppendChild(last, 61).Value().number, 61);
+  EXPECT_EQ(Shape(tree), "0(10(11(15) 12) 20(21(25) 22) 60(61))");
+}
+
+TEST_F(OmVectorTreeEdits, ADestroyedNodeThatIsStillInTheTreeTakesChildren) {
+  Sample tree;
+  Node const middle = tree.Root()[1];
+  Tree::DestroySubtree(*middle.element);
+  EXPECT_EQ(Tree::AppendChild(middle, 7).Value().number, 7);
+  EXPECT_EQ(middle[0].element->children.region, OmMemoryRegion::DefaultHeap());
+  EXPECT_EQ(Shape(tree), "0(10(11(15) 12) 0(7) 30(31(35) 32))");
+}
+
 // Destroying a subtree
 
 TEST_F(OmVectorTreeEdits, DestroyingASubtreeForgetsItsStorage) {

@@ -93,7 +93,25 @@ OmDimension::OmDimension(OmDimension const& other, OmMemoryRegion* region)
 
 OmDimension::~OmDimension() = default;
 
+bool OmDimension::Takes(Node const& parent) const {
+  Element const* const element = parent.element;
+  if (element == nullptr || PastTheEnd(*element)) {
+    return false;
+  }
+  if (element == this) {
+    return true;
+  }
+  OmMemoryRegion const* const region = element->children.region;
+  bool const childOfOtherRoot =
+      parent.depth == 1 && PositionAmong(*this, element) >= children.size();
+  return element->parent != nullptr && !childOfOtherRoot &&
+         (region == nullptr || region == children.region);
+}
+
 Node OmDimension::Child(Node const& parent, OmDimensionNode const& value) {
+  if (!Takes(parent)) {
+    return {};
+  }
   if (!parent.Value().group) {
     throw OMSException("OmDimension::Child -- parent is not group", 0, 0);
   }
@@ -125,7 +143,7 @@ Node OmDimension::Child(Node const& parent, OmCellText const& text, unsigned lon
 
 Node OmDimension::AddNewChild(Node const& parent, OmCellText const& text, unsigned long subscript,
                               bool group) {
-  if (parent.element == nullptr) {
+  if (!Takes(parent)) {
     return {};
   }
   OmDimensionNode node(text, subscript, group, children.region);

@@ -156,12 +156,14 @@ Element* Dissolve(Element& parent, Element& group, OmMemoryRegion* arena) {
 
 OmDimensionNode OmDimension::insertCategory(OmCellText const& text, Node sibling, Node parent,
                                             bool before) {
-  OmDimensionNode category(text, NextSubscript(), false, nullptr);
+  bool const known = parent.element == this || !FindAncestors(parent.element).empty();
+  OmDimensionNode category =
+      known ? OmDimensionNode(text, NextSubscript(), false, nullptr) : OmDimensionNode();
+  if (!known) {
+    return category;
+  }
   if (sibling.Value().label != nullptr) {
     category.label->ShareContext(*sibling.Value().label);
-  }
-  if (parent.element != this && FindAncestors(parent.element).empty()) {
-    return category;
   }
   Place place{sibling.element, FindAncestors(sibling.element)};
   Element const* const anchor = place.ancestors.empty() ? nullptr
