@@ -154,6 +154,17 @@ TEST_F(OmDimensionQueries, CountingStartsAtAnyNodeWithTheDepthOfItsHandle) {
   EXPECT_EQ(CountsFrom(deeper, Counts(4)), (Counts{0, 0, 0, 1}));
 }
 
+TEST_F(OmDimensionQueries, TheCallersVectorKeepsItsStorage) {
+  dimension_.AddNewChild(Root(), OmStringCell("a"), 0, false);
+  Counts counts{5, 6, 7};
+  counts.reserve(100);
+  unsigned long const* const storage = counts.data();
+  dimension_.getGroupCountsByLevel(Root(), counts);
+  EXPECT_EQ(counts, (Counts{5, 7, 7}));
+  EXPECT_EQ(counts.data(), storage);
+  EXPECT_EQ(counts.capacity(), 100U);
+}
+
 TEST_F(OmDimensionQueries, LevelsPastTheEndOfTheVectorAreLeftOut) {
   Category(Group(Root()));
   EXPECT_EQ(CountsFrom(Root(), Counts(2)), (Counts{0, 1}));

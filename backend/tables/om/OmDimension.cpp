@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <functional>
 #include <limits>
 
 #include <lakresvos/OMSException.h>
@@ -206,25 +207,25 @@ unsigned int OmDimension::getMaximumDepth() const {
 }
 
 void OmDimension::getGroupCountsByLevel(ConstNode node, std::vector<unsigned long>& counts) const {
-  std::vector<unsigned long> result = counts;
+  std::vector<unsigned long> added(counts.size());
   OmVectorTreeWalk<ConstNode> walk(node);
   while (walk.Next()) {
     ConstNode const parent = walk.Current();
     std::size_t const level = static_cast<std::size_t>(parent.depth) + 1;
-    if (level >= result.size()) {
+    if (level >= added.size()) {
       continue;
     }
     bool counted = false;
     for (Element const& child : parent.element->children.Elements()) {
       if (child.value.group && !child.value.hide) {
-        ++result[level];
+        ++added[level];
       } else if (!counted && child.children.size() == 0) {
-        ++result[level];
+        ++added[level];
         counted = true;
       }
     }
   }
-  counts.swap(result);
+  std::transform(counts.begin(), counts.end(), added.begin(), counts.begin(), std::plus<>());
 }
 
 unsigned long OmDimension::getMaxVisibleGroupCount() const {
