@@ -367,4 +367,21 @@ TEST_F(OmDimensionExchange, WithHandlesOfAnotherDimensionChangesNothing) {
   EXPECT_EQ(TextOf(other), before);
 }
 
+// The order of the deletions
+
+TEST_F(OmDimensionExchange, TheNodeGoesBeforeTheTargetWhereverTheyStand) {
+  for (char const* outline : {"A x B y", "B x A y", "f(A) g(B)", "f(B) A", "f(A) B", "f(g(A)) h(B)",
+                              "B g(x(A)) y", "A g(x(B)) y"}) {
+    OmDimension::DestroySubtree(dimension_);
+    dimension_.value.group = true;
+    dimension_.children.region = &region_;
+    Build(outline);
+    std::vector<SpyCell const*> const cells{static_cast<SpyCell const*>(At("A").Value().label),
+                                            static_cast<SpyCell const*>(At("B").Value().label)};
+    SpyLog const log;
+    Exchange("A", "B");
+    EXPECT_EQ(Destroyed(log, cells), cells) << outline;
+  }
+}
+
 }  // namespace

@@ -1,6 +1,7 @@
 #ifndef TESTS_BACKEND_OMDIMENSIONEDITINGFIXTURE_H
 #define TESTS_BACKEND_OMDIMENSIONEDITINGFIXTURE_H
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -20,6 +21,18 @@ class UnlikeAnyCell : public SpyCell {
   }
   short Compare(OmCellText const& /*other*/, bool /*ignoreCase*/) const override { return 1; }
 };
+
+/// Those of `cells` that were destroyed during the log, in that order.
+inline std::vector<SpyCell const*> Destroyed(SpyLog const& log,
+                                             std::vector<SpyCell const*> const& cells) {
+  std::vector<SpyCell const*> gone;
+  for (SpyLog::Call const& call : log.Of(SpyCell::Operation::Destroy)) {
+    if (std::find(cells.begin(), cells.end(), call.cell) != cells.end()) {
+      gone.push_back(call.cell);
+    }
+  }
+  return gone;
+}
 
 /// A dimension that is written down as an outline: "x g(a b) y" is a category, a group of two
 /// categories and another category. Categories get the subscripts 0, 1, ... in that order, groups

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include <cells/OmStringCell.h>
+
 #include "OmDimensionEditingFixture.h"
 
 namespace {
@@ -244,6 +246,55 @@ TEST_F(OmDimensionInsertChild, DecreasingNodesKeepTheGivenOrderWhereTheFirstStoo
   Build("a b c d");
   WrapLabelled({"c", "a"});
   EXPECT_EQ(Shape(), "b new(c a) d");
+}
+
+// Storage and order
+
+TEST_F(OmDimensionInsertChild, TheGroupHasExactlyTheCapacityOfItsChildren) {
+  for (std::size_t const count : {1U, 3U, 5U}) {
+    std::vector<Node> nodes;
+    for (std::size_t i = 0; i < count; ++i) {
+      dimension_.AddNewChild(root(), SpyCell("a"), i, false);
+    }
+    std::size_t const first = root().NChildren() - count;
+    for (std::size_t i = 0; i < count; ++i) {
+      nodes.push_back(root()[first + i]);
+    }
+    Wrap(nodes);
+    EXPECT_EQ(root()[first].NChildren(), count);
+    EXPECT_EQ(root()[first].element->children.capacity(), count);
+  }
+}
+
+TEST_F(OmDimensionInsertChild, TheNodesGoFromTheLastToTheFirst) {
+  Build("x a(b) c d y");
+  SpyLog const log;
+  std::vector<SpyCell const*> nodes;
+  for (char const* label : {"d", "c", "b", "a"}) {
+    nodes.push_back(static_cast<SpyCell const*>(At(label).Value().label));
+  }
+  WrapLabelled({"a", "c", "d"});
+  EXPECT_EQ(Destroyed(log, nodes), nodes);
+}
+
+TEST_F(OmDimensionInsertChild, TakesTimeInProportionToTheNodes) {
+  // In descending order: looking through the siblings for each node takes minutes.
+  constexpr std::size_t kCount = 200000;
+  OmDimension dimension(OmDimensionNode(OmStringCell("root"), 0, true, nullptr), nullptr);
+  for (std::size_t i = 0; i < kCount; ++i) {
+    dimension.AddNewChild(dimension.Root(), OmStringCell("a"), i, false);
+  }
+  std::vector<Node> nodes;
+  std::vector<Node*> pointers;
+  nodes.reserve(kCount);
+  for (std::size_t i = kCount; i != 0; --i) {
+    nodes.push_back(dimension.Root()[i - 1]);
+    pointers.push_back(&nodes.back());
+  }
+  dimension.insertChild(OmStringCell("new"), pointers);
+  ASSERT_EQ(dimension.Root().NChildren(), 1U);
+  ASSERT_EQ(dimension.Root()[0].NChildren(), kCount);
+  EXPECT_EQ(dimension.Root()[0][0].Value().subscript, kCount - 1);
 }
 
 }  // namespace

@@ -266,4 +266,34 @@ TEST_F(OmDimensionRemoveChild, OfAGroupOfAnotherDimensionDoesNothing) {
   EXPECT_EQ(TextOf(other), before);
 }
 
+// Many children
+
+TEST_F(OmDimensionRemoveChild, ChildrenThatEqualTheGroupStandAfterTheOthersFromLastToFirst) {
+  Build("x g(a g(1) b g(2) c) y");
+  for (Node const& child : {At("g")[1], At("g")[3]}) {
+    child.Value().subscript = kDissolved;
+  }
+  Remove(At("g"));
+  EXPECT_EQ(Shape(), "x a b c g(2) g(1) y");
+}
+
+TEST_F(OmDimensionRemoveChild, ComparesEachSiblingAndEachChildOnce) {
+  constexpr int kCount = 100;
+  std::string children;
+  for (int i = 0; i < kCount; ++i) {
+    children += "c" + std::to_string(i) + "() ";
+  }
+  Build(children + "g(" + children + ") y");
+  Node const group = root()[kCount];
+  for (Node const& parent : {root(), group}) {
+    for (std::size_t i = 0; i < kCount; ++i) {
+      parent[i].Value().subscript = kDissolved;
+    }
+  }
+  SpyLog const log;
+  Remove(group);
+  EXPECT_LE(log.Of(SpyCell::Operation::Compare).size(), 2U * kCount + 2);
+  EXPECT_EQ(root().NChildren(), 2U * kCount + 1);
+}
+
 }  // namespace

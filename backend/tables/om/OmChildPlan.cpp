@@ -23,21 +23,31 @@ std::size_t OmChildPlan::Find(Element const* child) const {
   return static_cast<std::size_t>(found - order_.begin());
 }
 
-void OmChildPlan::Insert(std::size_t position, Element& child) {
-  order_.insert(order_.begin() + static_cast<std::ptrdiff_t>(position), &child);
-  inserted_.push_back(&child);
+void OmChildPlan::InsertAll(std::size_t position, std::vector<Element*> const& children) {
+  order_.insert(order_.begin() + static_cast<std::ptrdiff_t>(position), children.begin(),
+                children.end());
+  inserted_.insert(inserted_.end(), children.begin(), children.end());
   most_ = std::max(most_, order_.size());
 }
 
-void OmChildPlan::Drop(std::size_t position) {
-  dropped_.push_back(order_[position]);
-  order_.erase(order_.begin() + static_cast<std::ptrdiff_t>(position));
+void OmChildPlan::DropAll(std::vector<std::size_t> const& positions) {
+  for (std::size_t const position : positions) {
+    dropped_.push_back(std::exchange(order_[position], nullptr));
+  }
+  std::erase(order_, nullptr);
 }
 
 void OmChildPlan::Prepare() {
   grows_ = most_ > parent_.children.capacity();
   destination_.reserve(grows_ ? OmVector<Element>::GrownCapacity(most_ - 1)
                               : parent_.children.capacity());
+}
+
+void OmChildPlan::DestroyDropped() {
+  for (Element* gone : dropped_) {
+    gone->~Element();
+  }
+  dropped_.clear();
 }
 
 void OmChildPlan::Apply() {
@@ -47,9 +57,7 @@ void OmChildPlan::Apply() {
                 sizeof(Element));
     ++destination_.end;
   }
-  for (Element* gone : dropped_) {
-    gone->~Element();
-  }
+  DestroyDropped();
   for (Element* taken : inserted_) {
     ::new (static_cast<void*>(taken)) Element(children.region);
   }
@@ -62,9 +70,5 @@ void OmChildPlan::Apply() {
                 order_.size() * sizeof(Element));
   }
   children.end = children.begin + order_.size();
-  // A handle that still points past the end finds an empty node that knows its parent.
-  for (Element* vacated = children.end; vacated != children.capacityEnd; ++vacated) {
-    std::memset(static_cast<void*>(vacated), 0, sizeof(Element));
-    vacated->parent = &parent_;
-  }
+  OmDimension::Vacate(parent_, children.capacityEnd);
 }

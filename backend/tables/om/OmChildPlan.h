@@ -23,16 +23,27 @@ class OmChildPlan {
   std::size_t Find(Element const* child) const;
 
   /// Plans a new child, which Apply() takes over: `child` is empty afterwards.
-  void Insert(std::size_t position, Element& child);
+  void Insert(std::size_t position, Element& child) { InsertAll(position, {&child}); }
+
+  /// Plans new children in this order, as Insert(); linear in all children.
+  void InsertAll(std::size_t position, std::vector<Element*> const& children);
 
   /// Plans the end of the child at `position`.
-  void Drop(std::size_t position);
+  void Drop(std::size_t position) { DropAll({position}); }
+
+  /// Plans the end of the children at these different positions, in this order; linear in all
+  /// children.
+  void DropAll(std::vector<std::size_t> const& positions);
 
   Element* operator[](std::size_t position) const { return order_[position]; }
   std::size_t size() const { return order_.size(); }
 
   /// Gets the memory that Apply() needs. Nothing may be planned any more.
   void Prepare();
+
+  /// Destroys the children whose end is planned, in the order in which it was. Only needed before
+  /// Apply() where that of another plan must come first.
+  void DestroyDropped();
 
   /// Carries the plan out. Parent links are left as they are. Children before the first change stay
   /// where they are unless more room is needed.

@@ -38,13 +38,11 @@ struct Place {
   }
 };
 
-/// Carries out two plans for different parents, that of the deeper one first, since the other one
-/// may move it.
+/// Carries out two prepared plans for different parents, that of the deeper one first, since the
+/// other one may move it.
 /// @return where `deep` is afterwards.
 Element& ApplyBoth(OmChildPlan& deepPlan, Element& deep, OmChildPlan& shallowPlan,
                    Element& shallow) {
-  deepPlan.Prepare();
-  shallowPlan.Prepare();
   deepPlan.Apply();
   std::size_t const moved = shallowPlan.Find(&deep);
   bool const inside = moved < shallowPlan.size();
@@ -99,6 +97,10 @@ void ExchangeCousins(Place const& node, Place const& target, OmMemoryRegion* are
   }
   targetPlan.Drop(found);
   targetPlan.Insert(PositionBefore(targetPlan, node.next()), AddCopy(copies, *target.node, arena));
+  nodePlan.Prepare();
+  targetPlan.Prepare();
+  nodePlan.DestroyDropped();
+  targetPlan.DestroyDropped();
   bool const nodeDeeper = node.ancestors.size() > target.ancestors.size();
   Element& shallow = nodeDeeper ? target.parent() : node.parent();
   Element& deep = nodeDeeper ? ApplyBoth(nodePlan, node.parent(), targetPlan, shallow)
@@ -124,6 +126,8 @@ void MoveBelow(Place const& node, Element& receiver, std::size_t receiverDepth,
   into.Insert(PositionBefore(into, before), copy);
   OmChildPlan outOf(node.parent());
   outOf.Drop(outOf.Find(node.node));
+  into.Prepare();
+  outOf.Prepare();
   bool const receiverDeeper = receiverDepth >= node.ancestors.size();
   if (receiverDeeper) {
     OmDimension::RelinkParents(ApplyBoth(into, receiver, outOf, node.parent()), true);
@@ -136,14 +140,21 @@ void MoveBelow(Place const& node, Element& receiver, std::size_t receiverDepth,
 /// Puts the children of `group` in its place; does nothing when no child equals the group.
 /// @return where the group stood last.
 Element* Dissolve(Element& parent, Element& group, OmMemoryRegion* arena) {
-  Copies copies;
   OmChildPlan plan(parent);
-  if (plan.FindEqual(group.value) == plan.size()) {
+  std::size_t const place = plan.FindEqual(group.value);
+  if (place == plan.size()) {
     return &group;
   }
+  Copies copies;
+  std::vector<Element*> arriving;
+  // A child that equals the group is taken for it once it is there, and what follows goes before it.
+  std::vector<Element*> alike;
   for (Element const& child : group.children.Elements()) {
-    plan.Insert(plan.FindEqual(group.value), AddCopy(copies, child, arena));
+    Element& copy = AddCopy(copies, child, arena);
+    (copy.value == group.value ? alike : arriving).push_back(&copy);
   }
+  arriving.insert(arriving.end(), alike.rbegin(), alike.rend());
+  plan.InsertAll(place, arriving);
   std::size_t const last = plan.Find(&group);
   plan.Drop(last);
   plan.Prepare();
@@ -193,19 +204,29 @@ void OmDimension::insertChild(OmCellText const& text, std::vector<Node*> nodes) 
   if (nodes.front()->Value().label != nullptr) {
     value.label->ShareContext(*nodes.front()->Value().label);
   }
-  Element group(children.region, value);
-  OmChildPlan plan(receiver);
-  std::size_t at = first;
+  std::vector<bool> wrapped(receiver.children.size());
+  std::vector<std::size_t> positions;
   for (Node const* node : nodes) {
-    std::size_t const planned = plan.Find(node != nullptr ? node->element : nullptr);
-    if (node == nullptr || planned == plan.size()) {
+    std::size_t const position =
+        node != nullptr ? PositionAmong(receiver, node->element) : wrapped.size();
+    if (position >= wrapped.size() || wrapped[position]) {
       return;
     }
-    at -= node != nodes.front() && PositionAmong(receiver, node->element) < first ? 1 : 0;
-    plan.Drop(planned);
-    CopySubtree(group.children.emplace_back(children.region), *node->element, &group,
+    wrapped[position] = true;
+    positions.push_back(position);
+  }
+  Element group(children.region, value);
+  group.children.reserve(nodes.size());
+  for (std::size_t const position : positions) {
+    CopySubtree(group.children.emplace_back(children.region), receiver.children[position], &group,
                 children.region);
   }
+  OmChildPlan plan(receiver);
+  std::reverse(positions.begin(), positions.end());
+  plan.DropAll(positions);
+  auto const before = wrapped.begin() + static_cast<std::ptrdiff_t>(first);
+  std::size_t const at =
+      first - static_cast<std::size_t>(std::count(wrapped.begin(), before, true));
   plan.Insert(at < plan.size() ? plan.FindEqual(plan[at]->value) : at, group);
   plan.Prepare();
   plan.Apply();
