@@ -253,8 +253,8 @@ class LAKRESVOS_EXPORT OmPivotTable : public OmOutputPart {
 
   // Area formats
 
-  /// Hands a format over to the table, which deletes the one it had for that area. Null changes
-  /// nothing.
+  /// Hands a format over to the table, which deletes the one it had for that area. One that the
+  /// table has already, for this area or another, moves to this area. Null changes nothing.
   void setAreaFormat(FormatArea* format);
 
   /// The format of an area, owned by the table, or null. Areas above 8 have none to read.

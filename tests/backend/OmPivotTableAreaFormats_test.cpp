@@ -45,6 +45,19 @@ TEST(OmPivotTableAreaFormats, SettingAgainReplacesTheFirstFormat) {
   EXPECT_EQ(table.data().areaFormats.size(), 1U);
 }
 
+TEST(OmPivotTableAreaFormats, AFormatThatTheTableHoldsForAnotherAreaMoves) {
+  TestTable table;
+  FormatArea* const format = NewFormat(2, "moved");
+  table.setAreaFormat(format);
+  table.setAreaFormat(NewFormat(5, "replaced"));
+  *format = FormatArea(FormatArea::Area(5));
+  table.setAreaFormat(format);
+  EXPECT_EQ(table.getAreaFormat(FormatArea::Area(5)), format);
+  EXPECT_EQ(table.getAreaFormat(FormatArea::Area(2)), nullptr);
+  table.setAreaFormat(format);
+  EXPECT_EQ(table.getAreaFormat(FormatArea::Area(5)), format);
+}
+
 TEST(OmPivotTableAreaFormats, SettingNullChangesNothing) {
   TestTable table;
   FormatArea* const format = NewFormat(0, "font");

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include <lakresvos/OmPivotTable.h>
 
 #include "OmPivotTableData.h"
@@ -237,10 +239,13 @@ void OmPivotTable::setAreaFormat(FormatArea* format) {
     return;
   }
   FormatArea*& stored = _my->areaFormats[format->getArea()];
-  if (stored != format) {
-    delete stored;
+  // An assignment to the format may have given it another area since the table got it.
+  for (auto& [area, held] : _my->areaFormats) {
+    if (held == format) {
+      held = nullptr;
+    }
   }
-  stored = format;
+  delete std::exchange(stored, format);
 }
 
 FormatArea* OmPivotTable::getAreaFormat(FormatArea::Area area) const {
