@@ -1,10 +1,13 @@
 #include <climits>
 #include <gtest/gtest.h>
+#include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include <lakresvos/OmDisplayLayerHeading.h>
 
+#include "support/Assertions.h"
 #include "support/LayoutTables.h"
 
 namespace {
@@ -15,6 +18,9 @@ static_assert(sizeof(OmDisplayLayerHeading) == sizeof(void*));
 
 using layout_tables::Category;
 using layout_tables::Table;
+using layout_tables::Texts;
+using PathNode = OmDisplayLayerHeading::PathNode;
+using Labels = std::vector<std::string>;
 using Index = std::vector<int>;
 
 /// Dimensions R (2), A (2) and B (3), with A and B on the layers in this order.
@@ -285,6 +291,43 @@ TEST(OmDisplayLayerHeading, RestoresANumberThatIsNoLayersAndThenFillsNothing) {
     EXPECT_EQ(layers.getLayer(), number);
     EXPECT_EQ(FilledBy(layers), (Index{7, 7, 7}));
   }
+}
+
+TEST(OmDisplayLayerHeading, TakesTheDigitsOfANumberPastTheLastLayerAsTheyAre) {
+  Layered table;
+  OmDisplayLayerHeading layers(table, false);
+  // The first digit is B's and too large for it, the other one is A's.
+  for (auto const& [number, filled] :
+       {std::pair(7, Index{7, 1, 7}), {6, {7, 0, 7}}, {INT_MAX, {7, 1, 7}}}) {
+    table.setLayerLoc(number);
+    layers.restoreLayer();
+    EXPECT_EQ(FilledBy(layers), filled) << number;
+    std::vector<PathNode*> path;
+    layers.DimAllNodes(0, path);
+    EXPECT_TRUE(path.empty());
+    layers.DimAllNodes(1, path);
+    EXPECT_EQ(Texts(path), (Labels{"A", "A" + std::to_string(number % 2)}));
+    EXPECT_EQ(layers.Nodes(1).size(), 2U);
+    EXPECT_TRUE(layers.Nodes(0).empty());
+    PathNode* ends[] = {nullptr, nullptr};
+    layers.DimCatNodes(1, ends[0], ends[1]);
+    EXPECT_EQ(ends[1], path.back());
+  }
+}
+
+TEST(OmDisplayLayerHeading, AbortsOverARestoredLayerWhereADimensionIsEmpty) {
+  Table table;
+  table.Add("A");
+  table.AddFlat("B", 2);
+  table.Place({}, {}, {0, 1});
+  table.setLayerLoc(1);
+  OmDisplayLayerHeading layers(table, false);
+  layers.restoreLayer();
+  std::string const message = AssertionPattern("backend/tables/MultiBase:[0-9]+",
+                                               ".*MultiBase::Digits\\(.*\\) const", "b>0");
+  EXPECT_ABORT(FilledBy(layers), message);
+  EXPECT_ABORT(layers.Nodes(0), message);
+  EXPECT_TRUE(layers.Nodes(2).empty());
 }
 
 TEST(OmDisplayLayerHeading, RestoresNoLayerWhenTheTableRemembersNone) {

@@ -162,9 +162,11 @@ PuppetVector<short> AxisOf(std::vector<short> const& entries) {
 /// Moves heading and model to a layer, each by the same random call; whether both say the same.
 void Move(OmDisplayLayerHeading& heading, Layers& model, Table& table) {
   int const layer = *rc::gen::inRange(-3, Count(model.nLayers) + 2);
+  // A number above 0 cannot be taken apart where a dimension is empty.
+  int const most = HasEmptyDimension(model.layers) ? 1 : 3 * Count(model.nLayers) + 9;
   switch (*rc::gen::inRange(0, 5)) {
     case 0:
-      table.setLayerLoc(layer);
+      table.setLayerLoc(*rc::gen::inRange(-3, most));
       RC_ASSERT(heading.restoreLayer() == model.restoreLayer());
       break;
     case 1:

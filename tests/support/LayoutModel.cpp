@@ -293,7 +293,8 @@ bool Layers::SwitchLayer(int layer) {
 }
 
 std::optional<Place> Layers::CurrentPlace() const {
-  if (currentLayer < 0 || static_cast<Place>(currentLayer) >= nLayers) {
+  // Without the flag, a restored number is taken as it is.
+  if (currentLayer < 0 || (skipEmpty && static_cast<Place>(currentLayer) >= nLayers)) {
     return std::nullopt;
   }
   return skipEmpty ? nonEmptyLayers[static_cast<std::size_t>(currentLayer)]

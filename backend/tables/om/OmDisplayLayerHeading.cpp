@@ -88,20 +88,28 @@ bool OmDisplayLayerHeading::Data::PlaceOf(int layer, unsigned long long& place) 
   return true;
 }
 
+bool OmDisplayLayerHeading::Data::CurrentPlace(unsigned long long& place) const {
+  if (!skipEmpty && currentLayer >= 0) {
+    place = static_cast<unsigned long long>(currentLayer);
+    return true;
+  }
+  return PlaceOf(currentLayer, place);
+}
+
 OmDimHeader::Path* OmDisplayLayerHeading::Data::FindNodes(int place, int i) {
-  std::vector<unsigned int> const digits =
-      layerCalc.base.Digits(static_cast<unsigned long long>(place));
   auto const position = static_cast<std::size_t>(i);
-  if (position >= digits.size()) {
+  if (position >= layerCalc.dims.size()) {
     return nullptr;
   }
+  std::vector<unsigned int> const digits =
+      layerCalc.base.Digits(static_cast<unsigned long long>(place));
   OmDimHeader* const header = Header(layerCalc.dims.elements[position]);
   return header != nullptr ? header->PathAt(digits[position]) : nullptr;
 }
 
 OmDimHeader::Path* OmDisplayLayerHeading::Data::CurrentNodes(int i) {
   unsigned long long place = 0;
-  return PlaceOf(currentLayer, place) ? FindNodes(static_cast<int>(place), i) : nullptr;
+  return CurrentPlace(place) ? FindNodes(static_cast<int>(place), i) : nullptr;
 }
 
 OmPivotTable::Data* OmDisplayLayerHeading::Data::TableData() const {
@@ -168,7 +176,7 @@ std::vector<int> OmDisplayLayerHeading::getCurrentCellIndex() {
 
 void OmDisplayLayerHeading::Fill(std::vector<int>& index) {
   unsigned long long place = 0;
-  if (_my->PlaceOf(_my->currentLayer, place)) {
+  if (_my->CurrentPlace(place)) {
     _my->Fill(static_cast<unsigned long long>(static_cast<int>(place)), _my->layerCalc, index);
   }
 }

@@ -54,6 +54,10 @@ struct OmDisplayLayerHeading::Data : OmMemoryRegion {
   /// The place of a layer; false when there is no such layer.
   bool PlaceOf(int layer, unsigned long long& place) const;
 
+  /// The place of the current layer; false without one. Unless layers are skipped, a number that was
+  /// restored is a place as it stands, past the last layer too.
+  bool CurrentPlace(unsigned long long& place) const;
+
   /// The place of a full cell index on the axis of `calc`, in display positions.
   unsigned long long DisplayPosition(std::vector<int> const& index, PlaceCalculator const& calc);
 
