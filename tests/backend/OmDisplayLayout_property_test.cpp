@@ -7,6 +7,7 @@
 #include <lakresvos/OmDisplayLayerHeading.h>
 #include <lakresvos/OmDisplayRowHeading.h>
 
+#include "OmOccupiedPlaces.h"
 #include "support/LayoutModel.h"
 #include "support/OmDisplayTestAccess.h"
 #include "support/RandomLayoutTable.h"
@@ -245,6 +246,45 @@ RC_GTEST_PROP(OmDisplayLayout, FindsTheSamePlacesAsTheModelByEitherMethod, ()) {
       }
     }
   }
+}
+
+RC_GTEST_PROP(OmDisplayLayout, TheDenseSearchCostsNoMoreThanTryingPlaceByPlace, ()) {
+  // Where one dimension is tried at the most, or every cell is there, the order in which the
+  // combinations are tried does not matter, so that the costs can be compared.
+  Table table;
+  int const share = *rc::gen::element(0, 10, 50, 90, 100);  // per cent of the cells
+  std::vector<short> heads;
+  std::vector<short> others;
+  auto const levels = static_cast<std::size_t>(*rc::gen::inRange(1, 6));
+  for (std::size_t d = 0; d < levels; ++d) {
+    table.AddFlat("D", static_cast<unsigned int>(*rc::gen::inRange(1, 7)));
+    int const axis = *rc::gen::inRange(0, 3);
+    if (axis == 0) {
+      heads.insert(heads.begin() + *rc::gen::inRange<std::ptrdiff_t>(0, std::ssize(heads) + 1),
+                   static_cast<short>(d));
+    } else if (axis == 1 && (share == 100 || others.empty())) {
+      others.push_back(static_cast<short>(d));
+    }
+  }
+  table.PutAll();
+  std::vector<std::vector<int>> cells;
+  for (auto at = table.FirstCell(); at.Cell() != nullptr; ++at) {
+    cells.push_back(at.Index());
+  }
+  for (std::vector<int> const& index : cells) {
+    if (*rc::gen::resize(rc::kNominalSize, rc::gen::inRange(0, 100)) >= share) {
+      table.deleteCell(index);
+    }
+  }
+  OmDisplayLayerHeading heading(table, false);
+  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::Of(heading);
+  Layers const model(table, false);
+
+  std::vector<unsigned long long> places;
+  OmOccupiedPlaces search(data, data.TableData()->cells, AxisOf(heads), AxisOf(others));
+  search.AppendTo(places);
+  RC_ASSERT(places == model.NonEmptyDense(Axis(heads, model.sizes), Axis(others, model.sizes)));
+  RC_ASSERT(search.Looks() <= 2 * levels * (model.probes + 1));
 }
 
 RC_GTEST_PROP(OmDisplayLayout, PreparesTheSameHeadersAsTheModel, ()) {

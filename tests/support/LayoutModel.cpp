@@ -223,6 +223,7 @@ bool Layers::AnyCell(Axis const& others, std::vector<int> index) const {
       }
     }
     bool const addressable = std::all_of(index.begin(), index.end(), [](int s) { return s >= 0; });
+    ++probes;
     if (addressable && table.Cell(index) != nullptr) {
       return true;
     }

@@ -107,6 +107,7 @@ class Layers {
   std::vector<Place> nonEmptyLayers;
   Place nLayers = 0;
   int currentLayer = -1;
+  mutable Place probes = 0;  ///< how many cells the dense searches asked for
 
  private:
   std::optional<Place> CurrentPlace() const;

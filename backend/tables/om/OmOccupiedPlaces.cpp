@@ -26,31 +26,35 @@ OmOccupiedPlaces::OmOccupiedPlaces(OmDisplayLayerHeading::Data& layout,
                                    OmPivotTable::PointerVector* root,
                                    PuppetVector<short> const& heads,
                                    PuppetVector<short> const& others)
-    : root_(root), dimensions_(layout.dimHeaders.size()), lowestHead_(dimensions_.size()) {
+    : root_(root),
+      dimensions_(static_cast<std::size_t>(layout.table->NDimensions())),
+      lowestHead_(dimensions_.size()) {
   std::vector<int> const sizes = layout.table->SizeVector();
   using PlaceCalculator = OmDisplayLayerHeading::Data::PlaceCalculator;
   nHeads_ = PlaceCalculator(heads, sizes).Size();
   nOthers_ = PlaceCalculator(others, sizes).Size();
-  for (std::size_t d = 0; d < dimensions_.size(); ++d) {
+  for (std::size_t d = 0; d < layout.cellIndex.size(); ++d) {
     dimensions_[d].bound = layout.cellIndex[d];
   }
-  PlanOthers(others, sizes);
+  PlanOthers(layout, others, sizes);
   PlanHeads(layout, heads, sizes);
   subscripts_.resize(dimensions_.size());
 }
 
-void OmOccupiedPlaces::PlanOthers(PuppetVector<short> const& others,
+void OmOccupiedPlaces::PlanOthers(OmDisplayLayerHeading::Data const& layout,
+                                  PuppetVector<short> const& others,
                                   std::vector<int> const& sizes) {
   unsigned long long weight = 1;
   for (std::size_t i = others.size(); i != 0; --i) {
     auto const d = static_cast<std::size_t>(others.elements[i - 1]);
-    if (d >= dimensions_.size()) {
+    if (d >= layout.dimHeaders.size()) {
       continue;
     }
     Dimension& dimension = dimensions_[d];
     auto const size = static_cast<unsigned int>(sizes[d]);
     if (dimension.role != Role::kOther) {
       dimension.role = Role::kOther;
+      highestOther_ = std::max(highestOther_, d);
       dimension.bound = size;
       dimension.weight = weight;
     }
@@ -66,7 +70,7 @@ void OmOccupiedPlaces::PlanHeads(OmDisplayLayerHeading::Data& layout,
     Digit& digit = digits_[i - 1];
     digit.weight = weight;
     auto const d = static_cast<std::size_t>(heads.elements[i - 1]);
-    if (d >= dimensions_.size()) {
+    if (d >= layout.dimHeaders.size()) {
       continue;
     }
     Dimension& dimension = dimensions_[d];
@@ -106,24 +110,42 @@ void OmOccupiedPlaces::AppendTo(std::vector<unsigned long long>& result) {
   }
   OmPlaceSet kept(nHeads_);
   std::size_t const count = dimensions_.size();
-  std::vector<Frame> path{{root_, 0}};
+  std::vector<Frame> path{Enter(root_, count - 1, kNone)};
   while (!path.empty()) {
     std::size_t const level = count - path.size();
-    if (!Step(path.back(), level)) {
+    Frame& top = path.back();
+    if (!Step(top, level)) {
+      bool const finished = Finished(top, level);
       path.pop_back();
-      continue;
-    }
-    if (level != 0) {
-      Frame const& top = path.back();
+      if (!path.empty()) {
+        Leave(path.back(), level + 1, finished);
+      }
+    } else if (level != 0) {
       path.push_back(
-          {static_cast<OmPivotTable::PointerVector*>(top.node->Entry(subscripts_[level])), 0});
-    } else if (OthersInRange()) {
-      Keep(kept);
-      // Further cells below the lowest heads dimension would only say the same again.
-      path.resize(count - lowestHead_);
+          Enter(static_cast<OmPivotTable::PointerVector*>(top.node->Entry(subscripts_[level])),
+                level - 1, ListBelow(top, level)));
+    } else {
+      bool const hit = OthersInRange();
+      if (hit) {
+        Keep(kept);
+      }
+      Leave(top, level, hit);
     }
   }
   kept.AppendTo(result);
+}
+
+OmOccupiedPlaces::Frame OmOccupiedPlaces::Enter(OmPivotTable::PointerVector const* node,
+                                                std::size_t level, unsigned int list) {
+  if (level != highestOther_) {
+    return {node, list};
+  }
+  // Everything found so far belongs to other subscripts above, which do not come again.
+  open_.clear();
+  freeOpen_ = kNone;
+  freeLists_.clear();
+  lists_.assign(1, OpenList());
+  return {node, 0};
 }
 
 /// Moves on to the next admitted entry of a node; false when there is none.
@@ -132,19 +154,131 @@ bool OmOccupiedPlaces::Step(Frame& frame, std::size_t level) {
   unsigned long& at = subscripts_[level];
   if (dimension.role == Role::kFixed) {
     at = static_cast<unsigned long>(dimension.bound);
+    ++looks_;
     return std::exchange(frame.next, 1) == 0 && frame.node->Entry(at) != nullptr;
   }
-  for (at = frame.node->FirstFrom(frame.next); at < frame.node->size();
-       at = frame.node->FirstFrom(at + 1)) {
+  if (dimension.role == Role::kHead && ComesAgain(level)) {
+    return StepOpen(frame, level);
+  }
+  while (!frame.finished) {
+    at = frame.node->FirstFrom(frame.next);
+    looks_ += at - frame.next + 1;
+    if (at >= frame.node->size()) {
+      return false;
+    }
     frame.next = at + 1;
     if (dimension.role == Role::kOther) {
       return at < static_cast<unsigned long>(dimension.bound);
     }
-    if (at < dimension.leaves.last.size() && dimension.leaves.last[at] != kNone) {
+    if (HasLeaf(level, at)) {
       return true;
     }
   }
   return false;
+}
+
+/// Step() in a heads dimension, over what is open.
+bool OmOccupiedPlaces::StepOpen(Frame& frame, std::size_t level) {
+  OpenList& list = lists_[frame.list];
+  for (;;) {
+    frame.current = frame.previous != kNone ? open_[frame.previous].next : list.first;
+    if (frame.current == kNone) {
+      while (list.seen < frame.node->size() && !HasLeaf(level, list.seen)) {
+        ++list.seen;
+        ++looks_;
+      }
+      if (list.seen >= frame.node->size()) {
+        return false;
+      }
+      OpenNext(list);
+      frame.current = list.last;
+    }
+    unsigned long const subscript = open_[frame.current].subscript;
+    ++looks_;
+    if (subscript >= frame.node->size()) {
+      return false;
+    }
+    if (frame.node->Entry(subscript) != nullptr) {
+      subscripts_[level] = subscript;
+      return true;
+    }
+    frame.previous = frame.current;
+  }
+}
+
+/// Takes note of what came of the entry that Step() moved to.
+/// @param finished whether nothing more can be found below it.
+void OmOccupiedPlaces::Leave(Frame& frame, std::size_t level, bool finished) {
+  if (dimensions_[level].role != Role::kHead) {
+    frame.finished = finished;
+  } else if (ComesAgain(level)) {
+    if (finished) {
+      Close(frame);
+    } else {
+      frame.previous = frame.current;
+    }
+  }
+}
+
+bool OmOccupiedPlaces::Finished(Frame const& frame, std::size_t level) const {
+  if (dimensions_[level].role != Role::kHead || !ComesAgain(level)) {
+    return frame.finished;
+  }
+  OpenList const& list = lists_[frame.list];
+  return list.first == kNone && list.seen >= dimensions_[level].leaves.last.size();
+}
+
+bool OmOccupiedPlaces::HasLeaf(std::size_t level, unsigned long subscript) const {
+  std::vector<unsigned int> const& last = dimensions_[level].leaves.last;
+  return subscript < last.size() && last[subscript] != kNone;
+}
+
+/// The list for the level below the entry that Step() moved to.
+unsigned int OmOccupiedPlaces::ListBelow(Frame const& frame, std::size_t level) {
+  if (dimensions_[level].role != Role::kHead || !ComesAgain(level)) {
+    return frame.list;
+  }
+  if (level == lowestHead_) {
+    return kNone;
+  }
+  unsigned int& below = open_[frame.current].below;
+  if (below == kNone && !freeLists_.empty()) {
+    below = freeLists_.back();
+    freeLists_.pop_back();
+    lists_[below] = OpenList();
+  } else if (below == kNone) {
+    lists_.emplace_back();
+    below = static_cast<unsigned int>(lists_.size() - 1);
+  }
+  return below;
+}
+
+/// Appends the next subscript that was not met yet.
+void OmOccupiedPlaces::OpenNext(OpenList& list) {
+  unsigned int added = freeOpen_;
+  if (added == kNone) {
+    added = static_cast<unsigned int>(open_.size());
+    open_.emplace_back();
+  } else {
+    freeOpen_ = open_[added].next;
+  }
+  open_[added] = {static_cast<unsigned int>(list.seen++), kNone, kNone};
+  (list.last != kNone ? open_[list.last].next : list.first) = added;
+  list.last = added;
+}
+
+/// Takes the current one out of its list.
+void OmOccupiedPlaces::Close(Frame const& frame) {
+  OpenList& list = lists_[frame.list];
+  Open& closed = open_[frame.current];
+  (frame.previous != kNone ? open_[frame.previous].next : list.first) = closed.next;
+  if (list.last == frame.current) {
+    list.last = frame.previous;
+  }
+  if (closed.below != kNone) {
+    freeLists_.push_back(closed.below);
+  }
+  closed.next = std::exchange(freeOpen_, frame.current);
 }
 
 bool OmOccupiedPlaces::OthersInRange() const {

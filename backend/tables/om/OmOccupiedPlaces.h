@@ -25,15 +25,22 @@
 /// entry is free. An entry that names no dimension has the digit 0. Places and raw numbers at or
 /// above the axis' size, which is the product of the radices modulo 2^64, are not tried.
 ///
-/// Each stored cell is visited at most once; below the lowest heads dimension the first hit
-/// suffices.
+/// The walk stops at the first cell of each combination of heads subscripts and looks no more for
+/// those that it found one of: in a full table its cost is that of the places. It looks at no entry
+/// of the store more than once.
+///
+/// A dimension that was added after the layer heading was made is held at its first subscript, where
+/// the cells from before are.
 class OmOccupiedPlaces {
  public:
   OmOccupiedPlaces(OmDisplayLayerHeading::Data& layout, OmPivotTable::PointerVector* root,
                    PuppetVector<short> const& heads, PuppetVector<short> const& others);
 
-  /// Appends the places, ascending.
+  /// Appends the places, ascending. To be called once.
   void AppendTo(std::vector<unsigned long long>& result);
+
+  /// How many entries of the store the search looked at, which is what it costs.
+  unsigned long long Looks() const { return looks_; }
 
  private:
   static constexpr unsigned int kNone = OmDimHeader::kNoPosition;
@@ -62,18 +69,51 @@ class OmOccupiedPlaces {
     unsigned long long weight = 1;
   };
 
+  /// A subscript of a heads dimension below which there is more to find.
+  struct Open {
+    unsigned int subscript;
+    unsigned int below;  ///< the list of the next lower heads dimension, or kNone
+    unsigned int next;   ///< the next one of the same list, or kNone
+  };
+
+  /// What is left to find among the leaves of one heads dimension, for one combination of the
+  /// subscripts of the heads dimensions above it.
+  struct OpenList {
+    unsigned int first = kNone;  ///< ascending by subscript
+    unsigned int last = kNone;
+    unsigned long seen = 0;  ///< subscripts from here on were not met yet and are open as well
+  };
+
   /// One level of the walk.
   struct Frame {
     OmPivotTable::PointerVector const* node;
-    unsigned long next;
+    unsigned int list;  ///< of the first heads dimension from this level downwards, or kNone
+    unsigned long next = 0;
+    unsigned int previous = kNone;  ///< in the list, the one before `current`
+    unsigned int current = kNone;   ///< in the list, the one whose entry is walked
+    bool finished = false;          ///< whether nothing more can be found at this level
   };
 
   static Leaves LeavesBySubscript(OmDimHeader const& header, std::size_t count);
 
-  void PlanOthers(PuppetVector<short> const& others, std::vector<int> const& sizes);
+  void PlanOthers(OmDisplayLayerHeading::Data const& layout, PuppetVector<short> const& others,
+                  std::vector<int> const& sizes);
   void PlanHeads(OmDisplayLayerHeading::Data& layout, PuppetVector<short> const& heads,
                  std::vector<int> const& sizes);
+  /// Whether the walk may come to this level again with the same subscripts of the heads dimensions
+  /// above it.
+  bool ComesAgain(std::size_t level) const { return level < highestOther_; }
+
+  Frame Enter(OmPivotTable::PointerVector const* node, std::size_t level, unsigned int list);
   bool Step(Frame& frame, std::size_t level);
+  bool StepOpen(Frame& frame, std::size_t level);
+  void Leave(Frame& frame, std::size_t level, bool finished);
+  bool Finished(Frame const& frame, std::size_t level) const;
+  bool HasLeaf(std::size_t level, unsigned long subscript) const;
+  unsigned int ListBelow(Frame const& frame, std::size_t level);
+  void OpenNext(OpenList& list);
+  void Close(Frame const& frame);
+
   bool OthersInRange() const;
   void Keep(OmPlaceSet& kept);
   void Extend(Digit const& digit, unsigned int value);
@@ -82,10 +122,16 @@ class OmOccupiedPlaces {
   std::vector<Dimension> dimensions_;
   std::vector<Digit> digits_;
   std::size_t lowestHead_;
+  std::size_t highestOther_ = 0;
   unsigned long long nHeads_;
   unsigned long long nOthers_;
 
   std::vector<unsigned long> subscripts_;  ///< of the walk's present path
+  std::vector<Open> open_;
+  std::vector<OpenList> lists_;
+  unsigned int freeOpen_ = kNone;        ///< the first of those in open_ that are not in use
+  std::vector<unsigned int> freeLists_;  ///< those in lists_ that are not in use
+  unsigned long long looks_ = 0;
   std::vector<unsigned long long> partial_;
   std::vector<unsigned long long> extended_;
 };
