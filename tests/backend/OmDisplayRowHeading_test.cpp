@@ -22,6 +22,7 @@ using layout_tables::Category;
 using layout_tables::Group;
 using layout_tables::Node;
 using layout_tables::Table;
+using layout_tables::Text;
 using layout_tables::Texts;
 using PathNode = OmDisplayRowHeading::PathNode;
 using Labels = std::vector<std::string>;
@@ -418,4 +419,30 @@ TEST(OmDisplayRowHeadingSingleNode, IsARowButNoWholePath) {
   EXPECT_EQ(Texts(rows.Row(0)), Labels{"only"});
   EXPECT_EQ(Texts(rows.RowCategories(0)), Labels{"only"});
   EXPECT_EQ(WholePaths(rows, 0), Labels{});
+}
+
+// Long chains
+
+TEST(OmDisplayRowHeading, AppendsEachLevelOfALongChainOnce) {
+  // With a leaf at each depth: walking every path anew for each level takes minutes.
+  constexpr int kLevels = 3000;
+  Table table;
+  OmDimension& chain = table.Add("chain");
+  Node at = chain.Root();
+  for (unsigned long i = 0; i < kLevels; ++i) {
+    Category(chain, at, "leaf", i);
+    at = Group(chain, at, "g");
+  }
+  table.Place({0}, {});
+  OmDisplayLayerHeading layers(table, false);
+  OmDisplayRowHeading const rows(layers, false, true);
+  ASSERT_EQ(rows.NColumns(), kLevels);
+  ASSERT_EQ(rows.NRows(), kLevels);
+  for (int k = 0; k < kLevels; ++k) {
+    std::deque<PathNode*> const column = rows.Column(k);
+    ASSERT_EQ(column.size(), static_cast<std::size_t>(kLevels));
+    EXPECT_EQ(column.back(), rows.Row(kLevels - 1)[static_cast<std::size_t>(k)]);
+    EXPECT_EQ(Text(column[static_cast<std::size_t>(k)]), "leaf");
+    EXPECT_EQ(Text(k > 0 ? column[static_cast<std::size_t>(k) - 1] : nullptr), "-");
+  }
 }

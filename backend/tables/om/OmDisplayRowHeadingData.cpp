@@ -1,6 +1,7 @@
 #include "OmDisplayRowHeadingData.h"
 
 #include <numeric>
+#include <utility>
 
 #include "OmMakeRoom.h"
 
@@ -30,7 +31,7 @@ RowData::Data(OmDisplayLayerHeading& layer, PuppetVector<short> const& axis,
       nPlaces(0) {
   for (std::size_t j = 0; j < heads.size(); ++j) {
     if (OmDimHeader* const header = layout().Header(heads.elements[j])) {
-      known_.push_back({j, header});
+      known_.push_back({j, header, {}, {}});
     }
   }
   if (skipEmpty) {
@@ -133,10 +134,11 @@ std::vector<RowData::Path*> RowData::FindNodes(unsigned long long place) {
   return paths;
 }
 
-void RowData::AppendLevels(Path* path, std::size_t width, std::deque<PathNode*>& out) const {
+template <class Nodes>
+void RowData::AppendShown(Path& path, std::size_t width, Nodes& out) const {
   std::size_t taken = 0;
-  for (std::size_t step = path != nullptr ? path->size() : 0; step != 0 && taken != width; --step) {
-    PathNode& node = (*path)[step - 1];
+  for (std::size_t step = path.size(); step != 0 && taken != width; --step) {
+    PathNode& node = path[step - 1];
     if (node.Value().group && node.Value().hideLabels) {
       break;
     }
@@ -146,7 +148,28 @@ void RowData::AppendLevels(Path* path, std::size_t width, std::deque<PathNode*>&
     out.push_back(&node);
     ++taken;
   }
-  out.resize(out.size() + width - taken, nullptr);
+}
+
+void RowData::AppendLevels(Path* path, std::size_t width, std::deque<PathNode*>& out) const {
+  std::size_t const end = out.size() + width;
+  if (path != nullptr) {
+    AppendShown(*path, width, out);
+  }
+  out.resize(end, nullptr);
+}
+
+void RowData::FindShown(std::size_t j) {
+  Head& head = known_[j];
+  if (!head.starts.empty()) {
+    return;
+  }
+  std::vector<std::size_t> starts{0};
+  head.shown.clear();
+  for (Path& path : head.header->paths) {
+    AppendShown(path, visibleLevels[j], head.shown);
+    starts.push_back(head.shown.size());
+  }
+  head.starts = std::move(starts);
 }
 
 void RowData::GetRowNodes(unsigned long long place, std::deque<PathNode*>& out) {
@@ -193,21 +216,20 @@ std::deque<PathNode*> RowData::Level(int level, bool narrow) {
   if (within < 0 || j == visibleLevels.size()) {
     return nodes;
   }
-  // What each leaf shows at this level is found once, not once per row.
+  // What each leaf shows is found once, not once per row and level.
+  FindShown(j);
   Head const& head = known_[j];
-  std::vector<PathNode*> shown;
-  shown.reserve(head.header->paths.size());
-  std::deque<PathNode*> levels;
-  for (Path& path : head.header->paths) {
-    levels.clear();
-    AppendLevels(&path, visibleLevels[j], levels);
-    shown.push_back(levels[static_cast<std::size_t>(within)]);
-  }
+  auto const shownAt = [&](std::size_t position) -> PathNode* {
+    if (position >= head.header->paths.size()) {
+      return nullptr;
+    }
+    std::size_t const at = head.starts[position] + static_cast<std::size_t>(within);
+    return at < head.starts[position + 1] ? head.shown[at] : nullptr;
+  };
   for (unsigned long long row = 0; row < nPlaces; ++row) {
     unsigned long long const place = skipEmpty ? nonEmpty[row] : row;
     calc.base.Digits(narrow ? Narrowed(place) : place, digits_);
-    unsigned int const position = digits_[head.digit];
-    nodes.push_back(position < shown.size() ? shown[position] : nullptr);
+    nodes.push_back(shownAt(digits_[head.digit]));
   }
   return nodes;
 }
