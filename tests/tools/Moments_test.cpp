@@ -1,7 +1,10 @@
 #include "Moments.h"
 
+#include <boost/multiprecision/cpp_bin_float.hpp>
+#include <boost/multiprecision/cpp_int.hpp>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
 #include <rapidcheck/gtest.h>
 #include <vector>
 
@@ -24,23 +27,11 @@ Moments Of(std::vector<Weighted> const& values) {
 
 }  // namespace
 
-TEST(CompensatedSum, KeepsWhatPlainAdditionLoses) {
-  CompensatedSum sum;
-  for (double const number : {1e16, 1.0, 1.0, -1e16}) {
-    sum.Add(number);
-  }
-  EXPECT_EQ(sum.Value(), 2);
-}
-
-TEST(CompensatedSum, KeepsItThroughAMerge) {
-  CompensatedSum large;
-  large.Add(1e16);
-  large.Add(1);
-  CompensatedSum back;
-  back.Add(-1e16);
-  back.Add(1);
-  large.Merge(back);
-  EXPECT_EQ(large.Value(), 2);
+TEST(Moments, SumUpWhatPlainAdditionLoses) {
+  Moments large = Of({{1e16, 1}, {1, 1}});
+  EXPECT_EQ(Of({{1e16, 1}, {1, 1}, {1, 1}, {-1e16, 1}}).Sum(), 2);
+  large.Merge(Of({{-1e16, 1}, {1, 1}}));
+  EXPECT_EQ(large.Sum(), 2);
 }
 
 TEST(Moments, OfNothingHasASumAlone) {
@@ -89,6 +80,46 @@ TEST(Moments, StayExactFarFromZero) {
   EXPECT_DOUBLE_EQ(far.Deviation(), std::sqrt(30.0));
 }
 
+TEST(Moments, HaveADeviationHoweverSmallItIsBesideTheNumbers) {
+  Moments const times = Of({{1700000039, 1.3}, {1700000042, 0.2}, {1700000024, 0.4}});
+  EXPECT_NEAR(times.Deviation(), 9.22, 0.005);
+}
+
+TEST(Moments, OfEqualNumbersHaveNoSpread) {
+  Moments constant = Of({{250000, 0.7}, {250000, 1.1}, {250000, 2.1}});
+  EXPECT_EQ(constant.Mean(), 250000);
+  EXPECT_EQ(constant.Deviation(), 0);
+  Moments total;
+  total.Merge(constant);
+  total.Merge(Of({{250000, 0.3}}));
+  EXPECT_EQ(total.Mean(), 250000);
+  EXPECT_EQ(total.Deviation(), 0);
+}
+
+TEST(Moments, WeightsThatAreWrittenAsOneInAllHaveNoDeviation) {
+  EXPECT_TRUE(std::isnan(Of(std::vector<Weighted>(10, {3, 0.1})).Deviation()));
+  EXPECT_TRUE(std::isnan(Of({{1, 0.7}, {2, 0.2}, {3, 0.1}}).Deviation()));
+}
+
+TEST(Moments, StayFiniteWhereSumsOnTheWayAreNot) {
+  Moments const large = Of({{1e308, 1}, {1e308, 1}, {-1e308, 1}});
+  EXPECT_EQ(large.Sum(), 1e308);
+  EXPECT_DOUBLE_EQ(large.Mean(), 1e308 / 3);
+  EXPECT_DOUBLE_EQ(large.Deviation(), 1e308 * std::sqrt(4.0 / 3));
+  EXPECT_DOUBLE_EQ(Of({{1, 1e308}, {3, 1e308}}).Mean(), 2);
+  EXPECT_DOUBLE_EQ(Of({{1, 1e308}, {3, 1e308}}).Deviation(), 1);
+  EXPECT_DOUBLE_EQ(Of({{1e-300, 1}, {3e-300, 1}}).Deviation(), 1e-300 * std::sqrt(2.0));
+}
+
+TEST(Moments, HaveNoNumberWhereItIsOutOfRange) {
+  double const largest = std::numeric_limits<double>::max();
+  Moments const pair = Of({{largest, 1}, {largest, 1}});
+  EXPECT_TRUE(std::isnan(pair.Sum()));
+  EXPECT_EQ(pair.Mean(), largest);
+  EXPECT_EQ(pair.Deviation(), 0);
+  EXPECT_TRUE(std::isnan(Of({{largest, 1}, {-largest, 1}}).Deviation()));
+}
+
 TEST(Moments, CountMissingRows) {
   Moments moments;
   moments.AddMissing();
@@ -126,4 +157,71 @@ RC_GTEST_PROP(Moments, AgreeWithTwoPassesHoweverTheyAreMerged, ()) {
   if (weight > 1) {
     RC_ASSERT(std::abs(merged.Deviation() - std::sqrt(squares / (weight - 1))) < 1e-9);
   }
+}
+
+namespace {
+
+using Exact = boost::multiprecision::cpp_rational;
+using Long = boost::multiprecision::cpp_bin_float_100;
+
+/// A random number from 0 to 1 of at most 20 binary digits.
+rc::Gen<double> Fraction() {
+  return rc::gen::map(rc::gen::inRange(0, 1 << 20), [](int number) { return number / 1048576.0; });
+}
+
+/// Weights as they are written, numbers within 1 of an offset of up to 1e12, or the offset itself.
+rc::Gen<std::vector<Weighted>> Group() {
+  auto const offset = rc::gen::apply(
+      [](int power, double factor, bool negative) {
+        return (negative ? -factor : factor) * std::pow(10, power);
+      },
+      rc::gen::inRange(-3, 13), Fraction(), rc::gen::arbitrary<bool>());
+  return rc::gen::mapcat(offset, [](double from) {
+    return rc::gen::container<std::vector<Weighted>>(rc::gen::apply(
+        [from](double distance, int tenths, bool spread) {
+          return Weighted{spread ? from + distance : from, tenths / 10.0};
+        },
+        Fraction(), rc::gen::inRange(0, 40), rc::gen::arbitrary<bool>()));
+  });
+}
+
+bool IsClose(double number, Long const& exact) {
+  return abs(Long(number) - exact) <= 1e-10 * abs(exact);
+}
+
+}  // namespace
+
+RC_GTEST_PROP(Moments, AgreeWithExactArithmetic, ()) {
+  auto const values = *Group();
+  auto const cut = *rc::gen::inRange<std::size_t>(0, values.size() + 1);
+  Moments merged;
+  Moments rest;
+  Exact weight = 0;
+  Exact sum = 0;
+  Exact squares = 0;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    auto const& [number, times] = values[i];
+    (i < cut ? merged : rest).Add(number, times);
+    weight += Exact(times);
+    sum += Exact(number) * Exact(times);
+    squares += Exact(number) * Exact(number) * Exact(times);
+  }
+  merged.Merge(rest);
+  RC_ASSERT(IsClose(merged.Sum(), Long(sum)));
+  if (weight > 0) {
+    RC_ASSERT(IsClose(merged.Mean(), Long(Exact(sum / weight))));
+  }
+  if (weight.convert_to<double>() > 1) {
+    Exact const variance = (squares - sum * sum / weight) / (weight - 1);
+    RC_ASSERT(IsClose(merged.Deviation(), sqrt(Long(variance))));
+  } else {
+    RC_ASSERT(std::isnan(merged.Deviation()));
+  }
+}
+
+RC_GTEST_PROP(Moments, OfOneRowHaveItsNumberForTheirMean, ()) {
+  auto const number = *rc::gen::arbitrary<double>();
+  auto const weight = *rc::gen::positive<double>();
+  RC_PRE(std::isfinite(number) && std::isfinite(weight));
+  RC_ASSERT(Of({{number, weight}}).Mean() == number);
 }

@@ -1,53 +1,50 @@
 #include "Moments.h"
 
 #include <algorithm>
-#include <cmath>
-
-#include "Number.h"
 
 namespace lakresvos::report {
 
-void CompensatedSum::Add(double number) {
-  double const sum = sum_ + number;
-  lost_ += std::abs(sum_) >= std::abs(number) ? (sum_ - sum) + number : (number - sum) + sum_;
-  sum_ = sum;
-}
-
-void CompensatedSum::Merge(CompensatedSum const& other) {
-  Add(other.sum_);
-  Add(other.lost_);
-}
-
-void Moments::Add(double number, double weight) {
-  if (weight == 0) {
+void Moments::Add(double number, double times) {
+  if (times == 0) {
     return;
   }
   minimum_ = weight_ == 0 ? number : std::min(minimum_, number);
   maximum_ = weight_ == 0 ? number : std::max(maximum_, number);
+  WideNumber const exact = number;
+  WideNumber const weight = times;
+  WideNumber const before = weight_;
   weight_ += weight;
-  double const distance = number - mean_;
-  mean_ += distance * weight / weight_;
-  squares_ += weight * distance * (number - mean_);
-  sum_.Add(weight * number);
+  WideNumber const distance = exact - mean_;
+  WideNumber const step = distance * weight / weight_;
+  mean_ += step;
+  squares_ += before * distance * step;
+  sum_ += exact * weight;
 }
 
 void Moments::Merge(Moments const& other) {
-  missing_ += other.missing_;
-  if (other.weight_ == 0) {
-    return;
+  std::size_t const missing = missing_ + other.missing_;
+  if (weight_ == 0) {
+    *this = other;
+  } else if (other.weight_ > 0) {
+    minimum_ = std::min(minimum_, other.minimum_);
+    maximum_ = std::max(maximum_, other.maximum_);
+    WideNumber const before = weight_;
+    weight_ += other.weight_;
+    WideNumber const distance = other.mean_ - mean_;
+    WideNumber const step = distance * other.weight_ / weight_;
+    mean_ += step;
+    squares_ += other.squares_ + before * distance * step;
+    sum_ += other.sum_;
   }
-  minimum_ = weight_ == 0 ? other.minimum_ : std::min(minimum_, other.minimum_);
-  maximum_ = weight_ == 0 ? other.maximum_ : std::max(maximum_, other.maximum_);
-  double const weight = weight_ + other.weight_;
-  double const distance = other.mean_ - mean_;
-  mean_ += distance * other.weight_ / weight;
-  squares_ += other.squares_ + distance * distance * weight_ * other.weight_ / weight;
-  weight_ = weight;
-  sum_.Merge(other.sum_);
+  missing_ = missing;
+}
+
+double Moments::Sum() const {
+  return Rounded(sum_);
 }
 
 double Moments::Mean() const {
-  return weight_ > 0 ? mean_ : kNoNumber;
+  return weight_ > 0 ? Rounded(sum_ / weight_) : kNoNumber;
 }
 
 double Moments::Minimum() const {
@@ -59,7 +56,9 @@ double Moments::Maximum() const {
 }
 
 double Moments::Deviation() const {
-  return weight_ > 1 ? std::sqrt(squares_ / (weight_ - 1)) : kNoNumber;
+  // Ten weights of 0.1 are 1 as they were written, but a little more as doubles; rounding undoes it.
+  bool const defined = weight_.convert_to<double>() > 1;
+  return defined ? Rounded(sqrt(squares_ / (weight_ - 1))) : kNoNumber;
 }
 
 }  // namespace lakresvos::report

@@ -3,30 +3,21 @@
 
 #include <cstddef>
 
+#include "WideNumber.h"
+
 namespace lakresvos::report {
-
-/// A sum of many numbers that keeps what rounding would lose of each addition.
-class CompensatedSum {
- public:
-  void Add(double number);
-  void Merge(CompensatedSum const& other);
-  double Value() const { return sum_ + lost_; }
-
- private:
-  double sum_ = 0;
-  double lost_ = 0;
-};
 
 /// What the statistics of one data column need to know of the rows of one cell, gathered in one
 /// pass.
 ///
 /// Weights are frequencies: a number with weight 3 counts as three equal numbers, one with weight 0
-/// as none. Mean and deviation are updated number by number, which keeps them exact where a
-/// difference of two large sums would not be.
+/// as none. The sum of squares is updated number by number, by the algorithm of West (1979), which
+/// keeps it exact where a difference of two large sums would not be; two of them are merged as Chan,
+/// Golub and LeVeque (1979) do.
 class Moments {
  public:
-  /// Takes in a number with its weight, which is 0 or more.
-  void Add(double number, double weight);
+  /// Takes in a number as often as `times` says, its weight, which is 0 or more.
+  void Add(double number, double times);
 
   /// Takes in a row without a number.
   void AddMissing() { ++missing_; }
@@ -37,9 +28,11 @@ class Moments {
   /// How many rows had no number, whatever their weight.
   std::size_t Missing() const { return missing_; }
 
-  double Sum() const { return sum_.Value(); }
+  /// kNoNumber, like the others below, when it is out of a double's range.
+  double Sum() const;
 
-  /// kNoNumber, like the others below, when there is nothing to take it of.
+  /// kNoNumber, like the others below, when there is nothing to take it of. Between the smallest and
+  /// the largest number, so that equal numbers have just that number for their mean.
   double Mean() const;
   double Minimum() const;
   double Maximum() const;
@@ -49,12 +42,12 @@ class Moments {
   double Deviation() const;
 
  private:
-  double weight_ = 0;
-  double mean_ = 0;
-  double squares_ = 0;  // weighted sum of squared distances from the mean
+  WideNumber weight_ = 0;
+  WideNumber mean_ = 0;
+  WideNumber squares_ = 0;  // weighted sum of squared distances from the mean
   double minimum_ = 0;
   double maximum_ = 0;
-  CompensatedSum sum_;
+  WideNumber sum_ = 0;
   std::size_t missing_ = 0;
 };
 

@@ -66,7 +66,7 @@ void Tabulation::CountRows(DataSet const& data, RowWeights const& weights) {
       continue;
     }
     std::uint32_t const cell = CellOf(subscripts);
-    counts_[cell].Add(weight);
+    counts_[cell] += weight;
     for (std::size_t slot = 0; slot < measured_.size(); ++slot) {
       double const number = numbers[slot].Of(data.columns[measured_[slot]].codes[row]);
       Moments& moments = moments_[cell * measured_.size() + slot];
@@ -100,7 +100,7 @@ void Tabulation::AddTotals() {
       std::copy(part.begin(), part.end(), subscripts.begin());
       subscripts[d] = dimensions_[d].Total();
       std::uint32_t const total = CellOf(subscripts);
-      counts_[total].Merge(counts_[cell]);
+      counts_[total] += counts_[cell];
       for (std::size_t slot = 0; slot < measured_.size(); ++slot) {
         moments_[total * measured_.size() + slot].Merge(moments_[cell * measured_.size() + slot]);
       }
@@ -130,7 +130,7 @@ bool Tabulation::IsTotal(std::size_t cell) const {
 double Tabulation::Value(std::size_t cell, std::size_t statistic) const {
   switch (measures_[statistic]) {
     case Measure::Count:
-      return counts_[cell].Value();
+      return Rounded(counts_[cell]);
     case Measure::RowPercent:
       return Percent(cell, false, true);
     case Measure::ColumnPercent:
@@ -172,8 +172,8 @@ double Tabulation::Percent(std::size_t cell, bool overRows, bool overColumns) co
       whole[d] = dimensions_[d].Total();
     }
   }
-  double const base = counts_[cells_.Find(whole)].Value();
-  return base > 0 ? 100 * counts_[cell].Value() / base : kNoNumber;
+  WideNumber const& base = counts_[cells_.Find(whole)];
+  return base > 0 ? Rounded(100 * counts_[cell] / base) : kNoNumber;
 }
 
 }  // namespace lakresvos::report

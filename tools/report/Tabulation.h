@@ -81,8 +81,8 @@ class Tabulation {
   std::vector<std::size_t> measured_;  // the distinct data columns that statistics are taken of
   std::vector<int> decimals_;          // per measured column
   TupleIndex cells_;
-  std::vector<CompensatedSum> counts_;  // per cell
-  std::vector<Moments> moments_;        // per cell, one for each of measured_
+  std::vector<WideNumber> counts_;  // per cell
+  std::vector<Moments> moments_;    // per cell, one for each of measured_
   std::size_t rowsLeftOut_ = 0;
   std::vector<MissingRows> leftOutFor_;
 };
