@@ -106,8 +106,8 @@ TEST(CategoryGroups, GroupNamedLikeACategoryIsNotTakenForIt) {
             (Texts{"cow / cat", "cow / dog", "big / emu", "big / cow", "Total"}));
 }
 
-TEST(CategoryGroups, NumbersAreGroupedByTheTextsThatAreShown) {
-  EXPECT_EQ(Top(*Table("n ~", {"n: few = 3, 1, 2"})), (Texts{"few", "4", "5", "6"}));
+TEST(CategoryGroups, NumbersAreGroupedHoweverTheyAreWritten) {
+  EXPECT_EQ(Top(*Table("n ~", {"n: few = 3, 1.0, 2e0"})), (Texts{"few", "4", "5", "6"}));
 }
 
 TEST(CategoryGroups, SiblingsInOneOuterCategoryAreGroupedWhereverTheyAre) {
@@ -145,11 +145,24 @@ TEST(CategoryGroups, ColumnHasToBeInATable) {
 
 TEST(CategoryGroups, CategoryBelongsToOneGroup) {
   EXPECT_EQ(ErrorOf([] {
-              CheckGroupings({ParseGrouping("kind: x = cat"), ParseGrouping("kind: y = dog, cat")},
-                             {{"kind", ""}});
+              Table("kind ~", {"kind: x = cat", "kind: y = dog, cat"});
             }),
             "--group 'kind: y = dog, cat': position 16: the category 'cat' is in another group "
             "already");
+}
+
+TEST(CategoryGroups, CategoryComesOnceInAGroup) {
+  EXPECT_EQ(ErrorOf([] { Table("kind ~", {"kind: x = cat, dog, cat"}); }),
+            "--group 'kind: x = cat, dog, cat': position 21: the category 'cat' comes twice");
+  EXPECT_EQ(ErrorOf([] { Table("n ~", {"n: x = 1, 1.0"}); }),
+            "--group 'n: x = 1, 1.0': position 11: the category '1.0' comes twice");
+}
+
+TEST(CategoryGroups, NumberBelongsToOneGroupHoweverItIsWritten) {
+  EXPECT_EQ(ErrorOf([] {
+              Table("n ~", {"n: x = 1", "n: y = 2, 1e0"});
+            }),
+            "--group 'n: y = 2, 1e0': position 11: the category '1e0' is in another group already");
 }
 
 TEST(CategoryGroups, GroupsOfAColumnHaveDifferentNames) {

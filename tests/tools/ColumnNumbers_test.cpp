@@ -66,6 +66,48 @@ TEST(CategoryOrder, KeepsTextsApartThatWouldBeEqualNumbers) {
   EXPECT_EQ(OrderCategories(DataOf("a\n1\n1.0\nx\n", {"a"}).columns[0]).codeOf.size(), 3u);
 }
 
+TEST(CategoryOrder, KeepsNumbersApartThatAreOneDouble) {
+  CategoryOrder const order = OrderCategories(
+      DataOf("a\n9007199254740993\n9007199254740992\n9007199254740992.0\n", {"a"}).columns[0]);
+  EXPECT_TRUE(order.numeric);
+  EXPECT_EQ(order.codeOf, (std::vector<std::uint32_t>{1, 0}));
+  EXPECT_EQ(order.categoryOf, (std::vector<std::uint32_t>{1, 0, 0}));
+}
+
+TEST(CategoryOrder, MakesTextsOfCodesWithALeadingZero) {
+  CategoryOrder const order = OrderCategories(DataOf("a\n1234\n01234\n12\n", {"a"}).columns[0]);
+  EXPECT_FALSE(order.numeric);
+  EXPECT_EQ(order.codeOf, (std::vector<std::uint32_t>{0, 1, 2}));
+}
+
+TEST(CategoryOrder, MakesTextsWhereThatIsAskedFor) {
+  DataSet data = DataOf("a\n2\n1.0\n1\n", {"a"});
+  data.columns[0].text = true;
+  CategoryOrder const order = OrderCategories(data.columns[0]);
+  EXPECT_FALSE(order.numeric);
+  EXPECT_EQ(order.codeOf, (std::vector<std::uint32_t>{0, 1, 2}));
+}
+
+TEST(FindCategory, FindsANumberHoweverItIsWritten) {
+  DataSet const data = DataOf("a\n10\n1\n-0\n", {"a"});
+  CategoryOrder const order = OrderCategories(data.columns[0]);
+  EXPECT_EQ(FindCategory(data.columns[0], order, "1.0"), 1u);
+  EXPECT_EQ(FindCategory(data.columns[0], order, "1e1"), 2u);
+  EXPECT_EQ(FindCategory(data.columns[0], order, "0"), 0u);
+  EXPECT_EQ(FindCategory(data.columns[0], order, "5"), std::nullopt);
+  EXPECT_EQ(FindCategory(data.columns[0], order, "99"), std::nullopt);
+  EXPECT_EQ(FindCategory(data.columns[0], order, "01"), std::nullopt);
+  EXPECT_EQ(FindCategory(data.columns[0], order, "x"), std::nullopt);
+}
+
+TEST(FindCategory, FindsATextAsItIsWritten) {
+  DataSet const data = DataOf("a\n01\nx\n", {"a"});
+  CategoryOrder const order = OrderCategories(data.columns[0]);
+  EXPECT_EQ(FindCategory(data.columns[0], order, "x"), 1u);
+  EXPECT_EQ(FindCategory(data.columns[0], order, "01"), 0u);
+  EXPECT_EQ(FindCategory(data.columns[0], order, "1"), std::nullopt);
+}
+
 TEST(CategoryOrder, OfNoValues) {
   EXPECT_TRUE(OrderCategories(DataOf("a\nNA\n", {"a"}).columns[0]).codeOf.empty());
 }

@@ -81,6 +81,20 @@ TEST(CrossTable, ShowsNumbersAsTheDataHaveThem) {
   EXPECT_EQ(TextAt(*table, {"1.50"}), "2");
 }
 
+TEST(CrossTable, ShowsEveryZeroAsZero) {
+  EXPECT_EQ(CategoryPaths(Table(DataOf("a\n-0\n0\n5\n", {"a"}), {"a ~"})->Dimension(0)),
+            (Texts{"0", "5"}));
+  EXPECT_EQ(CategoryPaths(Table(DataOf("a\n-0.0\n", {"a"}), {"a ~"})->Dimension(0)),
+            (Texts{"0.0"}));
+}
+
+TEST(CrossTable, HasACellForEachOfTwoNumbersThatAreOneDouble) {
+  DataSet const data = DataOf("a\n9007199254740993\n9007199254740992\n9007199254740993\n", {"a"});
+  auto const table = Table(data, {"a ~"});
+  EXPECT_EQ(TextAt(*table, {"9007199254740992"}), "1");
+  EXPECT_EQ(TextAt(*table, {"9007199254740993"}), "2");
+}
+
 TEST(CrossTable, PutsTheFirstColumnOfTheFormulaOutermost) {
   auto const table = Table(Passengers(), {"class * sex ~ age * fare | n"});
   EXPECT_EQ(Axis(table->Rows()), (std::vector<short>{1, 0}));

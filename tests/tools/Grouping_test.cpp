@@ -56,8 +56,3 @@ TEST(Grouping, WhatIsMissingIsNamed) {
   EXPECT_EQ(ErrorIn("a: b = c d"),
             "--group 'a: b = c d': position 10: there should be ',' or the end");
 }
-
-TEST(Grouping, CategoryComesOnce) {
-  EXPECT_EQ(ErrorIn("a: b = c, c"),
-            "--group 'a: b = c, c': position 11: the category 'c' comes twice");
-}

@@ -95,6 +95,12 @@ TEST(Options, TakeChartsStyleAndGroups) {
   EXPECT_EQ(options.groupings[1].column.name, "d");
 }
 
+TEST(Options, TakeColumnsOfTexts) {
+  Options const options = Parse({"--text", "a", "--text", "b c", "a.csv"}).options.value();
+  EXPECT_EQ(options.textColumns, (std::vector<std::string>{"a", "b c"}));
+  EXPECT_EQ(options.dataFile, "a.csv");
+}
+
 TEST(Options, RememberTheCommandAsAShellWouldTakeIt) {
   EXPECT_EQ(Parse({"a b.csv", "--table", "a ~ b"}).options->command,
             "lakresvos-report 'a b.csv' --table 'a ~ b'");
@@ -106,7 +112,7 @@ TEST(Options, GiveHelp) {
     EXPECT_FALSE(parsed.options.has_value());
     for (char const* name : {"--table", "--weight", "--statistics", "--totals", "--format", "-o",
                              "--layers", "--keep-empty", "--width", "--title", "--caption",
-                             "--ascii", "--style", "--group", "--chart"}) {
+                             "--ascii", "--style", "--group", "--chart", "--text"}) {
       EXPECT_NE(parsed.printed.find(name), std::string::npos) << name;
     }
   }

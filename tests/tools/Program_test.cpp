@@ -195,6 +195,50 @@ TEST(Program, ShowsHostileTextAsText) {
   }
 }
 
+namespace {
+
+/// The table as long CSV, without the header and the carriage returns.
+std::string Records(std::string const& bytes, std::vector<std::string> arguments) {
+  TemporaryDirectory const directory;
+  arguments.insert(arguments.end(), {directory.Write("a.csv", bytes), "--format", "csv"});
+  ReportRun const run = RunReport(arguments);
+  EXPECT_EQ(run.exitCode, 0) << run.err;
+  std::string records = run.out.substr(run.out.find('\n') + 1);
+  std::erase(records, '\r');
+  return records;
+}
+
+}  // namespace
+
+TEST(Program, FindsADeviationBesideMuchLargerNumbers) {
+  std::string const times = "x,w\n1700000039,1.3\n1700000042,0.2\n1700000024,0.4\n";
+  std::string const constant = "x,w\n250000,0.7\n250000,1.1\n250000,2.1\n";
+  std::vector<std::string> const arguments{"--statistics", "sd:x", "--weight", "w", "--table", "~"};
+  EXPECT_EQ(Records(times, arguments).substr(0, 25), "Std. deviation of x,9.216");
+  EXPECT_EQ(Records(constant, arguments), "Std. deviation of x,0\n");
+}
+
+TEST(Program, NeverShowsInfinity) {
+  EXPECT_EQ(Records("x\n1e308\n1e308\n-1e308\n", {"--statistics", "sum:x,min:x", "--table", "~"}),
+            "Sum of x,1e+308\nMinimum of x,-1e+308\n");
+  EXPECT_EQ(Records("w\n1e308\n1e308\n",
+                    {"--statistics", "count,total%", "--weight", "w", "--table", "~"}),
+            "Count,\nTotal %,100\n");
+}
+
+TEST(Program, KeepsIdentifiersApart) {
+  EXPECT_EQ(Records("a\n9007199254740993\n9007199254740992\n", {"--table", "a ~"}),
+            "9007199254740992,1\n9007199254740993,1\n");
+  EXPECT_EQ(Records("a\n1234\n01234\n12\n", {"--table", "a ~"}), "1234,1\n01234,1\n12,1\n");
+  EXPECT_EQ(Records("a\n2\n1.0\n1\n", {"--table", "a ~"}), "1.0,2\n2,1\n");
+  EXPECT_EQ(Records("a\n2\n1.0\n1\n", {"--table", "a ~", "--text", "a"}), "2,1\n1.0,1\n1,1\n");
+}
+
+TEST(Program, GroupsNumbersHoweverTheyAreWritten) {
+  EXPECT_EQ(Records("w\n1\n-0\n0\n2\n", {"--table", "w ~", "--group", "w: Low = 1.0, 0e1"}),
+            "Low,0,2\nLow,1,1\n,2,1\n");
+}
+
 TEST(ProgramErrors, FileThatIsNotThere) {
   ReportRun const run = RunReport({"/nowhere/a.csv"});
   EXPECT_EQ(run.exitCode, 2);
@@ -442,6 +486,7 @@ TEST(Program, TakesNoDataBesideASavedDocument) {
                                              {"--title", "t"},
                                              {"--caption", "c"},
                                              {"--group", "a: b = c"},
+                                             {"--text", "a"},
                                              {"--chart"},
                                              {"--style", "s.json"}}) {
     std::vector<std::string> arguments{"--from", "saved.json"};

@@ -1,8 +1,11 @@
 #include "CategoryGroups.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <optional>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <utility>
 
 #include <cells/OmStringCell.h>
@@ -31,60 +34,88 @@ std::vector<Node> NodesAt(OmDimension& dimension, std::size_t level) {
   return nodes;
 }
 
-void CheckCategories(Grouping const& grouping, DataColumn const& column,
-                     CategoryOrder const& order) {
-  std::set<std::string, std::less<>> known;
-  for (std::uint32_t const code : order.codeOf) {
-    known.emplace(column.values[code]);
-  }
-  for (NamedColumn const& category : grouping.categories) {
-    if (known.count(category.name) == 0) {
-      Fail(grouping, category,
-           "the column " + Quoted(column.name) + " has no category " + Quoted(category.name));
+/// The groupings of one column, as far as they concern one dimension.
+class ColumnGroups {
+ public:
+  ColumnGroups(DataColumn const& column, CategoryOrder const& order,
+               std::vector<Grouping> const& groupings)
+      : column_(column), order_(order) {
+    for (Grouping const& grouping : groupings) {
+      if (grouping.column.name == column.name) {
+        groupings_.push_back(&grouping);
+        TakeCategories(grouping);
+      }
     }
   }
-}
 
-bool Has(Grouping const& grouping, std::string const& category) {
-  return std::any_of(grouping.categories.begin(), grouping.categories.end(),
-                     [&](NamedColumn const& named) { return named.name == category; });
-}
+  std::vector<Grouping const*> const& Groupings() const { return groupings_; }
 
-/// The categories of the grouping that are children of `parent`.
-std::vector<Node> Members(Node const& parent, Grouping const& grouping) {
-  std::vector<Node> members;
-  for (std::size_t i = 0; i < parent.NChildren(); ++i) {
-    OmDimensionNode const& child = parent[i].Value();
-    if (IsOfData(child) && Has(grouping, child.label->GetText())) {
-      members.push_back(parent[i]);
+  /// The categories of the grouping that are children of `parent`.
+  std::vector<Node> Members(Node const& parent, Grouping const& grouping) const {
+    std::vector<Node> members;
+    for (std::size_t i = 0; i < parent.NChildren(); ++i) {
+      if (IsOfData(parent[i].Value())) {
+        auto const group = groupOf_.find(CategoryOf(parent[i]));
+        if (group != groupOf_.end() && group->second == &grouping) {
+          members.push_back(parent[i]);
+        }
+      }
+    }
+    return members;
+  }
+
+  /// @throws ReportError for a category that stands under none of `parents` beside the first.
+  void CheckSiblings(std::vector<Node> const& parents, Grouping const& grouping) const {
+    NamedColumn const& first = grouping.categories.front();
+    std::set<std::uint32_t> besideFirst{*Find(first.name)};
+    for (Node const& parent : parents) {
+      std::set<std::uint32_t> siblings;
+      for (Node const& member : Members(parent, grouping)) {
+        siblings.insert(CategoryOf(member));
+      }
+      if (siblings.count(*Find(first.name)) != 0) {
+        besideFirst.merge(siblings);
+      }
+    }
+    for (NamedColumn const& category : grouping.categories) {
+      if (besideFirst.count(*Find(category.name)) == 0) {
+        Fail(grouping, category,
+             "the category " + Quoted(category.name) + " is nowhere in one group with " +
+                 Quoted(first.name));
+      }
     }
   }
-  return members;
-}
 
-void CheckSiblings(std::vector<Node> const& parents, Grouping const& grouping) {
-  std::string const& first = grouping.categories.front().name;
-  std::set<std::string> besideFirst{first};
-  for (Node const& parent : parents) {
-    std::set<std::string> labels;
-    for (Node const& member : Members(parent, grouping)) {
-      labels.insert(member.Value().label->GetText());
-    }
-    if (labels.count(first) != 0) {
-      besideFirst.merge(labels);
+ private:
+  void TakeCategories(Grouping const& grouping) {
+    for (NamedColumn const& named : grouping.categories) {
+      std::optional<std::uint32_t> const category = Find(named.name);
+      if (!category.has_value()) {
+        Fail(grouping, named,
+             "the column " + Quoted(column_.name) + " has no category " + Quoted(named.name));
+      }
+      auto const [known, added] = groupOf_.emplace(*category, &grouping);
+      if (!added) {
+        Fail(grouping, named,
+             "the category " + Quoted(named.name) +
+                 (known->second == &grouping ? " comes twice" : " is in another group already"));
+      }
     }
   }
-  for (NamedColumn const& category : grouping.categories) {
-    if (besideFirst.count(category.name) == 0) {
-      Fail(grouping, category,
-           "the category " + Quoted(category.name) + " is nowhere in one group with " +
-               Quoted(first));
-    }
-  }
-}
 
-void GroupChildren(OmDimension& dimension, Node const& parent, Grouping const& grouping) {
-  std::vector<Node> members = Members(parent, grouping);
+  std::optional<std::uint32_t> Find(std::string const& value) const {
+    return FindCategory(column_, order_, value);
+  }
+
+  std::uint32_t CategoryOf(Node const& node) const { return *Find(node.Value().label->GetText()); }
+
+  DataColumn const& column_;
+  CategoryOrder const& order_;
+  std::vector<Grouping const*> groupings_;
+  std::unordered_map<std::uint32_t, Grouping const*> groupOf_;  // by category
+};
+
+void GroupChildren(OmDimension& dimension, std::vector<Node> members, Grouping const& grouping) {
   std::vector<Node*> handles;
   handles.reserve(members.size());
   for (Node& member : members) {
@@ -99,18 +130,14 @@ void GroupCategories(OmDimension& target, TableDimension const& source, DataSet 
                      std::vector<Grouping> const& groupings) {
   // From the innermost column outwards: a group moves what is below it one level down.
   for (std::size_t level = source.columns.size(); level-- > 0;) {
-    DataColumn const& column = data.columns[source.columns[level]];
-    for (Grouping const& grouping : groupings) {
-      if (grouping.column.name != column.name) {
-        continue;
-      }
-      CheckCategories(grouping, column, source.orders[level]);
+    ColumnGroups const groups(data.columns[source.columns[level]], source.orders[level], groupings);
+    for (Grouping const* const grouping : groups.Groupings()) {
       std::vector<Node> const parents = NodesAt(target, level);
       if (level > 0) {
-        CheckSiblings(parents, grouping);
+        groups.CheckSiblings(parents, *grouping);
       }
       for (Node const& parent : parents) {
-        GroupChildren(target, parent, grouping);
+        GroupChildren(target, groups.Members(parent, *grouping), *grouping);
       }
     }
   }
@@ -119,7 +146,6 @@ void GroupCategories(OmDimension& target, TableDimension const& source, DataSet 
 void CheckGroupings(std::vector<Grouping> const& groupings,
                     std::vector<ColumnWish> const& formulaColumns) {
   std::set<std::pair<std::string, std::string>> groups;
-  std::set<std::pair<std::string, std::string>> grouped;
   for (Grouping const& grouping : groupings) {
     std::string const& column = grouping.column.name;
     if (std::none_of(formulaColumns.begin(), formulaColumns.end(),
@@ -129,12 +155,6 @@ void CheckGroupings(std::vector<Grouping> const& groupings,
     if (!groups.emplace(column, grouping.group.name).second) {
       Fail(grouping, grouping.group,
            "the column " + Quoted(column) + " has another group " + Quoted(grouping.group.name));
-    }
-    for (NamedColumn const& category : grouping.categories) {
-      if (!grouped.emplace(column, category.name).second) {
-        Fail(grouping, category,
-             "the category " + Quoted(category.name) + " is in another group already");
-      }
     }
   }
 }

@@ -15,13 +15,13 @@ namespace lakresvos::report {
 /// where the first of its categories stood. Inside nested columns that is done in every group of the
 /// outer column that has one of the categories.
 ///
-/// @throws ReportError for a category that its column does not have, and, inside nested columns, for
-///         one that is in no group together with the first.
+/// @throws ReportError for a category that its column does not have or that comes twice, and, inside
+///         nested columns, for one that is in no group together with the first.
 void GroupCategories(OmDimension& target, TableDimension const& source, DataSet const& data,
                      std::vector<Grouping> const& groupings);
 
-/// @throws ReportError for a grouping of a column that is in no formula, and for a group or a
-///         category of a column that comes twice.
+/// @throws ReportError for a grouping of a column that is in no formula, and for a group of a column
+///         that comes twice.
 void CheckGroupings(std::vector<Grouping> const& groupings,
                     std::vector<ColumnWish> const& formulaColumns);
 

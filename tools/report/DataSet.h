@@ -19,6 +19,7 @@ struct DataColumn {
 
   std::string name;
   bool kept = false;                 ///< whether values and codes are filled
+  bool text = false;                 ///< whether its categories are texts, whatever they look like
   Dictionary values;                 ///< the distinct values that are not missing
   std::vector<std::uint32_t> codes;  ///< per row, the number of its value or kMissing
   std::size_t missing = 0;           ///< in how many rows the value is missing

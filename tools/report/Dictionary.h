@@ -17,16 +17,19 @@ class Dictionary {
  public:
   /// The number of the text, which is added when it is new.
   std::uint32_t Intern(std::string_view text) {
-    std::size_t const hash = std::hash<std::string_view>()(text);
-    std::uint32_t const known =
-        ids_.Find(hash, [&](std::uint32_t id) { return (*this)[id] == text; });
+    std::uint32_t const known = Find(text);
     if (known != IdTable::kNone) {
       return known;
     }
     text_.append(text);
     ends_.push_back(text_.size());
-    ids_.Add(hash);
+    ids_.Add(Hash(text));
     return static_cast<std::uint32_t>(ends_.size() - 1);
+  }
+
+  /// The number of the text, or IdTable::kNone.
+  std::uint32_t Find(std::string_view text) const {
+    return ids_.Find(Hash(text), [&](std::uint32_t id) { return (*this)[id] == text; });
   }
 
   /// How many distinct texts there are.
@@ -39,6 +42,8 @@ class Dictionary {
   }
 
  private:
+  static std::size_t Hash(std::string_view text) { return std::hash<std::string_view>()(text); }
+
   std::string text_;               // all texts, one behind the other
   std::vector<std::size_t> ends_;  // where each text ends
   IdTable ids_;

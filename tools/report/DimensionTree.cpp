@@ -22,9 +22,11 @@ constexpr unsigned long kNoSubscript = static_cast<unsigned long>(-1);
 /// The label of one category of a data column.
 std::unique_ptr<OmCellText> CategoryLabel(DataColumn const& column, CategoryOrder const& order,
                                           std::uint32_t category) {
-  std::string const text(column.values[order.codeOf[category]]);
+  std::string text(column.values[order.codeOf[category]]);
   if (order.numeric) {
-    return std::make_unique<OmNumDataValue>(ParseNumber(text), text);
+    double const number = ParseNumber(text);
+    text.erase(0, number == 0 && text.starts_with('-') ? 1 : 0);
+    return std::make_unique<OmNumDataValue>(number, text);
   }
   return std::make_unique<OmStringDataValue>(text, "");
 }

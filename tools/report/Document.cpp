@@ -1,5 +1,6 @@
 #include "Document.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -14,6 +15,8 @@
 #include "ChartData.h"
 #include "ColumnNumbers.h"
 #include "NotesTable.h"
+#include "Quoting.h"
+#include "ReportError.h"
 #include "RowWeights.h"
 #include "StyleSheet.h"
 #include "WarningLog.h"
@@ -51,6 +54,17 @@ std::vector<ColumnWish> WishesOf(Options const& options) {
     wishes.push_back({options.weight, "--weight"});
   }
   return wishes;
+}
+
+/// @throws ReportError for a column that is in no formula.
+void CheckTextColumns(std::vector<std::string> const& columns,
+                      std::vector<ColumnWish> const& formulaColumns) {
+  for (std::string const& column : columns) {
+    if (std::none_of(formulaColumns.begin(), formulaColumns.end(),
+                     [&](ColumnWish const& wish) { return wish.name == column; })) {
+      throw ReportError("--text: the column " + Quoted(column) + " is in no table");
+    }
+  }
 }
 
 void WarnOfTexts(DataSet const& data, std::vector<Statistic> const& statistics,
@@ -101,8 +115,12 @@ void AppendReport(OmOutputTree& document, Options const& options) {
   StyleSheet const style =
       options.styleFile.empty() ? StyleSheet() : ReadStyleSheet(options.styleFile);
   CheckGroupings(options.groupings, FormulaColumns(options.tables));
+  CheckTextColumns(options.textColumns, FormulaColumns(options.tables));
   WarningLog warnings;
-  DataSet const data = ReadDataSet(options.dataFile, WishesOf(options), warnings);
+  DataSet data = ReadDataSet(options.dataFile, WishesOf(options), warnings);
+  for (std::string const& column : options.textColumns) {
+    data.columns[data.Find(column)].text = true;
+  }
   RowWeights const weights =
       options.weight.empty() ? RowWeights() : RowWeights(data, options.weight, warnings);
   WarnOfTexts(data, options.statistics, warnings);

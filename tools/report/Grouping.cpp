@@ -1,9 +1,5 @@
 #include "Grouping.h"
 
-#include <set>
-
-#include "Quoting.h"
-
 namespace lakresvos::report {
 
 namespace {
@@ -27,13 +23,8 @@ Grouping ParseGrouping(std::string const& text) {
   Expect(scanner, ':', "':'");
   grouping.group = scanner.Name(kStops, "the name of the group");
   Expect(scanner, '=', "'='");
-  std::set<std::string> seen;
   do {
-    NamedColumn category = scanner.Name(kStops, "a category");
-    if (!seen.insert(category.name).second) {
-      scanner.Fail(category.position, "the category " + Quoted(category.name) + " comes twice");
-    }
-    grouping.categories.push_back(std::move(category));
+    grouping.categories.push_back(scanner.Name(kStops, "a category"));
   } while (scanner.Take(','));
   if (!scanner.AtEnd()) {
     scanner.Fail(scanner.Position(), "there should be ',' or the end");

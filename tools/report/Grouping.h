@@ -13,11 +13,11 @@ struct Grouping {
   std::string text;
   NamedColumn column;
   NamedColumn group;
-  std::vector<NamedColumn> categories;  ///< by the texts that tables show
+  std::vector<NamedColumn> categories;  ///< by the values that make them
 };
 
 /// Reads `COLUMN: NAME = CATEGORY, CATEGORY`; names as in a formula.
-/// @throws ReportError that names the position, also for a category that comes twice.
+/// @throws ReportError that names the position.
 Grouping ParseGrouping(std::string const& text);
 
 /// Complains about a place in a grouping.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <string>
 #include <system_error>
 
 namespace lakresvos::report {
@@ -11,6 +12,53 @@ namespace {
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
+
+std::string_view WithoutSign(std::string_view number) {
+  bool const isSigned = number.starts_with('-') || number.starts_with('+');
+  return number.substr(isSigned ? 1 : 0);
+}
+
+/// The power of ten that a number is written with.
+long long ExponentOf(std::string_view number) {
+  std::size_t const mark = number.find_first_of("eE");
+  if (mark == std::string_view::npos) {
+    return 0;
+  }
+  std::string_view text = number.substr(mark + 1);
+  text.remove_prefix(text.starts_with('+') ? 1 : 0);
+  long long exponent = 0;
+  std::from_chars(text.data(), text.data() + text.size(), exponent);
+  return exponent;
+}
+
+/// A number as it is written, in the one form that all equal ones have: 0.DIGITS times ten to the
+/// power. Zero has no digits.
+struct Decimal {
+  explicit Decimal(std::string_view number) {
+    std::string_view const mantissa = WithoutSign(number.substr(0, number.find_first_of("eE")));
+    std::size_t const point = std::min(mantissa.find('.'), mantissa.size());
+    digits = mantissa.substr(0, point);
+    digits += mantissa.substr(std::min(point + 1, mantissa.size()));
+    std::size_t const first = std::min(digits.find_first_not_of('0'), digits.size());
+    digits.erase(0, first);
+    digits.erase(digits.find_last_not_of('0') + 1);
+    if (!digits.empty()) {
+      negative = number.starts_with('-');
+      power = ExponentOf(number) + static_cast<long long>(point) - static_cast<long long>(first);
+    }
+  }
+
+  int CompareSize(Decimal const& other) const {
+    if (digits.empty() || other.digits.empty() || power == other.power) {
+      return digits.compare(other.digits);
+    }
+    return power < other.power ? -1 : 1;
+  }
+
+  std::string digits;  // neither the first nor the last is 0
+  long long power = 0;
+  bool negative = false;
+};
 
 }  // namespace
 
@@ -24,7 +72,10 @@ double ParseNumber(std::string_view text) {
   }
   double value = 0;
   auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  return error == std::errc() && end == text.data() + text.size() ? value : kNoNumber;
+  if (error != std::errc() || end != text.data() + text.size()) {
+    return kNoNumber;
+  }
+  return value == 0 ? 0 : value;
 }
 
 int DecimalsOf(std::string_view number) {
@@ -35,14 +86,22 @@ int DecimalsOf(std::string_view number) {
   long decimals = point == std::string_view::npos
                       ? 0
                       : static_cast<long>(std::min<std::size_t>(mantissa.size() - point - 1, 1000));
-  if (exponentMark != std::string_view::npos) {
-    std::string_view exponent = number.substr(exponentMark + 1);
-    exponent.remove_prefix(exponent.starts_with('+') ? 1 : 0);
-    long power = 0;
-    std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
-    decimals -= std::clamp(power, -1000L, 1000L);
-  }
+  decimals -= static_cast<long>(std::clamp(ExponentOf(number), -1000LL, 1000LL));
   return static_cast<int>(std::clamp(decimals, 0L, kMost));
+}
+
+int CompareNumbers(std::string_view a, std::string_view b) {
+  Decimal const left(a);
+  Decimal const right(b);
+  if (left.negative != right.negative) {
+    return left.negative ? -1 : 1;
+  }
+  return left.negative ? right.CompareSize(left) : left.CompareSize(right);
+}
+
+bool HasNeedlessZero(std::string_view number) {
+  std::string_view const digits = WithoutSign(number);
+  return digits.size() > 1 && digits[0] == '0' && IsDigit(digits[1]);
 }
 
 }  // namespace lakresvos::report

@@ -21,7 +21,7 @@ constexpr char kFooter[] = R"(
 A formula is ROWS ~ COLUMNS or ROWS ~ COLUMNS | LAYERS. Each axis is a list of data columns joined by
 '*', or empty. A/B nests B's values in groups of A's. A name with blanks or with one of ~ | * / in it
 stands in back-quotes. Categories are shown in ascending order when all values of their column are
-numbers, else in the order in which the file has them.
+numbers, else in the order in which the file has them. A column with a number like 007 holds texts.
 
 A value is missing when its field is empty or reads NA.
 
@@ -95,6 +95,10 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
                  "categories to put under a group, as in 'Class: Staff = Crew, 3rd'; repeatable")
       ->type_name("GROUP")
       ->allow_extra_args(false);
+  app.add_option("--text", options.textColumns,
+                 "a column whose values are texts even if they look like numbers; repeatable")
+      ->type_name("COLUMN")
+      ->allow_extra_args(false);
   app.add_flag("--chart", options.charts,
                "a bar chart behind each table with one or two dimensions and no layers");
   app.add_option("--style", options.styleFile, "a JSON file that says how areas of tables look")
@@ -104,7 +108,7 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
                      "a document that was saved as JSON, instead of data and what to make of them")
           ->type_name("DOCUMENT");
   for (char const* option : {"DATA", "--table", "--weight", "--statistics", "--totals", "--title",
-                             "--caption", "--group", "--chart", "--style"}) {
+                             "--caption", "--group", "--text", "--chart", "--style"}) {
     from->excludes(option);
   }
   app.add_option("--format", texts.format, "what to write (default: text)")

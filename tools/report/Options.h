@@ -24,6 +24,7 @@ struct Options {
   std::string weight;  ///< a column; empty: every row counts once
   bool totals = false;
   std::vector<Grouping> groupings;
+  std::vector<std::string> textColumns;  ///< whose categories are texts, whatever they look like
   bool charts = false;    ///< one behind each table with one or two dimensions and no layers
   std::string styleFile;  ///< empty: none
   OutputFormat format = OutputFormat::Text;
