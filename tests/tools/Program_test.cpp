@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <sys/resource.h>
 
 #include <lakresvos/lakresvos.h>
 
@@ -424,6 +425,28 @@ TEST(ProgramMemory, LeavesTheDocumentAloneWheneverAnAllocationFails) {
                                                    [&] { EXPECT_EQ(document.size(), 1u); });
   EXPECT_GT(failures, 100u);
   EXPECT_EQ(document.size(), 9u);
+}
+
+TEST(ProgramMemory, GrowsWithTheDimensionsAndNotWithTheirSquare) {
+  TemporaryDirectory const directory;
+  std::string names;
+  std::string values;
+  std::string formula;
+  for (int i = 0; i < 16000; ++i) {
+    std::string const name = "c" + std::to_string(i);
+    names += (i > 0 ? "," : "") + name;
+    values += i > 0 ? ",x" : "x";
+    formula += (i > 0 ? "*" : "") + name;
+  }
+  std::string const file = directory.Write("a.csv", names + "\n" + values + "\n");
+  ReportRun const run =
+      RunReport({file, "--table", formula + "~", "--title", "T", "--format", "csv"});
+  EXPECT_EQ(run.err, "");
+  EXPECT_TRUE(run.out.starts_with(names));
+  EXPECT_NE(run.out.find("\n" + values + ",1"), std::string::npos);
+  struct rusage usage;
+  ASSERT_EQ(getrusage(RUSAGE_CHILDREN, &usage), 0);
+  EXPECT_LT(usage.ru_maxrss, 1 << 20) << "kilobytes";
 }
 
 // Saved documents

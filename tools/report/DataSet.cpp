@@ -55,7 +55,7 @@ class DataSetSink : public CsvSink {
       if (found == numbers.end()) {
         throw ReportError(
             data_.file, record.Line(),
-            "there is no column " + Quoted(wish.name) + ", which " + wish.source + " asks for");
+            "there is no column " + Quoted(wish.name) + ", which " + wish.Source() + " asks for");
       }
       data_.columns[found->second].kept = true;
     }
@@ -93,6 +93,14 @@ class DataSetSink : public CsvSink {
 };
 
 }  // namespace
+
+std::string ColumnWish::Source() const {
+  std::string source(option);
+  if (!value.empty()) {
+    source += " '" + std::string(value) + "'";
+  }
+  return position == 0 ? source : source + " at position " + std::to_string(position);
+}
 
 std::size_t DataSet::Find(std::string const& name) const {
   auto const found = std::find_if(columns.begin(), columns.end(),

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Dictionary.h"
@@ -25,10 +26,15 @@ struct DataColumn {
   std::size_t missing = 0;           ///< in how many rows the value is missing
 };
 
-/// A column that is asked for, and by what, for messages: "--weight", say.
+/// A column that is asked for, and where, for messages.
 struct ColumnWish {
   std::string name;
-  std::string source;
+  std::string_view option;   ///< "--table", say
+  std::string_view value{};  ///< of the option; empty: goes without saying. Has to outlive the wish
+  std::size_t position = 0;  ///< of the name in the value, from 1; 0: the name is all of it
+
+  /// "--table 'a ~ b' at position 5".
+  std::string Source() const;
 };
 
 /// The data of one file, column by column.

@@ -33,8 +33,7 @@ std::vector<ColumnWish> FormulaColumns(std::vector<TableRequest> const& tables) 
     for (auto const* axis : {&table.formula.rows, &table.formula.columns, &table.formula.layers}) {
       for (FormulaTerm const& term : *axis) {
         for (NamedColumn const& column : term) {
-          columns.push_back({column.name, "--table '" + table.formula.text + "' at position " +
-                                              std::to_string(column.position)});
+          columns.push_back({column.name, "--table", table.formula.text, column.position});
         }
       }
     }
@@ -46,8 +45,7 @@ std::vector<ColumnWish> WishesOf(Options const& options) {
   std::vector<ColumnWish> wishes = FormulaColumns(options.tables);
   for (Statistic const& statistic : options.statistics) {
     if (NeedsColumn(statistic.measure)) {
-      wishes.push_back({statistic.column.name,
-                        "--statistics at position " + std::to_string(statistic.column.position)});
+      wishes.push_back({statistic.column.name, "--statistics", "", statistic.column.position});
     }
   }
   if (!options.weight.empty()) {
