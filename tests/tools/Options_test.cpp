@@ -25,6 +25,11 @@ Parsed Parse(std::vector<char const*> arguments) {
   return parsed;
 }
 
+Parsed ParseForWorkbook(std::vector<char const*> arguments) {
+  arguments.insert(arguments.end(), {"a.csv", "--format", "xlsx", "--table", "a ~ | b"});
+  return Parse(std::move(arguments));
+}
+
 std::string ErrorIn(std::vector<char const*> const& arguments) {
   return ErrorOf([&] { Parse(arguments); });
 }
@@ -50,10 +55,10 @@ TEST(Options, HaveDefaults) {
 }
 
 TEST(Options, ReadAllOfThem) {
-  Options const options =
-      Parse({"--weight", "Freq", "--statistics", "count,sum:x", "--totals", "--format", "text",
-             "-o", "out.txt", "--layers", "first", "--keep-empty", "--ascii", "a.csv"})
-          .options.value();
+  Options const options = Parse({"--weight", "Freq", "--statistics", "count,sum:x", "--totals",
+                                 "--format", "text", "-o", "out.txt", "--layers", "first",
+                                 "--keep-empty", "--ascii", "a.csv", "--table", "a ~ b | c"})
+                              .options.value();
   EXPECT_EQ(options.weight, "Freq");
   EXPECT_EQ(options.statistics.size(), 2u);
   EXPECT_TRUE(options.totals);
@@ -86,8 +91,8 @@ TEST(Options, TakeTitlesThatLookLikeOptionsOrLists) {
 }
 
 TEST(Options, TakeChartsStyleAndGroups) {
-  Options const options = Parse({"a.csv", "--chart", "--style", "s.json", "--group", "a: b = c",
-                                 "--group", "d: e = f, g"})
+  Options const options = Parse({"a.csv", "--table", "a ~ d", "--chart", "--style", "s.json",
+                                 "--group", "a: b = c", "--group", "d: e = f, g"})
                               .options.value();
   EXPECT_TRUE(options.charts);
   EXPECT_EQ(options.styleFile, "s.json");
@@ -128,6 +133,28 @@ TEST(OptionErrors, NoDataFile) {
   EXPECT_EQ(ErrorIn({}), "DATA is required");
 }
 
+TEST(OptionErrors, EmptyValue) {
+  EXPECT_EQ(ErrorIn({""}), "DATA: the value is empty");
+  for (char const* option : {"--table", "--weight", "--statistics", "--title", "--caption",
+                             "--group", "--text", "--style", "-o"}) {
+    EXPECT_EQ(ErrorIn({"a.csv", "--table", "a ~", option, ""}),
+              std::string(option) + ": the value is empty");
+    EXPECT_EQ(ErrorIn({"a.csv", option, "", "--table", "a ~"}),
+              std::string(option) + ": the value is empty");
+  }
+  EXPECT_EQ(ErrorIn({"--from", ""}), "--from: the value is empty");
+  EXPECT_NE(ErrorIn({"a.csv", "--weight="}), "none");
+}
+
+TEST(OptionErrors, OptionWithoutEffect) {
+  EXPECT_EQ(ErrorIn({"a.csv", "--table", "a ~", "--format", "html", "--ascii"}),
+            "--ascii has no effect without --format text");
+  EXPECT_EQ(ErrorIn({"--from", "a.json", "--csv-shape", "long"}),
+            "--csv-shape has no effect without --format csv");
+  EXPECT_EQ(ErrorIn({"a.csv", "--table", "a * b ~ c", "--chart"}),
+            "--chart has no effect without a table that has one or two dimensions and no layers");
+}
+
 TEST(OptionErrors, TwoDataFiles) {
   EXPECT_EQ(ErrorIn({"a.csv", "b.csv"}), "The following argument was not expected: b.csv");
 }
@@ -160,25 +187,25 @@ TEST(OptionErrors, WidthThatCannotBe) {
   EXPECT_NE(ErrorIn({"a.csv", "--width", ""}), "");
   EXPECT_NE(ErrorIn({"a.csv", "--width", "wide"}), "");
   EXPECT_EQ(ErrorIn({"a.csv", "--width", "80", "--format", "csv"}),
-            "--width has no effect with --format csv");
+            "--width has no effect without --format text");
 }
 
 TEST(Options, ReadTheShapeOfCsv) {
   EXPECT_FALSE(Parse({"a.csv"}).options->csvDisplay);
-  EXPECT_TRUE(Parse({"a.csv", "--csv-shape", "display"}).options->csvDisplay);
-  EXPECT_TRUE(Parse({"a.csv", "--csv-safe"}).options->csvSafe);
+  EXPECT_TRUE(Parse({"a.csv", "--format", "csv", "--csv-shape", "display"}).options->csvDisplay);
+  EXPECT_TRUE(Parse({"a.csv", "--format", "csv", "--csv-safe"}).options->csvSafe);
 }
 
 TEST(Options, ReadTheLayersAndTheMergingOfWorkbooks) {
   Options const plain = Parse({"a.csv"}).options.value();
   EXPECT_FALSE(plain.xlsxLayersAsSheets);
   EXPECT_TRUE(plain.xlsxMergeRows && plain.xlsxMergeColumns);
-  EXPECT_TRUE(Parse({"a.csv", "--xlsx-layers", "sheets"}).options->xlsxLayersAsSheets);
-  Options const rows = Parse({"a.csv", "--xlsx-merge", "rows"}).options.value();
+  EXPECT_TRUE(ParseForWorkbook({"--xlsx-layers", "sheets"}).options->xlsxLayersAsSheets);
+  Options const rows = ParseForWorkbook({"--xlsx-merge", "rows"}).options.value();
   EXPECT_TRUE(rows.xlsxMergeRows && !rows.xlsxMergeColumns);
-  Options const columns = Parse({"a.csv", "--xlsx-merge", "columns"}).options.value();
+  Options const columns = ParseForWorkbook({"--xlsx-merge", "columns"}).options.value();
   EXPECT_TRUE(!columns.xlsxMergeRows && columns.xlsxMergeColumns);
-  Options const none = Parse({"a.csv", "--xlsx-merge", "none"}).options.value();
+  Options const none = ParseForWorkbook({"--xlsx-merge", "none"}).options.value();
   EXPECT_FALSE(none.xlsxMergeRows || none.xlsxMergeColumns);
 }
 

@@ -336,6 +336,21 @@ TEST(ProgramErrors, OutputThatWouldReplaceTheStyle) {
   EXPECT_EQ(ReadFile(style), "{}");
 }
 
+TEST(ProgramErrors, ColumnOfTextsInNoTable) {
+  EXPECT_EQ(Complaint("a,b\nx,1\n", {"--table", "a ~", "--text", "b"}),
+            "--text: the column 'b' is in no table");
+}
+
+TEST(ProgramErrors, EmptyValue) {
+  EXPECT_EQ(Complaint("a\nx\n", {"--weight", ""}), "--weight: the value is empty");
+  EXPECT_EQ(Complaint("a\nx\n", {"--style", ""}), "--style: the value is empty");
+}
+
+TEST(ProgramErrors, OptionWithoutEffect) {
+  EXPECT_EQ(Complaint("a\nx\n", {"--table", "a ~", "--ascii", "--format", "json"}),
+            "--ascii has no effect without --format text");
+}
+
 TEST(ProgramErrors, UnknownOption) {
   EXPECT_EQ(Complaint("a\n1\n", {"--frobnicate"}),
             "The following argument was not expected: --frobnicate");
@@ -454,9 +469,17 @@ TEST(ProgramMemory, GrowsWithTheDimensionsAndNotWithTheirSquare) {
 TEST(Program, ShowsASavedDocumentAsItShowsTheOneThatWasSaved) {
   TemporaryDirectory const directory;
   std::string const saved = directory.Path("saved.json");
-  std::vector<std::string> const arguments{
-      DataPath("titanic.csv"),        "--weight", "Freq",     "--totals", "--table",
-      "Class * Sex ~ Survived | Age", "--title",  "Survival", "--chart"};
+  std::vector<std::string> const arguments{DataPath("titanic.csv"),
+                                           "--weight",
+                                           "Freq",
+                                           "--totals",
+                                           "--table",
+                                           "Class * Sex ~ Survived | Age",
+                                           "--title",
+                                           "Survival",
+                                           "--table",
+                                           "Class ~ Survived",
+                                           "--chart"};
   std::vector<std::string> save = arguments;
   save.insert(save.end(), {"--format", "json", "--json-layout", "-o", saved});
   ASSERT_EQ(RunReport(save).err, "");

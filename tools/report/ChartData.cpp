@@ -42,6 +42,11 @@ double NumberAt(OmPivotTable const& table, std::vector<int> const& index) {
 
 }  // namespace
 
+bool CanChart(Formula const& formula) {
+  std::size_t const dimensions = formula.rows.size() + formula.columns.size();
+  return formula.layers.empty() && (dimensions == 1 || dimensions == 2);
+}
+
 ChartData ChartDataOf(OmPivotTable const& table, std::size_t dimensions, bool totals) {
   std::vector<Category> const categories = CategoriesOf(table.Dimension(0), totals);
   bool const twoWay = dimensions == 2;

@@ -6,6 +6,8 @@
 
 #include <lakresvos/OmPivotTable.h>
 
+#include "Formula.h"
+
 namespace lakresvos::report {
 
 /// The numbers of a bar chart: for every category a bar of each series.
@@ -18,6 +20,9 @@ struct ChartData {
   std::vector<std::string> categories;
   std::vector<Series> series;
 };
+
+/// Whether there is a chart for a table of this formula: one of one or two dimensions, no layers.
+bool CanChart(Formula const& formula);
 
 /// The numbers of a table that MakeCrossTable() made: the categories of its first dimension and, for
 /// the series, of its second one. Totals are left out, of several statistics all but the first.

@@ -83,12 +83,6 @@ void WarnOfTexts(DataSet const& data, std::vector<Statistic> const& statistics,
 using Item = std::unique_ptr<OmOutputPart>;
 using Node = ListTree<OmOutputPart*>::Node;
 
-/// Whether there is a chart for a table of this formula.
-bool CanChart(Formula const& formula) {
-  std::size_t const dimensions = formula.rows.size() + formula.columns.size();
-  return formula.layers.empty() && (dimensions == 1 || dimensions == 2);
-}
-
 std::unique_ptr<OmChart> MakeChart(OmPivotTable const& table, Formula const& formula, bool totals,
                                    long long id) {
   auto chart = std::make_unique<OmChart>(*table.Label(), "", id);

@@ -8,6 +8,7 @@
 
 #include <lakresvos/lakresvos.h>
 
+#include "OptionEffects.h"
 #include "Quoting.h"
 #include "ReportError.h"
 
@@ -138,6 +139,16 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
       ->check(CLI::IsMember({"both", "rows", "columns", "none"}));
 }
 
+/// @throws ReportError for an option with an empty value, which no option has a use for.
+void RefuseEmptyValues(CLI::App const& app) {
+  for (CLI::Option const* const option : app.get_options()) {
+    std::vector<std::string> const& values = option->results();
+    if (std::find(values.begin(), values.end(), "") != values.end()) {
+      throw ReportError(option->get_name() + ": the value is empty");
+    }
+  }
+}
+
 /// Gives each table its own of the texts that `option` was used for.
 void Hand(std::vector<std::string> const& texts, char const* option,
           std::string TableRequest::*member, std::vector<TableRequest>& tables) {
@@ -167,6 +178,7 @@ std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::
   } catch (CLI::ParseError const& error) {
     throw ReportError(error.what());
   }
+  RefuseEmptyValues(app);
   if (options.dataFile.empty() && options.documentFile.empty()) {
     throw ReportError("DATA is required");
   }
@@ -185,13 +197,11 @@ std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::
   options.statistics = ParseStatistics(texts.statistics);
   options.allLayers = texts.layers == "all";
   options.format = FormatNamed(texts.format);
-  if (options.width.has_value() && options.format != OutputFormat::Text) {
-    throw ReportError("--width has no effect with --format " + texts.format);
-  }
   options.csvDisplay = texts.csvShape == "display";
   options.xlsxLayersAsSheets = texts.xlsxLayers == "sheets";
   options.xlsxMergeRows = texts.xlsxMerge == "both" || texts.xlsxMerge == "rows";
   options.xlsxMergeColumns = texts.xlsxMerge == "both" || texts.xlsxMerge == "columns";
+  CheckEffects(options, [&](char const* option) { return app.count(option) > 0; });
   return options;
 }
 

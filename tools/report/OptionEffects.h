@@ -1,0 +1,20 @@
+#ifndef TOOLS_REPORT_OPTIONEFFECTS_H
+#define TOOLS_REPORT_OPTIONEFFECTS_H
+
+#include <functional>
+
+#include "Options.h"
+
+namespace lakresvos::report {
+
+/// Checks that every option on the command line makes a difference, with the format that is written
+/// and with the tables that are asked for. Options that say what the document holds pass with every
+/// format, though one may not show all of it.
+///
+/// @param isGiven whether the command line has the option with this name.
+/// @throws ReportError for the first one that has no effect.
+void CheckEffects(Options const& options, std::function<bool(char const*)> const& isGiven);
+
+}  // namespace lakresvos::report
+
+#endif
