@@ -2,6 +2,8 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+#include <string>
 
 #include "CategoryOrder.h"
 #include "ErrorOf.h"
@@ -159,4 +161,46 @@ TEST(RowWeights, RefuseANegativeOne) {
   DataSet const data = DataOf("w\n-0.5\n", {"w"});
   EXPECT_EQ(ErrorOf([&] { RowWeights(data, "w", warnings); }),
             "data.csv:2: column 'w': the weight '-0.5' is not a number that is 0 or more");
+}
+
+namespace {
+
+/// A number among those that doubles can no longer tell apart, and one way to write it.
+struct Identifier {
+  long long number;
+  std::string text;
+};
+
+rc::Gen<Identifier> Identifiers() {
+  return rc::gen::apply(
+      [](int offset, bool negative, char const* before, char const* after) {
+        long long const size = offset == 0 ? 0 : 9007199254740992LL + offset;
+        std::string const sign = negative ? "-" : before;
+        return Identifier{negative ? -size : size, sign + std::to_string(size) + after};
+      },
+      rc::gen::inRange(-3, 4), rc::gen::arbitrary<bool>(), rc::gen::element("", "+"),
+      rc::gen::element("", ".", ".0", "e0", ".00E+0"));
+}
+
+}  // namespace
+
+RC_GTEST_PROP(CategoryOrder, HasOneCategoryForEachNumberHoweverItIsWritten, ()) {
+  auto const identifiers = *rc::gen::container<std::vector<Identifier>>(Identifiers());
+  std::string bytes = "a\n";
+  for (Identifier const& identifier : identifiers) {
+    bytes += identifier.text + "\n";
+  }
+  DataSet const data = DataOf(bytes, {"a"});
+  DataColumn const& column = data.columns[0];
+  CategoryOrder const order = OrderCategories(column);
+  RC_ASSERT(order.numeric);
+  for (std::size_t i = 0; i < identifiers.size(); ++i) {
+    std::uint32_t const category = order.categoryOf[column.codes[i]];
+    RC_ASSERT(FindCategory(column, order, identifiers[i].text) == category);
+    for (std::size_t j = 0; j < i; ++j) {
+      std::uint32_t const other = order.categoryOf[column.codes[j]];
+      RC_ASSERT((category < other) == (identifiers[i].number < identifiers[j].number));
+      RC_ASSERT((category == other) == (identifiers[i].number == identifiers[j].number));
+    }
+  }
 }
