@@ -55,7 +55,8 @@ class ScratchFile::Stream {
       ssize_t const written =
           pwrite(self.owner_.file_.Descriptor(), bytes + done, count - done, end);
       if (written <= 0 || !self.Append({end, written})) {
-        self.owner_.good_ = false;
+        int& error = self.owner_.error_;
+        error = error != 0 ? error : errno;
         return 0;
       }
       end += written;
@@ -79,6 +80,7 @@ class ScratchFile::Stream {
     return 0;
   }
 
+  /// Whether there was memory for it, else errno says so.
   bool Append(Extent const& piece) {
     if (!extents_.empty() && extents_.back().start + extents_.back().length == piece.start) {
       extents_.back().length += piece.length;
@@ -88,6 +90,7 @@ class ScratchFile::Stream {
       extents_.push_back(piece);
       return true;
     } catch (std::bad_alloc const&) {
+      errno = ENOMEM;
       return false;
     }
   }

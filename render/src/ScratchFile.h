@@ -27,8 +27,8 @@ class ScratchFile {
   /// @throws std::bad_alloc.
   std::FILE* Open();
 
-  /// Whether all that streams passed on could be written.
-  bool Good() const { return good_; }
+  /// Why something that streams passed on could not be written first; 0 when all of it was.
+  int Error() const { return error_; }
 
  private:
   class Stream;
@@ -40,7 +40,7 @@ class ScratchFile {
 
   TemporaryFile file_;
   off_t end_ = 0;
-  bool good_ = true;
+  int error_ = 0;
   std::vector<std::unique_ptr<Stream>> streams_;
 };
 

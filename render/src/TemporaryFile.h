@@ -5,7 +5,8 @@
 
 namespace lakresvos::render {
 
-/// A file that goes with the object, in the directory that TMPDIR names or else in /tmp.
+/// A file without a name that goes with the object or with the process, however that ends, in the
+/// directory that TMPDIR names or else in /tmp.
 class TemporaryFile {
  public:
   /// @throws std::runtime_error when there can be none.
@@ -14,11 +15,12 @@ class TemporaryFile {
   TemporaryFile& operator=(TemporaryFile const&) = delete;
   ~TemporaryFile();
 
-  std::string const& Name() const { return name_; }
+  /// A path by which this process, and no other, can open the file once more.
+  std::string Path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
+
   int Descriptor() const { return descriptor_; }  ///< to read from and to write to
 
  private:
-  std::string name_;
   int descriptor_;
 };
 

@@ -1,12 +1,16 @@
 #include "XlsxBook.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
 #include <stdexcept>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 #include <vector>
+
+#include "LibraryCall.h"
 
 namespace lakresvos::render {
 
@@ -95,14 +99,14 @@ void Check(lxw_error error) {
     throw std::bad_alloc();
   }
   if (error != LXW_NO_ERROR) {
-    Fail(lxw_strerror(error));
+    Fail("a part of it is refused with error " + std::to_string(error));
   }
 }
 
 XlsxBook::XlsxBook() {
   lxw_workbook_options options = {};
   options.constant_memory = LXW_TRUE;
-  book_ = workbook_new_opt(file_.Name().c_str(), &options);
+  book_ = workbook_new_opt(file_.Path().c_str(), &options);
   if (book_ == nullptr) {
     throw std::bad_alloc();
   }
@@ -120,6 +124,7 @@ lxw_worksheet* XlsxBook::AddSheet(std::string const& name) {
                             " sheets");
   }
   std::FILE* const rows = rows_.Open();
+  LibraryCall const call;
   lxw_worksheet* const sheet = workbook_add_worksheet(book_, name.c_str());
   if (sheet == nullptr) {
     Fail("there can be no further sheet");
@@ -180,15 +185,25 @@ lxw_format* XlsxBook::Format(XlsxStyle const& style) {
   return format;
 }
 
-void XlsxBook::Write(std::ostream& out) {
-  Check(workbook_close(std::exchange(book_, nullptr)));
-  if (!rows_.Good()) {
-    Fail("there is no room for temporary files");
+void XlsxBook::Close() {
+  LibraryCall const call;
+  errno = 0;
+  lxw_error const error = workbook_close(std::exchange(book_, nullptr));
+  if (error == LXW_ERROR_MEMORY_MALLOC_FAILED) {
+    throw std::bad_alloc();
   }
+  int const reason = rows_.Error() != 0 ? rows_.Error() : errno;
+  if (error != LXW_NO_ERROR || rows_.Error() != 0) {
+    Fail(std::generic_category().message(reason != 0 ? reason : EIO));
+  }
+}
+
+void XlsxBook::Write(std::ostream& out) {
+  Close();
   std::vector<char> piece(1 << 16);
   while (ssize_t const count = read(file_.Descriptor(), piece.data(), piece.size())) {
     if (count < 0) {
-      Fail("the temporary file cannot be read back");
+      Fail(std::generic_category().message(errno));
     }
     out.write(piece.data(), count);
   }

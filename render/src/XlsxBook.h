@@ -52,6 +52,8 @@ class XlsxBook {
   void Write(std::ostream& out);
 
  private:
+  void Close();
+
   CLocale locale_;
   ScratchFile rows_;  // of all sheets
   TemporaryFile file_;
@@ -66,7 +68,7 @@ class XlsxBook {
 /// The name of a sheet as references to cells have it.
 std::string Quoted(std::string const& sheet);
 
-/// @throws std::runtime_error with what the library says of `error`, if it is one.
+/// @throws std::runtime_error if `error` is one, std::bad_alloc if it says that memory ran out.
 void Check(lxw_error error);
 
 }  // namespace lakresvos::render

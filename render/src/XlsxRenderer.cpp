@@ -9,6 +9,7 @@
 #include "DocumentWalk.h"
 #include "ImageType.h"
 #include "ItemAnnouncement.h"
+#include "LibraryCall.h"
 #include "Picture.h"
 #include "Utf16.h"
 #include "XlsxContents.h"
@@ -67,10 +68,13 @@ class XlsxVisitor : public OmOutputPart::Visitor {
     std::string description(Utf16Prefix(CleanText(label), kLongestDescription));
     lxw_image_options options = {};
     options.description = description.data();
-    if (!(IsWholePng(image) || IsWholeJpeg(image)) ||
-        worksheet_insert_image_buffer_opt(sheet->Handle(), static_cast<lxw_row_t>(row), 0,
-                                          reinterpret_cast<unsigned char const*>(image.data()),
-                                          image.size(), &options) != LXW_NO_ERROR) {
+    auto const insert = [&] {
+      LibraryCall const call;
+      return worksheet_insert_image_buffer_opt(sheet->Handle(), static_cast<lxw_row_t>(row), 0,
+                                               reinterpret_cast<unsigned char const*>(image.data()),
+                                               image.size(), &options);
+    };
+    if (!(IsWholePng(image) || IsWholeJpeg(image)) || insert() != LXW_NO_ERROR) {
       sheet->Lose(XlsxLoss::BadPicture, row, 0);
       sheet->Lines(row,
                    {Announcement(chart) + " The picture is damaged or of an unknown kind.", ""},
