@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 #include <sys/resource.h>
+#include <utility>
 
 #include <lakresvos/lakresvos.h>
 
@@ -368,10 +369,38 @@ TEST(ProgramErrors, OutputDeviceThatIsFull) {
   EXPECT_EQ(run.err, "lakresvos-report: /dev/full: No space left on device\n");
 }
 
-TEST(ProgramErrors, StandardOutputThatIsFull) {
-  std::string const command =
-      LAKRESVOS_REPORT_PROGRAM " " + DataPath("titanic.csv") + " >/dev/full 2>/dev/null";
+TEST(ProgramErrors, StandardOutputThatCannotBeWritten) {
+  for (auto const& [to, reason] : {std::pair(">/dev/full", "No space left on device"),
+                                   std::pair(">&-", "Bad file descriptor")}) {
+    for (char const* format : {"text", "html", "markdown", "csv", "json", "xlsx"}) {
+      TemporaryDirectory const directory;
+      std::string const command = LAKRESVOS_REPORT_PROGRAM " " + DataPath("titanic.csv") +
+                                  " --table 'Class ~ Sex' --format " + format + " 2>" +
+                                  directory.Path("err") + " " + to;
+      EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2) << command;
+      EXPECT_EQ(ReadFile(directory.Path("err")),
+                std::string("lakresvos-report: standard output: ") + reason + "\n");
+    }
+  }
+}
+
+TEST(ProgramErrors, NoPlaceForTemporaryFiles) {
+  TemporaryDirectory const directory;
+  std::string const command = "TMPDIR=/nowhere " LAKRESVOS_REPORT_PROGRAM " " +
+                              DataPath("titanic.csv") + " --format xlsx -o " +
+                              directory.Path("out") + " 2>" + directory.Path("err");
   EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2);
+  EXPECT_EQ(ReadFile(directory.Path("err")),
+            "lakresvos-report: /nowhere: there can be no temporary file: No such file or "
+            "directory\n");
+  EXPECT_FALSE(std::filesystem::exists(directory.Path("out")));
+}
+
+TEST(ProgramErrors, LongNamesKeepTheReasonInSight) {
+  ReportRun const run = RunReport({"/" + std::string(3000, 'n')});
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_LT(run.err.size(), 600u);
+  EXPECT_TRUE(run.err.ends_with("nnn: File name too long\n")) << run.err;
 }
 
 TEST(ProgramErrors, WorkbookOnATerminal) {

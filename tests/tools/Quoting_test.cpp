@@ -78,3 +78,21 @@ TEST(Utf8, TellsAscii) {
   EXPECT_TRUE(IsAscii(""));
   EXPECT_FALSE(IsAscii("Größe"));
 }
+
+TEST(Quoting, LongLinesLoseTheirMiddle) {
+  EXPECT_EQ(Shortened(std::string(500, 'x')), std::string(500, 'x'));
+  std::string const start(300, 's');
+  std::string const end(200, 'e');
+  EXPECT_EQ(Shortened(start + "middle" + end), start + "..." + end);
+}
+
+TEST(Quoting, LongLinesAreCutBetweenCharacters) {
+  std::string line;
+  std::string shortened;
+  for (int i = 0; i < 600; ++i) {
+    line += "\u65E5";
+    shortened += i < 500 ? "\u65E5" : "";
+    shortened += i == 299 ? "..." : "";
+  }
+  EXPECT_EQ(Shortened(line), shortened);
+}

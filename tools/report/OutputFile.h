@@ -1,27 +1,29 @@
 #ifndef TOOLS_REPORT_OUTPUTFILE_H
 #define TOOLS_REPORT_OUTPUTFILE_H
 
-#include <filesystem>
-#include <fstream>
 #include <ostream>
 #include <string>
+
+#include "Descriptor.h"
+#include "DescriptorBuffer.h"
 
 namespace lakresvos::report {
 
 /// A file that is there as a whole or not at all.
 ///
-/// What is written goes to a file beside the target, which takes the target's place in one step
-/// with Commit(), and its permissions if there was one. Without Commit() the target stays as it
-/// was. A target that is no regular file (a terminal, a pipe) is written to directly.
+/// What is written goes to a file without a name in the target's directory, which takes the target's
+/// place in one step with Commit(), and its permissions if there was one. So nothing is left of it
+/// when the program ends before, in whatever way. Without Commit() the target stays as it was.
+///
+/// A target that is no regular file (a terminal, a pipe) is written to directly. A symbolic link
+/// stays and what it names is written, whether or not that is there yet. A file that may not be
+/// written is not replaced.
 class OutputFile {
  public:
   /// @throws ReportError when the file cannot be written.
   explicit OutputFile(std::string const& name);
   OutputFile(OutputFile const&) = delete;
   OutputFile& operator=(OutputFile const&) = delete;
-
-  /// Removes what was not committed.
-  ~OutputFile();
 
   std::ostream& Stream() { return stream_; }
 
@@ -31,12 +33,17 @@ class OutputFile {
 
  private:
   [[noreturn]] void Fail(int error) const;
-  void OpenBeside();
+  Descriptor Open();
+  Descriptor OpenBeside();
+  int PutInPlace() const;
+  int CopyInPlace() const;
 
   std::string name_;
-  std::filesystem::path target_;
-  std::filesystem::path draft_;  // empty when the target is written to directly or is in place
-  std::ofstream stream_;
+  std::string target_;    // its name in its directory
+  Descriptor directory_;  // of the target; none when it is written to directly
+  Descriptor file_;
+  DescriptorBuffer buffer_;
+  std::ostream stream_;
 };
 
 }  // namespace lakresvos::report

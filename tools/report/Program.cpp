@@ -1,16 +1,22 @@
 #include "Program.h"
 
+#include <csignal>
 #include <exception>
+#include <fcntl.h>
 #include <filesystem>
+#include <iostream>
 #include <memory>
+#include <new>
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <unistd.h>
 #include <vector>
 
 #include <lakresvos/OmOutputTree.h>
 
+#include "DescriptorBuffer.h"
 #include "Document.h"
 #include "Options.h"
 #include "OutputFile.h"
@@ -39,48 +45,82 @@ std::unique_ptr<OmOutputTree> MakeDocument(Options const& options) {
   return document;
 }
 
-void Tell(std::vector<std::string> const& losses, std::ostream& err) {
-  for (std::string const& loss : losses) {
-    err << "lakresvos-report: " << OneLine(loss) << '\n';
-  }
-}
+/// Standard output, which tells why it cannot be written.
+class StandardOutput {
+ public:
+  std::ostream& Stream() { return stream_; }
 
-void Run(Options const& options, std::ostream& out, std::ostream& err) {
-  if (options.format == OutputFormat::Xlsx && options.outputFile.empty() && isatty(STDOUT_FILENO)) {
-    throw ReportError("--format xlsx: a workbook is nothing for a terminal; name a file with -o");
-  }
-  std::unique_ptr<OmOutputTree> const document = MakeDocument(options);
-  if (options.outputFile.empty()) {
-    std::vector<std::string> const losses = Render(*document, options, out);
-    if (!out.flush()) {
-      throw ReportError("standard output cannot be written");
+  /// @throws ReportError when any of it could not be written.
+  void Flush() {
+    if (!stream_.flush()) {
+      throw ReportError("standard output: " + std::generic_category().message(buffer_.Error()));
     }
-    Tell(losses, err);
-    return;
+  }
+
+ private:
+  DescriptorBuffer buffer_{STDOUT_FILENO};
+  std::ostream stream_{&buffer_};
+};
+
+/// Gives back what the format could not hold.
+std::vector<std::string> Write(OmOutputTree& document, Options const& options,
+                               StandardOutput& out) {
+  if (options.outputFile.empty()) {
+    std::vector<std::string> losses = Render(document, options, out.Stream());
+    out.Flush();
+    return losses;
   }
   RefuseToReplace(options.dataFile, "data", options.outputFile);
   RefuseToReplace(options.documentFile, "document", options.outputFile);
   RefuseToReplace(options.styleFile, "style", options.outputFile);
   OutputFile file(options.outputFile);
-  std::vector<std::string> const losses = Render(*document, options, file.Stream());
+  std::vector<std::string> losses = Render(document, options, file.Stream());
   file.Commit();
-  Tell(losses, err);
+  return losses;
+}
+
+void Complain(std::string_view what) {
+  std::cerr << "lakresvos-report: " << Shortened(OneLine(what)) << '\n';
+}
+
+void Run(Options const& options, StandardOutput& out) {
+  if (options.format == OutputFormat::Xlsx && options.outputFile.empty() && isatty(STDOUT_FILENO)) {
+    throw ReportError("--format xlsx: a workbook is nothing for a terminal; name a file with -o");
+  }
+  std::unique_ptr<OmOutputTree> const document = MakeDocument(options);
+  for (std::string const& loss : Write(*document, options, out)) {
+    Complain(loss);
+  }
+}
+
+/// A file that is opened later must not be taken for standard output; writing to what is opened here
+/// fails as writing to nothing does.
+void OccupyStandardFiles() {
+  for (int const file : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(file, F_GETFD) < 0) {
+      static_cast<void>(::open("/dev/null", O_RDONLY));  // takes the lowest number that is free
+    }
+  }
 }
 
 }  // namespace
 
-int RunProgram(int argc, char const* const* argv, std::ostream& out, std::ostream& err) {
+int RunProgram(int argc, char const* const* argv) {
+  OccupyStandardFiles();
+  std::signal(SIGXFSZ, SIG_IGN);  // writing fails then, which is reported
   try {
-    if (std::optional<Options> const options = ParseCommandLine(argc, argv, out)) {
-      Run(*options, out, err);
+    StandardOutput out;
+    if (std::optional<Options> const options = ParseCommandLine(argc, argv, out.Stream())) {
+      Run(*options, out);
     }
+    out.Flush();
     return 0;
-  } catch (ReportError const& error) {
-    err << "lakresvos-report: " << OneLine(error.what()) << '\n';
   } catch (std::bad_alloc const&) {
-    err << "lakresvos-report: out of memory\n";
+    Complain("out of memory");
+  } catch (std::system_error const& error) {
+    Complain(error.code().message());
   } catch (std::exception const& error) {
-    err << "lakresvos-report: " << OneLine(error.what()) << '\n';
+    Complain(error.what());
   }
   return 2;
 }

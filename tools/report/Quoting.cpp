@@ -28,6 +28,17 @@ std::string OneLine(std::string_view text) {
   return line;
 }
 
+std::string Shortened(std::string const& line) {
+  constexpr std::size_t kLongest = 500;
+  constexpr std::size_t kEnd = 200;
+  std::size_t const characters = CharacterCount(line);
+  if (characters <= kLongest) {
+    return line;
+  }
+  return line.substr(0, CharacterOffset(line, kLongest - kEnd)) + "..." +
+         line.substr(CharacterOffset(line, characters - kEnd));
+}
+
 std::string Quoted(std::string_view text) {
   constexpr std::size_t kLongest = 40;
   std::size_t const shown = CharacterOffset(text, kLongest);
