@@ -8,12 +8,12 @@ namespace lakresvos::render {
 
 namespace {
 
-/// Whether a spreadsheet takes the text for a formula; some skip blanks, and some know full-width
-/// forms of the signs.
-bool LooksLikeAFormula(std::string_view text) {
-  std::size_t const start = text.find_first_not_of(' ');
+/// Whether a spreadsheet takes a text that starts like this for a formula: some skip spaces, some
+/// take quotes away, and some know full-width forms of the signs.
+bool StartsAFormula(std::string_view text) {
+  std::size_t const start = text.find_first_not_of(" \"");
   std::string_view const rest = start == std::string_view::npos ? "" : text.substr(start);
-  if (!rest.empty() && std::string_view("=+-@\t\n").find(rest.front()) != std::string_view::npos) {
+  if (!rest.empty() && std::string_view("=+-@").find(rest.front()) != std::string_view::npos) {
     return true;
   }
   for (char const* sign : {"\xEF\xBC\x9D", "\xEF\xBC\x8B", "\xEF\xBC\x8D", "\xEF\xBC\xA0"}) {
@@ -22,6 +22,27 @@ bool LooksLikeAFormula(std::string_view text) {
     }
   }
   return false;
+}
+
+/// Whether a spreadsheet may take this for the end of a field, quoted or not: some split at other
+/// characters than commas, and then know nothing of the quotes.
+bool MayEndAField(char c) {
+  return std::string_view(",;|\t\n").find(c) != std::string_view::npos;
+}
+
+/// The text with an apostrophe wherever a formula would start.
+std::string Guarded(std::string_view text) {
+  bool const startsWithControl = !text.empty() && (text.front() == '\t' || text.front() == '\n');
+  std::string guarded = startsWithControl || StartsAFormula(text) ? "'" : "";
+  while (!text.empty()) {
+    char const c = text.front();
+    text.remove_prefix(1);
+    guarded += c;
+    if (MayEndAField(c) && StartsAFormula(text)) {
+      guarded += '\'';
+    }
+  }
+  return guarded;
 }
 
 bool NeedsQuotes(std::string_view text) {
@@ -34,7 +55,7 @@ bool NeedsQuotes(std::string_view text) {
 
 std::string CsvRecord::Shown(std::string_view text) const {
   std::string clean = CleanText(text);
-  return safe_ && LooksLikeAFormula(clean) ? "'" + clean : clean;
+  return safe_ ? Guarded(clean) : clean;
 }
 
 std::string CsvRecord::Encoded(std::string_view text) const {

@@ -15,7 +15,8 @@ namespace lakresvos::render {
 /// blank; so does the only field of a record when it is empty, as its line would be an empty one.
 class CsvRecord {
  public:
-  /// @param safe puts an apostrophe before a text that spreadsheets would run as a formula.
+  /// @param safe puts an apostrophe before what spreadsheets would run as a formula, at the start of
+  /// a text and wherever in it a spreadsheet may see a field start.
   CsvRecord(OutputBuffer& out, bool safe) : out_(out), safe_(safe) {}
 
   /// What a field with this text shows: the text cleaned and, where it has to be, made safe. What is

@@ -100,6 +100,19 @@ TEST(CsvRecord, FormulasAreDefusedOnlyWhenAsked) {
   EXPECT_EQ(Field("", true), "\"\"\r\n");
 }
 
+TEST(CsvRecord, FormulasAreDefusedWhereverAFieldMayStart) {
+  EXPECT_EQ(Field("a;=1", true), "a;'=1\r\n");
+  EXPECT_EQ(Field("a\t@b", true), "a\t'@b\r\n");
+  EXPECT_EQ(Field("a|+b", true), "a|'+b\r\n");
+  EXPECT_EQ(Field("a,-b", true), "\"a,'-b\"\r\n");
+  EXPECT_EQ(Field("a\n=1", true), "\"a\n'=1\"\r\n");
+  EXPECT_EQ(Field("a\r\n=1", true), "\"a\n'=1\"\r\n");
+  EXPECT_EQ(Field("a; \"=1", true), "\"a;' \"\"=1\"\r\n");
+  EXPECT_EQ(Field("a;\n=1;-2", true), "\"a;\n'=1;'-2\"\r\n");
+  EXPECT_EQ(Field("a - b; c=d", true), "a - b; c=d\r\n");
+  EXPECT_EQ(Field("a;=1"), "a;=1\r\n");
+}
+
 // Long shape
 
 TEST(CsvRenderer, LongShapeHasARecordForEachStoredCell) {

@@ -20,7 +20,9 @@ struct CsvOptions : TableOptions {
 
   Shape shape = Shape::Long;
 
-  /// Put an apostrophe before texts that spreadsheets would run as a formula; never before numbers.
+  /// Put an apostrophe before texts that spreadsheets would run as a formula, also within a text
+  /// after a comma, semicolon, bar, tab or line end, where they may see a field start; never before
+  /// numbers.
   bool safe = false;
 };
 
