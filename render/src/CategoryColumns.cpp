@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <cells/OmCellMetaData.h>
 #include <cells/OmComposite.h>
 #include <lakresvos/OmVectorTreeWalk.h>
 
@@ -16,6 +17,11 @@ CategoryColumns::CategoryColumns(OmDimension const& dimension) {
       levels_ = std::max(levels_, walk.Path().size() - 1);
     }
   }
+  if (levels_ == 0 && dimension.Root().Value().group) {
+    auto const* const composite = dynamic_cast<OmComposite const*>(dimension.value.label);
+    levels_ =
+        composite != nullptr ? std::max<std::size_t>(composite->Parts().Root().NChildren(), 1) : 1;
+  }
   OmVectorTreeWalk<OmDimension::ConstNode> again(dimension.Root());
   while (again.Next()) {
     OmDimensionNode const& node = again.Current().Value();
@@ -27,12 +33,14 @@ CategoryColumns::CategoryColumns(OmDimension const& dimension) {
     positions_.emplace(subscript, subscripts_.size());
     subscripts_.push_back(subscript);
     for (std::size_t level = 1; level < depth; ++level) {
-      texts_.push_back(TextOf(again.Path()[level].Value().label));
+      labels_.push_back(again.Path()[level].Value().label);
     }
-    texts_.insert(texts_.end(), levels_ - depth, std::string());
+    labels_.insert(labels_.end(), levels_ - depth, nullptr);
     if (depth > 0) {
-      texts_.push_back(TextOf(node.label));
+      labels_.push_back(node.label);
     }
+    OmCellMetaData const* const meta = node.label != nullptr ? node.label->getMeta() : nullptr;
+    totals_.push_back(meta != nullptr && meta->isTotal());
   }
   Name(dimension);
 }
@@ -49,6 +57,10 @@ void CategoryColumns::Name(OmDimension const& dimension) {
   for (std::size_t level = 1; level <= levels_; ++level) {
     names_.push_back(TextOf(label) + (levels_ > 1 ? " " + std::to_string(level) : ""));
   }
+}
+
+bool CategoryColumns::HasTotal() const {
+  return std::find(totals_.begin(), totals_.end(), true) != totals_.end();
 }
 
 std::size_t CategoryColumns::Find(int subscript) const {

@@ -73,13 +73,15 @@ std::string CsvRecord::Encoded(std::string_view text) const {
 void CsvRecord::Add(std::string_view encoded) {
   if (fields_++ != 0) {
     out_ << ',';
+  } else {
+    out_ << lead_;
   }
   blank_ = blank_ && encoded.empty();
   out_ << encoded;
 }
 
 void CsvRecord::End() {
-  out_ << (fields_ == 1 && blank_ ? "\"\"\r\n" : "\r\n");
+  out_ << (lead_.empty() && fields_ == 1 && blank_ ? "\"\"\r\n" : "\r\n");
   out_.Drain();
   fields_ = 0;
   blank_ = true;

@@ -26,6 +26,10 @@ class CsvRecord {
   /// A field with this text, as it is written.
   std::string Encoded(std::string_view text) const;
 
+  /// Has every record from the next one start with a field of this text, which has to be shown
+  /// already.
+  void Lead(std::string const& shown) { lead_ = Encoded(shown) + ','; }
+
   /// Adds one or more fields, commas between, as they are written.
   void Add(std::string_view encoded);
 
@@ -43,6 +47,7 @@ class CsvRecord {
  private:
   OutputBuffer& out_;
   bool safe_;
+  std::string lead_;        // what each record starts with, as it is written
   std::size_t fields_ = 0;  // how often some were added
   bool blank_ = true;       // whether all fields so far are empty
 };

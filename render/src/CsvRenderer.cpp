@@ -1,15 +1,17 @@
+#include <lakresvos/OmOutputTree.h>
 #include <lakresvos/OmPivotTable.h>
 #include <lakresvos/render/CsvRenderer.h>
 #include <lakresvos/render/LayerGrids.h>
 
 #include "CellText.h"
 #include "CsvRecord.h"
-#include "DocumentWalk.h"
 #include "LayerLine.h"
+#include "LongHeader.h"
 #include "LongTable.h"
 #include "NumberCell.h"
 #include "OutputBuffer.h"
 #include "RepeatedFrame.h"
+#include "UniqueNames.h"
 
 namespace lakresvos::render {
 
@@ -47,34 +49,93 @@ void WriteGrid(CsvRecord& record, DisplayGrid const& grid) {
   }
 }
 
+/// What shows of a table without any cell: which categories it could have.
+void WriteDimensionNames(CsvRecord& record, OmPivotTable const& table) {
+  bool written = false;
+  for (CategoryColumns const& dimension : CategoriesOf(table)) {
+    for (std::string const& name : dimension.Names()) {
+      record.Text(name);
+      written = true;
+    }
+  }
+  if (written) {
+    record.End();
+  }
+}
+
+void WriteDisplay(CsvRecord& record, OmPivotTable& table, CsvOptions const& options) {
+  LayerGrids layers(table, {options.skipEmpty, true});
+  DisplayGrid const* grid = layers.Next();
+  if (grid == nullptr || grid->Columns() == 0) {
+    WriteDimensionNames(record, table);
+  }
+  while (grid != nullptr) {
+    WriteGrid(record, *grid);
+    grid = options.allLayers ? layers.Next() : nullptr;
+  }
+}
+
+bool IsWritten(OmPivotTable const& table) {
+  return table.Show() && !table.IsNotes() && !table.IsWarnings();
+}
+
+std::vector<OmPivotTable*> WrittenTables(OmOutputTree& tree) {
+  std::vector<OmPivotTable*> tables;
+  for (auto node = tree.begin(); !node.AtEnd(); ++node) {
+    auto* const table = dynamic_cast<OmPivotTable*>(*node);
+    if (table != nullptr && IsWritten(*table)) {
+      tables.push_back(table);
+    }
+  }
+  return tables;
+}
+
+std::vector<std::string> NamesOf(std::vector<OmPivotTable*> const& tables,
+                                 CsvRecord const& record) {
+  UniqueNames unique;
+  std::vector<std::string> names;
+  for (OmPivotTable const* const table : tables) {
+    names.push_back(unique.Next(record.Shown(TextOf(HeadlineOf(*table)))));
+  }
+  return names;
+}
+
 }  // namespace
 
 CsvRenderer::CsvRenderer(std::ostream& out, CsvOptions const& options)
     : out_(out), options_(options) {}
 
 void CsvRenderer::Render(OmOutputTree& tree) {
-  int depth = 0;
-  VisitAll(tree, *this, depth);
+  Write(WrittenTables(tree));
 }
 
 void CsvRenderer::Visit(OmPivotTable& table) {
-  if (!table.Show() || table.IsNotes() || table.IsWarnings()) {
+  if (IsWritten(table)) {
+    Write({&table});
+  }
+}
+
+void CsvRenderer::Write(std::vector<OmPivotTable*> const& tables) {
+  if (tables.empty()) {
     return;
   }
   OutputBuffer buffer(out_);
-  if (started_) {
-    buffer << "\r\n";
-  }
-  started_ = true;
   CsvRecord record(buffer, options_.safe);
+  std::vector<std::string> const names = NamesOf(tables, record);
+  auto const separate = [&] {
+    buffer << (started_ ? "\r\n" : "");
+    started_ = true;
+  };
   if (options_.shape == CsvOptions::Shape::Long) {
-    WriteLongTable(record, table, !options_.skipEmpty);
+    separate();
+    WriteLongTables(record, tables, names, !options_.skipEmpty);
   } else {
-    LayerGrids layers(table, {options_.skipEmpty, true});
-    DisplayGrid const* grid = layers.Next();
-    while (grid != nullptr) {
-      WriteGrid(record, *grid);
-      grid = options_.allLayers ? layers.Next() : nullptr;
+    for (std::size_t i = 0; i < tables.size(); ++i) {
+      separate();
+      if (tables.size() > 1) {
+        record.Lead(names[i]);
+      }
+      WriteDisplay(record, *tables[i], options_);
     }
   }
   buffer.Flush();

@@ -1,11 +1,11 @@
 #include "LongTable.h"
 
+#include <algorithm>
 #include <cmath>
-#include <set>
-#include <string>
-#include <vector>
+#include <limits>
 
-#include "CategoryColumns.h"
+#include "CellText.h"
+#include "LongHeader.h"
 #include "NumberCell.h"
 #include "NumberText.h"
 #include "TableFootnotes.h"
@@ -14,31 +14,31 @@ namespace lakresvos::render {
 
 namespace {
 
+/// Adds to a list in a field.
+void AppendItem(std::string& list, std::string const& item) {
+  list += (list.empty() ? "" : "; ") + item;
+}
+
+/// What a category writes into records, encoded once, not with every cell.
+struct CategoryFields {
+  std::vector<std::string> levels;
+  std::vector<std::size_t> footnotes;  // of the labels
+};
+
 class LongTable {
  public:
-  LongTable(CsvRecord& record, OmPivotTable const& table)
+  LongTable(CsvRecord& record, LongHeader const& header, OmPivotTable const& table)
       : record_(record),
+        header_(header),
         table_(table),
         footnotes_(table),
-        positions_(static_cast<std::size_t>(table.NDimensions()), 0) {
+        dimensions_(CategoriesOf(table)),
+        positions_(dimensions_.size(), 0) {
+    Fill(header.ColumnsOf(record, dimensions_));
     for (int d = 0; d < table.NDimensions(); ++d) {
-      dimensions_.emplace_back(table.Dimension(d));
-      fields_.push_back(Encoded(dimensions_.back()));
+      AddFootnotes(table.Dimension(d).value.label, tableFootnotes_);
     }
-  }
-
-  void WriteHeader() {
-    std::set<std::string> taken;
-    for (CategoryColumns const& dimension : dimensions_) {
-      for (std::string const& name : dimension.Names()) {
-        record_.Text(Unique(name, taken));
-      }
-    }
-    record_.Text(Unique("value", taken));
-    if (footnotes_.Count() != 0) {
-      record_.Text(Unique("footnotes", taken));
-    }
-    record_.End();
+    AddFootnotes(table.GetTableTitle(), tableFootnotes_);
   }
 
   void WriteStored() {
@@ -64,26 +64,48 @@ class LongTable {
   }
 
  private:
-  /// What each category writes into its columns: encoded once, not with every cell.
-  std::vector<std::string> Encoded(CategoryColumns const& dimension) const {
-    std::vector<std::string> fields(dimension.Count());
+  /// What stands in a column: a level of a dimension, or nothing.
+  struct Source {
+    std::size_t dimension = kNone;
+    std::size_t level = 0;
+  };
+
+  static constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
+
+  /// @param columns that the levels of the dimensions have.
+  void Fill(std::vector<std::size_t> const& columns) {
+    sources_.resize(header_.Levels());
+    std::size_t next = 0;
+    for (std::size_t d = 0; d < dimensions_.size(); ++d) {
+      std::string names;
+      for (std::size_t level = 0; level < dimensions_[d].Levels(); ++level) {
+        std::size_t const column = columns[next++];
+        sources_[column] = {d, level};
+        AppendItem(names, header_.Name(column));
+      }
+      names_.push_back(std::move(names));
+      fields_.push_back(FieldsOf(dimensions_[d]));
+    }
+  }
+
+  std::vector<CategoryFields> FieldsOf(CategoryColumns const& dimension) const {
+    std::vector<CategoryFields> fields(dimension.Count());
     for (std::size_t position = 0; position < dimension.Count(); ++position) {
       for (std::size_t level = 0; level < dimension.Levels(); ++level) {
-        fields[position] += level != 0 ? "," : "";
-        fields[position] += record_.Encoded(dimension.Text(position, level));
+        OmCellText const* const label = dimension.Label(position, level);
+        fields[position].levels.push_back(record_.Encoded(TextOf(label)));
+        AddFootnotes(label, fields[position].footnotes);
       }
     }
     return fields;
   }
 
-  /// Names are told apart as they are shown.
-  std::string Unique(std::string const& name, std::set<std::string>& taken) const {
-    std::string const shown = record_.Shown(name);
-    std::string unique = shown;
-    for (int number = 2; !taken.insert(unique).second; ++number) {
-      unique = shown + " " + std::to_string(number);
+  void AddFootnotes(OmCellText const* text, std::vector<std::size_t>& footnotes) const {
+    if (text != nullptr) {
+      for (std::size_t const footnote : footnotes_.Of(*text)) {
+        footnotes.push_back(footnote);
+      }
     }
-    return unique;
   }
 
   /// Goes to the categories of a cell; whether there are any.
@@ -109,14 +131,19 @@ class LongTable {
   }
 
   void Write(OmCellText* cell) {
-    for (std::size_t d = 0; d < dimensions_.size(); ++d) {
-      if (dimensions_[d].Levels() != 0) {
-        record_.Add(fields_[d][positions_[d]]);
+    for (Source const& source : sources_) {
+      if (source.dimension == kNone) {
+        record_.Empty();
+      } else {
+        record_.Add(fields_[source.dimension][positions_[source.dimension]].levels[source.level]);
       }
     }
+    if (header_.HasTotals()) {
+      record_.Text(Totals());
+    }
     WriteValue(cell);
-    if (footnotes_.Count() != 0) {
-      record_.Text(cell != nullptr ? MarksOf(*cell) : "");
+    if (header_.HasFootnotes()) {
+      record_.Text(FootnotesOf(cell));
     }
     record_.End();
   }
@@ -136,33 +163,68 @@ class LongTable {
     }
   }
 
-  std::string MarksOf(OmCellText const& cell) const {
-    std::string marks;
-    for (std::size_t const footnote : footnotes_.Of(cell)) {
-      marks += (marks.empty() ? "" : " ") + footnotes_.Mark(footnote);
+  /// The columns that the record is a total of.
+  std::string Totals() const {
+    std::string totals;
+    for (std::size_t d = 0; d < dimensions_.size(); ++d) {
+      if (dimensions_[d].IsTotal(positions_[d])) {
+        AppendItem(totals, names_[d]);
+      }
     }
-    return marks;
+    return totals;
+  }
+
+  /// The texts that the cell refers to, then those that its labels do, each once.
+  std::string FootnotesOf(OmCellText const* cell) {
+    shownFootnotes_.clear();
+    AddFootnotes(cell, shownFootnotes_);
+    auto const add = [this](std::vector<std::size_t> const& more) {
+      shownFootnotes_.insert(shownFootnotes_.end(), more.begin(), more.end());
+    };
+    for (std::size_t d = 0; d < dimensions_.size(); ++d) {
+      add(fields_[d][positions_[d]].footnotes);
+    }
+    add(tableFootnotes_);
+    std::string texts;
+    for (auto at = shownFootnotes_.begin(); at != shownFootnotes_.end(); ++at) {
+      if (std::find(shownFootnotes_.begin(), at, *at) == at) {
+        AppendItem(texts, footnotes_.Text(*at));
+      }
+    }
+    return texts;
   }
 
   CsvRecord& record_;
+  LongHeader const& header_;
   OmPivotTable const& table_;
   TableFootnotes footnotes_;
   std::vector<CategoryColumns> dimensions_;
-  std::vector<std::vector<std::string>> fields_;  // per dimension and category
-  std::vector<std::size_t> positions_;            // of the present record's categories
-  std::vector<int> index_;                        // kept to be filled again, like the next one
+  std::vector<Source> sources_;                      // per column of the header's levels
+  std::vector<std::string> names_;                   // per dimension, those of its columns
+  std::vector<std::vector<CategoryFields>> fields_;  // per dimension and category
+  std::vector<std::size_t> tableFootnotes_;          // of the title and the dimensions' labels
+  std::vector<std::size_t> positions_;               // of the present record's categories
+  std::vector<int> index_;                           // kept to be filled again, like the next ones
+  std::vector<std::size_t> shownFootnotes_;
   std::string value_;
 };
 
 }  // namespace
 
-void WriteLongTable(CsvRecord& record, OmPivotTable const& table, bool all) {
-  LongTable writer(record, table);
-  writer.WriteHeader();
-  if (all) {
-    writer.WriteAll();
-  } else {
-    writer.WriteStored();
+void WriteLongTables(CsvRecord& record, std::vector<OmPivotTable*> const& tables,
+                     std::vector<std::string> const& names, bool all) {
+  LongHeader const header(record, tables);
+  header.Write(record);
+  for (std::size_t i = 0; i < tables.size(); ++i) {
+    if (header.HasTables()) {
+      record.Lead(names[i]);
+    }
+    LongTable writer(record, header, *tables[i]);
+    if (all) {
+      writer.WriteAll();
+    } else {
+      writer.WriteStored();
+    }
   }
 }
 

@@ -1,16 +1,21 @@
 #ifndef LAKRESVOS_RENDER_LONGTABLE_H
 #define LAKRESVOS_RENDER_LONGTABLE_H
 
+#include <string>
+#include <vector>
+
 #include <lakresvos/OmPivotTable.h>
 
 #include "CsvRecord.h"
 
 namespace lakresvos::render {
 
-/// Writes a table in the long shape of CsvRenderer.
+/// Writes tables in the long shape of CsvRenderer, under one header.
 ///
+/// @param names of the tables, as they are shown; they are written when there are several.
 /// @param all also writes a record for each combination of categories without a cell.
-void WriteLongTable(CsvRecord& record, OmPivotTable const& table, bool all);
+void WriteLongTables(CsvRecord& record, std::vector<OmPivotTable*> const& tables,
+                     std::vector<std::string> const& names, bool all);
 
 }  // namespace lakresvos::render
 

@@ -117,6 +117,12 @@ bool IsNumber(std::string const& text) {
   return !text.empty() && *end == '\0';
 }
 
+bool ShowsCells(OmPivotTable& table, CsvOptions const& options) {
+  LayerGrids layers(table, {options.skipEmpty, true});
+  DisplayGrid const* const grid = layers.Next();
+  return grid != nullptr && grid->Columns() > 0;
+}
+
 /// Checks what a spreadsheet makes of a file when it splits it at this character and at line ends,
 /// and knows nothing of quotes.
 void CheckNothingIsRun(std::string const& written, char separator) {
@@ -190,7 +196,7 @@ RC_GTEST_PROP(CsvRendererProperty, LongShapeReadsBackAsTheStoredCells, ()) {
       RC_ASSERT(!(options.safe && MayBeRun(record[i])));
     }
     CheckValue(record[expected.size()], at.Cell(), options.safe);
-    RC_ASSERT(record.back() == (at.Cell()->hasMeta() ? "a" : ""));
+    RC_ASSERT(record.back() == (at.Cell()->hasMeta() ? "letter" : ""));
   }
   RC_ASSERT(next == records.size());
 }
@@ -206,6 +212,33 @@ RC_GTEST_PROP(CsvRendererProperty, NoSpreadsheetSeesAFormulaHoweverItSplits, ())
   for (char const separator : {',', ';', '\t', '|'}) {
     CheckNothingIsRun(written, separator);
   }
+}
+
+RC_GTEST_PROP(CsvRendererProperty, EachTableOfADocumentIsFoundAgainByItsName, ()) {
+  OmOutputTree document;
+  CsvOptions options;
+  options.safe = *rc::gen::arbitrary<bool>();
+  std::vector<std::size_t> counts;
+  for (int tables = OneOf(2, 3, 5); tables > 0; --tables) {
+    auto& table = AppendItem<Table>(document.begin());
+    MakeHostileTable(table);
+    table.SetTableTitle(Utf8(OneOf<std::string>("same", "other", HostileText())));
+    counts.push_back(ReadCsvRecords(Written(table, options)).size() - 1);
+  }
+  std::ostringstream out;
+  CsvRenderer(out, options).Render(document);
+  CsvRecords const records = ReadCsvRecords(out.str());
+  RC_ASSERT(records[0][0] == "table");
+  std::set<std::string> names;
+  std::size_t next = 1;
+  for (std::size_t const count : counts) {
+    for (std::size_t i = 0; i < count; ++i, ++next) {
+      RC_ASSERT(next < records.size());
+      RC_ASSERT(records[next].size() == records[0].size());
+      RC_ASSERT(names.insert(records[next][0]).second == (i == 0));
+    }
+  }
+  RC_ASSERT(next == records.size());
 }
 
 RC_GTEST_PROP(CsvRendererProperty, LongShapeHasEachCombinationWhenEmptyOnesAreKept, ()) {
@@ -235,7 +268,8 @@ RC_GTEST_PROP(CsvRendererProperty, DisplayShapeReadsBackAsTheGrids, ()) {
   MakeHostileTable(table);
   CsvOptions const options = AnyOptions(CsvOptions::Shape::Display);
   CsvRecords const records = ReadCsvRecords(Written(table, options));
-  std::size_t next = 0;
+  bool const namesDimensions = !ShowsCells(table, options);
+  std::size_t next = namesDimensions && !records.empty() ? 1 : 0;
   LayerGrids layers(table, {options.skipEmpty, true});
   while (DisplayGrid const* grid = layers.Next()) {
     PlainGrid const plain(*grid);

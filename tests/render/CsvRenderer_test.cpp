@@ -2,6 +2,8 @@
 #include <limits>
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <cells/OmComposite.h>
 #include <cells/OmDataValue.h>
@@ -45,6 +47,14 @@ std::string Field(std::string const& text, bool safe = false) {
   record.End();
   buffer.Flush();
   return out.str();
+}
+
+void AddTotal(OmDimension& dimension, unsigned long subscript) {
+  OmStringCell label("Total");
+  OmCellMetaData meta;
+  meta.setTotal(true);
+  label.setMeta(&meta);
+  dimension.AddNewChild(dimension.Root(), label, subscript, false);
 }
 
 /// Two rows, two columns, two layers; the combination b, y, second is missing.
@@ -245,7 +255,59 @@ TEST(CsvRenderer, FootnotesHaveAColumn) {
   OmNumber number(1);
   table.Cell({0}, WithFootnotes(number, {1, 0, 7}));
   table.Cell({1}, OmNumber(2));
-  EXPECT_EQ(Written(table), "d,value,footnotes\r\na,1,* a\r\nb,2,\r\n");
+  EXPECT_EQ(Written(table), "d,value,footnotes\r\na,1,two; one\r\nb,2,\r\n");
+}
+
+TEST(CsvRenderer, FootnotesOfLabelsAndTitleStandWithTheCellsThatTheyAreAbout) {
+  Table table;
+  for (char const* note : {"of a", "of d", "of the title", "of a cell"}) {
+    AddFootnote(table, note);
+  }
+  OmStringCellUTF8 d("d");
+  OmDimension& dimension = table.AddDimension(WithFootnotes(d, {1}));
+  OmStringCellUTF8 a("a");
+  dimension.AddNewChild(dimension.Root(), WithFootnotes(a, {0}), 0, false);
+  Category(dimension, dimension.Root(), "b", 1);
+  OmStringCellUTF8 title("title");
+  table.SetTableTitle(WithFootnotes(title, {2, 1}));
+  table.Place({0}, {});
+  OmNumber number(1);
+  table.Cell({0}, WithFootnotes(number, {3, 0}));
+  table.Cell({1}, OmNumber(2));
+  EXPECT_EQ(Written(table),
+            "d,value,footnotes\r\n"
+            "a,1,of a cell; of a; of d; of the title\r\n"
+            "b,2,of d; of the title\r\n");
+}
+
+TEST(CsvRenderer, TotalIsToldFromACategoryOfThatName) {
+  Table table;
+  for (char const* name : {"A", "B"}) {
+    OmDimension& dimension = table.AddDimension(OmVariable(name, ""));
+    dimension.AddNewChild(dimension.Root(), OmStringDataValue("Total", ""), 0, false);
+    AddTotal(dimension, 1);
+  }
+  table.Place({0}, {1});
+  table.PutAll();
+  EXPECT_EQ(Written(table),
+            "A,B,totals,value\r\n"
+            "Total,Total,,1\r\n"
+            "Total,Total,A,1\r\n"
+            "Total,Total,B,1\r\n"
+            "Total,Total,A; B,1\r\n");
+}
+
+TEST(CsvRenderer, TotalOfNestedVariablesIsOneOfBoth) {
+  Table table;
+  OmComposite label("{0} / {1}");
+  label.AddPart(OmVariable("A", ""));
+  label.AddPart(OmVariable("B", ""));
+  OmDimension& dimension = table.AddDimension(label);
+  Category(dimension, Group(dimension, dimension.Root(), "x"), "y", 0);
+  AddTotal(dimension, 1);
+  table.Place({0}, {});
+  table.PutAll();
+  EXPECT_EQ(Written(table), "A,B,totals,value\r\nx,y,,1\r\n,Total,A; B,1\r\n");
 }
 
 TEST(CsvRenderer, CellsOfDeletedCategoriesAreLeftOut) {
@@ -264,7 +326,13 @@ TEST(CsvRenderer, TableWithoutDimensionsOrCategoriesIsItsHeader) {
   EXPECT_EQ(Written(table), "value\r\n");
   EXPECT_EQ(Written(table, KeepEmpty()), "value\r\n");
   table.Add("d");
-  EXPECT_EQ(Written(table, KeepEmpty()), "value\r\n");
+  EXPECT_EQ(Written(table), "d,value\r\n");
+  EXPECT_EQ(Written(table, KeepEmpty()), "d,value\r\n");
+  OmComposite label("{0} / {1}");
+  label.AddPart(OmVariable("A", ""));
+  label.AddPart(OmVariable("B", ""));
+  table.AddDimension(label);
+  EXPECT_EQ(Written(table), "d,A,B,value\r\n");
 }
 
 // Display shape
@@ -301,26 +369,87 @@ TEST(CsvRenderer, DisplayShapeShowsOneLayerWhenAsked) {
   EXPECT_EQ(Written(cube, options).find("second"), std::string::npos);
 }
 
-TEST(CsvRenderer, DisplayShapeOfAnEmptyTableIsEmpty) {
+TEST(CsvRenderer, DisplayShapeOfAnEmptyTableNamesItsDimensions) {
   Table table;
   EXPECT_EQ(Written(table, Display()), "");
+  table.Add("d");
+  table.Add("e");
+  table.Place({0}, {1});
+  EXPECT_EQ(Written(table, Display()), "d,e\r\n");
 }
 
 // Documents
 
-TEST(CsvRenderer, TablesFollowEachOtherWithoutNotesAndWarnings) {
-  OmOutputTree document;
-  auto const root = document.begin();
-  for (char const* name : {"Notes", "t", "Warnings", "t"}) {
-    auto* const table = new OmPivotTable(Utf8("label"), Utf8(name), false);
-    root.AppendChild(table);
-    OmDimension& dimension = table->AddDimension(Utf8(name));
+namespace {
+
+/// Tables with one cell each, by name and label of their dimension.
+void AppendTables(OmOutputTree& document,
+                  std::vector<std::pair<char const*, char const*>> const& tables) {
+  for (auto const& [name, dimensionLabel] : tables) {
+    auto& table = AppendItem<OmPivotTable>(document.begin(), Utf8(name), Utf8(name), false);
+    OmDimension& dimension = table.AddDimension(Utf8(dimensionLabel));
     Category(dimension, dimension.Root(), "a", 0);
-    table->Cell({0}, OmNumber(1));
+    table.Rows().push_back(0);
+    table.Cell({0}, OmNumber(1));
   }
+}
+
+std::string WrittenDocument(OmOutputTree& document, CsvOptions const& options = {}) {
   std::ostringstream out;
-  CsvRenderer(out).Render(document);
-  EXPECT_EQ(out.str(), "t,value\r\na,1\r\n\r\nt,value\r\na,1\r\n");
+  CsvRenderer(out, options).Render(document);
+  return out.str();
+}
+
+}  // namespace
+
+TEST(CsvRenderer, OneTableNeedsNoName) {
+  OmOutputTree document;
+  AppendTables(document, {{"Notes", "n"}, {"t", "d"}, {"Warnings", "w"}});
+  EXPECT_EQ(WrittenDocument(document), "d,value\r\na,1\r\n");
+}
+
+TEST(CsvRenderer, SeveralTablesHaveOneHeaderAndTheirNamesInAColumn) {
+  OmOutputTree document;
+  AppendTables(document, {{"first", "d"}, {"second", "e"}, {"third", "d"}});
+  EXPECT_EQ(WrittenDocument(document),
+            "table,d,e,value\r\n"
+            "first,a,,1\r\n"
+            "second,,a,1\r\n"
+            "third,a,,1\r\n");
+}
+
+TEST(CsvRenderer, TablesOfOneNameAreToldApart) {
+  OmOutputTree document;
+  AppendTables(document, {{"t", "table"}, {"t", "value"}});
+  EXPECT_EQ(WrittenDocument(document),
+            "table,table 2,value,value 2\r\n"
+            "t,a,,1\r\n"
+            "t 2,,a,1\r\n");
+}
+
+TEST(CsvRenderer, ColumnsThatOneTableNeedsAreEmptyInTheOthers) {
+  OmOutputTree document;
+  AppendTables(document, {{"plain", "d"}});
+  auto& table = AppendItem<Table>(document.begin());
+  OmStringCellUTF8 title("noted");
+  AddFootnote(table, "note");
+  table.SetTableTitle(WithFootnotes(title, {0}));
+  OmDimension& dimension = table.AddDimension(OmVariable("d", ""));
+  AddTotal(dimension, 0);
+  table.Place({0}, {});
+  table.Cell({0}, OmNumber(2));
+  EXPECT_EQ(WrittenDocument(document),
+            "table,d,totals,value,footnotes\r\n"
+            "plain,a,,1,\r\n"
+            "noted,Total,d,2,note\r\n");
+}
+
+TEST(CsvRenderer, DisplayShapeNamesEachOfSeveralTables) {
+  OmOutputTree document;
+  AppendTables(document, {{"=t", "d"}, {"u", "e"}});
+  CsvOptions options = Display();
+  options.safe = true;
+  EXPECT_EQ(WrittenDocument(document, options), "'=t,d,\r\n'=t,a,1\r\n\r\nu,e,\r\nu,a,1\r\n");
 }
 
 TEST(CsvRenderer, HiddenTableIsLeftOut) {

@@ -1,6 +1,7 @@
 """What a file of comma-separated values shows."""
 
 import csv
+import itertools
 
 
 def records(path):
@@ -9,15 +10,28 @@ def records(path):
         return list(csv.reader(file))
 
 
+def unique_names(tables):
+    names = []
+    for table in tables:
+        title = table["title"]
+        numbered = (f"{title} {number}" for number in itertools.count(2))
+        names.append(next(n for n in itertools.chain([title], numbered) if n not in names))
+    return names
+
+
 def expected_records(tables):
     result = []
-    for table in tables:
+    for table, name in zip(tables, unique_names(tables)):
         if result:
             result.append([])
+        shown = []
         for layer in table["layers"]:
             if layer["name"]:
-                result.append([layer["name"]])
-            result += [row for row in with_labels_once(layer) if row]
+                shown.append([layer["name"]])
+            shown += [row for row in with_labels_once(layer) if row]
+        if not any(row for layer in table["layers"] for row in layer["rows"]) and table["dimensions"]:
+            shown.insert(0, table["dimensions"])
+        result += [[name, *record] for record in shown]
     return result
 
 

@@ -74,12 +74,22 @@ json LayersOf(OmPivotTable& table) {
   return layers;
 }
 
+json DimensionsOf(OmPivotTable const& table) {
+  json labels = json::array();
+  for (int d = 0; d < table.NDimensions(); ++d) {
+    labels.push_back(Clean(table.Dimension(d).value.label));
+  }
+  return labels;
+}
+
 json GridsOf(OmOutputTree& document) {
   json tables = json::array();
   for (auto node = document.begin(); !node.AtEnd(); ++node) {
     auto* const table = dynamic_cast<OmPivotTable*>(*node);
     if (table != nullptr && table->Show()) {
-      tables.push_back({{"title", Clean(HeadlineOf(*table))}, {"layers", LayersOf(*table)}});
+      tables.push_back({{"title", Clean(HeadlineOf(*table))},
+                        {"dimensions", DimensionsOf(*table)},
+                        {"layers", LayersOf(*table)}});
     }
   }
   return tables;

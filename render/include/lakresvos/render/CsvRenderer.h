@@ -2,6 +2,7 @@
 #define LAKRESVOS_RENDER_CSVRENDERER_H
 
 #include <ostream>
+#include <vector>
 
 #include <lakresvos/OmOutputPart.h>
 #include <lakresvos/render/Export.h>
@@ -28,8 +29,9 @@ struct CsvOptions : TableOptions {
 
 /// Writes the tables of a document as comma-separated values (RFC 4180) in UTF-8.
 ///
-/// Tables follow each other with an empty line between. Left out are the tables "Notes" and
-/// "Warnings", tables that are not to be shown, and all other items of the document.
+/// Left out are the tables "Notes" and "Warnings", tables that are not to be shown, and all other
+/// items of the document. When there are several tables, every record starts with the name of its
+/// table, which is the title or else the label.
 ///
 /// - Long shape: a header record, then a record for each stored cell that OmPivotTable::Iterator
 ///   walks over, with the categories of the first dimension changing fastest; with
@@ -37,18 +39,26 @@ struct CsvOptions : TableOptions {
 ///   dimension, whichever axis it is on and whatever it hides; for each level of it where categories
 ///   are grouped, the outermost first. Where a category stands higher than others, the columns of
 ///   the groups that it lacks are empty. A category that shares its subscript with an earlier one
-///   has no records of its own, unless all combinations are written. Then
-///   come a column "value" and, in a table that has footnotes, a column "footnotes" with the cell's
-///   marks, a blank between two. Numbers are exact: the shortest text that reads back to the same
-///   value, nothing for the system-missing value. Cells of deleted categories are left out, and
-///   TableOptions::allLayers does not matter.
+///   has no records of its own, unless all combinations are written. Cells of deleted categories are
+///   left out, and TableOptions::allLayers does not matter.
+///
+///   Several tables stand under one header, which begins with a column "table"; dimensions of one
+///   name share a column, which is empty in tables that lack it. Further columns are
+///   - "totals", when there is a total: the names of the columns that the record is a total of, "; "
+///     between; empty in records of categories alone, whatever they are called. A total is a
+///     category whose label is marked as one, see OmCellMetaData::isTotal();
+///   - "value": numbers are exact, the shortest text that reads back to the same value, nothing for
+///     the system-missing value;
+///   - "footnotes", when a table has any: the texts, "; " between, that the cell refers to, then
+///     those that the labels of its categories and of the dimensions and the title do.
 /// - Display shape: what the table's grid shows, row by row, each heading repeated wherever it
 ///   reaches, a corner label too; but one that reaches over several columns of row headings stands
 ///   in the first of them alone. Before each layer of a table with layers comes a record that names
-///   the layer. Numbers are as they are shown. Footnotes are left out.
+///   the layer. Numbers are as they are shown. Footnotes are left out. A table without cells is a
+///   record of the names of its dimensions. Between tables stands an empty line.
 ///
-/// Columns of one name are told apart by a number. Bytes that are not UTF-8 and control characters
-/// become U+FFFD, line ends within a text '\n'.
+/// Columns and tables of one name are told apart by a number. Bytes that are not UTF-8 and control
+/// characters become U+FFFD, line ends within a text '\n'.
 ///
 /// Writing takes time linear in the displayed and stored cells; memory grows with the categories
 /// only.
@@ -59,9 +69,10 @@ class LAKRESVOS_RENDER_EXPORT CsvRenderer : public OmOutputPart::Visitor {
   /// @param out where to write; must outlive the renderer. Its state tells whether writing failed.
   explicit CsvRenderer(std::ostream& out, CsvOptions const& options = {});
 
-  /// Writes all tables of `tree`.
+  /// Writes all tables of `tree`; those of several calls are apart by an empty line.
   void Render(OmOutputTree& tree);
 
+  /// Writes one table.
   void Visit(OmPivotTable& table) override;
   void Visit(OmHeading& /*heading*/) override {}
   void Visit(OmTextBlock& /*block*/) override {}
@@ -71,6 +82,8 @@ class LAKRESVOS_RENDER_EXPORT CsvRenderer : public OmOutputPart::Visitor {
   void Visit(OmInteractive& /*item*/) override {}
 
  private:
+  void Write(std::vector<OmPivotTable*> const& tables);
+
   std::ostream& out_;
   CsvOptions options_;
   bool started_ = false;
