@@ -73,8 +73,8 @@ TEST(NotesTable, CountsNoRowWithoutAWeightAsUsed) {
 
 TEST(WarningsTable, ListsLineColumnAndProblem) {
   WarningLog log;
-  log.Add({7, "b", "strange"});
-  log.Add({3, "a", "odd"});
+  log.Add({Skipped::Texts, 7, "b", "strange"});
+  log.Add({Skipped::Texts, 3, "a", "odd"});
   auto const table = MakeWarningsTable(log);
   EXPECT_TRUE(table->IsWarnings());
   EXPECT_EQ(TextAt(*table, {"1", "Line"}), "3");
@@ -87,7 +87,7 @@ TEST(WarningsTable, ListsLineColumnAndProblem) {
 TEST(WarningsTable, TellsHowManyAreNotListed) {
   WarningLog log;
   for (std::size_t line = 2; line < 125; ++line) {
-    log.Add({line, "a", "odd"});
+    log.Add({Skipped::Texts, line, "a", "odd"});
   }
   auto const table = MakeWarningsTable(log);
   EXPECT_EQ(table->Size(0), 100);
@@ -97,7 +97,7 @@ TEST(WarningsTable, TellsHowManyAreNotListed) {
 TEST(WarningsTable, TellsOfOneInTheSingular) {
   WarningLog log;
   for (std::size_t line = 2; line < 103; ++line) {
-    log.Add({line, "a", "odd"});
+    log.Add({Skipped::Texts, line, "a", "odd"});
   }
   EXPECT_EQ(MakeWarningsTable(log)->Caption()->GetText(), "1 more warning is not listed");
 }

@@ -52,6 +52,7 @@ TEST(Options, HaveDefaults) {
   EXPECT_TRUE(options.allLayers);
   EXPECT_FALSE(options.keepEmpty);
   EXPECT_FALSE(options.ascii);
+  EXPECT_FALSE(options.strict);
 }
 
 TEST(Options, ReadAllOfThem) {
@@ -166,6 +167,10 @@ TEST(OptionErrors, UnknownOption) {
 TEST(OptionErrors, UnknownFormat) {
   EXPECT_EQ(ErrorIn({"a.csv", "--format", "tex"}),
             "--format: tex not in {text,html,markdown,csv,json,xlsx}");
+}
+
+TEST(Options, MayBeStrict) {
+  EXPECT_TRUE(Parse({"a.csv", "--strict"}).options->strict);
 }
 
 TEST(Options, ReadEveryFormat) {

@@ -185,6 +185,113 @@ TEST(Program, WarnsOfWhatItSkips) {
             std::string::npos);
 }
 
+TEST(Program, SaysWhatItSkippedInEveryFormat) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write(
+      "a.csv", "a,x,w\np,1,1\nq\nr,text,1\nNA,2,1\ns,3,\nt,1,2,3\nu,,1\nv,more,1\n");
+  for (std::vector<std::string> const& format :
+       std::vector<std::vector<std::string>>{{"text"},
+                                             {"html"},
+                                             {"markdown"},
+                                             {"csv"},
+                                             {"csv", "--csv-shape", "display"},
+                                             {"json"},
+                                             {"xlsx"}}) {
+    std::vector<std::string> arguments{file,       "--table", "a ~",
+                                       "--weight", "w",       "--statistics",
+                                       "sum:x",    "-o",      directory.Path("out"),
+                                       "--format"};
+    arguments.insert(arguments.end(), format.begin(), format.end());
+    ReportRun const run = RunReport(arguments);
+    EXPECT_EQ(run.exitCode, 0);
+    std::string const start = "lakresvos-report: " + file + ": ";
+    EXPECT_EQ(run.err,
+              start +
+                  "2 lines with too few or too many fields were skipped, the first on line 3, "
+                  "column 'x'\n" +
+                  start + "1 row without a weight was skipped, the first on line 6, column 'w'\n" +
+                  start +
+                  "2 texts count as missing where numbers are needed, the first on line 4, "
+                  "column 'x'\n" +
+                  start +
+                  "1 row with missing values was left out of a table, the first on line 5, "
+                  "column 'a'\n" +
+                  start +
+                  "1 row with a missing value was left out of a statistic, the first on "
+                  "line 8, column 'x'\n")
+        << format[0];
+    EXPECT_TRUE(std::filesystem::remove(directory.Path("out")));
+  }
+}
+
+TEST(Program, WritesNothingWhenItIsStrictAndSkippedAnything) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("a.csv", "a,b\nx,1\ny\n");
+  std::string const output = directory.Write("out", "as it was");
+  std::string const complaint =
+      "lakresvos-report: " + file +
+      ": 1 line with too few or too many fields was skipped, the first on line 3, column 'b'\n";
+  for (std::vector<std::string> const& target :
+       std::vector<std::vector<std::string>>{{}, {"-o", output}}) {
+    std::vector<std::string> arguments{file, "--table", "a ~", "--strict"};
+    arguments.insert(arguments.end(), target.begin(), target.end());
+    ReportRun const run = RunReport(arguments);
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, complaint);
+  }
+  EXPECT_EQ(ReadFile(output), "as it was");
+}
+
+TEST(Program, IsAsEverWhenItIsStrictAndSkippedNothing) {
+  std::vector<std::string> arguments{DataPath("titanic.csv"), "--table", "Class ~", "--format",
+                                     "csv"};
+  std::string const usual = RunReport(arguments).out;
+  arguments.emplace_back("--strict");
+  ReportRun const run = RunReport(arguments);
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.out, usual);
+}
+
+TEST(Program, WritesTablesThatAProgramCanTellApart) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("a.csv", "a,b\nx,1\nTotal,2\n");
+  ReportRun const run = RunReport({file, "--table", "a ~", "--table", "b ~", "--title", "One",
+                                   "--title", "Two", "--totals", "--format", "csv"});
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.out,
+            "table,a,b,totals,value\r\n"
+            "One,x,,,1\r\n"
+            "One,Total,,,1\r\n"
+            "One,Total,,a,2\r\n"
+            "Two,,1,,1\r\n"
+            "Two,,2,,1\r\n"
+            "Two,,Total,b,2\r\n");
+}
+
+TEST(Program, TellsTotalsApartInASavedDocumentToo) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("a.csv", "a,b\nx,1\nTotal,2\n");
+  std::vector<std::string> arguments{file, "--table", "a / b ~", "--totals", "--format"};
+  std::vector<std::string> save = arguments;
+  save.insert(save.end(), {"json", "-o", directory.Path("saved")});
+  ASSERT_EQ(RunReport(save).exitCode, 0);
+  arguments.emplace_back("csv");
+  std::string const direct = RunReport(arguments).out;
+  EXPECT_EQ(direct, "a,b,totals,value\r\nx,1,,1\r\nTotal,2,,1\r\n,Total,a; b,2\r\n");
+  EXPECT_EQ(RunReport({"--from", directory.Path("saved"), "--format", "csv"}).out, direct);
+}
+
+TEST(Program, WritesTheHeaderOfAnEmptyTable) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("a.csv", "a,b\n");
+  std::vector<std::string> arguments{file, "--table", "a ~ b", "--format", "csv"};
+  EXPECT_EQ(RunReport(arguments).out, "a,b,value\r\n");
+  arguments.insert(arguments.end(), {"--csv-shape", "display"});
+  EXPECT_EQ(RunReport(arguments).out, "a,b\r\n");
+}
+
 TEST(Program, ShowsHostileTextAsText) {
   TemporaryDirectory const directory;
   std::string const file =
@@ -563,6 +670,7 @@ TEST(Program, TakesNoDataBesideASavedDocument) {
                                              {"--group", "a: b = c"},
                                              {"--text", "a"},
                                              {"--chart"},
+                                             {"--strict"},
                                              {"--style", "s.json"}}) {
     std::vector<std::string> arguments{"--from", "saved.json"};
     arguments.insert(arguments.end(), more.begin(), more.end());

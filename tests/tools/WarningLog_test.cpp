@@ -12,9 +12,9 @@ TEST(WarningLog, IsEmptyAtFirst) {
 
 TEST(WarningLog, GivesWarningsByLine) {
   WarningLog log;
-  log.Add({9, "a", "late"});
-  log.Add({2, "b", "first of two"});
-  log.Add({2, "c", "second of two"});
+  log.Add({Skipped::Texts, 9, "a", "late"});
+  log.Add({Skipped::Texts, 2, "b", "first of two"});
+  log.Add({Skipped::Texts, 2, "c", "second of two"});
   std::vector<Warning> const first = log.First();
   ASSERT_EQ(first.size(), 3u);
   EXPECT_EQ(first[0].column, "b");
@@ -25,7 +25,7 @@ TEST(WarningLog, GivesWarningsByLine) {
 TEST(WarningLog, KeepsTheFirstHundredByLineWhicheverCameFirst) {
   WarningLog log;
   for (std::size_t i = 1000; i > 0; --i) {
-    log.Add({i, "", std::to_string(i)});
+    log.Add({Skipped::Texts, i, "", std::to_string(i)});
   }
   EXPECT_EQ(log.Total(), 1000u);
   std::vector<Warning> const first = log.First();
@@ -34,4 +34,26 @@ TEST(WarningLog, KeepsTheFirstHundredByLineWhicheverCameFirst) {
     EXPECT_EQ(first[i].line, i + 1);
     EXPECT_EQ(first[i].problem, std::to_string(i + 1));
   }
+}
+
+TEST(WarningLog, CountsEachKindAndKnowsItsFirstPlace) {
+  WarningLog log;
+  EXPECT_FALSE(log.Any());
+  log.Add({Skipped::Lines, 9, "a", "late"});
+  log.Add({Skipped::Lines, 2, "b", "early"});
+  log.Add({Skipped::Texts, 1, "c", "other"});
+  EXPECT_TRUE(log.Any());
+  EXPECT_EQ(log.Of(Skipped::Lines).count, 2u);
+  EXPECT_EQ(log.Of(Skipped::Lines).line, 2u);
+  EXPECT_EQ(log.Of(Skipped::Lines).column, "b");
+  EXPECT_EQ(log.Of(Skipped::Texts).count, 1u);
+  EXPECT_EQ(log.Of(Skipped::Rows).count, 0u);
+}
+
+TEST(WarningLog, KeepsNoWarningOfWhatIsOnlyCounted) {
+  WarningLog log;
+  log.Count(Skipped::Rows, 3, "a");
+  EXPECT_TRUE(log.Any());
+  EXPECT_EQ(log.Total(), 0u);
+  EXPECT_TRUE(log.First().empty());
 }

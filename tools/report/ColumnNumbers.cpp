@@ -32,7 +32,7 @@ void WarnOfTexts(DataSet const& data, DataColumn const& column, WarningLog& warn
   for (std::size_t row = 0; row < data.Rows(); ++row) {
     std::uint32_t const code = column.codes[row];
     if (code != DataColumn::kMissing && std::isnan(numbers.byCode[code])) {
-      warnings.Add({data.lines[row], column.name,
+      warnings.Add({Skipped::Texts, data.lines[row], column.name,
                     Quoted(column.values[code]) + " is not a number; it counts as missing"});
     }
   }

@@ -64,7 +64,7 @@ class DataSetSink : public CsvSink {
   void TakeRow(CsvRecord const& record) {
     ++data_.records;
     if (record.size() != data_.columns.size()) {
-      warnings_.Add({record.Line(), NameOfFirstOddField(record),
+      warnings_.Add({Skipped::Lines, record.Line(), NameOfFirstOddField(record),
                      Fields(record.size()) + " where the header has " +
                          std::to_string(data_.columns.size()) + "; the line was skipped"});
       return;

@@ -1,6 +1,7 @@
 #include "Document.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -80,6 +81,43 @@ void WarnOfTexts(DataSet const& data, std::vector<Statistic> const& statistics,
   }
 }
 
+/// Counts the rows that miss a value in any of these columns and have a weight all the same.
+void CountMissing(DataSet const& data, RowWeights const& weights,
+                  std::vector<std::string> const& columns, Skipped kind, WarningLog& warnings) {
+  std::vector<DataColumn const*> kept;
+  for (std::string const& name : columns) {
+    kept.push_back(&data.columns[data.Find(name)]);
+  }
+  for (std::size_t row = 0; row < data.Rows(); ++row) {
+    auto const missing = std::find_if(kept.begin(), kept.end(), [row](DataColumn const* column) {
+      return column->codes[row] == DataColumn::kMissing;
+    });
+    if (missing != kept.end() && !std::isnan(weights.Of(row))) {
+      warnings.Count(kind, data.lines[row], (*missing)->name);
+    }
+  }
+}
+
+/// Counts what tables and their statistics leave out.
+void CountMissing(DataSet const& data, RowWeights const& weights, Options const& options,
+                  WarningLog& warnings) {
+  if (options.tables.empty()) {
+    return;
+  }
+  std::vector<std::string> columns;
+  for (ColumnWish const& wish : FormulaColumns(options.tables)) {
+    columns.push_back(wish.name);
+  }
+  CountMissing(data, weights, columns, Skipped::Rows, warnings);
+  columns.clear();
+  for (Statistic const& statistic : options.statistics) {
+    if (NeedsColumn(statistic.measure)) {
+      columns.push_back(statistic.column.name);
+    }
+  }
+  CountMissing(data, weights, columns, Skipped::Values, warnings);
+}
+
 using Item = std::unique_ptr<OmOutputPart>;
 using Node = ListTree<OmOutputPart*>::Node;
 
@@ -103,7 +141,7 @@ Node Append(Node const& parent, Item item) {
 
 }  // namespace
 
-void AppendReport(OmOutputTree& document, Options const& options) {
+WarningLog AppendReport(OmOutputTree& document, Options const& options) {
   StyleSheet const style =
       options.styleFile.empty() ? StyleSheet() : ReadStyleSheet(options.styleFile);
   CheckGroupings(options.groupings, FormulaColumns(options.tables));
@@ -116,6 +154,7 @@ void AppendReport(OmOutputTree& document, Options const& options) {
   RowWeights const weights =
       options.weight.empty() ? RowWeights() : RowWeights(data, options.weight, warnings);
   WarnOfTexts(data, options.statistics, warnings);
+  CountMissing(data, weights, options, warnings);
 
   std::vector<Item> items;
   items.push_back(std::make_unique<OmTextBlock>(OmStringCell("Log", true), options.command));
@@ -151,6 +190,7 @@ void AppendReport(OmOutputTree& document, Options const& options) {
     document.Prune(procedure);
     throw;
   }
+  return warnings;
 }
 
 }  // namespace lakresvos::report

@@ -34,8 +34,11 @@ Examples:
   lakresvos-report titanic.csv --weight Freq --totals --table 'Class * Sex ~ Survived | Age'
   lakresvos-report airquality.csv --statistics mean:Ozone,sd:Ozone --table 'Month ~'
 
-The program ends with 0, or with 2 and one line on standard error when something has to be put right;
-the output file is then as it was.)";
+What had to be skipped in the data is said on standard error, in a line for each kind of it.
+
+The program ends with 0, with 1 when something was skipped and --strict forbids that, or with 2 and
+one line on standard error when something has to be put right; in both cases the output file is as it
+was.)";
 
 struct Texts {
   std::vector<std::string> formulas;
@@ -104,6 +107,8 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
                "a bar chart behind each table with one or two dimensions and no layers");
   app.add_option("--style", options.styleFile, "a JSON file that says how areas of tables look")
       ->type_name("FILE");
+  app.add_flag("--strict", options.strict,
+               "write nothing and end with 1 when anything in the data is skipped");
   CLI::Option* const from =
       app.add_option("--from", options.documentFile,
                      "a document that was saved as JSON, instead of data and what to make of them")

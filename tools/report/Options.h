@@ -29,6 +29,7 @@ struct Options {
   std::string styleFile;  ///< empty: none
   OutputFormat format = OutputFormat::Text;
   std::string outputFile;  ///< empty: standard output
+  bool strict = false;     ///< nothing is written when anything in the data is passed over
   bool allLayers = true;
   bool keepEmpty = false;
   bool ascii = false;

@@ -8,6 +8,7 @@
 #include <memory>
 #include <new>
 #include <ostream>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -24,6 +25,7 @@
 #include "Rendering.h"
 #include "ReportError.h"
 #include "SavedDocument.h"
+#include "SkipMessages.h"
 
 namespace lakresvos::report {
 
@@ -36,12 +38,12 @@ void RefuseToReplace(std::string const& input, char const* what, std::string con
   }
 }
 
-std::unique_ptr<OmOutputTree> MakeDocument(Options const& options) {
+std::unique_ptr<OmOutputTree> MakeDocument(Options const& options, WarningLog& skipped) {
   if (!options.documentFile.empty()) {
     return ReadDocument(options.documentFile);
   }
   auto document = std::make_unique<OmOutputTree>();
-  AppendReport(*document, options);
+  skipped = AppendReport(*document, options);
   return document;
 }
 
@@ -62,11 +64,16 @@ class StandardOutput {
   std::ostream stream_{&buffer_};
 };
 
-/// Gives back what the format could not hold.
+/// Gives back what the format could not hold; with --strict nothing is written when that is anything.
 std::vector<std::string> Write(OmOutputTree& document, Options const& options,
                                StandardOutput& out) {
   if (options.outputFile.empty()) {
-    std::vector<std::string> losses = Render(document, options, out.Stream());
+    std::ostringstream held;
+    std::vector<std::string> losses =
+        Render(document, options, options.strict ? held : out.Stream());
+    if (options.strict && losses.empty()) {
+      out.Stream() << held.view();
+    }
     out.Flush();
     return losses;
   }
@@ -75,7 +82,9 @@ std::vector<std::string> Write(OmOutputTree& document, Options const& options,
   RefuseToReplace(options.styleFile, "style", options.outputFile);
   OutputFile file(options.outputFile);
   std::vector<std::string> losses = Render(document, options, file.Stream());
-  file.Commit();
+  if (!options.strict || losses.empty()) {
+    file.Commit();
+  }
   return losses;
 }
 
@@ -83,14 +92,24 @@ void Complain(std::string_view what) {
   std::cerr << "lakresvos-report: " << Shortened(OneLine(what)) << '\n';
 }
 
-void Run(Options const& options, StandardOutput& out) {
+int Run(Options const& options, StandardOutput& out) {
   if (options.format == OutputFormat::Xlsx && options.outputFile.empty() && isatty(STDOUT_FILENO)) {
     throw ReportError("--format xlsx: a workbook is nothing for a terminal; name a file with -o");
   }
-  std::unique_ptr<OmOutputTree> const document = MakeDocument(options);
-  for (std::string const& loss : Write(*document, options, out)) {
-    Complain(loss);
+  WarningLog skipped;
+  std::unique_ptr<OmOutputTree> const document = MakeDocument(options, skipped);
+  bool refused = options.strict && skipped.Any();
+  if (!refused) {
+    std::vector<std::string> const losses = Write(*document, options, out);
+    for (std::string const& loss : losses) {
+      Complain(loss);
+    }
+    refused = options.strict && !losses.empty();
   }
+  for (std::string const& message : SkipMessages(skipped, options.dataFile)) {
+    Complain(message);
+  }
+  return refused ? 1 : 0;
 }
 
 /// A file that is opened later must not be taken for standard output; writing to what is opened here
@@ -111,7 +130,7 @@ int RunProgram(int argc, char const* const* argv) {
   try {
     StandardOutput out;
     if (std::optional<Options> const options = ParseCommandLine(argc, argv, out.Stream())) {
-      Run(*options, out);
+      return Run(*options, out);
     }
     out.Flush();
     return 0;

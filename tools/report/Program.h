@@ -4,7 +4,8 @@
 namespace lakresvos::report {
 
 /// The whole program: carries out the command line, writes to standard output and standard error,
-/// and gives the exit code, which is 0, or 2 after one line on standard error.
+/// and gives the exit code: 0; 1 when data were skipped that must not be; or 2 after one line on
+/// standard error.
 int RunProgram(int argc, char const* const* argv);
 
 }  // namespace lakresvos::report

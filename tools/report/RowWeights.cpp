@@ -13,7 +13,8 @@ RowWeights::RowWeights(DataSet const& data, std::string const& column, WarningLo
   for (std::size_t row = 0; row < data.Rows(); ++row) {
     std::uint32_t const code = column_->codes[row];
     if (code == DataColumn::kMissing) {
-      warnings.Add({data.lines[row], column, "the weight is missing; the line was skipped"});
+      warnings.Add({Skipped::Weights, data.lines[row], column,
+                    "the weight is missing; the line was skipped"});
     } else if (!(numbers_.byCode[code] >= 0)) {
       throw ReportError(data.file, data.lines[row],
                         "column " + Quoted(column) + ": the weight " +

@@ -1,0 +1,17 @@
+#ifndef TOOLS_REPORT_SKIPMESSAGES_H
+#define TOOLS_REPORT_SKIPMESSAGES_H
+
+#include <string>
+#include <vector>
+
+#include "WarningLog.h"
+
+namespace lakresvos::report {
+
+/// A line for each kind of what was passed over in a data file: how much of it, and where the first
+/// stands.
+std::vector<std::string> SkipMessages(WarningLog const& log, std::string const& file);
+
+}  // namespace lakresvos::report
+
+#endif
