@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <functional>
+#include <vector>
 
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmOutputTree.h>
@@ -19,11 +20,16 @@
 #include "HtmlText.h"
 #include "ItemAnnouncement.h"
 #include "LayerLine.h"
+#include "NumberCell.h"
 #include "OutputBuffer.h"
+#include "TextWidth.h"
 
 namespace lakresvos::render {
 
 namespace {
+
+constexpr char kUsualTitle[] = "Output";
+constexpr int kMostMarkRoom = 12;  // in characters; longer marks reach into the next column
 
 std::string PartId(std::size_t part) {
   return "part-" + std::to_string(part);
@@ -63,16 +69,63 @@ class HeadVisitor : public PartVisitor {
 
   void Visit(OmPivotTable& table) override {
     if (table.Show()) {
-      css += HtmlStyle(table, "#" + PartId(part_));
+      css += HtmlStyle(table, "#" + PartId(part_)) + MarkRoom(table);
       language = language.empty() ? LanguageOf(table.TableLocale()) : language;
+      Take(tableTitle_, TextOf(table.GetTableTitle()));
     }
   }
   void Visit(OmProcedure& /*procedure*/) override { hasHeading = true; }
-  void Visit(OmHeading& /*heading*/) override { hasHeading = true; }
+  void Visit(OmHeading& heading) override {
+    hasHeading = true;
+    if (part_ != 0 || TextOf(heading.Label()) != kUsualTitle) {
+      Take(heading_, TextOf(heading.Label()));
+    }
+  }
+  void Visit(OmPageTitle& title) override { Take(pageTitle_, title.Text()); }
+
+  /// The document's own title: of its first page title, heading or table that has one; a procedure
+  /// names a program. The root's label counts unless it is the one that every document starts with.
+  std::string Title() const {
+    for (std::string const* title : {&pageTitle_, &heading_, &tableTitle_}) {
+      if (!title->empty()) {
+        return *title;
+      }
+    }
+    return kUsualTitle;
+  }
 
   std::string css;
   std::string language;
   bool hasHeading = false;
+
+ private:
+  /// Beside the numbers of a table, room for the most marks that any of them has.
+  std::string MarkRoom(OmPivotTable& table) const {
+    TableFootnotes const footnotes(table);
+    if (footnotes.Count() == 0) {
+      return {};
+    }
+    int most = 0;
+    for (auto at = table.FirstCell(); at.Cell() != nullptr; ++at) {
+      OmCellText& cell = *at.Cell();
+      if (cell.hasMeta() && NumberOf(cell)) {
+        std::string const marks = footnotes.Marks(cell);
+        most = std::max(most, TextWidth(PrintableLines(marks).front()));
+      }
+    }
+    most = std::min(most, kMostMarkRoom);
+    return most == 0 ? "" : "#" + PartId(part_) + "{--marks:" + std::to_string(most) + "}\n";
+  }
+
+  static void Take(std::string& title, std::string const& text) {
+    if (title.empty() && !IsBlank(text)) {
+      title = text;
+    }
+  }
+
+  std::string pageTitle_;
+  std::string heading_;
+  std::string tableTitle_;
 };
 
 class OutlineVisitor : public PartVisitor {
@@ -88,7 +141,10 @@ class OutlineVisitor : public PartVisitor {
   }
   void Visit(OmProcedure& procedure) override { Add(procedure.OutlineText()); }
   void Visit(OmHeading& heading) override { Add(TextOf(heading.Label())); }
-  void Visit(OmChart& chart) override { Add(TextOf(chart.Label())); }
+  void Visit(OmChart& chart) override {
+    std::string const label = TextOf(chart.Label());
+    Add(IsBlank(label) ? "Chart" : "Chart: " + label);
+  }
   void Visit(OmAnswerTree& tree) override { Add(TextOf(tree.Label())); }
   void Visit(OmModel& model) override { Add(TextOf(model.Label())); }
   void Visit(OmInteractive& item) override { Add(TextOf(item.Label())); }
@@ -115,7 +171,8 @@ class MainVisitor : public PartVisitor {
     if (!label.empty()) {
       out_ << "<p class=\"label\">" << label << "</p>";
     }
-    out_ << "<pre>\n" << HtmlText(block.Text()) << "</pre></div>\n";
+    out_ << (block.IsLog() ? "<pre dir=\"ltr\">\n" : "<pre>\n") << HtmlText(block.Text())
+         << "</pre></div>\n";
     out_.Drain();
   }
 
@@ -164,36 +221,47 @@ class MainVisitor : public PartVisitor {
 
   void WriteLayers(OmPivotTable& table) {
     TableFootnotes const footnotes(table);
+    std::vector<bool> listed(footnotes.Count());
     LayerGrids layers(table, {options_.skipEmpty, true});
     DisplayGrid const* grid = layers.Next();
+    bool const first = grid != nullptr && !grid->LayerLabels().empty() && !options_.allLayers;
+    HtmlNotes notes(footnotes, PartId(part_));
     if (grid == nullptr) {
-      HtmlNotes notes(footnotes, PartId(part_));
       out_ << "<p class=\"title\">" << Shown(notes, HeadlineOf(table)) << "</p>";
-      std::string const caption = Caption(table, notes);
-      notes.AppendNotes(out_.Text());
-      out_ << caption;
+      WriteFoot(table, notes, listed);
     }
     for (int layer = 0; grid != nullptr; ++layer) {
-      WriteLayer(table, *grid, footnotes, layer);
+      WriteLayer(table, *grid, footnotes, layer, listed);
       grid = options_.allLayers ? layers.Next() : nullptr;
+    }
+    if (!first) {
+      notes.AppendOthers(out_.Text(), listed);
     }
   }
 
   void WriteLayer(OmPivotTable const& table, DisplayGrid const& grid,
-                  TableFootnotes const& footnotes, int layer) {
+                  TableFootnotes const& footnotes, int layer, std::vector<bool>& listed) {
     std::string const prefix = "t" + std::to_string(part_) + "l" + std::to_string(layer);
     HtmlNotes notes(footnotes, prefix);
     std::string const name = HtmlText(LayerLine(grid.LayerLabels(), TextOf));
-    std::string const title = HtmlText(TextOf(HeadlineOf(table)));
-    out_ << "<div class=\"layer\" data-name=\"" << name << "\"><div class=\"scroll\" tabindex=\"0\""
-         << " role=\"group\" aria-label=\"" << title << (name.empty() ? "" : ", ") << name
-         << "\">\n";
-    std::string caption = "<span class=\"title\">" + Shown(notes, HeadlineOf(table)) + "</span>";
+    out_ << "<div class=\"layer\" data-name=\"" << name << "\"><div class=\"heading\" id=\""
+         << prefix << "t\"><span class=\"title\">" << Shown(notes, HeadlineOf(table)) << "</span>";
     if (!name.empty()) {
-      caption += " <span class=\"layer-line\">" + MarkedLayerLine(grid, notes) + "</span>";
+      out_ << " <span class=\"layer-line\">" << MarkedLayerLine(grid, notes) << "</span>";
     }
-    WriteHtmlTable(out_, grid, notes, prefix, caption, Caption(table, notes));
-    out_ << "</div></div>\n";
+    out_ << "</div>\n<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-labelledby=\""
+         << prefix << "t\">\n";
+    WriteHtmlTable(out_, grid, notes, prefix);
+    out_ << "</div>";
+    WriteFoot(table, notes, listed);
+    out_ << "</div>\n";
+  }
+
+  /// The notes that were marked, and the caption.
+  void WriteFoot(OmPivotTable const& table, HtmlNotes& notes, std::vector<bool>& listed) {
+    std::string const caption = Caption(table, notes);
+    notes.AppendMarked(out_.Text(), listed);
+    out_ << caption;
   }
 
   static std::string Caption(OmPivotTable const& table, HtmlNotes& notes) {
@@ -223,10 +291,10 @@ class MainVisitor : public PartVisitor {
 }  // namespace
 
 void RenderHtml(OmOutputTree& tree, std::ostream& out, HtmlOptions const& options) {
-  std::string const title = options.title.empty() ? "Output" : HtmlText(options.title);
   OutputBuffer buffer(out);
   HeadVisitor head;
   head.VisitAll(tree);
+  std::string const title = HtmlText(options.title.empty() ? head.Title() : options.title);
   std::string const language = head.language.empty() ? "en" : head.language;
   buffer << "<!DOCTYPE html>\n<html" << LanguageAttributes(language)
          << ">\n<head>\n<meta charset=\"utf-8\">\n"

@@ -37,11 +37,15 @@ int Digit(char c) {
   return c <= '9' ? c - '0' : (c | 0x20) - 'a' + 10;
 }
 
-/// Black or white, whichever can be read on a background; brightness as in ITU-R BT.601.
+/// The page's own text colour on a light background, else black or white, whichever can be read;
+/// brightness as in ITU-R BT.601. A table with colours stands on a light page.
 char const* Readable(std::string const& background) {
   std::size_t const step = background.size() == 4 ? 1 : 2;
   int const brightness = 299 * Digit(background[1]) + 587 * Digit(background[1 + step]) +
                          114 * Digit(background[1 + 2 * step]);
+  if (brightness >= 10'000) {
+    return "var(--text)";
+  }
   return brightness >= 7500 ? "#000" : "#fff";
 }
 
@@ -168,7 +172,7 @@ std::string HtmlStyle(OmPivotTable const& table, std::string const& selector) {
     std::string const padding = area.area == FormatArea::AreaFrame ? "" : Padding(*format);
     css += Rule(Within(selector, area.selector), Declarations(*format) + padding);
     if (area.area == FormatArea::AreaData && format->getUseAltRowColors()) {
-      css += Rule(Within(selector, "tbody tr:nth-child(even) td:not([class^=h])"),
+      css += Rule(Within(selector, "tbody tr.alt td:not([class^=h])"),
                   Colours(format->getAlternateTextColor(), format->getAlternateBackgroundColor()));
     }
   }

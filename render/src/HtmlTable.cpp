@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include <cells/OmCellMetaData.h>
+
 #include "CellText.h"
 #include "HtmlFrame.h"
 #include "HtmlText.h"
@@ -22,20 +24,31 @@ class HtmlTable {
         notes_(notes),
         prefix_(prefix),
         named_(grid.HeadingRows() > 1 || grid.HeadingColumns() > 1),
+        alternates_(HasAlternateRows(grid.Table())),
         columnHeaders_(named_ ? static_cast<std::size_t>(grid.Columns()) : 0),
-        rowHeaders_(static_cast<std::size_t>(grid.HeadingColumns())) {}
+        columnTotals_(static_cast<std::size_t>(grid.Columns())),
+        rowHeaders_(static_cast<std::size_t>(grid.HeadingColumns())),
+        rowTotals_(static_cast<std::size_t>(grid.HeadingColumns())) {}
 
-  void Write(std::string const& caption, std::string const& foot) {
-    out_ << "<table class=\"pivot-table\"><caption>" << caption << "</caption>";
+  void Write() {
+    out_ << "<table class=\"pivot-table\" aria-labelledby=\"" << prefix_ << "t\">";
     WriteColumnGroups();
     WriteHead();
     WriteBodies();
-    WriteFoot(foot);
     out_ << "</table>\n";
   }
 
  private:
+  static bool HasAlternateRows(OmPivotTable const& table) {
+    FormatArea const* const data = table.getAreaFormat(FormatArea::AreaData);
+    return data != nullptr && data->getUseAltRowColors();
+  }
+
   static bool IsHeader(GridCell const& cell) { return !IsBlank(TextOf(cell.label)); }
+
+  static bool IsTotal(GridCell const& cell) {
+    return cell.label != nullptr && cell.label->hasMeta() && cell.label->getMeta()->isTotal();
+  }
 
   std::string IdOf(GridCell const& cell) const {
     return prefix_ + "r" + std::to_string(cell.row) + "c" + std::to_string(cell.column);
@@ -70,6 +83,9 @@ class HtmlTable {
       out_ << "<tr>";
       for (GridCell const& cell : frame_.Row(row)) {
         WriteHeading(cell, cell.columnSpan > 1 ? "colgroup" : "col");
+        for (int c = cell.column; IsTotal(cell) && c < cell.column + cell.columnSpan; ++c) {
+          columnTotals_[static_cast<std::size_t>(c)] = true;
+        }
         if (named_ && cell.role == GridRole::ColumnHeading && IsHeader(cell)) {
           for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
             columnHeaders_[static_cast<std::size_t>(c)] += " " + IdOf(cell);
@@ -84,11 +100,7 @@ class HtmlTable {
   void WriteHeading(GridCell const& cell, char const* scope) {
     bool const header = IsHeader(cell);
     out_ << (header ? "<th" : "<td");
-    std::string classes = cell.role == GridRole::Corner ? "corner " : "";
-    if (cell.role != GridRole::ColumnHeading) {
-      classes += "h" + std::to_string(cell.column);
-    }
-    WriteClasses(std::move(classes), cell.label);
+    WriteClasses(ClassesOf(cell), cell.label);
     if (header && named_) {
       out_ << " id=\"" << IdOf(cell) << '"';
     }
@@ -98,8 +110,28 @@ class HtmlTable {
     WriteSpan("colspan", cell.columnSpan);
     WriteSpan("rowspan", cell.rowSpan);
     out_ << '>';
+    bool const reaches = header && ((cell.role == GridRole::ColumnHeading && cell.columnSpan > 1) ||
+                                    (cell.role == GridRole::RowHeading && cell.rowSpan > 1));
+    out_ << (reaches ? "<span class=\"stay\">" : "");
     notes_.Append(out_.Text(), cell.label);
-    out_ << (header ? "</th>" : "</td>");
+    out_ << (reaches ? "</span>" : "") << (header ? "</th>" : "</td>");
+  }
+
+  /// hN: the heading column, edge: the last one, foot: the end of the head, t: a total.
+  std::string ClassesOf(GridCell const& cell) const {
+    std::string classes = cell.role == GridRole::Corner ? "corner " : "";
+    if (cell.role != GridRole::ColumnHeading) {
+      classes += "h" + std::to_string(cell.column);
+      if (cell.column + cell.columnSpan == grid_.HeadingColumns()) {
+        classes += " edge";
+      }
+    } else if (cell.rowSpan > 1 && cell.row + cell.rowSpan == grid_.HeadingRows()) {
+      classes += "foot";
+    }
+    if (IsTotal(cell)) {
+      classes += classes.empty() ? "t" : " t";
+    }
+    return classes;
   }
 
   void WriteSpan(char const* name, int span) {
@@ -134,13 +166,18 @@ class HtmlTable {
   }
 
   void WriteRow(int row) {
-    out_ << "<tr>";
-    for (GridCell const& cell : frame_.Row(row)) {
-      WriteHeading(cell, cell.rowSpan > 1 ? "rowgroup" : "row");
-      for (int c = cell.column; named_ && c < cell.column + cell.columnSpan; ++c) {
-        bool const first = c == cell.column && IsHeader(cell);
-        rowHeaders_[static_cast<std::size_t>(c)] = first ? " " + IdOf(cell) : "";
+    std::vector<GridCell> const& headings = frame_.Row(row);
+    for (GridCell const& cell : headings) {
+      for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
+        bool const first = c == cell.column;
+        rowTotals_[static_cast<std::size_t>(c)] = first && IsTotal(cell);
+        rowHeaders_[static_cast<std::size_t>(c)] =
+            named_ && first && IsHeader(cell) ? " " + IdOf(cell) : "";
       }
+    }
+    WriteRowStart(row);
+    for (GridCell const& cell : headings) {
+      WriteHeading(cell, cell.rowSpan > 1 ? "rowgroup" : "row");
     }
     std::string headers;
     for (std::string const& header : rowHeaders_) {
@@ -153,10 +190,25 @@ class HtmlTable {
     out_ << "</tr>\n";
   }
 
+  void WriteRowStart(int row) {
+    bool const total = std::find(rowTotals_.begin(), rowTotals_.end(), true) != rowTotals_.end();
+    bool const alternate = alternates_ && (row - grid_.HeadingRows()) % 2 == 1;
+    out_ << "<tr";
+    if (total || alternate) {
+      out_ << " class=\"" << (alternate ? "alt" : "") << (alternate && total ? " " : "")
+           << (total ? "total" : "") << '"';
+    }
+    out_ << '>';
+  }
+
   void WriteCell(OmCellText* cell, int column, std::string const& rowHeaders) {
     std::string& out = out_.Text();
     out += "<td";
-    WriteClasses(cell != nullptr && NumberOf(*cell) ? "n" : "", cell);
+    std::string classes = cell != nullptr && NumberOf(*cell) ? "n" : "";
+    if (columnTotals_[static_cast<std::size_t>(column)]) {
+      classes += classes.empty() ? "t" : " t";
+    }
+    WriteClasses(std::move(classes), cell);
     if (named_) {
       std::string const& above = columnHeaders_[static_cast<std::size_t>(column)];
       if (!rowHeaders.empty() || !above.empty()) {
@@ -184,23 +236,6 @@ class HtmlTable {
     }
   }
 
-  void WriteFoot(std::string const& foot) {
-    std::string notes;
-    notes_.AppendNotes(notes);
-    if (notes.empty() && foot.empty()) {
-      return;
-    }
-    out_ << "<tfoot><tr><td";
-    WriteSpan("colspan", std::min(grid_.Columns(), kMostHtmlColumns));
-    out_ << '>' << notes << foot << "</td>";
-    for (int left = grid_.Columns() - kMostHtmlColumns; left > 0; left -= kMostHtmlColumns) {
-      out_ << "<td";
-      WriteSpan("colspan", std::min(left, kMostHtmlColumns));
-      out_ << "></td>";
-    }
-    out_ << "</tr></tfoot>";
-  }
-
   OutputBuffer& out_;
   DisplayGrid const& grid_;
   HtmlFrame frame_;
@@ -208,16 +243,18 @@ class HtmlTable {
   std::string const& prefix_;
   int groupRows_ = 1;                       // how many rows the newest outermost heading has
   bool named_;                              // whether header cells have ids
+  bool alternates_;                         // whether every other row looks different
   std::vector<std::string> columnHeaders_;  // per column, " id" of each header above
+  std::vector<bool> columnTotals_;          // per column, whether a header above is a total's
   std::vector<std::string> rowHeaders_;     // per heading column, " id" of the header of this row
+  std::vector<bool> rowTotals_;             // per heading column, whether that is a total's
 };
 
 }  // namespace
 
 void WriteHtmlTable(OutputBuffer& out, DisplayGrid const& grid, HtmlNotes& notes,
-                    std::string const& prefix, std::string const& caption,
-                    std::string const& foot) {
-  HtmlTable(out, grid, notes, prefix).Write(caption, foot);
+                    std::string const& prefix) {
+  HtmlTable(out, grid, notes, prefix).Write();
 }
 
 }  // namespace lakresvos::render

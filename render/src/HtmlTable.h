@@ -12,11 +12,10 @@ namespace lakresvos::render {
 
 /// Writes a grid as a table element.
 ///
-/// @param prefix  starts the ids of its header cells.
-/// @param caption the content of the caption element.
-/// @param foot    what follows the notes in the foot.
+/// @param prefix starts the ids of its header cells, and with a "t" is that of the element that
+///               names the table.
 void WriteHtmlTable(OutputBuffer& out, DisplayGrid const& grid, HtmlNotes& notes,
-                    std::string const& prefix, std::string const& caption, std::string const& foot);
+                    std::string const& prefix);
 
 }  // namespace lakresvos::render
 

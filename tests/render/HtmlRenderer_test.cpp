@@ -132,6 +132,41 @@ TEST(HtmlRenderer, PageWithoutATitleGetsOne) {
   EXPECT_NE(Page(document, options).find("<title>Output</title>"), std::string::npos);
 }
 
+TEST(HtmlRenderer, PageHasTheDocumentsTitle) {
+  auto const titleOf = [](OmOutputTree& document) {
+    return Between(Page(document), "<title>", "</title>");
+  };
+  OmOutputTree document;
+  AppendItem<OmProcedure>(document.begin(), Utf8("program"), "", "", "");
+  EXPECT_EQ(titleOf(document), "Output");
+  AddTable(document);
+  EXPECT_EQ(titleOf(document), "Output");
+  AddTable(document).SetTableTitle(Utf8("Table & more"));
+  EXPECT_EQ(titleOf(document), "Table &amp; more");
+  AppendItem<OmHeading>(document.begin(), Utf8(" "));
+  AppendItem<OmHeading>(document.begin(), Utf8("Chapter"));
+  EXPECT_EQ(titleOf(document), "Chapter");
+  AppendItem<OmPageTitle>(document.begin(), "Book");
+  EXPECT_EQ(titleOf(document), "Book");
+}
+
+TEST(HtmlRenderer, LogReadsFromLeftToRight) {
+  OmOutputTree document;
+  document.begin().AppendChild(new OmTextBlock(Utf8("Log"), "--table 'a ~'"));
+  EXPECT_NE(Main(document).find("<pre dir=\"ltr\">\n--table"), std::string::npos);
+}
+
+TEST(HtmlRenderer, OutlineTellsAChartFromItsTable) {
+  OmOutputTree document;
+  AddTable(document).SetTableTitle(Utf8("Sales"));
+  AppendItem<OmChart>(document.begin(), Utf8("Sales"), "", 1);
+  AppendItem<OmChart>(document.begin(), Utf8(" "), "", 2);
+  std::string const outline = Outline(document);
+  EXPECT_NE(outline.find("<li><a href=\"#part-1\">Sales</a></li>"), std::string::npos);
+  EXPECT_NE(outline.find("<li><a href=\"#part-2\">Chart: Sales</a></li>"), std::string::npos);
+  EXPECT_NE(outline.find("<li><a href=\"#part-3\">Chart</a></li>"), std::string::npos);
+}
+
 TEST(HtmlRenderer, DocumentWithoutAHeadingGetsOne) {
   OmOutputTree document;
   delete document.begin().Value();
@@ -203,23 +238,25 @@ TEST(HtmlRenderer, SimpleTable) {
   table.Place({0}, {});
   table.Cell({0}, OmNumber(1));
   table.Cell({1}, Utf8("<two>"));
-  EXPECT_EQ(Between(Main(document), "<table", "</table>"),
-            " class=\"pivot-table\"><caption><span class=\"title\">table</span></caption>"
-            "<colgroup span=\"1\"></colgroup><colgroup span=\"1\"></colgroup>"
-            "<thead><tr><th class=\"corner h0\" scope=\"col\">Sex</th><td></td></tr>\n</thead>\n"
-            "<tbody><tr><th class=\"h0\" scope=\"row\">Male</th><td class=\"n\">1</td></tr>\n"
-            "<tr><th class=\"h0\" scope=\"row\">Female</th><td>&lt;two&gt;</td></tr>\n</tbody>\n");
+  EXPECT_EQ(
+      Between(Main(document), "<table", "</table>"),
+      " class=\"pivot-table\" aria-labelledby=\"t1l0t\">"
+      "<colgroup span=\"1\"></colgroup><colgroup span=\"1\"></colgroup>"
+      "<thead><tr><th class=\"corner h0 edge\" scope=\"col\">Sex</th><td></td></tr>\n</thead>\n"
+      "<tbody><tr><th class=\"h0 edge\" scope=\"row\">Male</th><td class=\"n\">1</td></tr>\n"
+      "<tr><th class=\"h0 edge\" scope=\"row\">Female</th><td>&lt;two&gt;</td></tr>\n</tbody>\n");
 }
 
 TEST(HtmlRenderer, CellsOfNestedHeadingsNameAllTheirHeaders) {
   OmOutputTree document;
   AddGrouped(document);
   EXPECT_EQ(Between(Main(document), "<tbody>", "</tbody>"),
-            "<tr><th class=\"h0\" id=\"t1l0r2c0\" scope=\"rowgroup\" rowspan=\"2\">a</th>"
-            "<th class=\"h1\" id=\"t1l0r2c1\" scope=\"row\">a0</th>"
+            "<tr><th class=\"h0\" id=\"t1l0r2c0\" scope=\"rowgroup\" rowspan=\"2\">"
+            "<span class=\"stay\">a</span></th>"
+            "<th class=\"h1 edge\" id=\"t1l0r2c1\" scope=\"row\">a0</th>"
             "<td class=\"n\" headers=\"t1l0r2c0 t1l0r2c1 t1l0r0c2 t1l0r1c2\">1</td>"
             "<td class=\"n\" headers=\"t1l0r2c0 t1l0r2c1 t1l0r0c2 t1l0r1c3\">1</td></tr>\n"
-            "<tr><th class=\"h1\" id=\"t1l0r3c1\" scope=\"row\">a1</th>"
+            "<tr><th class=\"h1 edge\" id=\"t1l0r3c1\" scope=\"row\">a1</th>"
             "<td class=\"n\" headers=\"t1l0r2c0 t1l0r3c1 t1l0r0c2 t1l0r1c2\">1</td>"
             "<td class=\"n\" headers=\"t1l0r2c0 t1l0r3c1 t1l0r0c2 t1l0r1c3\">1</td></tr>\n");
 }
@@ -236,7 +273,7 @@ TEST(HtmlRenderer, EmptyHeadingIsAPlainCell) {
   AddCategories(table, "Sex", {"", "b"});
   table.Place({0}, {});
   table.PutAll();
-  EXPECT_NE(Main(document).find("<tr><td class=\"h0\"></td><td class=\"n\">1</td></tr>"),
+  EXPECT_NE(Main(document).find("<tr><td class=\"h0 edge\"></td><td class=\"n\">1</td></tr>"),
             std::string::npos);
 }
 
@@ -248,8 +285,9 @@ TEST(HtmlRenderer, HeadingOfBlanksIsAPlainCellWithoutAnId) {
   table.Place({0}, {1});
   table.PutAll();
   std::string const main = Main(document);
-  EXPECT_NE(main.find("<tr><td class=\"h0\"> \n</td><td class=\"n\" headers=\"t1l0r0c1\">1</td>"),
-            std::string::npos);
+  EXPECT_NE(
+      main.find("<tr><td class=\"h0 edge\"> \n</td><td class=\"n\" headers=\"t1l0r0c1\">1</td>"),
+      std::string::npos);
   EXPECT_EQ(Count(main, "t1l0r1c1"), 0u);
 }
 
@@ -266,15 +304,15 @@ TEST(HtmlRenderer, HeadingOverMoreColumnsThanACellCanReachOverIsRepeated) {
   table.AddFlat("C", 1201);
   table.Place({}, {0});
   table.PutAll();
-  AddFootnote(table, "note");
   std::string const main = Main(document);
   EXPECT_NE(main.find("<colgroup span=\"1000\"></colgroup><colgroup span=\"201\"></colgroup>"),
             std::string::npos);
-  EXPECT_NE(main.find("<th id=\"t1l0r0c0\" scope=\"colgroup\" colspan=\"1000\">C</th>"
-                      "<th id=\"t1l0r0c1000\" scope=\"colgroup\" colspan=\"201\">C</th></tr>"),
+  EXPECT_NE(main.find("<th id=\"t1l0r0c0\" scope=\"colgroup\" colspan=\"1000\"><span "
+                      "class=\"stay\">C</span></th>"
+                      "<th id=\"t1l0r0c1000\" scope=\"colgroup\" colspan=\"201\"><span "
+                      "class=\"stay\">C</span></th></tr>"),
             std::string::npos);
   EXPECT_NE(main.find("headers=\"t1l0r0c1000 t1l0r1c1200\">1</td></tr>"), std::string::npos);
-  EXPECT_NE(main.find("</ul></td><td colspan=\"201\"></td></tr></tfoot>"), std::string::npos);
 }
 
 TEST(HtmlRenderer, HeadingBesideMoreRowsThanACellCanReachOverIsRepeated) {
@@ -288,12 +326,14 @@ TEST(HtmlRenderer, HeadingBesideMoreRowsThanACellCanReachOverIsRepeated) {
   table.Place({0}, {});
   table.PutAll();
   std::string const main = Main(document);
-  EXPECT_NE(main.find("scope=\"rowgroup\" rowspan=\"65534\">g</th>"), std::string::npos);
+  EXPECT_NE(main.find("scope=\"rowgroup\" rowspan=\"65534\"><span class=\"stay\">g</span></th>"),
+            std::string::npos);
   EXPECT_NE(main.find("<tr><th class=\"h0\" id=\"t1l0r65535c0\" scope=\"rowgroup\" rowspan=\"2\">"
-                      "g</th><th class=\"h1\" id=\"t1l0r65535c1\" scope=\"row\">c</th>"
+                      "<span class=\"stay\">g</span></th><th class=\"h1 edge\" id=\"t1l0r65535c1\" "
+                      "scope=\"row\">c</th>"
                       "<td class=\"n\" headers=\"t1l0r65535c0 t1l0r65535c1\">1</td></tr>"),
             std::string::npos);
-  EXPECT_EQ(Count(main, ">g</th>"), 2u);
+  EXPECT_EQ(Count(main, ">g</span></th>"), 2u);
 }
 
 TEST(HtmlRenderer, TableWithoutRowsAndColumnsHasItsNotes) {
@@ -305,7 +345,9 @@ TEST(HtmlRenderer, TableWithoutRowsAndColumnsHasItsNotes) {
   AddFootnote(table, "note");
   HtmlOptions options;
   options.skipEmpty = false;
-  EXPECT_NE(Main(document, options).find("<tfoot><tr><td><ul class=\"notes\">"), std::string::npos);
+  EXPECT_NE(Main(document, options)
+                .find("<ul class=\"notes\"><li id=\"part-1n1\"><sup>a</sup> note</li></ul></div>"),
+            std::string::npos);
 }
 
 TEST(HtmlRenderer, EveryLayerIsATableWithItsNameAndItsOwnIds) {
@@ -337,11 +379,119 @@ TEST(HtmlRenderer, FootnotesLinkBothWays) {
   EXPECT_NE(
       main.find("1<sup><a role=\"doc-noteref\" id=\"t1l0m2\" href=\"#t1l0n1\">a</a></sup></td>"),
       std::string::npos);
+  EXPECT_NE(main.find("</table>\n</div><ul class=\"notes\"><li id=\"t1l0n1\"><sup>a</sup> "
+                      "First &amp; last. <a role=\"doc-backlink\" href=\"#t1l0m1\""),
+            std::string::npos);
+  EXPECT_EQ(Count(main, "doc-backlink"), 1u);
+}
+
+// Listing all notes below each layer made a page grow as layers times notes.
+TEST(HtmlRenderer, LayerListsTheNotesThatItUses) {
+  constexpr int kLayers = 1000;
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  table.AddFlat("layer", kLayers);
+  AddCategories(table, "row", {"r"});
+  table.Place({1}, {}, {0});
+  AddFootnote(table, "unused");
+  for (int layer = 0; layer < kLayers; ++layer) {
+    OmNumber one(1);
+    table.Cell({layer, 0}, WithFootnotes(one, {AddFootnote(table, "note")}));
+  }
+  std::string const main = Main(document);
+  EXPECT_EQ(Count(main, "<li id=\"t1l"), 1000u);
+  EXPECT_EQ(Count(Between(main, "id=\"t1l7t\"", "class=\"layer\""), "<li"), 1u);
+  EXPECT_NE(main.find("<li id=\"t1l7n9\">"), std::string::npos);
+  EXPECT_EQ(Count(main, "unused"), 1u);
+  EXPECT_EQ(Count(main, "<ul class=\"notes\"><li id=\"part-1n1\"><sup>a</sup> unused</li></ul>"),
+            1u);
+}
+
+TEST(HtmlRenderer, FirstLayerAloneListsNoNotesOfOthers) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  AddCategories(table, "layer", {"x", "y"});
+  AddCategories(table, "row", {"r"});
+  table.Place({1}, {}, {0});
+  AddFootnote(table, "note");
+  OmNumber one(1);
+  table.Cell({0, 0}, one);
+  table.Cell({1, 0}, WithFootnotes(one, {0}));
+  HtmlOptions options;
+  options.allLayers = false;
+  EXPECT_EQ(Count(Main(document, options), "note</li>"), 0u);
+}
+
+TEST(HtmlRenderer, NumbersLeaveRoomForTheMostMarks) {
+  OmOutputTree document;
+  AddGrouped(document);
+  Table& table = AddTable(document);
+  AddCategories(table, "Sex", {"Male", "Female"});
+  table.Place({0}, {});
+  AddFootnote(table, "first");
+  AddFootnote(table, "second", "**");
+  OmNumber one(1);
+  table.Cell({0}, WithFootnotes(one, {0, 1}));
+  table.Cell({1}, WithFootnotes(one, {0}));
+  std::string const page = Page(document);
+  EXPECT_NE(page.find("#part-2{--marks:4}\n"), std::string::npos);
+  EXPECT_EQ(page.find("#part-1{--marks"), std::string::npos);
+}
+
+TEST(HtmlRenderer, TotalsAreToldFromCategoriesOfThatName) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  OmStringCellUTF8 total("Total");
+  OmCellMetaData meta;
+  meta.setTotal(true);
+  total.setMeta(&meta);
+  for (char const* name : {"R", "C"}) {
+    OmDimension& dimension = AddCategories(table, name, {"Total"});
+    dimension.AddNewChild(dimension.Root(), total, 1, false);
+  }
+  table.Place({0}, {1});
+  table.PutAll();
+  std::string const main = Main(document);
+  EXPECT_NE(main.find("scope=\"col\">Total</th><th class=\"t\" id="), std::string::npos);
+  std::string const body = Between(main, "<tbody>", "</tbody>");
+  EXPECT_NE(body.find("<tr><th class=\"h0 edge\" id="), std::string::npos);
+  EXPECT_NE(body.find("<tr class=\"total\"><th class=\"h0 edge t\" id="), std::string::npos);
+  EXPECT_EQ(Count(body, "<td class=\"n\""), 2u);
+  EXPECT_EQ(Count(body, "<td class=\"n t\""), 2u);
+}
+
+TEST(HtmlRenderer, AlternateRowsAlternateAcrossGroups) {
+  OmOutputTree document;
+  Table& table = AddGrouped(document);
+  auto* const format = new FormatArea(FormatArea::AreaData);
+  format->setUseAltRowColors(true);
+  format->setAlternateBackgroundColor("#e8eef5");
+  table.setAreaFormat(format);
+  Table& three = AddTable(document);
+  OmDimension& rows = three.Add("R");
+  auto const group = Group(rows, rows.Root(), "g");
+  for (unsigned long i = 0; i < 3; ++i) {
+    Category(rows, group, "c", i);
+  }
+  auto const other = Group(rows, rows.Root(), "h");
+  for (unsigned long i = 3; i < 5; ++i) {
+    Category(rows, other, "c", i);
+  }
+  three.Place({0}, {});
+  three.PutAll();
+  three.setAreaFormat(new FormatArea(*format));
+  std::string const page = Page(document);
   EXPECT_NE(
-      main.find("<tfoot><tr><td colspan=\"2\"><ul class=\"notes\"><li id=\"t1l0n1\"><sup>a</sup> "
-                "First &amp; last. <a role=\"doc-backlink\" href=\"#t1l0m1\""),
+      page.find("tbody tr.alt td:not([class^=h])){background-color:#e8eef5;color:var(--text);}"),
       std::string::npos);
-  EXPECT_EQ(Count(main, "doc-backlink"), 2u);
+  std::string rowsOfThree;
+  std::string const body = Between(page, "id=\"t2l0t\"", "</table>");
+  std::size_t const first = body.find("<tbody>");
+  for (std::size_t at = body.find("<tr", first); at != std::string::npos;
+       at = body.find("<tr", at + 1)) {
+    rowsOfThree += body.compare(at, 16, "<tr class=\"alt\">") == 0 ? 'a' : '.';
+  }
+  EXPECT_EQ(rowsOfThree, ".a.a.");
 }
 
 TEST(HtmlRenderer, MarksOfOneCellAreToldApart) {
@@ -372,15 +522,15 @@ TEST(HtmlRenderer, NoteOfManyCellsLinksBackToTheFirst) {
   }
   std::string const main = Main(document);
   EXPECT_EQ(Count(main, "doc-noteref"), 1000u);
-  EXPECT_EQ(Count(main, "doc-backlink"), 20u);
+  EXPECT_EQ(Count(main, "doc-backlink"), 1u);
 }
 
-TEST(HtmlRenderer, CaptionStandsInTheFootUnlessHidden) {
+TEST(HtmlRenderer, CaptionStandsBelowTheTableUnlessHidden) {
   OmOutputTree document;
   Table& table = AddGrouped(document);
   OmStringCellUTF8 const caption("Source");
   table.Caption(&caption);
-  EXPECT_NE(Main(document).find("<p class=\"table-caption\">Source</p></td></tr></tfoot>"),
+  EXPECT_NE(Main(document).find("</table>\n</div><p class=\"table-caption\">Source</p></div>"),
             std::string::npos);
   table.showCaption(false);
   EXPECT_EQ(Main(document).find("Source"), std::string::npos);
@@ -405,7 +555,7 @@ TEST(HtmlRenderer, TableWithoutCellsIsItsTitleNotesAndCaption) {
       Between(Main(document), "<div class=\"pivot\" id=\"part-1\">\n", "</div>"),
       "<p class=\"title\">Nothing<sup><a role=\"doc-noteref\" id=\"part-1m1\" "
       "href=\"#part-1n1\">a</a></sup></p><ul class=\"notes\"><li id=\"part-1n1\"><sup>a</sup> "
-      "note <a role=\"doc-backlink\" href=\"#part-1m1\" aria-label=\"Back to mark a, place 1\">"
+      "note <a role=\"doc-backlink\" href=\"#part-1m1\" aria-label=\"Back to mark a\">"
       "\u21A9</a></li></ul><p class=\"table-caption\">Source</p>");
 }
 
@@ -443,7 +593,7 @@ TEST(HtmlRenderer, AreaFormatsBecomeRules) {
                       "font-weight:bold;font-style:italic;text-decoration:underline;"
                       "text-align:center;vertical-align:bottom;color:#102030;"
                       "padding:2pt 2pt 2pt 0pt;}\n"
-                      "#part-1 :where(tbody tr:nth-child(even) td:not([class^=h])){"
+                      "#part-1 :where(tbody tr.alt td:not([class^=h])){"
                       "background-color:#000;color:#fff;}\n"),
             std::string::npos);
   EXPECT_NE(page.find("<div class=\"pivot paper\" id=\"part-1\">"), std::string::npos);
@@ -455,7 +605,7 @@ TEST(HtmlRenderer, BackgroundAloneGetsAReadableText) {
   auto* const format = new FormatArea(FormatArea::AreaColumnLabels);
   format->setBackgroundColor("#e8eef5");
   table.setAreaFormat(format);
-  EXPECT_NE(Page(document).find("{background-color:#e8eef5;color:#000;"), std::string::npos);
+  EXPECT_NE(Page(document).find("{background-color:#e8eef5;color:var(--text);"), std::string::npos);
 }
 
 TEST(HtmlRenderer, CellStylesBecomeClasses) {
@@ -492,9 +642,9 @@ TEST(HtmlRenderer, HeadingsHaveStylesToo) {
   table.Place({0}, {1});
   table.PutAll();
   std::string const main = Main(document);
-  EXPECT_NE(main.find("<th class=\"corner h0 s1\""), std::string::npos);
+  EXPECT_NE(main.find("<th class=\"corner h0 edge s1\""), std::string::npos);
   EXPECT_NE(main.find("<th class=\"s1\" id=\"t1l0r1c1\" scope=\"col\">l</th>"), std::string::npos);
-  EXPECT_NE(main.find("<th class=\"h0 s1\""), std::string::npos);
+  EXPECT_NE(main.find("<th class=\"h0 edge s1\""), std::string::npos);
 }
 
 // Charts and other items

@@ -9,46 +9,40 @@ class PivotTables(html.parser.HTMLParser):
     def __init__(self):
         super().__init__()
         self.tables = []
+        self.heading = {"title": [], "name": []}  # of the table that is to come
         self.texts = None  # where the pieces of the text at hand go
         self.hidden = 0  # elements open that are no part of the text: marks of footnotes
-        self.foot = False
         self.inside = False
 
     def handle_starttag(self, tag, attributes):
         attributes = dict(attributes)
-        if tag == "table":
+        if tag == "span" and attributes.get("class") == "title":
+            self.heading = {"title": [], "name": []}
+            self.texts = self.heading["title"]
+        elif tag == "span" and attributes.get("class") == "layer-line":
+            self.texts = self.heading["name"]
+        elif tag == "table":
             self.inside = "pivot-table" in attributes.get("class", "").split()
             if self.inside:
-                self.tables.append({"title": [], "name": [], "sections": []})
-        if not self.inside:
-            return
-        table = self.tables[-1]
-        if tag == "span" and attributes.get("class") == "title":
-            self.texts = table["title"]
-        elif tag == "span" and attributes.get("class") == "layer-line":
-            self.texts = table["name"]
-        elif tag in ("thead", "tbody"):
-            table["sections"].append([])
-        elif tag == "tfoot":
-            self.foot = True
-        elif tag == "tr" and not self.foot:
-            table["sections"][-1].append([])
-        elif tag in ("td", "th") and not self.foot:
+                self.tables.append(self.heading | {"sections": []})
+        elif self.inside and tag in ("thead", "tbody"):
+            self.tables[-1]["sections"].append([])
+        elif self.inside and tag == "tr":
+            self.tables[-1]["sections"][-1].append([])
+        elif self.inside and tag in ("td", "th"):
             self.texts = []
             rows, columns = (int(attributes.get(name, 1)) for name in ("rowspan", "colspan"))
-            table["sections"][-1][-1].append((self.texts, rows, columns))
+            self.tables[-1]["sections"][-1][-1].append((self.texts, rows, columns))
         elif tag == "br" and self.texts is not None:
             self.texts.append("\n")
         elif tag == "sup":
             self.hidden += 1
 
     def handle_endtag(self, tag):
-        if tag in ("span", "td", "th"):
+        if tag in ("td", "th") or (tag == "span" and not self.inside):
             self.texts = None
-        elif tag == "sup" and self.inside:
+        elif tag == "sup":
             self.hidden -= 1
-        elif tag == "tfoot":
-            self.foot = False
         elif tag == "table":
             self.inside = False
 

@@ -13,20 +13,28 @@ namespace lakresvos::render {
 
 /// How a document is shown as a web page.
 struct HtmlOptions : TableOptions {
-  /// Of the page, and its heading when the document has none; empty counts as "Output".
-  std::string title = "Output";
+  /// Of the page, and its heading when the document has none. Empty: the document's own title, which
+  /// is that of its first page title, else of its first heading, else of its first table with one,
+  /// else "Output". Procedures and a root labelled "Output" do not count as headings.
+  std::string title;
 };
 
 /// Writes a document as one HTML page that needs nothing else: no network, no other file.
 ///
 /// - Headings and procedures are headings of their depth, never skipping a level. Items have the id
 ///   "part-" with their number in the document, counted from 0; the outline links to them.
-/// - Every layer of a table is a table element with caption, column groups, head, body and foot. A
-///   heading cell is a header cell with its scope, a blank one a plain cell. From two heading levels
-///   on, header cells have ids and data cells name all their headers. A body stands for each
-///   outermost row heading. A script lets readers choose one layer on the screen; printed, and
-///   without script, all are there.
-/// - Marks of footnotes link to their notes in the foot of the table, and those back.
+/// - Every layer of a table is a title, which names it, and a table element with column groups, head
+///   and bodies. A heading cell is a header cell with its scope, a blank one a plain cell. From two
+///   heading levels on, header cells have ids and data cells name all their headers. A body stands
+///   for each outermost row heading. Rows and columns below the label of a total
+///   (OmCellMetaData::isTotal) stand out. A script lets readers choose one layer on the screen;
+///   printed, and without script, all are there.
+/// - Wide and long tables scroll below their column headings and beside their row headings. Printed,
+///   a table that is wider than an A4 or Letter page goes on below, the row headings repeated, for
+///   which it takes the script; without it columns get narrower and their texts break anywhere.
+/// - Below a layer stand the notes that are marked in it. Marks link to their notes, each note back to
+///   its first mark or, with the script, to the one that led there. Notes that nothing in the table
+///   refers to stand below all layers.
 /// - Area formats become style rules of the table; see AreaStyle.h. A cell whose metadata name style
 ///   number n has entry n of the table's cell styles; number 0 is no style. Colours are used where
 ///   they read "#rgb" or "#rrggbb". A table with colours of its own is shown on white.
