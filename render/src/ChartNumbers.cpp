@@ -15,14 +15,19 @@ namespace {
 
 // What is of another type than wanted throws std::bad_variant_access.
 
-JsonData const& Field(JsonData const& object, std::string_view name) {
+/// Null when there is none.
+JsonData const* FindField(JsonData const& object, std::string_view name) {
   auto const& fields = std::get<JsonData::Object>(object.value);
   auto const field = std::find_if(fields.begin(), fields.end(),
                                   [name](auto const& one) { return one.name == name; });
-  if (field == fields.end()) {
-    throw JsonError("", "a field is missing");
+  return field == fields.end() ? nullptr : &field->data;
+}
+
+JsonData const& Field(JsonData const& object, std::string_view name) {
+  if (JsonData const* const field = FindField(object, name)) {
+    return *field;
   }
-  return field->data;
+  throw JsonError("", "a field is missing");
 }
 
 std::string TextOf(JsonData const& number) {
@@ -41,6 +46,9 @@ std::string TextOf(JsonData const& number) {
 
 ChartNumbers NumbersOf(JsonData const& data) {
   ChartNumbers numbers;
+  if (JsonData const* const title = FindField(data, "categoryTitle")) {
+    numbers.categoryTitle = std::get<std::string>(title->value);
+  }
   for (JsonData const& category : std::get<JsonData::Array>(Field(data, "categories").value)) {
     numbers.categories.push_back(std::get<std::string>(category.value));
   }

@@ -16,10 +16,11 @@ struct ChartNumbers {
 
   std::vector<std::string> categories;
   std::vector<Series> series;
+  std::string categoryTitle;  ///< what the categories are; empty when the JSON does not say
 };
 
-/// Reads `{"categories":["...", ...],"series":[{"name":"...","values":[number or null, ...]}, ...]}`;
-/// other fields are passed over. Nothing for a text of any other form.
+/// Reads `{"categories":["...", ...],"series":[{"name":"...","values":[number or null, ...]}, ...]}`
+/// and, where it is there, `"categoryTitle":"..."`; other fields are passed over. Nothing for a text of any other form.
 std::optional<ChartNumbers> ReadChartNumbers(std::string const& json);
 
 }  // namespace lakresvos::render

@@ -24,8 +24,8 @@ std::string DataTable(ChartNumbers const& data, std::string const& caption) {
   std::string html = "<table class=\"pivot-table\"><caption>" + caption + "</caption>";
   bool const named = std::any_of(data.series.begin(), data.series.end(),
                                  [](auto const& series) { return !IsBlank(series.name); });
-  if (named) {
-    html += "<thead><tr><td></td>";
+  if (named || !IsBlank(data.categoryTitle)) {
+    html += "<thead><tr>" + NameCell("col", data.categoryTitle);
     for (ChartNumbers::Series const& series : data.series) {
       html += NameCell("col", series.name);
     }
@@ -53,10 +53,11 @@ std::string HtmlChart(OmChart const& chart) {
     return !table.empty() ? table
                           : "<p class=\"announcement\">" + HtmlText(Announcement(chart)) + "</p>";
   }
-  std::string html =
-      "<img alt=\"" + (label.empty() ? "Chart" : label) + "\" src=\"data:" + type + ";base64,";
+  std::string const name = label.empty() ? "Chart" : label;
+  std::string html = "<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-label=\"" + name +
+                     "\"><img alt=\"" + name + "\" src=\"data:" + type + ";base64,";
   AppendBase64(html, chart.GetImageData());
-  html += "\">";
+  html += "\"></div>";
   if (!table.empty()) {
     html += "<details><summary>Data of the chart</summary>" + table + "</details>";
   }

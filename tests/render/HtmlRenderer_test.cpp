@@ -664,14 +664,17 @@ TEST(HtmlChart, PictureHasTheLabelAsItsText) {
   OmChart chart(Utf8("Bars <1>"), "", 1);
   chart.SetImageStream("<svg/>", 6);
   EXPECT_EQ(HtmlChart(chart),
-            "<img alt=\"Bars &lt;1&gt;\" src=\"data:image/svg+xml;base64,PHN2Zy8+\">"
+            "<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-label=\"Bars &lt;1&gt;\">"
+            "<img alt=\"Bars &lt;1&gt;\" src=\"data:image/svg+xml;base64,PHN2Zy8+\"></div>"
             "<figcaption>Bars &lt;1&gt;</figcaption>");
 }
 
 TEST(HtmlChart, PictureWithoutALabelIsAChart) {
   OmChart chart(Utf8(""), "", 1);
   chart.SetImageStream("<svg/>", 6);
-  EXPECT_EQ(HtmlChart(chart), "<img alt=\"Chart\" src=\"data:image/svg+xml;base64,PHN2Zy8+\">");
+  EXPECT_EQ(HtmlChart(chart),
+            "<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-label=\"Chart\">"
+            "<img alt=\"Chart\" src=\"data:image/svg+xml;base64,PHN2Zy8+\"></div>");
 }
 
 TEST(HtmlChart, DataAreATable) {
@@ -699,6 +702,15 @@ TEST(HtmlChart, NameOfBlanksIsAPlainCell) {
   EXPECT_EQ(Between(HtmlChart(chart), "<thead>", "</tbody>"),
             "<tr><td></td><td></td><th scope=\"col\">s</th></tr></thead>"
             "<tbody><tr><td></td><td class=\"n\">1</td><td class=\"n\">2</td></tr>");
+}
+
+TEST(HtmlChart, DataNameWhatTheirCategoriesAre) {
+  OmChart chart(Utf8("Bars"), "", 1);
+  std::string const json =
+      R"({"categories":["a"],"series":[{"name":"","values":[1]}],"categoryTitle":"Class"})";
+  chart.SetViZJSON(json.data(), static_cast<unsigned int>(json.size()));
+  EXPECT_EQ(Between(HtmlChart(chart), "<thead>", "</thead>"),
+            "<tr><th scope=\"col\">Class</th><td></td></tr>");
 }
 
 TEST(HtmlChart, NumbersAreShownAsPeopleWriteThem) {

@@ -31,13 +31,27 @@ TEST(AxisScale, TicksAreRoundNumbersAroundTheValues) {
   EXPECT_EQ(Labels({0, 25, true}), (Texts{"0", "5", "10", "15", "20", "25"}));
 }
 
+TEST(AxisScale, FitsItsNumbers) {
+  EXPECT_EQ(Labels({0, 101, true}).back(), "120");
+  EXPECT_EQ(Labels({0, 10.1, false}).back(), "12");
+  EXPECT_EQ(Labels({0, 2100, true}).back(), "2500");
+}
+
+RC_GTEST_PROP(AxisScale, LeavesAtMostAQuarterUnused, ()) {
+  double const power = std::pow(10, *rc::gen::inRange(-200, 200));
+  double const highest = *rc::gen::inRange(1, 100'000) * power;
+  RC_ASSERT(AxisScale(0, highest, false).Position(highest) >= 0.75);
+  double const whole = *rc::gen::inRange(3, 1'000'000);
+  RC_ASSERT(AxisScale(0, whole, true).Position(whole) >= 0.75);
+}
+
 TEST(AxisScale, ZeroIsOnTheAxis) {
   EXPECT_EQ(Labels({7, 9, true}).front(), "0");
   EXPECT_EQ(Labels({-9, -7, true}).back(), "0");
 }
 
 TEST(AxisScale, NegativeNumbersHaveAMinus) {
-  EXPECT_EQ(Labels({-3.5, 10, false}), (Texts{"−5", "0", "5", "10"}));
+  EXPECT_EQ(Labels({-3.5, 10, false}), (Texts{"−4", "−2", "0", "2", "4", "6", "8", "10"}));
   EXPECT_EQ(Labels({-0.02, 0, false}), (Texts{"−0.020", "−0.015", "−0.010", "−0.005", "0"}));
 }
 

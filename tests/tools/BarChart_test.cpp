@@ -198,6 +198,30 @@ TEST(BarChart, LegendIsThereWhenASeriesHasAName) {
   EXPECT_EQ(Picture({{"a"}, {{"", {1}}}}).Boxes(kBlue).size(), 1u);
 }
 
+TEST(BarChart, AxisAndLegendHaveTitles) {
+  ChartData data{{"a"}, {{"x", {1}}}};
+  Picture const plain(data);
+  data.categoryTitle = "Cat";
+  Picture const category(data);
+  EXPECT_EQ(category.Letters(), plain.Letters() + 3);
+  EXPECT_GT(category.Attribute("height"), plain.Attribute("height"));
+  data.valueTitle = "Count";
+  Picture const value(data);
+  EXPECT_EQ(value.Letters(), category.Letters() + 5);
+  EXPECT_GT(value.Boxes(kBlue)[1].top, category.Boxes(kBlue)[1].top);
+  data.seriesTitle = "Series";
+  Picture const series(data);
+  EXPECT_EQ(series.Letters(), value.Letters() + 6);
+  EXPECT_GT(series.Boxes(kBlue)[0].left, value.Boxes(kBlue)[0].left + 20);
+}
+
+TEST(BarChart, TitleOfALegendThatIsNotThereIsLeftOut) {
+  ChartData data = OneWay({"a"}, {1});
+  std::size_t const letters = Picture(data).Letters();
+  data.seriesTitle = "Series";
+  EXPECT_EQ(Picture(data).Letters(), letters);
+}
+
 TEST(BarChart, LegendOfManySeriesGoesOnBelow) {
   ChartData data{{"a"}, {}};
   for (int i = 0; i < 40; ++i) {

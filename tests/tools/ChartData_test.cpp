@@ -29,7 +29,7 @@ ChartData Chart(std::string const& formula, std::string const& statistics = "cou
   Formula const parsed = ParseFormula(formula);
   auto const table = MakeCrossTable(Pets(), RowWeights(), {parsed, "", ""},
                                     ParseStatistics(statistics), totals, groupings);
-  return ChartDataOf(*table, parsed.rows.size() + parsed.columns.size(), totals);
+  return ChartDataOf(*table, parsed.rows.size() + parsed.columns.size(), totals, "Count");
 }
 
 }  // namespace
@@ -73,6 +73,21 @@ TEST(ChartData, FirstStatisticIsShown) {
 TEST(ChartData, GroupedCategoriesAreNamedByTheirPath) {
   EXPECT_EQ(Chart("kind ~", "count", false, {ParseGrouping("kind: pets = cat, dog")}).categories,
             (Texts{"pets / cat", "pets / dog"}));
+}
+
+TEST(ChartData, TitlesAreThoseOfTheDimensions) {
+  ChartData const one = Chart("kind ~");
+  EXPECT_EQ(one.categoryTitle, "kind");
+  EXPECT_EQ(one.seriesTitle, "");
+  EXPECT_EQ(one.valueTitle, "Count");
+  ChartData const two = Chart("kind / home ~ age");
+  EXPECT_EQ(two.categoryTitle, "kind / home");
+  EXPECT_EQ(two.seriesTitle, "age");
+}
+
+TEST(ChartData, TitlesAreWrittenAsJsonWhereTheyAre) {
+  EXPECT_EQ(JsonOf({{}, {}, "c", "", "v"}),
+            R"({"categories":[],"series":[],"categoryTitle":"c","valueTitle":"v"})");
 }
 
 TEST(ChartData, IsWrittenAsJson) {

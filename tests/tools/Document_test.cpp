@@ -187,12 +187,14 @@ TEST(Document, ChartStandsBehindItsTable) {
   EXPECT_EQ(first->GetChartSubType(), ChartXMLBar);
   EXPECT_NE(first->GetImageData().find("<svg "), std::string::npos);
   EXPECT_EQ(first->GetViZJSONData(),
-            R"({"categories":["1"],"series":[{"name":"","values":[2.0]}]})");
+            R"({"categories":["1"],"series":[{"name":"","values":[2.0]}],)"
+            R"("categoryTitle":"a","valueTitle":"Count"})");
   auto* const second = ItemAt<OmChart>(document, 7);
   ASSERT_NE(second, nullptr);
   EXPECT_EQ(second->GetViZJSONData(),
             R"({"categories":["1"],"series":[)"
-            R"({"name":"1","values":[1.0]},{"name":"2","values":[1.0]}]})");
+            R"({"name":"1","values":[1.0]},{"name":"2","values":[1.0]}],)"
+            R"("categoryTitle":"a","seriesTitle":"b","valueTitle":"Count"})");
   EXPECT_NE(first->getChartId(), second->getChartId());
 }
 

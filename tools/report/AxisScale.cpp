@@ -8,18 +8,9 @@ namespace lakresvos::report {
 
 namespace {
 
-constexpr double kTicks = 5;
+constexpr int kMostSteps = 7;
 constexpr int kMostZeros = 8;  // before an exponent is written instead
 constexpr double kSmallest = 1e-300;
-
-int RoundFactor(double fraction) {
-  for (int const factor : {1, 2, 5}) {
-    if (fraction <= factor) {
-      return factor;
-    }
-  }
-  return 10;
-}
 
 }  // namespace
 
@@ -27,18 +18,23 @@ AxisScale::AxisScale(double lowest, double highest, bool whole) {
   lowest = std::min(lowest, 0.0);
   highest = std::max(highest, 0.0);
   // Each is divided by itself: their difference may be more than a double can hold.
-  double share = highest / kTicks - lowest / kTicks;
+  double share = highest / kMostSteps - lowest / kMostSteps;
   if (share < kSmallest) {
     highest = 1;
-    share = 1 / kTicks;
+    share = 1.0 / kMostSteps;
   }
   exponent_ = static_cast<int>(std::floor(std::log10(share)));
-  factor_ = RoundFactor(share / std::pow(10, exponent_));
-  if (whole && exponent_ < 0) {
-    exponent_ = 0;
-    factor_ = 1;
+  if (whole) {
+    exponent_ = std::max(exponent_, 0);
   }
-  step_ = factor_ * std::pow(10, exponent_);
+  for (int const factor : {1, 2, 5, 10, 20}) {
+    factor_ = factor;
+    step_ = factor_ * std::pow(10, exponent_);
+    double const steps = std::ceil(highest / step_) - std::floor(lowest / step_);
+    if (steps <= kMostSteps) {
+      break;
+    }
+  }
   first_ = static_cast<int>(std::floor(lowest / step_));
   last_ = static_cast<int>(std::ceil(highest / step_));
 }

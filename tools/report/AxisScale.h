@@ -5,7 +5,9 @@
 
 namespace lakresvos::report {
 
-/// The axis of a chart: a handful of ticks at round numbers that enclose zero and all values.
+/// The axis of a chart: ticks at round numbers that enclose zero and all values, with the smallest
+/// step that needs no more than eight of them. At least three quarters of the axis of positive
+/// numbers are in use, unless whole numbers below 4 leave less to choose.
 class AxisScale {
  public:
   /// @param whole whether the values are whole numbers, which nothing between two ticks could be.
@@ -26,9 +28,9 @@ class AxisScale {
   // A tick is a multiple of one, two or five at a power of ten: whole numbers give exact labels.
   int factor_ = 1;
   int exponent_ = 0;
-  double step_;
-  int first_;
-  int last_;
+  double step_ = 1;
+  int first_ = 0;
+  int last_ = 1;
 };
 
 }  // namespace lakresvos::report

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "AxisScale.h"
@@ -26,6 +28,7 @@ constexpr double kWidestBar = 56;
 constexpr double kThinnestBar = 1;
 constexpr double kBarsOfCategory = 0.8;  // the share of its width that they fill
 constexpr double kLongestName = 150;
+constexpr double kLongestTitle = 400;
 constexpr int kMostLines = 3;
 constexpr double kSlant = -0.785398163397448;  // half a right angle
 constexpr double kSwatch = 12;
@@ -74,11 +77,13 @@ class BarChart {
     ShapeTicks();
     ShapeNames();
     ShapeLegend();
+    ShapeTitles();
   }
 
   std::string Draw() {
-    SvgCanvas canvas(Right() + kMargin, Bottom() + kMargin + heightOfNames_ + kMargin);
+    SvgCanvas canvas(Right() + kMargin, BottomOfNames() + HeightWithMargin(categoryTitle_));
     DrawLegend(canvas);
+    DrawTitles(canvas);
     DrawAxis(canvas);
     DrawBars(canvas);
     DrawNames(canvas);
@@ -102,6 +107,10 @@ class BarChart {
     return left_ + widthOfCategory_ * categories;
   }
   double Bottom() const { return top_ + kPlotHeight; }
+  double BottomOfNames() const { return Bottom() + kMargin + heightOfNames_ + kMargin; }
+  static double HeightWithMargin(std::optional<ShapedText> const& title) {
+    return title ? title->Height() + kMargin : 0;
+  }
   double Middle(std::size_t category) const {
     return left_ + widthOfCategory_ * (static_cast<double>(category) + 0.5);
   }
@@ -154,7 +163,8 @@ class BarChart {
     if (!named) {
       return;
     }
-    double x = left_;
+    seriesTitle_ = Title(data_.seriesTitle);
+    double x = left_ + (seriesTitle_ ? seriesTitle_->Width() + 2 * kMargin : 0);
     double y = kMargin;
     double height = 0;
     for (ChartData::Series const& series : data_.series) {
@@ -171,7 +181,33 @@ class BarChart {
     top_ = y + height + 2 * kMargin;
   }
 
+  static std::optional<ShapedText> Title(std::string const& title) {
+    return title.empty()
+               ? std::nullopt
+               : std::optional<ShapedText>(std::in_place, title, kLongestTitle, Overflow::Ellipsis);
+  }
+
+  void ShapeTitles() {
+    categoryTitle_ = Title(data_.categoryTitle);
+    valueTitle_ = Title(data_.valueTitle);
+    top_ += HeightWithMargin(valueTitle_);
+  }
+
   // Drawing
+
+  void DrawTitles(SvgCanvas& canvas) const {
+    if (seriesTitle_) {
+      canvas.Text(*seriesTitle_, left_, kMargin, 0, kInk);
+    }
+    if (valueTitle_) {
+      canvas.Text(*valueTitle_, kMargin, top_ - 2 * kMargin - valueTitle_->Height(), 0, kInk);
+    }
+    if (categoryTitle_) {
+      // In the middle of what readers see before they scroll.
+      double const middle = (left_ + std::min(Right(), left_ + kPlotWidth)) / 2;
+      canvas.Text(*categoryTitle_, middle - categoryTitle_->Width() / 2, BottomOfNames(), 0, kInk);
+    }
+  }
 
   void DrawLegend(SvgCanvas& canvas) const {
     for (std::size_t i = 0; i < legend_.size(); ++i) {
@@ -234,6 +270,9 @@ class BarChart {
   std::vector<ShapedText> ticks_;
   std::vector<ShapedText> names_;
   std::vector<LegendEntry> legend_;
+  std::optional<ShapedText> seriesTitle_;
+  std::optional<ShapedText> valueTitle_;
+  std::optional<ShapedText> categoryTitle_;
   bool slanting_ = false;
   double heightOfNames_ = 0;
   double left_ = 0;

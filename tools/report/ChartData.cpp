@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include <cells/OmNumber.h>
 #include <lakresvos/OmVectorTreeWalk.h>
@@ -47,12 +48,16 @@ bool CanChart(Formula const& formula) {
   return formula.layers.empty() && (dimensions == 1 || dimensions == 2);
 }
 
-ChartData ChartDataOf(OmPivotTable const& table, std::size_t dimensions, bool totals) {
+ChartData ChartDataOf(OmPivotTable const& table, std::size_t dimensions, bool totals,
+                      std::string const& valueTitle) {
   std::vector<Category> const categories = CategoriesOf(table.Dimension(0), totals);
   bool const twoWay = dimensions == 2;
   std::vector<Category> const series =
       twoWay ? CategoriesOf(table.Dimension(1), totals) : std::vector<Category>{{"", 0}};
   ChartData data;
+  data.categoryTitle = table.Dimension(0).Root().Value().label->GetText();
+  data.seriesTitle = twoWay ? table.Dimension(1).Root().Value().label->GetText() : "";
+  data.valueTitle = valueTitle;
   for (Category const& category : categories) {
     data.categories.push_back(category.path);
   }
@@ -76,6 +81,13 @@ std::string JsonOf(ChartData const& data) {
   json["series"] = nlohmann::ordered_json::array();
   for (ChartData::Series const& series : data.series) {
     json["series"].push_back({{"name", series.name}, {"values", series.values}});
+  }
+  for (auto const& [name, title] :
+       {std::pair("categoryTitle", &data.categoryTitle),
+        std::pair("seriesTitle", &data.seriesTitle), std::pair("valueTitle", &data.valueTitle)}) {
+    if (!title->empty()) {
+      json[name] = *title;
+    }
   }
   return json.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
 }

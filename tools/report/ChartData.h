@@ -19,6 +19,11 @@ struct ChartData {
 
   std::vector<std::string> categories;
   std::vector<Series> series;
+
+  // What these and the values are; empty when there is nothing to say.
+  std::string categoryTitle = {};
+  std::string seriesTitle = {};
+  std::string valueTitle = {};
 };
 
 /// Whether there is a chart for a table of this formula: one of one or two dimensions, no layers.
@@ -30,10 +35,13 @@ bool CanChart(Formula const& formula);
 ///
 /// @param dimensions how many dimensions the table has beside that of the statistics: 1 or 2.
 /// @param totals     whether every dimension ends with a Total.
-ChartData ChartDataOf(OmPivotTable const& table, std::size_t dimensions, bool totals);
+/// @param valueTitle what the numbers are.
+ChartData ChartDataOf(OmPivotTable const& table, std::size_t dimensions, bool totals,
+                      std::string const& valueTitle);
 
-/// As JSON: `{"categories":["a"],"series":[{"name":"b","values":[1.0,null]}]}`, null for what
-/// is not finite, U+FFFD for bytes that are not UTF-8.
+/// As JSON: `{"categories":["a"],"series":[{"name":"b","values":[1.0,null]}]}`, null for what is not
+/// finite, U+FFFD for bytes that are not UTF-8. Titles that are there follow as `"categoryTitle"`,
+/// `"seriesTitle"` and `"valueTitle"`.
 std::string JsonOf(ChartData const& data);
 
 }  // namespace lakresvos::report

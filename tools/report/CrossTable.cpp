@@ -6,29 +6,17 @@
 #include <utility>
 
 #include <cells/OmCellMetaData.h>
-#include <cells/OmComposite.h>
 #include <cells/OmNumber.h>
 #include <cells/OmStringCell.h>
-#include <cells/OmVariable.h>
 
 #include "CategoryGroups.h"
 #include "DimensionTree.h"
+#include "StatisticLabel.h"
 #include "Tabulation.h"
 
 namespace lakresvos::report {
 
 namespace {
-
-std::unique_ptr<OmCellText> StatisticLabel(Statistic const& statistic) {
-  OmStringCell const measure(LabelOf(statistic.measure), true);
-  if (!NeedsColumn(statistic.measure)) {
-    return std::unique_ptr<OmCellText>(measure.Clone(nullptr));
-  }
-  auto label = std::make_unique<OmComposite>("{0} of {1}");
-  label->AddPart(measure);
-  label->AddPart(OmVariable(statistic.column.name, ""));
-  return label;
-}
 
 std::string Rows(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " row" : " rows");

@@ -19,6 +19,7 @@
 #include "Quoting.h"
 #include "ReportError.h"
 #include "RowWeights.h"
+#include "StatisticLabel.h"
 #include "StyleSheet.h"
 #include "WarningLog.h"
 #include "WarningsTable.h"
@@ -121,10 +122,12 @@ void CountMissing(DataSet const& data, RowWeights const& weights, Options const&
 using Item = std::unique_ptr<OmOutputPart>;
 using Node = ListTree<OmOutputPart*>::Node;
 
-std::unique_ptr<OmChart> MakeChart(OmPivotTable const& table, Formula const& formula, bool totals,
-                                   long long id) {
+std::unique_ptr<OmChart> MakeChart(OmPivotTable const& table, Formula const& formula,
+                                   Options const& options, long long id) {
   auto chart = std::make_unique<OmChart>(*table.Label(), "", id);
-  ChartData const data = ChartDataOf(table, formula.rows.size() + formula.columns.size(), totals);
+  ChartData const data =
+      ChartDataOf(table, formula.rows.size() + formula.columns.size(), options.totals,
+                  StatisticLabel(options.statistics.front())->GetText());
   std::string const json = JsonOf(data);
   std::string const picture = BarChartSvg(data);
   chart->SetViZJSON(json.data(), static_cast<unsigned int>(json.size()));
@@ -169,7 +172,7 @@ WarningLog AppendReport(OmOutputTree& document, Options const& options) {
                                 options.groupings);
     std::unique_ptr<OmChart> chart;
     if (options.charts && CanChart(request.formula)) {
-      chart = MakeChart(*table, request.formula, options.totals, ++charts);
+      chart = MakeChart(*table, request.formula, options, ++charts);
     }
     addTable(std::move(table));
     if (chart != nullptr) {
