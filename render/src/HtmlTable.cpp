@@ -31,7 +31,11 @@ class HtmlTable {
         rowTotals_(static_cast<std::size_t>(grid.HeadingColumns())) {}
 
   void Write() {
-    out_ << "<table class=\"pivot-table\" aria-labelledby=\"" << prefix_ << "t\">";
+    out_ << "<table class=\"pivot-table\" aria-labelledby=\"" << prefix_ << "t\"";
+    if (grid_.HeadingColumns() > 1) {
+      out_ << " style=\"--levels:" << grid_.HeadingColumns() << '"';
+    }
+    out_ << '>';
     WriteColumnGroups();
     WriteHead();
     WriteBodies();

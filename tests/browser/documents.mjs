@@ -53,6 +53,57 @@ function largePage() {
   return makePage("large", [data, "--weight", "n", "--table", "g/r ~ c", "--title", "Large"]);
 }
 
+// Long texts, long words, marks, totals and layers, in a table that is wider than the window.
+function surveyArguments() {
+  const questions = ["How satisfied are you with the services that are offered in your town?",
+    "Donaudampfschifffahrtselektrizitaetenhauptbetriebswerkbauunterbeamtengesellschaft", "Age"];
+  const answers = ["Not at all satisfied with it", "Somewhat", "Very"];
+  const rows = ["question,answer,region,year,x"];
+  for (const [q, question] of questions.entries()) {
+    for (const [a, answer] of answers.entries()) {
+      for (let r = 0; r < 12; ++r) {
+        rows.push(`${question},${answer},Region number ${r},${2020 + r % 2},${q * 100 + a * 10 + r}`);
+        if (r % 3 === a) {
+          rows.push(`${question},${answer},Region number ${r},${2020 + r % 2},`);
+        }
+      }
+    }
+  }
+  const data = writeData("survey.csv", rows.join("\n") + "\n");
+  return ["--table", "question * answer ~ region", "--table", "question * answer ~ region | year",
+    "--table", "region ~ answer", "--statistics", "mean:x,count", "--totals", "--chart",
+    "--style", writeData("survey.json",
+      '{"data": {"alternateRows": true, "alternateBackgroundColor": "#e8eef5"}}'),
+    "--title", "Survey", "--caption", "Source: a survey.", data];
+}
+
+// The same in a language that is read from the right.
+function rightToLeftPage(args) {
+  const saved = join(folder, "survey-document.json");
+  execFileSync(process.env.LAKRESVOS_REPORT, [...args, "--format", "json", "-o", saved],
+    { cwd: source });
+  const document = JSON.parse(readFileSync(saved, "utf8"));
+  document.parts.filter(({ type }) => type === "table").forEach((table) => {
+    table.locale = "ar_EG";
+  });
+  writeFileSync(saved, JSON.stringify(document));
+  return makePage("right-to-left", ["--from", saved]);
+}
+
+// A chart that is wider than the window.
+function manyPage() {
+  const rows = Array.from({ length: 150 }, (_, i) => `category number ${i},${i * 7 % 101}`);
+  const data = writeData("many.csv", "c,n\n" + rows.join("\n") + "\n");
+  return makePage("many", [data, "--weight", "n", "--table", "c ~", "--chart", "--title", "Many"]);
+}
+
+export function makeLayoutPages() {
+  mkdirSync(folder, { recursive: true });
+  const survey = surveyArguments();
+  return { survey: makePage("survey", survey), rightToLeft: rightToLeftPage(survey),
+    large: largePage(), many: manyPage() };
+}
+
 export function makePages() {
   mkdirSync(folder, { recursive: true });
   return { demo: demoPages(), hostile: hostilePage(), large: largePage() };

@@ -1,59 +1,16 @@
 // Checks the HTML pages of the report program with the Nu HTML checker and in a headless Chromium.
 import assert from "node:assert/strict";
 import { execFileSync } from "node:child_process";
-import { mkdtempSync, rmSync } from "node:fs";
-import { createRequire } from "node:module";
-import { tmpdir } from "node:os";
 import { join } from "node:path";
-import { after, before, test } from "node:test";
+import { test } from "node:test";
+import { modules, open } from "./browser.mjs";
 import { makePages } from "./documents.mjs";
 
-const modules = createRequire(join(process.env.LAKRESVOS_MODULES, "package.json"));
-const { chromium } = modules("playwright-core");
 const axe = modules.resolve("axe-core");
 const checker = modules.resolve("vnu-jar/build/dist/vnu.jar");
 
 const pages = makePages();
 const all = [...pages.demo, pages.hostile, pages.large];
-const profile = mkdtempSync(join(tmpdir(), "lakresvos-browser-"));
-let browser;
-
-before(async () => {
-  browser = await chromium.launch({
-    executablePath: process.env.CHROMIUM ?? "/usr/bin/chromium",
-    args: ["--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
-      "--disable-background-networking", "--disable-component-update", "--disable-sync",
-      "--disk-cache-dir=" + profile],
-  });
-});
-
-after(async () => {
-  await browser?.close();
-  rmSync(profile, { recursive: true, force: true });
-});
-
-// Opens a page that may load nothing but itself, hands it to `look` and closes it.
-async function open(document, look, options = {}) {
-  const context = await browser.newContext({ viewport: { width: 1200, height: 900 }, ...options });
-  try {
-    const page = await context.newPage();
-    const requests = [];
-    const errors = [];
-    page.on("request", (request) => {
-      if (request.url() !== document.url && !request.url().startsWith("data:")) {
-        requests.push(request.url());
-      }
-    });
-    page.on("pageerror", (error) => errors.push(String(error)));
-    await page.goto(document.url);
-    await look(page);
-    assert.deepEqual(requests, [], "the page asks for something else");
-    assert.deepEqual(errors, [], "the page's script fails");
-  } finally {
-    await context.close();
-  }
-}
-
 const shownLayers = (page, pivot) => page.locator(pivot + " > .layer").evaluateAll((layers) =>
   layers.map((layer) => getComputedStyle(layer).display !== "none"));
 

@@ -29,21 +29,17 @@ const width = (element) => element.getBoundingClientRect().width;
 const place = (scroll) => {
   const table = scroll.querySelector(":scope > .pivot-table");
   let reach = 0;
-  let level = 0;
-  for (let room = true; ; ++level) {
+  for (let level = 0; ; ++level) {
     const heading = table.querySelector(`tbody .h${level}:not([colspan])`);
     if (heading === null) {
       break;
     }
-    room = room && (level === 0 || reach + width(heading) <= kMostOfWidth * scroll.clientWidth);
-    if (room) {
-      table.style.setProperty("--h" + level, reach + "px");
-      reach += width(heading);
-    } else {
-      table.style.removeProperty("--h" + level);
-    }
+    table.style.setProperty("--h" + level, reach + "px");
+    reach += width(heading);
   }
-  table.style.setProperty("--heads-width", reach + "px");
+  const stuck = reach <= kMostOfWidth * scroll.clientWidth;
+  scroll.classList.toggle("unstuck", !stuck);
+  table.style.setProperty("--heads-width", (stuck ? reach : 0) + "px");
   table.style.setProperty("--head-height", (table.tHead?.getBoundingClientRect().height ?? 0) + "px");
 };
 const sizes = new ResizeObserver((entries) => {
