@@ -15,9 +15,16 @@ namespace lakresvos::render {
 namespace {
 
 /// A name as a header cell; as a plain one when it names nothing.
-std::string NameCell(char const* scope, std::string const& name) {
-  return IsBlank(name) ? "<td></td>"
-                       : std::string("<th scope=\"") + scope + "\">" + HtmlText(name) + "</th>";
+std::string NameCell(std::string const& attributes, char const* scope, std::string const& name) {
+  return IsBlank(name)
+             ? "<td" + attributes + "></td>"
+             : "<th" + attributes + " scope=\"" + scope + "\">" + HtmlText(name) + "</th>";
+}
+
+/// What is wider than the page scrolls.
+std::string InScroll(std::string const& name, std::string const& content) {
+  return "<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-label=\"" + name + "\">" +
+         content + "</div>";
 }
 
 std::string DataTable(ChartNumbers const& data, std::string const& caption) {
@@ -25,15 +32,15 @@ std::string DataTable(ChartNumbers const& data, std::string const& caption) {
   bool const named = std::any_of(data.series.begin(), data.series.end(),
                                  [](auto const& series) { return !IsBlank(series.name); });
   if (named || !IsBlank(data.categoryTitle)) {
-    html += "<thead><tr>" + NameCell("col", data.categoryTitle);
+    html += "<thead><tr>" + NameCell(" class=\"corner h0 edge\"", "col", data.categoryTitle);
     for (ChartNumbers::Series const& series : data.series) {
-      html += NameCell("col", series.name);
+      html += NameCell("", "col", series.name);
     }
     html += "</tr></thead>";
   }
   html += "<tbody>";
   for (std::size_t i = 0; i < data.categories.size(); ++i) {
-    html += "<tr>" + NameCell("row", data.categories[i]);
+    html += "<tr>" + NameCell(" class=\"h0 edge\"", "row", data.categories[i]);
     for (ChartNumbers::Series const& series : data.series) {
       html += "<td class=\"n\">" + series.values[i] + "</td>";
     }
@@ -48,16 +55,16 @@ std::string HtmlChart(OmChart const& chart) {
   std::string const label = HtmlText(TextOf(chart.Label()));
   std::string const type = ImageType(chart.GetImageData());
   std::optional<ChartNumbers> const data = ReadChartNumbers(chart.GetViZJSONData());
-  std::string const table = data ? DataTable(*data, label) : "";
+  std::string const name = label.empty() ? "Chart" : label;
+  std::string const table =
+      data ? InScroll("Data of the chart " + name, DataTable(*data, label)) : "";
   if (type.empty()) {
     return !table.empty() ? table
                           : "<p class=\"announcement\">" + HtmlText(Announcement(chart)) + "</p>";
   }
-  std::string const name = label.empty() ? "Chart" : label;
-  std::string html = "<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-label=\"" + name +
-                     "\"><img alt=\"" + name + "\" src=\"data:" + type + ";base64,";
-  AppendBase64(html, chart.GetImageData());
-  html += "\"></div>";
+  std::string image = "<img alt=\"" + name + "\" src=\"data:" + type + ";base64,";
+  AppendBase64(image, chart.GetImageData());
+  std::string html = InScroll(name, image + "\">");
   if (!table.empty()) {
     html += "<details><summary>Data of the chart</summary>" + table + "</details>";
   }

@@ -152,7 +152,7 @@ test("footnotes link to the note and back", async () => {
 
 test("headings stay in sight when a large table is scrolled", async () => {
   await open(pages.large, async (page) => {
-    const scroll = page.locator(".scroll[aria-label='Large']");
+    const scroll = page.locator(".layer:has(.title:text-is('Large')) > .scroll");
     const places = () => scroll.evaluate((box) => {
       const frame = box.getBoundingClientRect();
       const head = box.querySelector("thead th:last-child").getBoundingClientRect();

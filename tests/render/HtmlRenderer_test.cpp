@@ -683,10 +683,12 @@ TEST(HtmlChart, DataAreATable) {
       R"({"categories":["<a>","b"],"series":[{"name":"s","values":[1.5,null]}]})";
   chart.SetViZJSON(json.data(), static_cast<unsigned int>(json.size()));
   std::string const table =
+      "<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-label=\"Data of the chart Bars\">"
       "<table class=\"pivot-table\"><caption>Bars</caption>"
-      "<thead><tr><td></td><th scope=\"col\">s</th></tr></thead>"
-      "<tbody><tr><th scope=\"row\">&lt;a&gt;</th><td class=\"n\">1.5</td></tr>"
-      "<tr><th scope=\"row\">b</th><td class=\"n\"></td></tr></tbody></table>";
+      "<thead><tr><td class=\"corner h0 edge\"></td><th scope=\"col\">s</th></tr></thead>"
+      "<tbody><tr><th class=\"h0 edge\" scope=\"row\">&lt;a&gt;</th><td class=\"n\">1.5</td></tr>"
+      "<tr><th class=\"h0 edge\" scope=\"row\">b</th><td "
+      "class=\"n\"></td></tr></tbody></table></div>";
   EXPECT_EQ(HtmlChart(chart), table);
   chart.SetImageStream("<svg/>", 6);
   EXPECT_NE(HtmlChart(chart).find("<details><summary>Data of the chart</summary>" + table +
@@ -699,9 +701,10 @@ TEST(HtmlChart, NameOfBlanksIsAPlainCell) {
   std::string const json =
       R"({"categories":[" "],"series":[{"name":"","values":[1]},{"name":"s","values":[2]}]})";
   chart.SetViZJSON(json.data(), static_cast<unsigned int>(json.size()));
-  EXPECT_EQ(Between(HtmlChart(chart), "<thead>", "</tbody>"),
-            "<tr><td></td><td></td><th scope=\"col\">s</th></tr></thead>"
-            "<tbody><tr><td></td><td class=\"n\">1</td><td class=\"n\">2</td></tr>");
+  EXPECT_EQ(
+      Between(HtmlChart(chart), "<thead>", "</tbody>"),
+      "<tr><td class=\"corner h0 edge\"></td><td></td><th scope=\"col\">s</th></tr></thead>"
+      "<tbody><tr><td class=\"h0 edge\"></td><td class=\"n\">1</td><td class=\"n\">2</td></tr>");
 }
 
 TEST(HtmlChart, DataNameWhatTheirCategoriesAre) {
@@ -710,7 +713,7 @@ TEST(HtmlChart, DataNameWhatTheirCategoriesAre) {
       R"({"categories":["a"],"series":[{"name":"","values":[1]}],"categoryTitle":"Class"})";
   chart.SetViZJSON(json.data(), static_cast<unsigned int>(json.size()));
   EXPECT_EQ(Between(HtmlChart(chart), "<thead>", "</thead>"),
-            "<tr><th scope=\"col\">Class</th><td></td></tr>");
+            "<tr><th class=\"corner h0 edge\" scope=\"col\">Class</th><td></td></tr>");
 }
 
 TEST(HtmlChart, NumbersAreShownAsPeopleWriteThem) {

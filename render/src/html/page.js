@@ -65,7 +65,7 @@ const kPrintFontSize = 40 / 3;
 const partOf = (table, first, end, columns) => {
   const part = document.createElement("table");
   part.className = "pivot-table part";
-  part.setAttribute("aria-labelledby", table.getAttribute("aria-labelledby"));
+  part.setAttribute("aria-labelledby", table.getAttribute("aria-labelledby") ?? "");
   const copy = (cell, span) => {
     const twin = cell.cloneNode(true);
     twin.colSpan = span;
