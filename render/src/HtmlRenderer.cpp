@@ -2,6 +2,7 @@
 #include <functional>
 #include <vector>
 
+#include <cells/OmStringCell.h>
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmOutputTree.h>
 #include <lakresvos/OmPivotTable.h>
@@ -71,23 +72,23 @@ class HeadVisitor : public PartVisitor {
     if (table.Show()) {
       css += HtmlStyle(table, "#" + PartId(part_)) + MarkRoom(table);
       language = language.empty() ? LanguageOf(table.TableLocale()) : language;
-      Take(tableTitle_, TextOf(table.GetTableTitle()));
+      Take(tableTitle_, table.GetTableTitle());
     }
   }
   void Visit(OmProcedure& /*procedure*/) override { hasHeading = true; }
   void Visit(OmHeading& heading) override {
     hasHeading = true;
-    if (part_ != 0 || TextOf(heading.Label()) != kUsualTitle) {
-      Take(heading_, TextOf(heading.Label()));
-    }
+    Take(heading_, heading.Label());
   }
-  void Visit(OmPageTitle& title) override { Take(pageTitle_, title.Text()); }
+  void Visit(OmPageTitle& title) override {
+    pageTitle_ = pageTitle_.empty() ? title.Text() : pageTitle_;
+  }
 
   /// The document's own title: of its first page title, heading or table that has one; a procedure
-  /// names a program. The root's label counts unless it is the one that every document starts with.
+  /// names a program, and what can be translated is a program's word too.
   std::string Title() const {
     for (std::string const* title : {&pageTitle_, &heading_, &tableTitle_}) {
-      if (!title->empty()) {
+      if (!IsBlank(*title)) {
         return *title;
       }
     }
@@ -117,9 +118,10 @@ class HeadVisitor : public PartVisitor {
     return most == 0 ? "" : "#" + PartId(part_) + "{--marks:" + std::to_string(most) + "}\n";
   }
 
-  static void Take(std::string& title, std::string const& text) {
-    if (title.empty() && !IsBlank(text)) {
-      title = text;
+  static void Take(std::string& title, OmCellText const* label) {
+    auto const* const word = dynamic_cast<OmStringCell const*>(label);
+    if (title.empty() && !IsBlank(TextOf(label)) && (word == nullptr || !word->IsTranslatable())) {
+      title = TextOf(label);
     }
   }
 

@@ -261,7 +261,7 @@ test("title, notes and caption stay in view when a table scrolls", async () => {
 });
 
 test("the page is named by its document", async () => {
-  await open(survey, async (page) => assert.notEqual(await page.title(), "Output"));
+  await open(survey, async (page) => assert.equal(await page.title(), "Survey"));
 });
 
 test("outline entries of a table and its chart differ", async () => {

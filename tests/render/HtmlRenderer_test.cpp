@@ -141,6 +141,8 @@ TEST(HtmlRenderer, PageHasTheDocumentsTitle) {
   EXPECT_EQ(titleOf(document), "Output");
   AddTable(document);
   EXPECT_EQ(titleOf(document), "Output");
+  AddTable(document).SetTableTitle(OmStringCell("Notes", true));
+  EXPECT_EQ(titleOf(document), "Output");
   AddTable(document).SetTableTitle(Utf8("Table & more"));
   EXPECT_EQ(titleOf(document), "Table &amp; more");
   AppendItem<OmHeading>(document.begin(), Utf8(" "));

@@ -15,7 +15,8 @@ namespace lakresvos::render {
 struct HtmlOptions : TableOptions {
   /// Of the page, and its heading when the document has none. Empty: the document's own title, which
   /// is that of its first page title, else of its first heading, else of its first table with one,
-  /// else "Output". Procedures and a root labelled "Output" do not count as headings.
+  /// else "Output". Procedures do not count as headings, and translatable labels, which
+  /// are a program's words ("Output", "Notes"), do not count at all.
   std::string title;
 };
 
