@@ -114,7 +114,10 @@ def missing_from_tables(shown, layers, first=lambda layer: 0):
 
 def missing_from_csv(directory, layers):
     with open(directory / "tables.csv", encoding="utf-8", newline="") as file:
-        return missing_from_rows(list(csv.reader(file, strict=True)), layers)
+        records = list(csv.reader(file, strict=True))
+    missing = list(missing_from_rows(records, layers))
+    # Of several tables, each record starts with the name of its own.
+    return missing and missing_from_rows([record[1:] for record in records], layers)
 
 
 def missing_from_html(directory, layers):
