@@ -550,6 +550,23 @@ TEST(ProgramErrors, WorkbookThatCannotHoldATextIsWrittenWithoutIt) {
   EXPECT_TRUE(std::filesystem::exists(directory.Path("a.xlsx")));
 }
 
+TEST(ProgramErrors, StrictRunRefusesAWorkbookThatCannotHoldAText) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write("a.csv", "a\n" + std::string(40000, 'x') + "\n");
+  std::string const saved = directory.Path("a.json");
+  ASSERT_EQ(RunReport({file, "--table", "a ~", "--format", "json", "-o", saved}).exitCode, 0);
+  std::string const old = directory.Write("old.xlsx", "old");
+  std::vector<std::string> const arguments = {"--from", saved, "--format", "xlsx", "--strict"};
+  ReportRun const printed = RunReport(arguments);
+  EXPECT_EQ(printed.exitCode, 1);
+  EXPECT_EQ(printed.out, "");
+  EXPECT_NE(printed.err.find("1 text longer than the 32767 characters"), std::string::npos);
+  std::vector<std::string> toFile = arguments;
+  toFile.insert(toFile.end(), {"-o", old});
+  EXPECT_EQ(RunReport(toFile).exitCode, 1);
+  EXPECT_EQ(ReadFile(old), "old");
+}
+
 TEST(ProgramErrors, OutputThatWouldReplaceTheData) {
   TemporaryDirectory const directory;
   std::string const file = directory.Write("a.csv", "a\n1\n");
@@ -670,7 +687,6 @@ TEST(Program, TakesNoDataBesideASavedDocument) {
                                              {"--group", "a: b = c"},
                                              {"--text", "a"},
                                              {"--chart"},
-                                             {"--strict"},
                                              {"--style", "s.json"}}) {
     std::vector<std::string> arguments{"--from", "saved.json"};
     arguments.insert(arguments.end(), more.begin(), more.end());

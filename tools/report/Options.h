@@ -29,7 +29,7 @@ struct Options {
   std::string styleFile;  ///< empty: none
   OutputFormat format = OutputFormat::Text;
   std::string outputFile;  ///< empty: standard output
-  bool strict = false;     ///< nothing is written when anything in the data is passed over
+  bool strict = false;     ///< nothing is written when anything would be left out
   bool allLayers = true;
   bool keepEmpty = false;
   bool ascii = false;
