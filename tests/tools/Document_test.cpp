@@ -186,9 +186,8 @@ TEST(Document, ChartStandsBehindItsTable) {
   ASSERT_NE(first, nullptr);
   EXPECT_EQ(first->GetChartSubType(), ChartXMLBar);
   EXPECT_NE(first->GetImageData().find("<svg "), std::string::npos);
-  EXPECT_EQ(first->GetViZJSONData(),
-            R"({"categories":["1"],"series":[{"name":"","values":[2.0]}],)"
-            R"("categoryTitle":"a","valueTitle":"Count"})");
+  EXPECT_EQ(first->GetViZJSONData(), R"({"categories":["1"],"series":[{"name":"","values":[2.0]}],)"
+                                     R"("categoryTitle":"a","valueTitle":"Count"})");
   auto* const second = ItemAt<OmChart>(document, 7);
   ASSERT_NE(second, nullptr);
   EXPECT_EQ(second->GetViZJSONData(),

@@ -107,8 +107,7 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
                "a bar chart behind each table with one or two dimensions and no layers");
   app.add_option("--style", options.styleFile, "a JSON file that says how areas of tables look")
       ->type_name("FILE");
-  app.add_flag("--strict", options.strict,
-               "write nothing and end with 1 when anything is skipped");
+  app.add_flag("--strict", options.strict, "write nothing and end with 1 when anything is skipped");
   CLI::Option* const from =
       app.add_option("--from", options.documentFile,
                      "a document that was saved as JSON, instead of data and what to make of them")
