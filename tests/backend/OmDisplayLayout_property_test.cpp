@@ -21,6 +21,7 @@ using layout_model::Layers;
 using layout_model::Seen;
 using layout_model::ShownList;
 using layout_model::Side;
+using layout_tables::AddLateDimensions;
 using layout_tables::MakeRandomTable;
 using layout_tables::Table;
 using PathNode = OmDisplayLayerHeading::PathNode;
@@ -210,6 +211,18 @@ RC_GTEST_PROP(OmDisplayLayout, FollowsAnyWalkOverTheLayers, ()) {
     Move(heading, model, table);
     CompareLayers(heading, model);
   }
+  CompareHeadings(heading, model);
+}
+
+RC_GTEST_PROP(OmDisplayLayout, AnswersAsTheModelAboutDimensionsThatCameLater, ()) {
+  Table table;
+  MakeRandomTable(table);
+  OmDisplayLayerHeading heading(table, false);
+  Layers model(table, false);
+  AddLateDimensions(table);
+  model.sizes = table.SizeVector();
+  RC_ASSERT(heading.NextLayer() == model.NextLayer());
+
   CompareHeadings(heading, model);
 }
 

@@ -485,6 +485,40 @@ TEST(OmNonEmptyHeaders, ADimensionAddedToAnEmptyTableIsHeldAtItsFirstSubscript) 
   EXPECT_EQ(OmDisplayColumnHeading(layers, true).getNonEmptyColumns(), Places{0});
 }
 
+TEST(OmNonEmptyHeaders, ADimensionAddedBesideOthersHasTheDigitZeroAndCountsAsARadix) {
+  for (bool const mostSignificant : {true, false}) {
+    Table table;
+    table.AddFlat("A", 3);
+    table.Place({0}, {});
+    OmDisplayLayerHeading layers(table, false);
+    table.AddFlat("B", 2);
+    // The last entry is the most significant digit.
+    table.Rows().elements = mostSignificant ? std::vector<short>{0, 1} : std::vector<short>{1, 0};
+    table.Put({1, 0});
+    table.Put({2, 0});
+    OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::Of(layers);
+    ASSERT_FALSE(data.sparse);
+    Places const kept = OmDisplayRowHeading(layers, true, false).getNonEmptyRows();
+    EXPECT_EQ(kept, mostSignificant ? (Places{1, 2}) : (Places{2, 4}));
+    Places sparse;
+    data.FindNonEmptyHeadersSparse(data.Reversed(table.Rows()), table.Columns(), sparse);
+    EXPECT_EQ(kept, sparse);
+  }
+}
+
+TEST(OmNonEmptyHeaders, ADimensionAddedToTheOtherAxisIsHeldAtItsFirstSubscript) {
+  Table table;
+  table.AddFlat("A", 3);
+  table.AddFlat("B", 2);
+  table.Place({0}, {1});
+  OmDisplayLayerHeading layers(table, false);
+  table.AddFlat("C", 2);
+  table.Place({0}, {2, 1});
+  table.Put({1, 1, 0});
+  table.Put({2, 1, 1});
+  EXPECT_EQ(OmDisplayRowHeading(layers, true, false).getNonEmptyRows(), Places{1});
+}
+
 // What the dense search costs
 
 TEST(OmNonEmptyHeaders, TheDenseSearchEndsWhenEveryPlaceOfAFullTableIsKept) {

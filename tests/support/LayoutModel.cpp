@@ -203,6 +203,10 @@ bool Layers::PutHeads(Axis const& heads, Place place, std::vector<int>& index) c
   for (std::size_t i = 0; i < heads.dims.size(); ++i) {
     Header const* header = HeaderOf(heads.dims[i]);
     if (header == nullptr) {
+      // A dimension that came later is held at its first subscript.
+      if (digits[i] != 0) {
+        return false;
+      }
       continue;
     }
     if (digits[i] >= header->visibleCategories.size()) {
@@ -235,6 +239,7 @@ std::vector<Place> Layers::NonEmptyDense(Axis const& heads, Axis const& others) 
   std::vector<Place> places;
   for (Place p = 0; p < heads.Size(); ++p) {
     std::vector<int> index = cellIndex;
+    index.resize(sizes.size(), 0);
     if (PutHeads(heads, p, index) && AnyCell(others, index)) {
       places.push_back(p);
     }

@@ -199,4 +199,15 @@ void MakeRandomTable(Table& table) {
   LogTable(table);
 }
 
+void AddLateDimensions(Table& table) {
+  for (int count = *rc::gen::inRange(1, 3); count > 0; --count) {
+    auto const d = static_cast<short>(table.NDimensions());
+    table.AddFlat("late", static_cast<unsigned int>(*rc::gen::inRange(1, 4)));
+    std::vector<short>& axis =
+        (*rc::gen::arbitrary<bool>() ? table.Rows() : table.Columns()).elements;
+    axis.insert(axis.begin() + *rc::gen::inRange<std::ptrdiff_t>(0, std::ssize(axis) + 1), d);
+  }
+  LogTable(table);
+}
+
 }  // namespace layout_tables

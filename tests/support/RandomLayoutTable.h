@@ -16,6 +16,10 @@ namespace layout_tables {
 /// and the subscripts of its cells.
 void MakeRandomTable(Table& table);
 
+/// Adds one or two dimensions to the table and to its rows or columns, as after a layer heading was
+/// made.
+void AddLateDimensions(Table& table);
+
 }  // namespace layout_tables
 
 #endif

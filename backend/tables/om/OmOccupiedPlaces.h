@@ -30,7 +30,7 @@
 /// of the store more than once.
 ///
 /// A dimension that was added after the layer heading was made is held at its first subscript, where
-/// the cells from before are.
+/// the cells from before are, and has the digit 0; it counts as a radix all the same.
 class OmOccupiedPlaces {
  public:
   OmOccupiedPlaces(OmDisplayLayerHeading::Data& layout, OmPivotTable::PointerVector* root,
