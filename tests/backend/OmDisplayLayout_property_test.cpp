@@ -161,6 +161,15 @@ PuppetVector<short> AxisOf(std::vector<short> const& entries) {
   return axis;
 }
 
+/// Changes flags anywhere in a tree, as a program may while headings show it.
+void ChangeFlags(OmDimension::Node const& node) {
+  node.Value().hide = node.Value().hide != Flag();
+  node.Value().hideLabels = node.Value().hideLabels != Flag();
+  for (std::size_t i = 0; i < node.NChildren(); ++i) {
+    ChangeFlags(node.Child(i));
+  }
+}
+
 /// Moves heading and model to a layer, each by the same random call; whether both say the same.
 void Move(OmDisplayLayerHeading& heading, Layers& model, Table& table) {
   int const layer = *rc::gen::inRange(-3, Count(model.nLayers) + 2);
@@ -212,6 +221,26 @@ RC_GTEST_PROP(OmDisplayLayout, FollowsAnyWalkOverTheLayers, ()) {
     CompareLayers(heading, model);
   }
   CompareHeadings(heading, model);
+}
+
+RC_GTEST_PROP(OmDisplayLayout, FollowsFlagsThatChangeWhileTheHeadingsLive, ()) {
+  Table table;
+  MakeRandomTable(table);
+  OmDisplayLayerHeading layers(table, false);
+  Layers const model(table, false);
+  bool const skipEmpty = Flag();
+  bool const inCorner = Flag();
+  OmDisplayRowHeading const rows(layers, skipEmpty, inCorner);
+  OmDisplayColumnHeading const columns(layers, skipEmpty);
+  Heading const rowModel(model, Side::Rows, skipEmpty, inCorner);
+  Heading const columnModel(model, Side::Columns, skipEmpty, false);
+  for (int times = 0; times < 3; ++times) {
+    CompareRows(rows, rowModel);
+    CompareColumns(columns, columnModel);
+    for (int d = 0; d < table.NDimensions(); ++d) {
+      ChangeFlags(table.Dimension(d).Root());
+    }
+  }
 }
 
 RC_GTEST_PROP(OmDisplayLayout, AnswersAsTheModelAboutDimensionsThatCameLater, ()) {

@@ -421,6 +421,22 @@ TEST(OmDisplayRowHeadingSingleNode, IsARowButNoWholePath) {
   EXPECT_EQ(WholePaths(rows, 0), Labels{});
 }
 
+// Flags that change
+
+TEST_F(OmDisplayRowHeadingLevels, FollowFlagsThatChangeBetweenQueries) {
+  OmDisplayLayerHeading layers(table, false);
+  OmDisplayRowHeading const rows(layers, false, false);
+  ASSERT_EQ(Texts(rows.Column(1)), (Labels{"outer", "flat"}));
+  outer.Value().hide = true;
+  EXPECT_EQ(Texts(rows.Row(0)), (Labels{"root", "inner", "deep", "-"}));
+  EXPECT_EQ(Texts(rows.Column(1)), (Labels{"inner", "flat"}));
+  EXPECT_EQ(Texts(rows.Column(3)), (Labels{"-", "-"}));
+  inner.Value().hideLabels = true;
+  EXPECT_EQ(Texts(rows.Column(1)), (Labels{"-", "flat"}));
+  outer.Value().hide = false;
+  EXPECT_EQ(Texts(rows.Column(1)), (Labels{"outer", "flat"}));
+}
+
 // Long chains
 
 TEST(OmDisplayRowHeading, AppendsEachLevelOfALongChainOnce) {

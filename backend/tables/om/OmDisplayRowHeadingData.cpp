@@ -1,7 +1,7 @@
 #include "OmDisplayRowHeadingData.h"
 
+#include <algorithm>
 #include <numeric>
-#include <utility>
 
 #include "OmMakeRoom.h"
 
@@ -12,6 +12,16 @@ using PathNode = OmDisplayRowHeading::PathNode;
 /// A place cut to a signed 32-bit value and widened again, as the queries by row number take it.
 unsigned long long Narrowed(unsigned long long place) {
   return static_cast<unsigned long long>(static_cast<int>(place));
+}
+
+/// How many nodes from the root on two paths have in common. Linear in what the second one does not
+/// share, where one follows the other in the tree.
+std::size_t CountShared(OmDimHeader::Path const& a, OmDimHeader::Path const& b) {
+  std::size_t count = std::min(a.size(), b.size());
+  while (count != 0 && a[a.size() - count].element != b[b.size() - count].element) {
+    --count;
+  }
+  return count;
 }
 
 }  // namespace
@@ -31,7 +41,7 @@ RowData::Data(OmDisplayLayerHeading& layer, PuppetVector<short> const& axis,
       nPlaces(0) {
   for (std::size_t j = 0; j < heads.size(); ++j) {
     if (OmDimHeader* const header = layout().Header(heads.elements[j])) {
-      known_.push_back({j, header, {}, {}});
+      known_.push_back({j, header});
     }
   }
   if (skipEmpty) {
@@ -134,42 +144,55 @@ std::vector<RowData::Path*> RowData::FindNodes(unsigned long long place) {
   return paths;
 }
 
-template <class Nodes>
-void RowData::AppendShown(Path& path, std::size_t width, Nodes& out) const {
-  std::size_t taken = 0;
-  for (std::size_t step = path.size(); step != 0 && taken != width; --step) {
-    PathNode& node = path[step - 1];
-    if (node.Value().group && node.Value().hideLabels) {
-      break;
-    }
-    if (node.Value().hide || (dimNamesInCorner && node.depth == 0)) {
-      continue;
-    }
-    out.push_back(&node);
-    ++taken;
+RowData::Standing RowData::StandingOf(PathNode const& node) const {
+  OmDimensionNode const& value = node.Value();
+  if (value.group && value.hideLabels) {
+    return Standing::kEnd;
   }
+  return value.hide || (dimNamesInCorner && node.depth == 0) ? Standing::kSkipped
+                                                             : Standing::kShown;
 }
 
 void RowData::AppendLevels(Path* path, std::size_t width, std::deque<PathNode*>& out) const {
   std::size_t const end = out.size() + width;
-  if (path != nullptr) {
-    AppendShown(*path, width, out);
+  for (std::size_t step = path != nullptr ? path->size() : 0; step != 0 && out.size() != end;
+       --step) {
+    PathNode& node = (*path)[step - 1];
+    Standing const standing = StandingOf(node);
+    if (standing == Standing::kEnd) {
+      break;
+    }
+    if (standing == Standing::kShown) {
+      out.push_back(&node);
+    }
   }
   out.resize(end, nullptr);
 }
 
-void RowData::FindShown(std::size_t j) {
-  Head& head = known_[j];
-  if (!head.starts.empty()) {
-    return;
+std::vector<PathNode*> RowData::LevelOf(OmDimHeader& header, std::size_t level) const {
+  // How far down the search has come on the present path, and what it found: paths that follow each
+  // other share their upper nodes, so that each node is looked at once.
+  struct Reached {
+    std::size_t shown;  // nodes down to here
+    bool ended;
+  };
+  std::vector<Reached> reached;
+  std::vector<PathNode*> nodes;
+  nodes.reserve(header.paths.size());
+  Path const* before = nullptr;
+  for (Path& path : header.paths) {
+    reached.resize(std::min(reached.size(), before != nullptr ? CountShared(*before, path) : 0));
+    while (reached.size() < path.size() && (reached.empty() || !reached.back().ended)) {
+      Standing const standing = StandingOf(path[path.size() - 1 - reached.size()]);
+      std::size_t const shown =
+          (reached.empty() ? 0 : reached.back().shown) + (standing == Standing::kShown ? 1 : 0);
+      reached.push_back({shown, standing == Standing::kEnd || shown > level});
+    }
+    bool const found = !reached.empty() && reached.back().shown > level;
+    nodes.push_back(found ? &path[path.size() - reached.size()] : nullptr);
+    before = &path;
   }
-  std::vector<std::size_t> starts{0};
-  head.shown.clear();
-  for (Path& path : head.header->paths) {
-    AppendShown(path, visibleLevels[j], head.shown);
-    starts.push_back(head.shown.size());
-  }
-  head.starts = std::move(starts);
+  return nodes;
 }
 
 void RowData::GetRowNodes(unsigned long long place, std::deque<PathNode*>& out) {
@@ -216,20 +239,13 @@ std::deque<PathNode*> RowData::Level(int level, bool narrow) {
   if (within < 0 || j == visibleLevels.size()) {
     return nodes;
   }
-  // What each leaf shows is found once, not once per row and level.
-  FindShown(j);
   Head const& head = known_[j];
-  auto const shownAt = [&](std::size_t position) -> PathNode* {
-    if (position >= head.header->paths.size()) {
-      return nullptr;
-    }
-    std::size_t const at = head.starts[position] + static_cast<std::size_t>(within);
-    return at < head.starts[position + 1] ? head.shown[at] : nullptr;
-  };
+  std::vector<PathNode*> const shown = LevelOf(*head.header, static_cast<std::size_t>(within));
   for (unsigned long long row = 0; row < nPlaces; ++row) {
     unsigned long long const place = skipEmpty ? nonEmpty[row] : row;
     calc.base.Digits(narrow ? Narrowed(place) : place, digits_);
-    nodes.push_back(shownAt(digits_[head.digit]));
+    std::size_t const position = digits_[head.digit];
+    nodes.push_back(position < shown.size() ? shown[position] : nullptr);
   }
   return nodes;
 }

@@ -82,9 +82,6 @@ struct OmDisplayRowHeading::Data {
   struct Head {
     std::size_t digit;
     OmDimHeader* header;
-    /// The nodes that the paths show, one path after the other; filled by the first Level().
-    std::vector<PathNode*> shown;
-    std::vector<std::size_t> starts;  ///< where in `shown` each path starts, and the end
   };
 
   Layout& layout() const;
@@ -92,12 +89,13 @@ struct OmDisplayRowHeading::Data {
   /// The path of one heading dimension at a display position, or null.
   static Path* PathOf(Head const& head, std::vector<unsigned int> const& digits);
 
-  /// Appends the nodes of a path that show, `width` of them at the most.
-  template <class Nodes>
-  void AppendShown(Path& path, std::size_t width, Nodes& out) const;
+  /// What the flags of a node make of it, from the root down.
+  enum class Standing { kShown, kSkipped, kEnd };
+  Standing StandingOf(PathNode const& node) const;
 
-  /// Fills what a heading dimension shows, unless that was done before.
-  void FindShown(std::size_t j);
+  /// What each path of a heading dimension shows at one of its levels, or null. Linear in the number
+  /// of nodes, however long the paths are.
+  std::vector<PathNode*> LevelOf(OmDimHeader& header, std::size_t level) const;
 
   /// Appends the `width` heading cells of a path, with nulls for what it lacks.
   void AppendLevels(Path* path, std::size_t width, std::deque<PathNode*>& out) const;
