@@ -196,7 +196,13 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
   static Element* InsertChildAt(OmVector<Element>& children, std::size_t position,
                                 Element const& e) {
     std::size_t const at = position < children.size() ? position : children.size();
+    Element const* const before = children.begin;
     children.insert(at, e);
+    if (children.begin != before) {
+      for (Element& moved : children.Elements()) {
+        LinkPlaces(moved, moved.children.end);
+      }
+    }
     return &children[at];
   }
 
@@ -353,9 +359,11 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
   }
 
   /// The places past the end are linked with the children: handles may still point there.
-  static void Link(Element& e) {
-    for (Element* child = e.children.begin; child != e.children.capacityEnd; ++child) {
-      child->parent = &e;
+  static void Link(Element& e) { LinkPlaces(e, e.children.begin); }
+
+  static void LinkPlaces(Element& e, Element* first) {
+    for (Element* place = first; place != e.children.capacityEnd; ++place) {
+      place->parent = &e;
     }
   }
 

@@ -388,6 +388,33 @@ TEST_F(OmVectorTreeEdits, APlaceAfterTheLastChildTakesNoChild) {
   EXPECT_EQ(Shape(tree), "0(10(11(15) 12) 20(21(25) 22))");
 }
 
+TEST_F(OmVectorTreeEdits, APlaceAfterTheLastChildFollowsAParentThatAnInsertionMoves) {
+  auto const insertions = {
+      +[](Tree& tree, Element const& e) { Tree::InsertChildAt(tree.children, 0, e); },
+      +[](Tree& tree, Element const& e) { Tree::PushBackChild(tree.children, e); },
+      +[](Tree& tree, Element const& e) { Tree::InsertChildBefore(tree, e, nullptr); },
+  };
+  for (auto const insert : insertions) {
+    Sample tree;
+    Node last = tree.Root()[2][1];
+    Tree::EraseChild(last);
+    Tree::AppendChild(tree.Root(), 40);
+    ASSERT_EQ(tree.children.size(), tree.children.capacity());
+    Element const* const child = tree.Root()[2][0].element;
+    Element const* const formerParent = child->parent;
+
+    insert(tree, Element(nullptr, 50));
+    Element const* const parent = &tree.children[tree.children[0].value.number == 50 ? 3 : 2];
+    ASSERT_EQ(parent->value.number, 30);
+    EXPECT_EQ(last.Parent().element, parent);
+    EXPECT_EQ(child->parent, formerParent) << "links of nodes are not repaired";
+    EXPECT_TRUE(Tree::PastTheEnd(*last.element));
+    EXPECT_EQ(Tree::AppendChild(last, 1).element, nullptr);
+    Tree::EraseChild(last);
+    EXPECT_EQ(parent->children.size(), 1U);
+  }
+}
+
 TEST_F(OmVectorTreeEdits, APlaceAfterTheLastChildFollowsItsParent) {
   Sample tree;
   Node last = tree.Root()[2][1];
