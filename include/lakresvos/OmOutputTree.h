@@ -254,6 +254,10 @@ class LAKRESVOS_EXPORT OmOutputTree : public ListTree<OmOutputPart*> {
 /// comes back.
 /// @throws std::bad_alloc, or what copying the label throws; the subtree of an item that is kept has
 ///         gone all the same, and a deeper item is unchanged.
+/// @throws what an item's destructor throws; no text block is left then. Of an item that is kept,
+///         the subtree is left as by OmOutputTree::Prune(): the element of the item that threw with a
+///         null value, and what was still to be deleted. A deeper item's element stays with a null
+///         value and the children that it had.
 LAKRESVOS_EXPORT ListTree<OmOutputPart*>::Node Amputate(ListTree<OmOutputPart*>::Node node,
                                                         OmCellText const* label,
                                                         std::string const& text);

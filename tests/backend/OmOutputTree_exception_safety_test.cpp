@@ -123,6 +123,30 @@ TEST_F(OmOutputTreeSafety, PruningLetsAnItemsExceptionPassAndDeletesNothingTwice
   EXPECT_EQ(deleted, (Names{"b11", "b121", "bad", "b12", "b1", "b2", "b"}));
 }
 
+TEST_F(OmOutputTreeSafety, CuttingADeeperItemThatThrowsLeavesItsChildrenWhereTheyWere) {
+  Node const bad = Add(Find("b"), "bad", true);
+  Add(Add(bad, "child"), "grandchild");
+  Add(bad, "other");
+  EXPECT_THROW(Amputate(bad, nullptr, "text"), SpyPart::Exception);
+  EXPECT_EQ(deleted, (Names{"bad"}));
+  EXPECT_EQ(Text(),
+            "Output@0 a@1 b@1 b1@2 b11@3 b12@3 b121@4 b2@2 -@2 child@3 grandchild@4 other@3 c@1 ");
+  Amputate(bad, nullptr, "text");
+  EXPECT_EQ(Text(),
+            "Output@0 a@1 b@1 b1@2 b11@3 b12@3 b121@4 b2@2 child@2 grandchild@3 other@2 @2 c@1 ");
+}
+
+TEST_F(OmOutputTreeSafety, CuttingAnItemBelowTheRootLeavesWhatFollowsADescendantThatThrows) {
+  Add(Find("b12"), "bad", true);
+  OmStringCell const label("label");
+  Node const b = Find("b");
+  EXPECT_THROW(Amputate(b, &label, "text"), SpyPart::Exception);
+  EXPECT_EQ(deleted, (Names{"b11", "b121", "bad"}));
+  EXPECT_EQ(Text(), "Output@0 a@1 b@1 b1@2 b12@3 -@4 b2@2 c@1 ");
+  Amputate(b, &label, "text");
+  EXPECT_EQ(Text(), "Output@0 a@1 b@1 label@2 c@1 ");
+}
+
 TEST_F(OmOutputTreeSafety, CuttingADeeperItemLetsItsExceptionPassAndDeletesNothingTwice) {
   Node const bad = Add(Find("b"), "bad", true);
   EXPECT_THROW(Amputate(bad, nullptr, "text"), SpyPart::Exception);

@@ -46,9 +46,16 @@ PartTree::Node ReplaceContent(PartTree::Node const& node, OmCellText const* labe
 
 PartTree::Node ReplaceItem(PartTree::Node node, std::string const& text) {
   OmOutputPart const* const part = node.Value();
-  node.AppendChild(MakeTextBlock(part != nullptr ? part->Label() : nullptr, text));
-  DeletePart(node);
+  PartTree::Node const block =
+      node.AppendChild(MakeTextBlock(part != nullptr ? part->Label() : nullptr, text));
   PartTree& tree = *node.tree;
+  try {
+    DeletePart(node);
+  } catch (...) {
+    DeletePart(block);
+    tree.Unlink(block);
+    throw;
+  }
   tree.PromoteDescendants(node);
   PartTree::Node result(&tree, std::next(node.position));
   tree.Unlink(node);
