@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstdint>
 #include <memory>
+#include <new>
 
 namespace chunk_map {
 
@@ -53,6 +54,9 @@ void MakeLeaf(std::atomic<Leaf*>& slot) {
 void Add(void const* start, unsigned long size) {
   unsigned long const first = NumberOf(start);
   unsigned long const end = first + (size + kChunkSize - 1) / kChunkSize;
+  if (end > kChunks) {
+    throw std::bad_alloc();
+  }
   for (unsigned long chunk = first; chunk < end; ++chunk) {
     MakeLeaf(SlotOf(chunk));
   }

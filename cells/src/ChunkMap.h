@@ -10,7 +10,8 @@ namespace chunk_map {
 constexpr unsigned long kChunkSize = 64UL << 10;
 
 /// Enters the chunks that cover `size` bytes from `start`, which starts a chunk.
-/// @throws std::bad_alloc; nothing has changed then.
+/// @throws std::bad_alloc, also for addresses beyond those that programs get; nothing has changed
+///         then.
 void Add(void const* start, unsigned long size);
 
 /// Takes out what Add() entered.

@@ -1,0 +1,44 @@
+#include "ChunkMap.h"
+// This header comes first to show that it stands alone.
+#include <cstdint>
+#include <gtest/gtest.h>
+#include <new>
+
+namespace {
+
+using chunk_map::kChunkSize;
+
+void const* At(std::uintptr_t address) {
+  return reinterpret_cast<void const*>(address);
+}
+
+/// The end of what programs get.
+constexpr std::uintptr_t kEnd = std::uintptr_t{1} << 47;
+
+TEST(ChunkMap, HoldsTheChunksThatWereAddedAndNoOthers) {
+  std::uintptr_t const start = 100 * kChunkSize;
+  chunk_map::Add(At(start), kChunkSize + 1);
+  EXPECT_FALSE(chunk_map::Has(At(start - 1)));
+  EXPECT_TRUE(chunk_map::Has(At(start)));
+  EXPECT_TRUE(chunk_map::Has(At(start + 2 * kChunkSize - 1)));
+  EXPECT_FALSE(chunk_map::Has(At(start + 2 * kChunkSize)));
+  chunk_map::Remove(At(start), kChunkSize + 1);
+  EXPECT_FALSE(chunk_map::Has(At(start)));
+}
+
+TEST(ChunkMap, ReachesToTheLastChunk) {
+  chunk_map::Add(At(kEnd - kChunkSize), kChunkSize);
+  EXPECT_TRUE(chunk_map::Has(At(kEnd - 1)));
+  EXPECT_FALSE(chunk_map::Has(At(kEnd)));
+  chunk_map::Remove(At(kEnd - kChunkSize), kChunkSize);
+}
+
+TEST(ChunkMap, RefusesChunksBeyondAndKeepsNoneOfThem) {
+  EXPECT_THROW(chunk_map::Add(At(kEnd), 1), std::bad_alloc);
+  EXPECT_THROW(chunk_map::Add(At(kEnd - kChunkSize), kChunkSize + 1), std::bad_alloc);
+  EXPECT_THROW(chunk_map::Add(At(~std::uintptr_t{0} / kChunkSize * kChunkSize), kChunkSize),
+               std::bad_alloc);
+  EXPECT_FALSE(chunk_map::Has(At(kEnd - 1)));
+}
+
+}  // namespace
