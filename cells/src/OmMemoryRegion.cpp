@@ -73,7 +73,7 @@ struct OmMemoryRegion::Chunk {
   OmMemoryRegion* owner;
   Chunk* next;  // the next span or lone block; null in the later chunks of a span
   Chunk* previous;
-  unsigned long size;  // of what came from the system with this chunk at its start
+  unsigned long size;  // of the span or, with this header, of the lone block
   unsigned char binOfPage[kPages];
 
   static Chunk* Of(void const* block) {
@@ -83,6 +83,13 @@ struct OmMemoryRegion::Chunk {
   unsigned int BinOf(void const* block) const {
     return binOfPage[(reinterpret_cast<std::uintptr_t>(block) & (kChunkSize - 1)) / kPageSize];
   }
+
+  /// What came from the system with this chunk at its start.
+  unsigned long Reserved() const { return IsAlone() ? ReservedAlone(size) : size; }
+
+  /// A lone block has at least its first chunk to itself: nothing else may lie in a chunk that the
+  /// map knows, whose header goes with the block.
+  static unsigned long ReservedAlone(unsigned long size) { return std::max(size, kChunkSize); }
 
   /// How much of it can hold the start of a block.
   unsigned long Mapped() const { return IsAlone() ? kChunkSize : size; }
@@ -103,7 +110,7 @@ OmMemoryRegion::~OmMemoryRegion() {
   for (Chunk* list : {spans_, alone_}) {
     while (list != nullptr) {
       Chunk* const next = list->next;
-      GiveBack(list, list->size, list->Mapped());
+      GiveBack(list, list->Reserved(), list->Mapped());
       list = next;
     }
   }
@@ -172,16 +179,18 @@ void* OmMemoryRegion::AllocateAlone(unsigned long size) {
     throw std::bad_alloc();
   }
   unsigned long const blockSize = RoundUp(size, kGrain);
-  void* const memory = Acquire(sizeof(Chunk) + blockSize, kChunkSize);
+  unsigned long const used = sizeof(Chunk) + blockSize;
+  unsigned long const reserved = Chunk::ReservedAlone(used);
+  void* const memory = Acquire(reserved, kChunkSize);
   auto const lock = Lock();
-  alone_ = ::new (memory) Chunk{this, alone_, nullptr, sizeof(Chunk) + blockSize, {kAlone}};
+  alone_ = ::new (memory) Chunk{this, alone_, nullptr, used, {kAlone}};
   if (alone_->next != nullptr) {
     alone_->next->previous = alone_;
   }
   bytesInUse_ += blockSize;
-  bytesReserved_ += alone_->size;
+  bytesReserved_ += reserved;
   void* const block = alone_ + 1;
-  poison::Forbid(block, blockSize);
+  poison::Forbid(block, reserved - sizeof(Chunk));
   poison::Permit(block, size);
   return block;
 }
@@ -221,9 +230,9 @@ void OmMemoryRegion::ReleaseAlone(Chunk* chunk) {
       chunk->next->previous = chunk->previous;
     }
     bytesInUse_ -= chunk->AloneSize();
-    bytesReserved_ -= chunk->size;
+    bytesReserved_ -= chunk->Reserved();
   }
-  GiveBack(chunk, chunk->size, chunk->Mapped());
+  GiveBack(chunk, chunk->Reserved(), chunk->Mapped());
 }
 
 OmMemoryRegion* OmMemoryRegion::OwnerOf(void const* block) {
@@ -231,13 +240,7 @@ OmMemoryRegion* OmMemoryRegion::OwnerOf(void const* block) {
 }
 
 OmMemoryRegion* OmMemoryRegion::Holder(void const* address) {
-  if (!chunk_map::Has(address)) {
-    return nullptr;
-  }
-  Chunk const* const chunk = Chunk::Of(address);
-  auto const* const start = reinterpret_cast<char const*>(chunk);
-  bool const after = chunk->IsAlone() && address >= start + chunk->size;
-  return after ? nullptr : chunk->owner;
+  return chunk_map::Has(address) ? Chunk::Of(address)->owner : nullptr;
 }
 
 OmMemoryRegion* OmMemoryRegion::DefaultHeap() {

@@ -14,6 +14,8 @@
 #include <utility>
 #include <vector>
 
+#include <cells/OmStringCell.h>
+
 #include "support/FailingNew.h"
 
 static_assert(!std::is_copy_constructible_v<OmMemoryRegion>);
@@ -89,9 +91,20 @@ TEST(Region, HoldsNothingAfterItsEnd) {
 }
 
 TEST_F(RegionTest, WhatFollowsABlockThatStandsAloneIsNotHeld) {
-  auto* const block = static_cast<char*>(region.Allocate(kChunk / 4 + 1));
-  EXPECT_EQ(OmMemoryRegion::Holder(block + kChunk / 4), &region);
-  EXPECT_EQ(OmMemoryRegion::Holder(block + kChunk / 4 + 16), nullptr);
+  auto const start = [](void const* block) {
+    return reinterpret_cast<std::uintptr_t>(block) / kChunk;
+  };
+  std::vector<std::unique_ptr<char[]>> foreign;
+  for (unsigned long const size : {kChunk / 4 + 1, kChunk / 2, kChunk - 4096, kChunk * 3 / 2}) {
+    auto* const block = static_cast<char*>(region.Allocate(size));
+    EXPECT_EQ(OmMemoryRegion::Holder(block), &region);
+    EXPECT_EQ(OmMemoryRegion::Holder(block + std::min(size, kChunk / 2)), &region);
+    for (unsigned long other = 16; other <= kChunk; other *= 2) {
+      foreign.push_back(std::make_unique<char[]>(other));
+      EXPECT_NE(start(foreign.back().get()), start(block)) << size << " before " << other;
+      EXPECT_EQ(OmMemoryRegion::Holder(foreign.back().get()), nullptr);
+    }
+  }
 }
 
 TEST_F(RegionTest, SizeZeroCountsAsOne) {
@@ -298,6 +311,28 @@ TEST(OmMemoryRegionDefaultHeap, ServesSeveralThreadsAtOnce) {
     thread.join();
   }
   EXPECT_EQ(OmMemoryRegion::DefaultHeap()->BytesInUse(), before);
+}
+
+TEST(Region, AThreadMayReleaseABlockThatStandsAloneWhileAnotherMakesCellsBesideIt) {
+  constexpr int kRounds = 2000;
+  std::thread other([] {
+    OmMemoryRegion region(false);
+    for (int i = 0; i < kRounds; ++i) {
+      OmMemoryRegion::Release(region.Allocate(kChunk / 4 + 1));
+    }
+  });
+  std::vector<std::unique_ptr<unsigned char[]>> memory;
+  for (int i = 0; i < kRounds; ++i) {
+    // Many sizes, so that some lie where the system takes the other thread's blocks from.
+    memory.resize(static_cast<std::size_t>(i % 16));
+    memory.push_back(
+        std::make_unique<unsigned char[]>(sizeof(OmStringCell) + kChunk / 16 * (i % 32UL)));
+    auto* const cell = ::new (static_cast<void*>(memory.back().get())) OmStringCell("a text");
+    EXPECT_EQ(cell->GetText(), "a text");
+    EXPECT_EQ(OmMemoryRegion::Holder(cell), nullptr);
+    cell->~OmStringCell();
+  }
+  other.join();
 }
 
 /// Random requests and releases against a plain map of the live blocks.

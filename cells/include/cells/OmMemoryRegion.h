@@ -11,8 +11,8 @@
 /// Blocks of up to a quarter of a chunk (16 KiB) carry no header of their own. A block costs its
 /// size rounded up to a multiple of 16 (up to 256 bytes) or to a quarter of a power of two (above);
 /// blocks of one size lie next to each other in the order of allocation. Released blocks are handed
-/// out again for requests of the same rounded size. Larger blocks stand alone and go back to the
-/// system as soon as they are released. Everything else goes back with the region, in time
+/// out again for requests of the same rounded size. Larger blocks stand alone, in at least a chunk of
+/// address space each, and go back to the system as soon as they are released. Everything else goes back with the region, in time
 /// proportional to the number of 64 KiB chunks.
 ///
 /// A record that derives from OmMemoryRegion is itself the arena of everything allocated for it.
