@@ -29,6 +29,8 @@ class OmPivotTable;
 /// it lives.
 ///
 /// Caveats:
+/// - Layers are numbered by `int`: those from 2^31 on exist, but no call can make them current.
+///   LastLayer() goes to layer 2^31 - 1 where there are more.
 /// - Layer places above 2^31 are cut to 32 bits by Fill() and the node queries, though not by
 ///   SwitchLayer().
 /// - restoreLayer() sets the number only; what the row and column headings see is unchanged.
@@ -61,7 +63,7 @@ class LAKRESVOS_EXPORT OmDisplayLayerHeading {
   /// is not a layer's gives false and changes nothing.
   bool SwitchLayer(int layer);
   bool NextLayer();  ///< SwitchLayer() to the following number
-  bool LastLayer();  ///< SwitchLayer() to the last layer
+  bool LastLayer();  ///< SwitchLayer() to the last layer, of those whose number is an `int`
 
   /// Makes the table's remembered layer (OmPivotTable::getLayerLoc()) the current number, whatever
   /// it is, and returns it. The current cell index keeps its values.
