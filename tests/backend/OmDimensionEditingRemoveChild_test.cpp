@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include <cells/OmStringCell.h>
+
 #include "OmDimensionEditingFixture.h"
 
 namespace {
@@ -294,6 +296,24 @@ TEST_F(OmDimensionRemoveChild, ComparesEachSiblingAndEachChildOnce) {
   Remove(group);
   EXPECT_LE(log.Of(SpyCell::Operation::Compare).size(), 2U * kCount + 2);
   EXPECT_EQ(root().NChildren(), 2U * kCount + 1);
+}
+
+TEST_F(OmDimensionRemoveChild, TakesTimeInProportionToTheNodes) {
+  // Between many siblings: making room for each child on its own takes minutes.
+  constexpr std::size_t kCount = 200000;
+  OmDimension dimension(OmDimensionNode(OmStringCell("root"), 0, true, nullptr), nullptr);
+  dimension.AddNewChild(dimension.Root(), OmStringCell("g"), ~0UL, true);
+  for (std::size_t i = 0; i < kCount; ++i) {
+    dimension.AddNewChild(dimension.Root(), OmStringCell("sibling"), i, false);
+  }
+  Node dissolved = dimension.Root()[0];
+  for (std::size_t i = 0; i < kCount; ++i) {
+    dimension.AddNewChild(dissolved, OmStringCell("child"), kCount + i, false);
+  }
+  dimension.removeChild(dissolved);
+  ASSERT_EQ(dimension.Root().NChildren(), 2 * kCount);
+  EXPECT_EQ(dimension.Root()[kCount - 1].Value().subscript, 2 * kCount - 1);
+  EXPECT_EQ(dimension.Root()[kCount].Value().subscript, 0U);
 }
 
 }  // namespace
