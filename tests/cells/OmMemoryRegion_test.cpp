@@ -1,6 +1,7 @@
 #include <cells/OmMemoryRegion.h>
 // This header comes first to show that it stands alone.
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <cstring>
 #include <gtest/gtest.h>
@@ -91,17 +92,19 @@ TEST(Region, HoldsNothingAfterItsEnd) {
 }
 
 TEST_F(RegionTest, WhatFollowsABlockThatStandsAloneIsNotHeld) {
-  auto const start = [](void const* block) {
+  auto const chunkOf = [](void const* block) {
     return reinterpret_cast<std::uintptr_t>(block) / kChunk;
   };
   std::vector<std::unique_ptr<char[]>> foreign;
   for (unsigned long const size : {kChunk / 4 + 1, kChunk / 2, kChunk - 4096, kChunk * 3 / 2}) {
+    unsigned long const reserved = region.BytesReserved();
     auto* const block = static_cast<char*>(region.Allocate(size));
+    EXPECT_GE(region.BytesReserved() - reserved, std::max(size, kChunk));
     EXPECT_EQ(OmMemoryRegion::Holder(block), &region);
-    EXPECT_EQ(OmMemoryRegion::Holder(block + std::min(size, kChunk / 2)), &region);
-    for (unsigned long other = 16; other <= kChunk; other *= 2) {
-      foreign.push_back(std::make_unique<char[]>(other));
-      EXPECT_NE(start(foreign.back().get()), start(block)) << size << " before " << other;
+    EXPECT_EQ(OmMemoryRegion::Holder(block + std::min(size, kChunk / 2) - 1), &region);
+    for (int i = 0; i < 256; ++i) {
+      foreign.push_back(std::make_unique<char[]>(1024));
+      EXPECT_NE(chunkOf(foreign.back().get()), chunkOf(block)) << size;
       EXPECT_EQ(OmMemoryRegion::Holder(foreign.back().get()), nullptr);
     }
   }
@@ -314,25 +317,27 @@ TEST(OmMemoryRegionDefaultHeap, ServesSeveralThreadsAtOnce) {
 }
 
 TEST(Region, AThreadMayReleaseABlockThatStandsAloneWhileAnotherMakesCellsBesideIt) {
-  constexpr int kRounds = 2000;
-  std::thread other([] {
+  for (unsigned long const size : {kChunk / 4 + 1, kChunk / 2, kChunk - 4096}) {
     OmMemoryRegion region(false);
-    for (int i = 0; i < kRounds; ++i) {
-      OmMemoryRegion::Release(region.Allocate(kChunk / 4 + 1));
+    void* const block = region.Allocate(size);
+    // Enough other memory to fill what the system has left beside the block.
+    std::vector<std::unique_ptr<char[]>> foreign;
+    for (int i = 0; i < 256; ++i) {
+      foreign.push_back(std::make_unique<char[]>(i % 16 == 0 ? kChunk + size : 1024));
     }
-  });
-  std::vector<std::unique_ptr<unsigned char[]>> memory;
-  for (int i = 0; i < kRounds; ++i) {
-    // Many sizes, so that some lie where the system takes the other thread's blocks from.
-    memory.resize(static_cast<std::size_t>(i % 16));
-    memory.push_back(
-        std::make_unique<unsigned char[]>(sizeof(OmStringCell) + kChunk / 16 * (i % 32UL)));
-    auto* const cell = ::new (static_cast<void*>(memory.back().get())) OmStringCell("a text");
-    EXPECT_EQ(cell->GetText(), "a text");
-    EXPECT_EQ(OmMemoryRegion::Holder(cell), nullptr);
-    cell->~OmStringCell();
+    std::thread owner([&] {
+      // Late, so that the cells are made before; that alone is no order between the threads.
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+      OmMemoryRegion::Release(block);
+    });
+    for (auto const& memory : foreign) {
+      auto* const cell = ::new (static_cast<void*>(memory.get())) OmStringCell("a text");
+      EXPECT_EQ(cell->GetText(), "a text");
+      EXPECT_EQ(OmMemoryRegion::Holder(cell), nullptr);
+      cell->~OmStringCell();
+    }
+    owner.join();
   }
-  other.join();
 }
 
 /// Random requests and releases against a plain map of the live blocks.
