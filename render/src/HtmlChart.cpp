@@ -15,7 +15,11 @@ namespace lakresvos::render {
 namespace {
 
 /// A name as a header cell; as a plain one when it names nothing.
-std::string NameCell(std::string const& attributes, char const* scope, std::string const& name) {
+std::string NameCell(std::string classes, char const* scope, std::string const& name) {
+  if (HasWideWord(name)) {
+    classes += classes.empty() ? "wide" : " wide";
+  }
+  std::string const attributes = classes.empty() ? "" : " class=\"" + classes + "\"";
   return IsBlank(name)
              ? "<td" + attributes + "></td>"
              : "<th" + attributes + " scope=\"" + scope + "\">" + HtmlText(name) + "</th>";
@@ -32,7 +36,7 @@ std::string DataTable(ChartNumbers const& data, std::string const& caption) {
   bool const named = std::any_of(data.series.begin(), data.series.end(),
                                  [](auto const& series) { return !IsBlank(series.name); });
   if (named || !IsBlank(data.categoryTitle)) {
-    html += "<thead><tr>" + NameCell(" class=\"corner h0 edge\"", "col", data.categoryTitle);
+    html += "<thead><tr>" + NameCell("corner h0 edge", "col", data.categoryTitle);
     for (ChartNumbers::Series const& series : data.series) {
       html += NameCell("", "col", series.name);
     }
@@ -40,7 +44,7 @@ std::string DataTable(ChartNumbers const& data, std::string const& caption) {
   }
   html += "<tbody>";
   for (std::size_t i = 0; i < data.categories.size(); ++i) {
-    html += "<tr>" + NameCell(" class=\"h0 edge\"", "row", data.categories[i]);
+    html += "<tr>" + NameCell("h0 edge", "row", data.categories[i]);
     for (ChartNumbers::Series const& series : data.series) {
       html += "<td class=\"n\">" + series.values[i] + "</td>";
     }

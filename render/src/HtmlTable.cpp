@@ -121,7 +121,7 @@ class HtmlTable {
     out_ << (reaches ? "</span>" : "") << (header ? "</th>" : "</td>");
   }
 
-  /// hN: the heading column, edge: the last one, foot: the end of the head, t: a total.
+  /// hN: the heading column, edge: the last one, foot: the end of the head, t: a total, wide: has a wide word.
   std::string ClassesOf(GridCell const& cell) const {
     std::string classes = cell.role == GridRole::Corner ? "corner " : "";
     if (cell.role != GridRole::ColumnHeading) {
@@ -134,6 +134,9 @@ class HtmlTable {
     }
     if (IsTotal(cell)) {
       classes += classes.empty() ? "t" : " t";
+    }
+    if (HasWideWord(TextOf(cell.label))) {
+      classes += classes.empty() ? "wide" : " wide";
     }
     return classes;
   }

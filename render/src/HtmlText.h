@@ -15,6 +15,9 @@ std::string HtmlText(std::string_view text);
 /// Whether a text shows nothing, so that it cannot name anything.
 bool IsBlank(std::string_view text);
 
+/// Whether a text has a word that is too long for a narrow column and too short to be broken.
+bool HasWideWord(std::string_view text);
+
 }  // namespace lakresvos::render
 
 #endif

@@ -90,6 +90,25 @@ function rightToLeftPage(args) {
   return makePage("right-to-left", ["--from", saved]);
 }
 
+// Labels of several words and long ordinary ones, in a table that is wider than a small window and
+// in one of notes that is not.
+function wordsPage() {
+  const questions = ["Satisfaction with public transportation",
+    "Telecommunications", "INTERNATIONALIZATION", "https://example.org/" + "a".repeat(40)];
+  const answers = ["Not at all satisfied with everything", "Satisfaction"];
+  const rows = ["q,a,Satisfaction,x"];
+  for (const question of questions) {
+    for (const answer of answers) {
+      for (const [c, column] of [...answers, "Responsibilities"].entries()) {
+        rows.push(`${question},${answer},${column},${c}`, `${question},${answer},${column},`);
+      }
+    }
+  }
+  const data = writeData("words.csv", rows.join("\n") + "\n");
+  return makePage("words", [data, "--table", "q * a ~ Satisfaction", "--statistics", "count,mean:x",
+    "--title", "Words"]);
+}
+
 // A chart that is wider than the window.
 function manyPage() {
   const rows = Array.from({ length: 150 }, (_, i) => `category number ${i},${i * 7 % 101}`);
@@ -101,7 +120,7 @@ export function makeLayoutPages() {
   mkdirSync(folder, { recursive: true });
   const survey = surveyArguments();
   return { survey: makePage("survey", survey), rightToLeft: rightToLeftPage(survey),
-    large: largePage(), many: manyPage() };
+    large: largePage(), many: manyPage(), words: wordsPage() };
 }
 
 export function makePages() {

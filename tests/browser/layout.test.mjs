@@ -7,7 +7,7 @@ import { makeLayoutPages } from "./documents.mjs";
 
 const axe = modules.resolve("axe-core");
 const pages = makeLayoutPages();
-const { survey, rightToLeft, large, many } = pages;
+const { survey, rightToLeft, large, many, words } = pages;
 
 // The second table of the survey has layers, the third one no further headings.
 const kLayered = "[data-name^='year']";
@@ -187,27 +187,44 @@ test("labels of wide and tall blocks stay in view while their block is", async (
   });
 });
 
-for (const width of [1200, 390]) {
-  test(`labels do not wrap to single words, long words do, at ${width} pixels`, async () => {
-    await open(survey, async (page) => {
-      const { scrolls, lines, wide } = await page.locator(".pivot-table").nth(1).evaluate((table) => {
-        const linesOf = (text) => {
-          const cell = [...table.querySelectorAll("th")].find((one) => one.textContent === text);
-          const range = window.document.createRange();
-          range.selectNodeContents(cell.querySelector(".stay") ?? cell);
-          return new Set([...range.getClientRects()].map(({ bottom }) => Math.round(bottom))).size;
-        };
-        return {
-          scrolls: table.clientWidth > table.parentElement.clientWidth,
-          lines: { column: linesOf("Region number 3"),
-            row: linesOf("Not at all satisfied with it") },
-          wide: [...table.querySelectorAll("th")].filter((cell) => cell.scrollWidth >
-            cell.clientWidth + 1).map((cell) => cell.textContent) };
-      });
-      assert.equal(scrolls, true);
-      assert.equal(lines.column, 1);
-      assert.ok(lines.row < 5, "a label of six words has " + lines.row + " lines");
-      assert.deepEqual(wide, []);
+// The lines of each label of a table, as the words and pieces of words that stand on them.
+const linesOfLabels = (page, table) => page.locator(".pivot-table").nth(table).evaluate((one) =>
+  [...one.querySelectorAll("th")].map((cell) => {
+    const lines = [];
+    const walker = window.document.createTreeWalker(cell, NodeFilter.SHOW_TEXT);
+    for (let node = walker.nextNode(); node !== null; node = walker.nextNode()) {
+      for (let i = 0; i < node.length; ++i) {
+        const range = window.document.createRange();
+        range.setStart(node, i);
+        range.setEnd(node, i + 1);
+        const at = Math.round(range.getBoundingClientRect().bottom);
+        if (lines.at(-1)?.at === at) {
+          lines.at(-1).text += node.data[i];
+        } else if (node.data[i].trim() !== "") {
+          lines.push({ at, text: node.data[i] });
+        }
+      }
+    }
+    return { label: cell.textContent, lines: lines.map(({ text }) => text.trim()),
+      cut: cell.scrollWidth > cell.clientWidth + 1 };
+  }));
+
+for (const width of [1400, 390]) {
+  test(`labels break between words and not after each, at ${width} pixels`, async () => {
+    await open(words, async (page) => {
+      const [notes, table] = [await linesOfLabels(page, 0), await linesOfLabels(page, 1)];
+      assert.ok(notes.some(({ label }) => label === "Satisfaction"));
+      assert.ok(table.some(({ label }) => label === "INTERNATIONALIZATION"));
+      for (const { label, lines, cut } of [...notes, ...table]) {
+        assert.equal(cut, false, label);
+        if (label.startsWith("https:")) {
+          assert.ok(lines.length > 1 && lines.length < 7, lines.join(" / "));
+        } else {
+          assert.equal(lines.join(" "), label, "an ordinary word is broken");
+          const most = Math.min(label.split(" ").length - 1, label.length / 12);
+          assert.ok(lines.length <= Math.max(1, most), lines.join(" / "));
+        }
+      }
       assert.ok(await page.evaluate(() =>
         window.document.documentElement.scrollWidth <= window.innerWidth), "the page scrolls");
     }, { viewport: { width, height: 800 } });

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
+#include <utility>
 
 #include <lakresvos/OmChart.h>
 #include <lakresvos/OmHeading.h>
@@ -85,6 +86,19 @@ TEST(HtmlText, MarkupIsEscaped) {
 
 TEST(HtmlText, BrokenTextIsReplaced) {
   EXPECT_EQ(HtmlText("a\xFF\x02z"), "a\xEF\xBF\xBD\xEF\xBF\xBDz");
+}
+
+TEST(HtmlText, WordsFromThirteenToTwentyFourCharactersAreWide) {
+  for (auto const& [length, wide] : {std::pair(12, false), {13, true}, {24, true}, {25, false}}) {
+    std::string word;
+    for (int i = 0; i < length; ++i) {
+      word += i % 2 == 0 ? "w" : "\xC3\xA4";
+    }
+    EXPECT_EQ(HasWideWord(word), wide) << length;
+    EXPECT_EQ(HasWideWord("so " + word + "\nand so on "), wide) << length;
+  }
+  EXPECT_FALSE(HasWideWord(""));
+  EXPECT_FALSE(HasWideWord("many words that are not"));
 }
 
 TEST(HtmlLanguage, TagOfALocale) {
