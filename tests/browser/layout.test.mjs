@@ -138,17 +138,32 @@ test("rules of neighbouring spanners leave a gap", async () => {
 
 test("totals look different from categories", async () => {
   await open(survey, async (page) => {
-    const weights = await page.locator(".pivot-table").nth(1).evaluate((table) => {
-      const weight = (cell) => Number(getComputedStyle(cell).fontWeight);
-      const last = table.rows[table.rows.length - 1];
-      const first = table.tBodies[0].rows[0];
-      return { total: weight(last.cells[last.cells.length - 3]),
-        label: weight(last.querySelector("th.t")), name: weight(first.querySelector("th.h1")),
-        inColumn: weight(first.cells[first.cells.length - 1]), number: weight(first.cells[2]) };
-    });
-    assert.ok(weights.total > weights.number);
-    assert.ok(weights.inColumn > weights.number);
-    assert.ok(weights.label > weights.name);
+    for (const media of ["screen", "print"]) {
+      await page.emulateMedia({ media });
+      const rows = await page.locator(".pivot-table").nth(1).evaluate((table) =>
+        [...table.querySelectorAll("tbody tr")].map((row) => {
+          const looks = [...row.cells].map((cell) => ({ style: getComputedStyle(cell), cell }));
+          const weights = (tag, wanted) => [...new Set(looks.filter(({ cell }) =>
+            cell.matches(tag) && wanted(cell)).map(({ style }) => Number(style.fontWeight)))];
+          return { total: [...row.cells].some((cell) => cell.matches("[class^=h].t")),
+            labels: [...row.cells].filter((cell) => cell.matches("th")).map((cell) =>
+              cell.textContent),
+            ruled: [...new Set(looks.map(({ style }) => style.borderTopWidth !== "0px"))],
+            headings: weights("th", (cell) => cell.rowSpan === 1),
+            numbers: weights("td", (cell) => !cell.matches(".t")),
+            inColumn: weights("td", (cell) => cell.matches(".t")) };
+        }));
+      const outer = rows.findIndex(({ labels }) => labels[0] === "Total" && labels.length > 1);
+      assert.ok(outer > 3 && rows.length === outer + 4);
+      for (const [i, { total, labels, ruled, headings, numbers, inColumn }] of rows.entries()) {
+        // A total starts and a group starts: a rule over the headings and the numbers.
+        assert.deepEqual(ruled, [total || (i > 0 && labels.length > 1)], labels.join());
+        const bold = total || i > outer;
+        assert.deepEqual(numbers, [bold ? 650 : 400], labels.join());
+        assert.deepEqual(headings, [bold ? 650 : 500], labels.join());
+        assert.deepEqual(inColumn, [650], labels.join());
+      }
+    }
   });
 });
 
