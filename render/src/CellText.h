@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include <cells/OmCellMetaData.h>
 #include <cells/OmCellText.h>
 #include <lakresvos/OmPivotTable.h>
 
@@ -13,6 +14,11 @@ namespace lakresvos::render {
 /// The text of a label; nothing for a null one.
 inline std::string TextOf(OmCellText const* label) {
   return label != nullptr ? label->GetText() : std::string();
+}
+
+/// Whether a label is that of a total.
+inline bool IsTotal(OmCellText const* label) {
+  return label != nullptr && label->hasMeta() && label->getMeta()->isTotal();
 }
 
 /// What a table is headed by: its title, or its label when it has none.

@@ -50,10 +50,6 @@ class HtmlTable {
 
   static bool IsHeader(GridCell const& cell) { return !IsBlank(TextOf(cell.label)); }
 
-  static bool IsTotal(GridCell const& cell) {
-    return cell.label != nullptr && cell.label->hasMeta() && cell.label->getMeta()->isTotal();
-  }
-
   std::string IdOf(GridCell const& cell) const {
     return prefix_ + "r" + std::to_string(cell.row) + "c" + std::to_string(cell.column);
   }
@@ -87,7 +83,7 @@ class HtmlTable {
       out_ << "<tr>";
       for (GridCell const& cell : frame_.Row(row)) {
         WriteHeading(cell, cell.columnSpan > 1 ? "colgroup" : "col");
-        for (int c = cell.column; IsTotal(cell) && c < cell.column + cell.columnSpan; ++c) {
+        for (int c = cell.column; IsTotal(cell.label) && c < cell.column + cell.columnSpan; ++c) {
           columnTotals_[static_cast<std::size_t>(c)] = true;
         }
         if (named_ && cell.role == GridRole::ColumnHeading && IsHeader(cell)) {
@@ -132,7 +128,7 @@ class HtmlTable {
     } else if (cell.rowSpan > 1 && cell.row + cell.rowSpan == grid_.HeadingRows()) {
       classes += "foot";
     }
-    if (IsTotal(cell)) {
+    if (IsTotal(cell.label)) {
       classes += classes.empty() ? "t" : " t";
     }
     if (HasWideWord(TextOf(cell.label))) {
@@ -177,7 +173,7 @@ class HtmlTable {
     for (GridCell const& cell : headings) {
       for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
         bool const first = c == cell.column;
-        rowTotals_[static_cast<std::size_t>(c)] = first && IsTotal(cell);
+        rowTotals_[static_cast<std::size_t>(c)] = first && IsTotal(cell.label);
         rowHeaders_[static_cast<std::size_t>(c)] =
             named_ && first && IsHeader(cell) ? " " + IdOf(cell) : "";
       }

@@ -1,11 +1,14 @@
 #include "XlsxGrid.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "AreaAlignment.h"
+#include "CellText.h"
 #include "CleanText.h"
 #include "NumberCell.h"
 
@@ -49,7 +52,8 @@ class XlsxGrid {
         notes_(notes),
         options_(options),
         top_(top),
-        above_(static_cast<std::size_t>(grid.Columns())) {
+        above_(static_cast<std::size_t>(grid.Columns())),
+        columnTotals_(static_cast<std::size_t>(grid.Columns())) {
     OmPivotTable const& table = grid.Table();
     XlsxStyle heading;
     heading.bold = true;
@@ -63,8 +67,10 @@ class XlsxGrid {
     corner_ = WithArea(corner, table, FormatArea::AreaCorner);
     columnLabels_ = WithArea(columnHeading, table, FormatArea::AreaColumnLabels);
     rowLabels_ = WithArea(heading, table, FormatArea::AreaRowLabels);
+    XlsxStyle total;
+    total.bold = true;
     data_ = WithArea(XlsxStyle(), table, FormatArea::AreaData);
-    alternate_ = WithAlternateColours(data_, table.getAreaFormat(FormatArea::AreaData));
+    totals_ = WithArea(total, table, FormatArea::AreaData);
   }
 
   int Write() {
@@ -83,12 +89,15 @@ class XlsxGrid {
   };
 
   void WriteRow(int row) {
-    groupStarts_ = StartsGroup(row);
+    ruleStart_ = RuleStart(row);
     for (GridCell const& cell : grid_.Frame(row)) {
       Above const above{&cell, WantsMerge(cell) && sheet_.Merge(top_ + row, cell.column,
                                                                 cell.rowSpan, cell.columnSpan)};
       for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
         above_[static_cast<std::size_t>(c)] = above;
+        if (cell.role == GridRole::ColumnHeading && IsTotal(cell.label)) {
+          columnTotals_[static_cast<std::size_t>(c)] = true;
+        }
       }
     }
     bool const heading = row < grid_.HeadingRows();
@@ -103,12 +112,40 @@ class XlsxGrid {
       return;
     }
     DisplayGrid::BodyRow cells = grid_.Body(row);
-    bool const even = (row - grid_.HeadingRows()) % 2 == 1;
-    XlsxStyle style = even ? alternate_ : data_;
-    style.groupRule = groupStarts_;
+    XlsxStyle const total = InRow(totals_, row);
+    XlsxStyle const plain = IsTotalRow() ? total : InRow(data_, row);
     for (int column = labels; column < grid_.Columns(); ++column) {
-      WriteCell(row, column, cells.Cell(column), style);
+      bool const inTotal = columnTotals_[static_cast<std::size_t>(column)];
+      WriteCell(row, column, cells.Cell(column), inTotal ? total : plain);
     }
+  }
+
+  /// A style of the data as it is in this row.
+  XlsxStyle InRow(XlsxStyle style, int row) const {
+    style.groupRule = ruleStart_ < grid_.Columns();
+    bool const alternate = (row - grid_.HeadingRows()) % 2 == 1;
+    return alternate ? WithAlternateColours(std::move(style),
+                                            grid_.Table().getAreaFormat(FormatArea::AreaData))
+                     : style;
+  }
+
+  /// Whether a heading of the present row is a total's.
+  bool IsTotalRow() const {
+    return std::any_of(above_.begin(), above_.begin() + grid_.HeadingColumns(),
+                       [](Above const& above) { return IsTotal(above.cell->label); });
+  }
+
+  /// The column where the rule above a row starts: of a group the first one, of a total that of its
+  /// heading; the number of columns when there is none.
+  int RuleStart(int row) const {
+    if (StartsGroup(row)) {
+      return 0;
+    }
+    GridCells const starting = grid_.Frame(row);
+    auto const total = std::find_if(starting.begin(), starting.end(), [](GridCell const& cell) {
+      return cell.role == GridRole::RowHeading && IsTotal(cell.label);
+    });
+    return total != starting.end() ? total->column : grid_.Columns();
   }
 
   /// Whether an outermost row heading starts that has several rows, or that follows such a one.
@@ -159,7 +196,7 @@ class XlsxGrid {
     Above const& above = above_[static_cast<std::size_t>(column)];
     GridCell const& cell = *above.cell;
     XlsxStyle style = StyleOf(cell);
-    style.groupRule = groupStarts_;
+    style.groupRule = column >= ruleStart_;
     bool const first = cell.row == row && cell.column == column;
     if (above.merged && !first) {
       sheet_.Blank(top_ + row, column, style);
@@ -203,13 +240,14 @@ class XlsxGrid {
   XlsxNotes& notes_;
   XlsxOptions const& options_;
   int top_;
-  std::vector<Above> above_;  // per column
-  bool groupStarts_ = false;  // in the present row
+  std::vector<Above> above_;        // per column
+  std::vector<bool> columnTotals_;  // per column, whether a heading above is a total's
+  int ruleStart_ = 0;               // the column where the rule above the present row starts
   XlsxStyle corner_;
   XlsxStyle columnLabels_;
   XlsxStyle rowLabels_;
   XlsxStyle data_;
-  XlsxStyle alternate_;
+  XlsxStyle totals_;
 };
 
 }  // namespace

@@ -9,8 +9,8 @@
 
 namespace lakresvos::render {
 
-/// Writes a grid into a sheet, with a rule above each outermost group of rows. Rows below the first
-/// one of a group are outlined.
+/// Writes a grid into a sheet, with a rule above each outermost group of rows and above each total,
+/// whose cells are bold. Rows below the first one of a group are outlined.
 /// @param top the sheet's row of the grid's first one.
 /// @return the row behind the last.
 int WriteXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, XlsxNotes& notes,

@@ -270,6 +270,29 @@ class Grouped(unittest.TestCase):
         self.assertFalse(self.sheet["C8"].font.bold)
 
 
+class Totals(unittest.TestCase):
+    """Rows 5 to 13 have the headings in A and B, the numbers in C to E; E, the last three rows and
+    every third one are totals."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.sheet = workbook("totals")["Totals"]
+
+    def test_have_a_rule_above_them_where_they_start(self):
+        ruled = {row: "".join(column for column in "ABCDE"
+                              if self.sheet[f"{column}{row}"].border.top.style == "thin")
+                 for row in range(5, 14)}
+        self.assertEqual(ruled, {5: "", 6: "", 7: "BCDE", 8: "ABCDE", 9: "", 10: "BCDE",
+                                 11: "ABCDE", 12: "", 13: "BCDE"})
+
+    def test_are_bold(self):
+        self.assertEqual([self.sheet["B13"].value, self.sheet["E4"].value], ["Total", "Total"])
+        bold = {row: "".join(column for column in "CDE" if self.sheet[f"{column}{row}"].font.bold)
+                for row in range(5, 14)}
+        self.assertEqual(bold, {row: "CDE" if row in (7, 10, 11, 12, 13) else "E"
+                                for row in range(5, 14)})
+
+
 class Layers(unittest.TestCase):
     def test_can_have_sheets_of_their_own(self):
         book = workbook("sheets")

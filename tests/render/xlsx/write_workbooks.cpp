@@ -222,6 +222,21 @@ void Grouped(Document& document) {
   AddGrouped(document, "Grouped");
 }
 
+/// The categories 1, 2 and their total of b within those of a; the same of c in the columns.
+void Totals(Document& document) {
+  Table& table = document.AddTable("Totals");
+  OmStringCellUTF8 total("Total");
+  OmCellMetaData meta;
+  meta.setTotal(true);
+  total.setMeta(&meta);
+  for (char const* name : {"a", "b", "c"}) {
+    OmDimension& dimension = AddCategories(table, name, {"1", "2"});
+    dimension.AddNewChild(dimension.Root(), total, 2, false);
+  }
+  table.Place({0, 1}, {2});
+  table.PutAll();
+}
+
 void Captions(Document& document) {
   OmStringCellUTF8 const caption("two\nlines");
   document.AddSmallTable("Two\nlines").Caption(&caption);
@@ -382,6 +397,7 @@ int main(int argc, char** argv) {
   write("rows_apart", Grouped, with(apartRows));
   write("columns_apart", Grouped, with(apartColumns));
   write("all_apart", Grouped, with(apartRows, apartColumns));
+  write("totals", Totals);
   write("captions", Captions);
   write("titles", Titles);
   write("names", Names);
