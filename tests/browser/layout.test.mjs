@@ -315,6 +315,38 @@ test("a chart of many categories scrolls at its own size", async () => {
   });
 });
 
+test("a printed chart keeps half its size and goes on below", async () => {
+  await open(many, async (page) => {
+    await page.evaluate(() => window.dispatchEvent(new Event("beforeprint")));
+    await page.emulateMedia({ media: "print" });
+    await page.setViewportSize({ width: 680, height: 950 });
+    const { natural, whole, strips } = await page.locator(".chart").evaluate((chart) => ({
+      natural: chart.querySelector("img").naturalWidth,
+      whole: getComputedStyle(chart.querySelector("img")).display,
+      strips: [...chart.querySelectorAll(".part")].map((part) => {
+        const [frame, image] = [part, part.firstChild].map((one) => one.getBoundingClientRect());
+        return { top: frame.top, bottom: frame.bottom, width: frame.width, right: frame.right,
+          height: frame.height - image.height, from: frame.left - image.left, size: image.width };
+      }) }));
+    assert.equal(whole, "none");
+    assert.ok(strips.length > 1);
+    for (const [i, { top, width, right, height, from, size }] of strips.entries()) {
+      assert.ok(size >= natural / 2, `${size} pixels are left of ${natural}`);
+      assert.ok(right <= 680 && Math.abs(height) < 8);
+      assert.ok(Math.abs(from - i * width) < 1 && Math.abs(size - strips.length * width) < 1,
+        "the strips are all of the picture");
+      assert.ok(i === 0 || top >= strips[i - 1].bottom);
+    }
+    await page.emulateMedia({ media: "screen" });
+    await page.evaluate(() => window.dispatchEvent(new Event("afterprint")));
+    assert.equal(await page.locator(".part, .divided").count(), 0);
+  });
+  await open(survey, async (page) => {
+    await page.evaluate(() => window.dispatchEvent(new Event("beforeprint")));
+    assert.equal(await page.locator(".chart .part").count(), 0);
+  });
+});
+
 for (const document of [large, survey, rightToLeft]) {
   test(`no column is lost in print: ${document.name}`, async () => {
     await open(document, async (page) => {

@@ -129,12 +129,34 @@ const divide = (table) => {
   }
   table.classList.add("divided");
 };
+// A picture that would become less than half as large goes on below, in strips as wide as the page.
+const kSmallestScale = .5;
+const cut = (image) => {
+  const strips = Math.ceil(image.naturalWidth * kSmallestScale / kPageWidth);
+  if (strips <= 1) {
+    return;
+  }
+  const parts = Array.from({ length: strips }, (_, i) => {
+    const part = document.createElement("div");
+    part.className = "part";
+    part.style.maxWidth = image.naturalWidth / strips + "px";
+    const picture = image.cloneNode();
+    picture.alt = i === 0 ? image.alt : "";
+    picture.style.width = 100 * strips + "%";
+    picture.style.marginLeft = -100 * i + "%";
+    part.append(picture);
+    return part;
+  });
+  image.after(...parts);
+  image.classList.add("divided");
+};
 addEventListener("beforeprint", () => {
   document.body.classList.add("printing");
   document.querySelectorAll(".scroll > .pivot-table").forEach(divide);
+  document.querySelectorAll(".chart .scroll > img").forEach(cut);
 });
 addEventListener("afterprint", () => {
-  document.querySelectorAll(".pivot-table.part").forEach((part) => part.remove());
+  document.querySelectorAll(".part").forEach((part) => part.remove());
   document.querySelectorAll(".divided").forEach((table) => table.classList.remove("divided"));
   document.body.classList.remove("printing");
 });
