@@ -116,11 +116,17 @@ function manyPage() {
   return makePage("many", [data, "--weight", "n", "--table", "c ~", "--chart", "--title", "Many"]);
 }
 
+// Tables that nobody gave a title.
+function severalPage() {
+  return makePage("several", ["data/titanic.csv", "--weight", "Freq", "--table", "Class ~ Survived",
+    "--table", "Sex ~ Survived"]);
+}
+
 export function makeLayoutPages() {
   mkdirSync(folder, { recursive: true });
   const survey = surveyArguments();
   return { survey: makePage("survey", survey), rightToLeft: rightToLeftPage(survey),
-    large: largePage(), many: manyPage(), words: wordsPage() };
+    large: largePage(), many: manyPage(), words: wordsPage(), several: severalPage() };
 }
 
 export function makePages() {

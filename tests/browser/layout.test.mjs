@@ -7,7 +7,7 @@ import { makeLayoutPages } from "./documents.mjs";
 
 const axe = modules.resolve("axe-core");
 const pages = makeLayoutPages();
-const { survey, rightToLeft, large, many, words } = pages;
+const { survey, rightToLeft, large, many, words, several } = pages;
 
 // The second table of the survey has layers, the third one no further headings.
 const kLayered = "[data-name^='year']";
@@ -113,6 +113,33 @@ test("what scrolls under the row headings has an edge", async () => {
     assert.equal(after.width, "1px");
     assert.notEqual(after.colour, before.colour);
     assert.equal(after.fades, true);
+  });
+});
+
+test("what scrolls under the row headings has an edge on a page that is read from the right", async () => {
+  await open(rightToLeft, async (page) => {
+    const scroll = page.locator(".scroll").nth(1);
+    await scroll.evaluate((box) => box.scrollTo(-137, 0));
+    await page.waitForSelector(".scroll.scrolled");
+    const seen = await scroll.evaluate((box) => {
+      const heading = box.querySelector("tbody th.edge");
+      const [style, fade] = [getComputedStyle(heading), getComputedStyle(heading, "::after")];
+      const { left, right, top, height } = heading.getBoundingClientRect();
+      const under = [...heading.parentElement.querySelectorAll("td")].filter((cell) =>
+        cell.getBoundingClientRect().right > left && cell.getBoundingClientRect().left < right);
+      return { widths: [style.borderLeftWidth, style.borderRightWidth],
+        colour: style.borderLeftColor, background: style.backgroundColor,
+        text: getComputedStyle(box).color,
+        covers: heading.contains(window.document.elementFromPoint((left + right) / 2,
+          top + height / 2)),
+        under: under.length, end: fade.right, gradient: fade.backgroundImage,
+        outside: parseFloat(fade.left) < 0 };
+    });
+    assert.deepEqual(seen.widths, ["1px", "0px"]);
+    assert.equal(seen.colour, seen.text);
+    assert.equal(seen.background, "rgb(255, 255, 255)");
+    assert.ok(seen.under > 0 && seen.covers, "cells go under the row headings");
+    assert.ok(seen.outside && seen.gradient.includes("to left"), JSON.stringify(seen));
   });
 });
 
@@ -294,6 +321,13 @@ test("title, notes and caption stay in view when a table scrolls", async () => {
 
 test("the page is named by its document", async () => {
   await open(survey, async (page) => assert.equal(await page.title(), "Survey"));
+  await open(several, async (page) => {
+    const titles = await page.locator(".title").allTextContents();
+    assert.equal(titles.length, 3);
+    assert.equal(titles[0], "Notes");
+    assert.notEqual(titles[1], titles[2]);
+    assert.equal(await page.title(), titles[1]);
+  });
 });
 
 test("outline entries of a table and its chart differ", async () => {

@@ -401,26 +401,39 @@ TEST(HtmlRenderer, FootnotesLinkBothWays) {
   EXPECT_EQ(Count(main, "doc-backlink"), 1u);
 }
 
-// Listing all notes below each layer made a page grow as layers times notes.
-TEST(HtmlRenderer, LayerListsTheNotesThatItUses) {
-  constexpr int kLayers = 1000;
+namespace {
+
+/// A page of a table with so many layers, each with a note of its own, and a note without a mark.
+std::string MainOfLayersWithNotes(int layers) {
   OmOutputTree document;
   Table& table = AddTable(document);
-  table.AddFlat("layer", kLayers);
+  table.AddFlat("layer", static_cast<unsigned int>(layers));
   AddCategories(table, "row", {"r"});
   table.Place({1}, {}, {0});
   AddFootnote(table, "unused");
-  for (int layer = 0; layer < kLayers; ++layer) {
+  for (int layer = 0; layer < layers; ++layer) {
     OmNumber one(1);
     table.Cell({layer, 0}, WithFootnotes(one, {AddFootnote(table, "note")}));
   }
-  std::string const main = Main(document);
+  return Main(document);
+}
+
+}  // namespace
+
+// Listing all notes below each layer made a page grow as layers times notes.
+TEST(HtmlRenderer, LayerListsTheNotesThatItUses) {
+  std::string const main = MainOfLayersWithNotes(1000);
   EXPECT_EQ(Count(main, "<li id=\"t1l"), 1000u);
   EXPECT_EQ(Count(Between(main, "id=\"t1l7t\"", "class=\"layer\""), "<li"), 1u);
   EXPECT_NE(main.find("<li id=\"t1l7n9\">"), std::string::npos);
   EXPECT_EQ(Count(main, "unused"), 1u);
   EXPECT_EQ(Count(main, "<ul class=\"notes\"><li id=\"part-1n1\"><sup>a</sup> unused</li></ul>"),
             1u);
+}
+
+TEST(HtmlRenderer, PageGrowsAsItsLayersAndNotesDo) {
+  EXPECT_LT(MainOfLayersWithNotes(1000).size(), 5'000'000u);
+  EXPECT_LT(MainOfLayersWithNotes(200).size(), MainOfLayersWithNotes(100).size() * 21 / 10);
 }
 
 TEST(HtmlRenderer, FirstLayerAloneListsNoNotesOfOthers) {
