@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "CleanText.h"
+#include "CodePoint.h"
 
 namespace lakresvos::render {
 
@@ -24,10 +25,19 @@ bool StartsAFormula(std::string_view text) {
   return false;
 }
 
-/// Whether a spreadsheet may take this for the end of a field, quoted or not: some split at other
-/// characters than commas, and then know nothing of the quotes.
-bool MayEndAField(char c) {
-  return std::string_view(",;|\t\n").find(c) != std::string_view::npos;
+/// The length of what a spreadsheet may take for the end of a field, quoted or not, at the start of
+/// the text: some split at other characters than commas, and then know nothing of the quotes.
+std::size_t FieldEnd(std::string_view text) {
+  // The last one stands where the line end U+0085 was.
+  for (std::string_view const end :
+       {std::string_view(","), std::string_view(";"), std::string_view("|"), std::string_view("\t"),
+        std::string_view("\n"), std::string_view("\u00A0"), std::string_view("\u2028"),
+        std::string_view("\u2029"), kReplacement}) {
+    if (text.starts_with(end)) {
+      return end.size();
+    }
+  }
+  return 0;
 }
 
 /// The text with an apostrophe wherever a formula would start.
@@ -35,10 +45,11 @@ std::string Guarded(std::string_view text) {
   bool const startsWithControl = !text.empty() && (text.front() == '\t' || text.front() == '\n');
   std::string guarded = startsWithControl || StartsAFormula(text) ? "'" : "";
   while (!text.empty()) {
-    char const c = text.front();
-    text.remove_prefix(1);
-    guarded += c;
-    if (MayEndAField(c) && StartsAFormula(text)) {
+    std::size_t const end = FieldEnd(text);
+    std::size_t const length = std::max<std::size_t>(end, 1);
+    guarded += text.substr(0, length);
+    text.remove_prefix(length);
+    if (end != 0 && StartsAFormula(text)) {
       guarded += '\'';
     }
   }

@@ -4,6 +4,7 @@
 #include <lakresvos/render/LayerGrids.h>
 
 #include "CellText.h"
+#include "CsvLabel.h"
 #include "CsvRecord.h"
 #include "LayerLine.h"
 #include "LongHeader.h"
@@ -23,7 +24,7 @@ void WriteCell(CsvRecord& record, OmCellText* cell) {
   } else if (NumberOf(*cell).has_value()) {
     record.Number(cell->GetText());
   } else {
-    record.Text(cell->GetText());
+    record.Add(CsvLabel(record, cell));
   }
 }
 
@@ -37,7 +38,7 @@ void WriteGrid(CsvRecord& record, DisplayGrid const& grid) {
   while (grid.Columns() > 0 && frame.Next()) {
     int const labels = frame.InHeading() ? grid.Columns() : grid.HeadingColumns();
     for (int column = 0; column < labels; ++column) {
-      record.Text(TextOf(frame.Label(column)));
+      record.Add(CsvLabel(record, frame.Label(column)));
     }
     if (!frame.InHeading()) {
       DisplayGrid::BodyRow row = grid.Body(frame.Row());

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "CellText.h"
+#include "CsvLabel.h"
 #include "LongHeader.h"
 #include "NumberCell.h"
 #include "NumberText.h"
@@ -93,7 +93,7 @@ class LongTable {
     for (std::size_t position = 0; position < dimension.Count(); ++position) {
       for (std::size_t level = 0; level < dimension.Levels(); ++level) {
         OmCellText const* const label = dimension.Label(position, level);
-        fields[position].levels.push_back(record_.Encoded(TextOf(label)));
+        fields[position].levels.push_back(CsvLabel(record_, label));
         AddFootnotes(label, fields[position].footnotes);
       }
     }
@@ -157,7 +157,7 @@ class LongTable {
       }
       record_.Number(value_);
     } else if (cell != nullptr) {
-      record_.Text(cell->GetText());
+      record_.Add(CsvLabel(record_, cell));
     } else {
       record_.Empty();
     }

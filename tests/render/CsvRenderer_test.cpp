@@ -246,6 +246,50 @@ TEST(CsvRenderer, ValuesKeepTheirKind) {
   EXPECT_EQ(Written(table, options), "d,value\r\na,0.1\r\nb,\r\nc,'-x\r\nd,two\r\ne,-3\r\n");
 }
 
+TEST(CsvRenderer, NumericCategoriesAreNumbersAndNeverMarked) {
+  struct Case {
+    double value;
+    char const* label;
+    char const* field;
+  };
+  for (Case const& one : {Case{-5, "-5", "-5"},
+                          {-5, "", "-5"},
+                          {5, "+5.0", "+5.0"},
+                          {-1e300, "-1e+300", "-1e+300"},
+                          {-5, "-five", "'-five"},
+                          {-5, "-5+A1", "'-5+A1"},
+                          {-5, "--5", "'--5"},
+                          {-5, "-", "'-"},
+                          {-5, "=5", "'=5"}}) {
+    Table table;
+    OmDimension& dimension = table.Add("d");
+    dimension.AddNewChild(dimension.Root(), OmNumDataValue(one.value, one.label), 0, false);
+    dimension.AddNewChild(dimension.Root(), OmStringDataValue("-5", ""), 1, false);
+    table.Place({0}, {});
+    table.Cell({0}, OmNumDataValue(one.value, one.label));
+    table.Cell({1}, OmNumber(1));
+    for (CsvOptions options : {CsvOptions(), Display()}) {
+      options.safe = true;
+      std::string const field = one.field;
+      std::string const records = field + ',' + field + "\r\n'-5,1\r\n";
+      EXPECT_TRUE(Written(table, options).ends_with("\r\n" + records)) << Written(table, options);
+    }
+  }
+}
+
+TEST(CsvRenderer, FormulasAreMarkedAfterEverySeparator) {
+  for (std::string const end :
+       {",", ";", "|", "\t", "\n", "\u00A0", "\u2028", "\u2029", "\u0085"}) {
+    for (char const* sign : {"=", "+", "-", "@", "\uFF1D"}) {
+      std::string const field = Field("a" + end + sign + "1", true);
+      EXPECT_NE(field.find(std::string("'") + sign + "1"), std::string::npos) << field;
+    }
+    std::string const field = Field("a" + end + "1", true);
+    EXPECT_EQ(field.find('\''), std::string::npos) << field;
+  }
+  EXPECT_EQ(Field("\u00A0=1", true), "\u00A0'=1\r\n");
+}
+
 TEST(CsvRenderer, FootnotesHaveAColumn) {
   Table table;
   AddCategories(table, "d", {"a", "b"});
