@@ -11,6 +11,14 @@ using namespace lakresvos::report;
 
 namespace {
 
+constexpr char const* kWithValue[] = {
+    "--table", "--weight",    "--statistics",  "--title",     "--caption", "--group",
+    "--text",  "--style",     "--from",        "--format",    "-o",        "--layers",
+    "--width", "--csv-shape", "--xlsx-layers", "--xlsx-merge"};
+constexpr char const* kFlags[] = {"--totals",      "--chart", "--strict",
+                                  "--keep-empty",  "--ascii", "--csv-safe",
+                                  "--json-layout", "--help",  "--version"};
+
 struct Parsed {
   std::optional<Options> options;
   std::string printed;
@@ -89,6 +97,8 @@ TEST(Options, TakeTitlesThatLookLikeOptionsOrLists) {
           .options.value();
   EXPECT_EQ(options.tables[0].title, "--b");
   EXPECT_EQ(options.tables[1].title, "[1,2]");
+  EXPECT_EQ(Parse({"a.csv", "--table", "a~", "--title", "--weight="}).options->tables[0].title,
+            "--weight=");
 }
 
 TEST(Options, TakeChartsStyleAndGroups) {
@@ -135,16 +145,87 @@ TEST(OptionErrors, NoDataFile) {
 }
 
 TEST(OptionErrors, EmptyValue) {
-  EXPECT_EQ(ErrorIn({""}), "DATA: the value is empty");
-  for (char const* option : {"--table", "--weight", "--statistics", "--title", "--caption",
-                             "--group", "--text", "--style", "-o"}) {
-    EXPECT_EQ(ErrorIn({"a.csv", "--table", "a ~", option, ""}),
-              std::string(option) + ": the value is empty");
-    EXPECT_EQ(ErrorIn({"a.csv", option, "", "--table", "a ~"}),
-              std::string(option) + ": the value is empty");
+  EXPECT_EQ(ErrorIn({""}), "DATA needs a value");
+  for (std::string const option : kWithValue) {
+    std::string const error = option + " needs a value";
+    EXPECT_EQ(ErrorIn({"a.csv", "--table", "a ~", option.c_str(), ""}), error);
+    EXPECT_EQ(ErrorIn({"a.csv", option.c_str(), "", "--table", "a ~"}), error);
+    EXPECT_EQ(ErrorIn({"a.csv", option.c_str()}), error);
+    if (option.starts_with("--")) {
+      EXPECT_EQ(ErrorIn({"a.csv", (option + "=").c_str()}), error);
+      EXPECT_EQ(ErrorIn({(option + "=").c_str(), "a.csv"}), error);
+    }
   }
-  EXPECT_EQ(ErrorIn({"--from", ""}), "--from: the value is empty");
-  EXPECT_NE(ErrorIn({"a.csv", "--weight="}), "none");
+}
+
+TEST(OptionErrors, FlagWithAValue) {
+  for (std::string const flag : kFlags) {
+    for (char const* value : {"=", "=1", "=true", "=maybe"}) {
+      EXPECT_EQ(ErrorIn({"a.csv", (flag + value).c_str()}), flag + " takes no value");
+    }
+  }
+}
+
+TEST(OptionErrors, OptionGivenTwice) {
+  for (char const* option : {"--weight", "--statistics", "--style", "-o", "--from"}) {
+    EXPECT_EQ(ErrorIn({"a.csv", option, "a", option, "b"}),
+              std::string(option) + " is given more than once");
+  }
+  EXPECT_EQ(ErrorIn({"a.csv", "--width", "80", "--width", "80"}),
+            "--width is given more than once");
+  EXPECT_EQ(ErrorIn({"a.csv", "--format", "text", "--format", "csv"}),
+            "--format is given more than once");
+}
+
+TEST(OptionErrors, DataBesideASavedDocument) {
+  EXPECT_EQ(ErrorIn({"--from", "a.json", "a.csv"}), "DATA cannot be used with --from");
+  EXPECT_EQ(ErrorIn({"--from", "a.json", "--totals"}), "--totals cannot be used with --from");
+  EXPECT_EQ(ErrorIn({"--title", "T", "--from", "a.json"}), "--title cannot be used with --from");
+}
+
+TEST(OptionErrors, AreNeverInTheWordsOfTheParser) {
+  std::vector<std::string> arguments{"a.csv", "b.csv", "--nope", "-n",  "--nope=1",
+                                     "--no=", "-",     "--",     "-on", "-5"};
+  for (std::string const option : kWithValue) {
+    for (char const* value : {"", "=", "=x", "=1e9", "=99999999999999999999", "=[1,2]", "= "}) {
+      arguments.push_back(option + value);
+    }
+  }
+  for (std::string const flag : kFlags) {
+    for (char const* value : {"", "=", "=x", "=-1", "=false", "={}"}) {
+      arguments.push_back(flag + value);
+    }
+  }
+  for (std::string const& first : arguments) {
+    for (std::string const& second :
+         {std::string("a.csv"), std::string("--from=x"), std::string("--nope"), first}) {
+      std::string const error = ErrorIn({first.c_str(), second.c_str()});
+      for (char const* words : {"required",
+                                "expected:",
+                                "expected exactly",
+                                "not expected",
+                                "excludes",
+                                "requires",
+                                "not in",
+                                "in range",
+                                "Could not",
+                                "convert",
+                                "allowed",
+                                "override",
+                                "missing",
+                                "Expected",
+                                "The ",
+                                "At Most",
+                                "At least",
+                                "TEXT",
+                                "INI",
+                                "cannot be understood"}) {
+        bool const isOwn = error == "DATA is required";
+        EXPECT_TRUE(isOwn || error.find(words) == std::string::npos)
+            << first << ' ' << second << ": " << error;
+      }
+    }
+  }
 }
 
 TEST(OptionErrors, OptionWithoutEffect) {
@@ -157,16 +238,19 @@ TEST(OptionErrors, OptionWithoutEffect) {
 }
 
 TEST(OptionErrors, TwoDataFiles) {
-  EXPECT_EQ(ErrorIn({"a.csv", "b.csv"}), "The following argument was not expected: b.csv");
+  EXPECT_EQ(ErrorIn({"a.csv", "b.csv"}), "unexpected argument 'b.csv'");
+  EXPECT_EQ(ErrorIn({"a.csv", "--", "--b"}), "unexpected argument '--b'");
 }
 
 TEST(OptionErrors, UnknownOption) {
-  EXPECT_EQ(ErrorIn({"a.csv", "--tabel"}), "The following argument was not expected: --tabel");
+  EXPECT_EQ(ErrorIn({"a.csv", "--tabel"}), "unknown option '--tabel'");
+  EXPECT_EQ(ErrorIn({"a.csv", "--tabel=a~"}), "unknown option '--tabel'");
+  EXPECT_EQ(ErrorIn({"a.csv", "-x"}), "unknown option '-x'");
 }
 
 TEST(OptionErrors, UnknownFormat) {
   EXPECT_EQ(ErrorIn({"a.csv", "--format", "tex"}),
-            "--format: tex not in {text,html,markdown,csv,json,xlsx}");
+            "--format: expected one of text, html, markdown, csv, json, xlsx, not 'tex'");
 }
 
 TEST(Options, MayBeStrict) {
@@ -177,7 +261,8 @@ TEST(Options, ReadEveryFormat) {
   EXPECT_EQ(Parse({"a.csv", "--format", "text"}).options->format, OutputFormat::Text);
   EXPECT_EQ(Parse({"a.csv", "--format", "html"}).options->format, OutputFormat::Html);
   EXPECT_EQ(Parse({"a.csv", "--format", "markdown"}).options->format, OutputFormat::Markdown);
-  EXPECT_EQ(Parse({"a.csv", "--format", "csv"}).options->format, OutputFormat::Csv);
+  EXPECT_EQ(Parse({"a.csv", "--table", "a ~", "--format", "csv"}).options->format,
+            OutputFormat::Csv);
   EXPECT_EQ(Parse({"a.csv", "--format", "json"}).options->format, OutputFormat::Json);
   EXPECT_EQ(Parse({"a.csv", "--format", "xlsx"}).options->format, OutputFormat::Xlsx);
 }
@@ -188,17 +273,21 @@ TEST(Options, ReadTheWidthOfText) {
 }
 
 TEST(OptionErrors, WidthThatCannotBe) {
-  EXPECT_EQ(ErrorIn({"a.csv", "--width", "19"}), "--width: Value 19 not in range 20 to 1000000");
-  EXPECT_NE(ErrorIn({"a.csv", "--width", ""}), "");
-  EXPECT_NE(ErrorIn({"a.csv", "--width", "wide"}), "");
+  for (std::string const width : {"19", "1000001", "wide", "80x", "80.5", "99999999999", "-80"}) {
+    EXPECT_EQ(ErrorIn({"a.csv", ("--width=" + width).c_str()}),
+              "--width: expected a whole number from 20 to 1000000, not '" + width + "'");
+  }
   EXPECT_EQ(ErrorIn({"a.csv", "--width", "80", "--format", "csv"}),
             "--width has no effect without --format text");
 }
 
 TEST(Options, ReadTheShapeOfCsv) {
   EXPECT_FALSE(Parse({"a.csv"}).options->csvDisplay);
-  EXPECT_TRUE(Parse({"a.csv", "--format", "csv", "--csv-shape", "display"}).options->csvDisplay);
-  EXPECT_TRUE(Parse({"a.csv", "--format", "csv", "--csv-safe"}).options->csvSafe);
+  std::vector<char const*> arguments{"a.csv", "--table", "a ~", "--format", "csv"};
+  arguments.insert(arguments.end(), {"--csv-shape", "display", "--csv-safe"});
+  Options const options = Parse(arguments).options.value();
+  EXPECT_TRUE(options.csvDisplay);
+  EXPECT_TRUE(options.csvSafe);
 }
 
 TEST(Options, ReadTheLayersAndTheMergingOfWorkbooks) {
@@ -215,7 +304,8 @@ TEST(Options, ReadTheLayersAndTheMergingOfWorkbooks) {
 }
 
 TEST(OptionErrors, UnknownLayers) {
-  EXPECT_EQ(ErrorIn({"a.csv", "--layers", "last"}), "--layers: last not in {all,first}");
+  EXPECT_EQ(ErrorIn({"a.csv", "--layers", "last"}),
+            "--layers: expected one of all, first, not 'last'");
 }
 
 TEST(OptionErrors, MalformedFormula) {

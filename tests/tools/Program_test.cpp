@@ -450,8 +450,8 @@ TEST(ProgramErrors, ColumnOfTextsInNoTable) {
 }
 
 TEST(ProgramErrors, EmptyValue) {
-  EXPECT_EQ(Complaint("a\nx\n", {"--weight", ""}), "--weight: the value is empty");
-  EXPECT_EQ(Complaint("a\nx\n", {"--style", ""}), "--style: the value is empty");
+  EXPECT_EQ(Complaint("a\nx\n", {"--weight", ""}), "--weight needs a value");
+  EXPECT_EQ(Complaint("a\nx\n", {"--style", ""}), "--style needs a value");
 }
 
 TEST(ProgramErrors, OptionWithoutEffect) {
@@ -460,8 +460,7 @@ TEST(ProgramErrors, OptionWithoutEffect) {
 }
 
 TEST(ProgramErrors, UnknownOption) {
-  EXPECT_EQ(Complaint("a\n1\n", {"--frobnicate"}),
-            "The following argument was not expected: --frobnicate");
+  EXPECT_EQ(Complaint("a\n1\n", {"--frobnicate"}), "unknown option '--frobnicate'");
 }
 
 TEST(ProgramErrors, OutputThatCannotBeWritten) {
@@ -607,8 +606,7 @@ TEST(ProgramMemory, GrowsWithTheDimensionsAndNotWithTheirSquare) {
     formula += (i > 0 ? "*" : "") + name;
   }
   std::string const file = directory.Write("a.csv", names + "\n" + values + "\n");
-  ReportRun const run =
-      RunReport({file, "--table", formula + "~", "--title", "T", "--format", "csv"});
+  ReportRun const run = RunReport({file, "--table", formula + "~", "--format", "csv"});
   EXPECT_EQ(run.err, "");
   EXPECT_TRUE(run.out.starts_with(names));
   EXPECT_NE(run.out.find("\n" + values + ",1"), std::string::npos);
@@ -693,9 +691,6 @@ TEST(Program, TakesNoDataBesideASavedDocument) {
     ReportRun const run = RunReport(arguments);
     EXPECT_EQ(run.exitCode, 2);
     std::string const option = more.front() == "data.csv" ? "DATA" : more.front();
-    // Whichever of the two is declared first complains of the other.
-    EXPECT_NE(run.err.find(" excludes "), std::string::npos) << run.err;
-    EXPECT_NE(run.err.find("--from"), std::string::npos) << run.err;
-    EXPECT_NE(run.err.find(option), std::string::npos) << run.err;
+    EXPECT_EQ(run.err, "lakresvos-report: " + option + " cannot be used with --from\n");
   }
 }

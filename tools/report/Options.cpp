@@ -9,6 +9,7 @@
 #include <lakresvos/lakresvos.h>
 
 #include "OptionEffects.h"
+#include "OptionErrors.h"
 #include "Quoting.h"
 #include "ReportError.h"
 
@@ -117,40 +118,30 @@ void Declare(CLI::App& app, Options& options, Texts& texts) {
     from->excludes(option);
   }
   app.add_option("--format", texts.format, "what to write (default: text)")
-      ->check(CLI::IsMember(FormatNames()));
+      ->check(OneOf(FormatNames()));
   app.add_option("-o", options.outputFile, "where to write (default: standard output)")
       ->type_name("FILE");
   app.add_option("--layers", texts.layers, "which layers to show (default: all)")
-      ->check(CLI::IsMember({"all", "first"}));
+      ->check(OneOf({"all", "first"}));
   app.add_flag("--keep-empty", options.keepEmpty,
                "show rows, columns and layers without a cell too");
   app.add_flag("--ascii", options.ascii, "draw with plain characters");
   app.add_option("--width", options.width,
                  "where lines of text end (default: as wide as the terminal, else 100)")
       ->type_name("N")
-      ->check(CLI::Range(20, 1000000));
+      ->check(WholeNumber(20, 1000000));
   app.add_option("--csv-shape", texts.csvShape,
                  "a record for each cell, or for each row as it is shown (default: long)")
-      ->check(CLI::IsMember({"long", "display"}));
+      ->check(OneOf({"long", "display"}));
   app.add_flag("--csv-safe", options.csvSafe,
                "put ' before texts in CSV that spreadsheets would run");
   app.add_flag("--json-layout", options.jsonLayout, "add what each table shows to JSON");
   app.add_option("--xlsx-layers", texts.xlsxLayers,
                  "layers below one another, or each on a sheet (default: blocks)")
-      ->check(CLI::IsMember({"blocks", "sheets"}));
+      ->check(OneOf({"blocks", "sheets"}));
   app.add_option("--xlsx-merge", texts.xlsxMerge,
                  "which headings are merged cells, not repeated ones (default: both)")
-      ->check(CLI::IsMember({"both", "rows", "columns", "none"}));
-}
-
-/// @throws ReportError for an option with an empty value, which no option has a use for.
-void RefuseEmptyValues(CLI::App const& app) {
-  for (CLI::Option const* const option : app.get_options()) {
-    std::vector<std::string> const& values = option->results();
-    if (std::find(values.begin(), values.end(), "") != values.end()) {
-      throw ReportError(option->get_name() + ": the value is empty");
-    }
-  }
+      ->check(OneOf({"both", "rows", "columns", "none"}));
 }
 
 /// Gives each table its own of the texts that `option` was used for.
@@ -174,13 +165,14 @@ std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::
   CLI::App app(kDescription, "lakresvos-report");
   app.footer(kFooter);
   Declare(app, options, texts);
+  CheckAssignments(app, argc, argv);
   try {
     app.parse(argc, argv);
   } catch (CLI::Success const& success) {
     app.exit(success, out, out);
     return std::nullopt;
   } catch (CLI::ParseError const& error) {
-    throw ReportError(error.what());
+    Refuse(app, error);
   }
   RefuseEmptyValues(app);
   if (options.dataFile.empty() && options.documentFile.empty()) {
