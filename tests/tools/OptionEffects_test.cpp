@@ -107,11 +107,30 @@ TEST(OptionEffects, SavedDocumentMayHoldAnything) {
   }
 }
 
-TEST(OptionEffects, DocumentIsTheSameInEveryFormat) {
+TEST(OptionEffects, CsvHasNoPlaceForWhatIsAroundTables) {
   using enum OutputFormat;
   for (OutputFormat const format : {Text, Html, Markdown, Csv, Json, Xlsx}) {
-    for (char const* option : {"--chart", "--style", "--title", "--caption", "--totals"}) {
-      EXPECT_EQ(ErrorIn(Tabulating({"a ~ b"}, format), option), "none");
+    for (std::string const option : {"--chart", "--style", "--caption"}) {
+      EXPECT_EQ(ErrorIn(Tabulating({"a ~ b"}, format), option),
+                format == Csv ? option + " has no effect with --format csv" : "none");
     }
+    EXPECT_EQ(ErrorIn(Tabulating({"a ~ b"}, format), "--totals"), "none");
   }
+}
+
+TEST(OptionEffects, CsvNamesTablesWhereThereAreSeveral) {
+  EXPECT_EQ(ErrorIn(Tabulating({"a ~ b"}, OutputFormat::Csv), "--title"),
+            "--title has no effect with --format csv and one table");
+  EXPECT_EQ(ErrorIn(Tabulating({"a ~ b", "~ b"}, OutputFormat::Csv), "--title"), "none");
+  EXPECT_EQ(ErrorIn(Tabulating({"a ~ b"}, OutputFormat::Markdown), "--title"), "none");
+}
+
+TEST(OptionEffects, CsvNeedsATable) {
+  EXPECT_EQ(ErrorIn(Tabulating({}, OutputFormat::Csv), ""),
+            "--format csv writes nothing without --table");
+  EXPECT_EQ(ErrorIn(Tabulating({"~"}, OutputFormat::Csv), ""), "none");
+  EXPECT_EQ(ErrorIn(Tabulating({}, OutputFormat::Markdown), ""), "none");
+  Options saved = Tabulating({}, OutputFormat::Csv);
+  saved.documentFile = "a.json";
+  EXPECT_EQ(ErrorIn(saved, ""), "none");
 }

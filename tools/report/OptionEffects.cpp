@@ -15,6 +15,11 @@ bool Writes(Options const& options) {
   return options.format == format;
 }
 
+template <OutputFormat format>
+bool WritesAnother(Options const& options) {
+  return options.format != format;
+}
+
 bool LaysOut(Options const& options) {
   return options.format != OutputFormat::Json || options.jsonLayout;
 }
@@ -33,6 +38,11 @@ bool HasTable(Options const& options, Fits fits) {
 
 bool HasAnyTable(Options const& options) {
   return HasTable(options, [](Formula const&) { return true; });
+}
+
+/// In CSV a table is named only where there are others.
+bool ShowsTitles(Options const& options) {
+  return options.format != OutputFormat::Csv || options.tables.size() > 1;
 }
 
 bool HasLayers(Options const& options) {
@@ -71,6 +81,10 @@ constexpr std::array kEffects = {
     Effect{"--keep-empty", HasAnyTable, "without --table"},
     Effect{"--statistics", HasAnyTable, "without --table"},
     Effect{"--totals", HasRowsOrColumns, "without a table that has rows or columns"},
+    Effect{"--title", ShowsTitles, "with --format csv and one table"},
+    Effect{"--caption", WritesAnother<OutputFormat::Csv>, "with --format csv"},
+    Effect{"--style", WritesAnother<OutputFormat::Csv>, "with --format csv"},
+    Effect{"--chart", WritesAnother<OutputFormat::Csv>, "with --format csv"},
     Effect{"--chart", HasChart, "without a table that has one or two dimensions and no layers"},
 };
 
@@ -81,6 +95,9 @@ void CheckEffects(Options const& options, std::function<bool(char const*)> const
     if (isGiven(effect.option) && !effect.isThere(options)) {
       throw ReportError(std::string(effect.option) + " has no effect " + effect.otherwise);
     }
+  }
+  if (options.format == OutputFormat::Csv && !HasAnyTable(options)) {
+    throw ReportError("--format csv writes nothing without --table");
   }
 }
 
