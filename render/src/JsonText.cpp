@@ -60,19 +60,20 @@ class ValueBuilder : public nlohmann::json_sax<nlohmann::json> {
     auto const column = std::count_if(before.begin(), before.end(), [](char c) {
       return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;  // the first byte of a character
     });
-    throw JsonError(std::to_string(line) + ":" + std::to_string(column + 1), Reason(error));
+    throw JsonError(std::to_string(line) + ":" + std::to_string(column + 1),
+                    Reason(position, error));
   }
 
  private:
-  /// What the parser has against the text, without its own idea of the place and without what it
-  /// read, which may be long.
-  static std::string Reason(nlohmann::detail::exception const& error) {
-    std::string_view what = error.what();
+  /// What is wrong with the text, in few words.
+  std::string Reason(std::size_t position, nlohmann::detail::exception const& error) const {
     if (dynamic_cast<nlohmann::detail::out_of_range const*>(&error) != nullptr) {
       return "the number is too large";
     }
-    what.remove_prefix(std::min(what.find(" - ") + 3, what.size()));
-    return "this is not JSON: " + std::string(what.substr(0, what.find("; last read")));
+    if (std::string_view(error.what()).find("UTF-8") != std::string_view::npos) {
+      return "bytes that are not UTF-8";
+    }
+    return position > text_.size() ? "this is not JSON: it ends too early" : "this is not JSON";
   }
 
   template <class Value>

@@ -61,16 +61,31 @@ std::string SmallDocument() {
 // What is not JSON
 
 TEST(JsonReader, TellsLineAndColumnOfWhatIsNotJson) {
-  EXPECT_EQ(ErrorOf("{\n  \"\xC3\xBC\" 1}"),
-            "2:7: this is not JSON: unexpected number literal; expected ':'");
+  EXPECT_EQ(ErrorOf("{\n  \"\xC3\xBC\" 1}"), "2:7: this is not JSON");
 }
 
 TEST(JsonReader, RefusesTheEmptyText) {
-  EXPECT_EQ(ErrorOf("").substr(0, 4), "1:1:");
+  EXPECT_EQ(ErrorOf(""), "1:1: this is not JSON: it ends too early");
 }
 
 TEST(JsonReader, RefusesWhatFollowsTheDocument) {
-  EXPECT_EQ(ErrorOf(Document("") + "\n]").substr(0, 4), "2:1:");
+  EXPECT_EQ(ErrorOf(Document("") + "\n]"), "2:1: this is not JSON");
+}
+
+TEST(JsonReader, TellsWhatIsNotJsonInItsOwnWords) {
+  std::string const text = SmallDocument();
+  for (std::size_t at = 0; at < text.size(); at += 3) {
+    for (char const c : {'"', '9', '{', ']', ',', '\xFF', '\0', 'a', '-', '\\', '\n'}) {
+      std::string changed = text;
+      changed[at] = c;
+      for (std::string const& damaged : {changed, changed.substr(0, at + 1)}) {
+        std::string const error = ErrorOf(damaged);
+        for (char const* words : {"expected", "literal", "invalid", "exception", "ill-formed"}) {
+          ASSERT_EQ(error.find(words), std::string::npos) << error;
+        }
+      }
+    }
+  }
 }
 
 TEST(JsonReader, RefusesATextThatBreaksOffAnywhere) {
@@ -115,7 +130,7 @@ TEST(JsonReader, RefusesAFieldThatComesTwice) {
 }
 
 TEST(JsonReader, RefusesBytesThatAreNotUtf8) {
-  EXPECT_EQ(ErrorOf(TextBlock("{\"text\":\"\xFF\"}")).substr(0, 5), "1:105");
+  EXPECT_EQ(ErrorOf(TextBlock("{\"text\":\"\xFF\"}")), "1:105: bytes that are not UTF-8");
 }
 
 TEST(JsonReader, RefusesAnObjectWithMoreFieldsThanAnyHas) {

@@ -665,7 +665,10 @@ TEST(Program, WillNotReplaceTheSavedDocument) {
 TEST(Program, TellsWhatIsWrongWithASavedDocument) {
   TemporaryDirectory const directory;
   std::string const torn = directory.Write("torn.json", "{\n\"format");
-  EXPECT_EQ(RunReport({"--from", torn}).err.find("lakresvos-report: " + torn + ":2:"), 0U);
+  EXPECT_EQ(RunReport({"--from", torn}).err,
+            "lakresvos-report: " + torn + ":2:8: this is not JSON: it ends too early\n");
+  EXPECT_EQ(RunReport({"--from", directory.Path("")}).err,
+            "lakresvos-report: " + directory.Path("") + ": Is a directory\n");
   std::string const other = directory.Write("other.json", R"({"format":1})");
   EXPECT_EQ(RunReport({"--from", other}).err,
             "lakresvos-report: " + other + ": /format: there should be a text\n");

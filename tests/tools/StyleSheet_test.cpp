@@ -121,34 +121,28 @@ TEST(StyleSheet, DirectoryIsNoFile) {
 // What is no JSON
 
 TEST(StyleSheet, ParseErrorNamesLineAndColumn) {
-  EXPECT_EQ(ErrorIn("{\"data\":\n  {\"font\": oops}}"),
-            "style.json:2:12: this is not JSON: invalid literal");
+  EXPECT_EQ(ErrorIn("{\"data\":\n  {\"font\": oops}}"), "style.json:2:12: this is not JSON");
 }
 
 TEST(StyleSheet, ColumnsCountCharacters) {
-  EXPECT_EQ(ErrorIn("{\"data\": {\"font\": \"é\" x"),
-            "style.json:1:23: this is not JSON: invalid literal");
+  EXPECT_EQ(ErrorIn("{\"data\": {\"font\": \"é\" x"), "style.json:1:23: this is not JSON");
 }
 
 TEST(StyleSheet, EmptyFileIsNoJson) {
-  EXPECT_EQ(ErrorIn(""),
-            "style.json:1:1: this is not JSON: unexpected end of input; expected '[', '{', or a "
-            "literal");
+  EXPECT_EQ(ErrorIn(""), "style.json:1:1: this is not JSON: it ends too early");
 }
 
 TEST(StyleSheet, EndInTheMiddleIsFound) {
-  EXPECT_EQ(ErrorIn("{\"data\": {\n"),
-            "style.json:2:1: this is not JSON: unexpected end of input; expected string literal");
+  EXPECT_EQ(ErrorIn("{\"data\": {\n"), "style.json:2:1: this is not JSON: it ends too early");
 }
 
 TEST(StyleSheet, TextBehindTheObjectIsFound) {
-  EXPECT_EQ(ErrorIn("{} {}"),
-            "style.json:1:4: this is not JSON: unexpected '{'; expected end of input");
+  EXPECT_EQ(ErrorIn("{} {}"), "style.json:1:4: this is not JSON");
 }
 
 TEST(StyleSheet, BytesThatAreNoUtf8AreFound) {
   EXPECT_EQ(ErrorIn("{\"data\": {\"font\": \"\xFF\"}}"),
-            "style.json:1:20: this is not JSON: invalid string: ill-formed UTF-8 byte");
+            "style.json:1:20: bytes that are not UTF-8");
 }
 
 TEST(StyleSheet, NumberBeyondAllBoundsIsFound) {
@@ -265,7 +259,5 @@ TEST(StyleSheet, DeepNestingIsRefusedWhereItStarts) {
 }
 
 TEST(StyleSheet, ZeroBytesAreNoJson) {
-  EXPECT_EQ(ErrorIn(std::string(3, '\0')),
-            "style.json:1:1: this is not JSON: unexpected end of input; expected '[', '{', or a "
-            "literal");
+  EXPECT_EQ(ErrorIn(std::string(3, '\0')), "style.json:1:1: this is not JSON");
 }

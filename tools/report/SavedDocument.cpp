@@ -10,15 +10,26 @@
 
 namespace lakresvos::report {
 
+namespace {
+
+[[noreturn]] void FailToRead(std::string const& file) {
+  throw ReportError(file + ": " + std::generic_category().message(errno != 0 ? errno : EIO));
+}
+
+}  // namespace
+
 std::unique_ptr<OmOutputTree> ReadDocument(std::string const& file) {
   errno = 0;
   std::ifstream input(file, std::ios::binary);
   if (!input) {
-    throw ReportError(file + ": " + std::generic_category().message(errno != 0 ? errno : EIO));
+    FailToRead(file);
   }
   try {
     return render::ReadJson(input);
   } catch (render::JsonError const& error) {
+    if (input.bad()) {
+      FailToRead(file);
+    }
     bool const isLine = !error.Place().empty() && error.Place().front() != '/';
     throw ReportError(file + (isLine ? ":" : ": ") + error.what());
   }

@@ -92,19 +92,19 @@ class StyleSink : public nlohmann::json_sax<nlohmann::json> {
     auto const line = std::count(read.begin(), read.end(), '\n') + 1;
     auto const column = CharacterCount(read.substr(read.rfind('\n') + 1)) + 1;
     throw ReportError(file_ + ":" + std::to_string(line) + ":" + std::to_string(column) + ": " +
-                      Reason(error));
+                      Reason(position, error));
   }
 
  private:
-  /// What the parser has against the text, without its own idea of the place and without what it
-  /// read, which may be long.
-  static std::string Reason(nlohmann::detail::exception const& error) {
-    std::string_view what = error.what();
+  /// What is wrong with the text, in few words.
+  std::string Reason(std::size_t position, nlohmann::detail::exception const& error) const {
     if (dynamic_cast<nlohmann::detail::out_of_range const*>(&error) != nullptr) {
       return "the number is too large";
     }
-    what.remove_prefix(std::min(what.find(" - ") + 3, what.size()));
-    return "this is not JSON: " + std::string(what.substr(0, what.find("; last read")));
+    if (std::string_view(error.what()).find("UTF-8") != std::string_view::npos) {
+      return "bytes that are not UTF-8";
+    }
+    return position > text_.size() ? "this is not JSON: it ends too early" : "this is not JSON";
   }
 
   void StartArea(std::string const& name) {
