@@ -22,8 +22,14 @@ constexpr std::size_t kMostFormats = 64'000;
 // Spreadsheets open workbooks with some 200 number formats; those without marks take up to 31.
 constexpr std::size_t kMostMarkedNumberFormats = 160;
 
+constexpr char kFailure[] = "the workbook cannot be written";
+
 [[noreturn]] void Fail(std::string const& why) {
-  throw std::runtime_error("the workbook cannot be written: " + why);
+  throw std::runtime_error(std::string(kFailure) + ": " + why);
+}
+
+[[noreturn]] void Fail(int error) {
+  throw std::system_error(error, std::generic_category(), kFailure);
 }
 
 /// The library takes 0 for no colour.
@@ -194,7 +200,7 @@ void XlsxBook::Close() {
   }
   int const reason = rows_.Error() != 0 ? rows_.Error() : errno;
   if (error != LXW_NO_ERROR || rows_.Error() != 0) {
-    Fail(std::generic_category().message(reason != 0 ? reason : EIO));
+    Fail(reason != 0 ? reason : EIO);
   }
 }
 
@@ -203,7 +209,7 @@ void XlsxBook::Write(std::ostream& out) {
   std::vector<char> piece(1 << 16);
   while (ssize_t const count = read(file_.Descriptor(), piece.data(), piece.size())) {
     if (count < 0) {
-      Fail(std::generic_category().message(errno));
+      Fail(errno);
     }
     out.write(piece.data(), count);
   }

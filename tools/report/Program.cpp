@@ -31,6 +31,8 @@ namespace lakresvos::report {
 
 namespace {
 
+constexpr char kStandardOutput[] = "standard output";
+
 void RefuseToReplace(std::string const& input, char const* what, std::string const& outputFile) {
   std::error_code ignored;
   if (std::filesystem::equivalent(input, outputFile, ignored)) {
@@ -55,7 +57,8 @@ class StandardOutput {
   /// @throws ReportError when any of it could not be written.
   void Flush() {
     if (!stream_.flush()) {
-      throw ReportError("standard output: " + std::generic_category().message(buffer_.Error()));
+      throw ReportError(std::string(kStandardOutput) + ": " +
+                        std::generic_category().message(buffer_.Error()));
     }
   }
 
@@ -64,13 +67,23 @@ class StandardOutput {
   std::ostream stream_{&buffer_};
 };
 
+/// Has what the system refuses name the output.
+std::vector<std::string> RenderTo(std::string const& name, OmOutputTree& document,
+                                  Options const& options, std::ostream& out) {
+  try {
+    return Render(document, options, out);
+  } catch (std::system_error const& error) {
+    throw ReportError(name + ": " + error.what());
+  }
+}
+
 /// Gives back what the format could not hold; with --strict nothing is written when that is anything.
 std::vector<std::string> Write(OmOutputTree& document, Options const& options,
                                StandardOutput& out) {
   if (options.outputFile.empty()) {
     std::ostringstream held;
     std::vector<std::string> losses =
-        Render(document, options, options.strict ? held : out.Stream());
+        RenderTo(kStandardOutput, document, options, options.strict ? held : out.Stream());
     if (options.strict && losses.empty()) {
       out.Stream() << held.view();
     }
@@ -81,7 +94,7 @@ std::vector<std::string> Write(OmOutputTree& document, Options const& options,
   RefuseToReplace(options.documentFile, "document", options.outputFile);
   RefuseToReplace(options.styleFile, "style", options.outputFile);
   OutputFile file(options.outputFile);
-  std::vector<std::string> losses = Render(document, options, file.Stream());
+  std::vector<std::string> losses = RenderTo(options.outputFile, document, options, file.Stream());
   if (!options.strict || losses.empty()) {
     file.Commit();
   }

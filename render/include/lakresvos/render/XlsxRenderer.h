@@ -65,8 +65,8 @@ struct XlsxOptions : TableOptions {
 ///
 /// @param out where to write. Its state tells whether writing failed.
 /// @throws std::length_error that names the table when it has more than 1,048,576 rows or 16,384
-///         columns, and for more than 65,000 sheets; std::runtime_error when a temporary file cannot
-///         be written. Nothing is written to `out` then.
+///         columns, and for more than 65,000 sheets; std::runtime_error when there can be no temporary
+///         file, std::system_error when it cannot be written. Nothing is written to `out` then.
 LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree& tree, std::ostream& out,
                                         XlsxOptions const& options = {});
 
