@@ -53,19 +53,19 @@ std::string Data() {
 /// Ends runs with signals at moments all over their time.
 void InterruptRuns(std::string const& format, bool replaces) {
   TemporaryDirectory const inputs;
-  TemporaryDirectory const temporary;
   TemporaryDirectory const outputs;
   std::string const data = inputs.Write("data.csv", Data());
   std::string const output = outputs.Path("output");
   int ended = 0;
-  constexpr int kMoments = 12;
-  std::vector<int> const signals{SIGINT, SIGTERM, SIGHUP, SIGKILL};
+  constexpr int kMoments = 15;
+  std::vector<int> const signals{SIGINT, SIGTERM, SIGHUP, SIGXFSZ, SIGKILL};
   for (int moment = 0; moment < kMoments; ++moment) {
     int const signal = signals[static_cast<std::size_t>(moment) % signals.size()];
     std::remove(output.c_str());
     if (replaces) {
       outputs.Write("output", "as it was");
     }
+    TemporaryDirectory const temporary;
     Run const run(data, format, output, temporary.Path(""));
     usleep(static_cast<useconds_t>(moment) * 4000);
     run.Send(signal);
@@ -79,7 +79,9 @@ void InterruptRuns(std::string const& format, bool replaces) {
     }
     bool const written = std::filesystem::exists(output) && ReadFile(output) != "as it was";
     EXPECT_EQ(outputs.Entries(), written || replaces ? 1U : 0U) << format << " " << moment;
-    EXPECT_EQ(temporary.Entries(), 0U) << format << " " << moment;
+    if (signal != SIGKILL) {  // which cannot be held back while a file has a name for a moment
+      EXPECT_EQ(temporary.Entries(), 0U) << format << " " << moment;
+    }
   }
   EXPECT_GT(ended, 0);
 }
