@@ -6,6 +6,7 @@
 #include <lakresvos/OmPivotTable.h>
 #include <lakresvos/render/DisplayGrid.h>
 
+#include "CellText.h"
 #include "HeadingSpans.h"
 
 namespace lakresvos::render {
@@ -18,9 +19,11 @@ OmCellText const* LabelOf(PathNode const* node) {
   return node != nullptr ? node->Value().label : nullptr;
 }
 
-int Extent(int headings, int body) {
-  if (body > INT_MAX - headings) {
-    throw std::length_error("DisplayGrid: more rows or columns than an int can count");
+/// @param body INT_MAX when there are more than that.
+int Extent(int headings, int body, OmPivotTable const& table, char const* what) {
+  if (body > INT_MAX - std::max(headings, 1)) {
+    throw std::length_error("table '" + TextOf(HeadlineOf(table)) + "' has more " + what +
+                            " than can be shown");
   }
   return headings + body;
 }
@@ -62,8 +65,8 @@ DisplayGrid::DisplayGrid(OmDisplayLayerHeading& layers, GridOptions const& optio
   OmDisplayColumnHeading const columns(layers, options.skipEmpty);
   headingColumns_ = rowHeading_.NColumns();
   headingRows_ = std::max(columns.NRows(), HasCornerText() ? 1 : 0);
-  columns_ = Extent(headingColumns_, columns.NColumns());
-  rows_ = Extent(headingRows_, rowHeading_.NRows());
+  columns_ = Extent(headingColumns_, columns.NColumns(), table_, "columns");
+  rows_ = Extent(headingRows_, rowHeading_.NRows(), table_, "rows");
   BuildFrame(columns);
   ReadLayer(layers);
   ReadColumns(columns);

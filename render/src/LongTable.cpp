@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <stdexcept>
 
+#include "CellText.h"
 #include "CsvLabel.h"
 #include "LongHeader.h"
 #include "NumberCell.h"
@@ -209,10 +211,33 @@ class LongTable {
   std::string value_;
 };
 
+/// @throws std::length_error for more combinations of categories than an int can count.
+void CheckCombinations(OmPivotTable const& table) {
+  constexpr std::size_t kMost = std::numeric_limits<int>::max();
+  std::size_t combinations = 1;
+  bool tooMany = false;
+  for (CategoryColumns const& dimension : CategoriesOf(table)) {
+    if (dimension.Count() == 0) {
+      return;
+    }
+    tooMany = tooMany || dimension.Count() > kMost / combinations;
+    combinations *= tooMany ? 1 : dimension.Count();
+  }
+  if (tooMany) {
+    throw std::length_error("table '" + TextOf(HeadlineOf(table)) +
+                            "' has more combinations of categories than can be written");
+  }
+}
+
 }  // namespace
 
 void WriteLongTables(CsvRecord& record, std::vector<OmPivotTable*> const& tables,
                      std::vector<std::string> const& names, bool all) {
+  for (OmPivotTable const* const table : tables) {
+    if (all) {
+      CheckCombinations(*table);
+    }
+  }
   LongHeader const header(record, tables);
   header.Write(record);
   for (std::size_t i = 0; i < tables.size(); ++i) {

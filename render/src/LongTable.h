@@ -14,6 +14,8 @@ namespace lakresvos::render {
 ///
 /// @param names of the tables, as they are shown; they are written when there are several.
 /// @param all also writes a record for each combination of categories without a cell.
+/// @throws std::length_error that names a table with more combinations than an int can count, before
+/// anything is written.
 void WriteLongTables(CsvRecord& record, std::vector<OmPivotTable*> const& tables,
                      std::vector<std::string> const& names, bool all);
 

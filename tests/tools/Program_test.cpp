@@ -537,6 +537,48 @@ TEST(ProgramErrors, WorkbookThatTakesTooMuchRoom) {
   EXPECT_FALSE(std::filesystem::exists(directory.Path("a.xlsx")));
 }
 
+TEST(ProgramErrors, TableWithMoreRowsThanCanBeShown) {
+  TemporaryDirectory const directory;
+  std::string data = "a,b,c,d,e,f,g,h\n";
+  for (int i = 0; i < 20; ++i) {
+    std::string const value = std::to_string(i);
+    for (int column = 0; column < 8; ++column) {
+      data += (column == 0 ? "" : ",") + value;
+    }
+    data += '\n';
+  }
+  std::string const file = directory.Write("a.csv", data);
+  for (auto const& [formula, what] :
+       {std::pair("a*b*c*d*e*f*g*h ~", "rows"), std::pair("~ a*b*c*d*e*f*g*h", "columns")}) {
+    std::string const saved = directory.Path("saved.json");
+    ASSERT_EQ(
+        RunReport({file, "--table", formula, "--title", "T", "--format", "json", "-o", saved}).err,
+        "");
+    std::string const message =
+        std::string("lakresvos-report: table 'T' has more ") + what + " than can be shown\n";
+    for (std::vector<std::string> arguments :
+         std::vector<std::vector<std::string>>{{"text"},
+                                               {"html"},
+                                               {"markdown"},
+                                               {"csv", "--csv-shape", "display"},
+                                               {"json", "--json-layout"},
+                                               {"xlsx"}}) {
+      arguments.insert(arguments.begin(), {"--from", saved, "--keep-empty", "-o",
+                                           directory.Path("output"), "--format"});
+      ReportRun const run = RunReport(arguments);
+      EXPECT_EQ(run.exitCode, 2);
+      EXPECT_EQ(run.err, message) << arguments[6];
+      EXPECT_FALSE(std::filesystem::exists(directory.Path("output")));
+    }
+    ReportRun const run = RunReport({"--from", saved, "--keep-empty", "--format", "csv"});
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err,
+              "lakresvos-report: table 'T' has more combinations of categories than can be "
+              "written\n");
+  }
+}
+
 TEST(ProgramErrors, WorkbookThatCannotHoldATextIsWrittenWithoutIt) {
   TemporaryDirectory const directory;
   std::string const file = directory.Write("a.csv", "a\n" + std::string(40000, 'x') + "\n");

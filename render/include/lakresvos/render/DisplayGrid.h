@@ -81,7 +81,8 @@ class LAKRESVOS_RENDER_EXPORT DisplayGrid {
 
   /// Lays out the current layer of `layers`.
   /// Requires: a layer is current.
-  /// @throws std::length_error when there are more rows or columns than an int can count.
+  /// @throws std::length_error that names the table when there are more rows or columns than an int
+  /// can count.
   DisplayGrid(OmDisplayLayerHeading& layers, GridOptions const& options);
   DisplayGrid(DisplayGrid const&) = delete;
   DisplayGrid& operator=(DisplayGrid const&) = delete;
