@@ -26,26 +26,34 @@ if ((major == 0 && minor > 0)); then
   configure "before" -DWANTED="$major.$((minor - 1))" && fail "$version is taken for 0.$((minor - 1))"
 fi
 
-# The whole prefix may move.
-mv "$work/prefix" "$work/moved"
-read -ra options <<<"$flags"
-packages=$(find "$work/moved" -name pkgconfig)
-export PKG_CONFIG_PATH=$packages LD_LIBRARY_PATH=$packages/..
-for library in "$packages"/../liblakresvos*.so; do
-  name=$(basename "$library" .so)
-  name=${name#lib}
-  package=${name//_/-}
-  words=$(pkg-config --cflags --libs "$package") || fail "pkg-config finds no $package"
-  read -ra words <<<"$words"
-  [[ " ${words[*]} " == *" -l$name "* ]] || fail "$package does not link $name: ${words[*]}"
-  for word in "${words[@]}"; do
-    case $word in
-      -[IL]*)
-        folder=$(realpath -e "${word:2}") || fail "$package: $word does not exist"
-        [[ $folder == "$(realpath "$work/moved")"/* ]] || fail "$package: $word is somewhere else"
-        ;;
-    esac
+# Builds and runs a program with each library through the pkg-config of a prefix.
+check_packages() { # check_packages PREFIX
+  local prefix=$1 packages library name package found word folder
+  local -a options words
+  read -ra options <<<"$flags"
+  packages=$(find "$prefix" -name pkgconfig)
+  export PKG_CONFIG_PATH=$packages LD_LIBRARY_PATH=$packages/..
+  for library in "$packages"/../liblakresvos*.so; do
+    name=$(basename "$library" .so)
+    name=${name#lib}
+    package=${name//_/-}
+    found=$(pkg-config --cflags --libs "$package") || fail "pkg-config finds no $package"
+    read -ra words <<<"$found"
+    [[ " ${words[*]} " == *" -l$name "* ]] || fail "$package does not link $name: ${words[*]}"
+    for word in "${words[@]}"; do
+      case $word in
+        -[IL]*)
+          folder=$(realpath -e "${word:2}") || fail "$package: $word does not exist"
+          [[ $folder == "$(realpath "$prefix")"/* ]] || fail "$package: $word is somewhere else"
+          ;;
+      esac
+    done
+    "$compiler" -std=c++17 "${options[@]}" "$here/consumer/$package.cpp" -o "$work/$package" \
+      "${words[@]}"
+    "$work/$package" | grep -qx Output || fail "$package: the program does not run"
   done
-  "$compiler" -std=c++17 "${options[@]}" "$here/consumer/$package.cpp" -o "$work/$package" "${words[@]}"
-  "$work/$package" | grep -qx Output || fail "$package: the program does not run"
-done
+}
+
+check_packages "$work/prefix"
+mv "$work/prefix" "$work/moved"  # the whole prefix may move
+check_packages "$work/moved"
