@@ -18,12 +18,12 @@ configure() { "$cmake" -S "$work" -B "$work/build" >"$work/log" 2>&1; }
 
 cp -r "$tests" "$work/tests"
 configure || { cat "$work/log"; exit 1; }
-lists=("$work"/tests/*.cmake)
+lists=("$work"/tests/*/CMakeLists.txt)
 [ -e "${lists[0]}" ]
 for list in "${lists[@]}"; do
   mv "$list" "$work/away"
   if configure; then
-    echo "nobody misses $(basename "$list")"
+    echo "nobody misses $list"
     exit 1
   fi
   mv "$work/away" "$list"

@@ -5,8 +5,8 @@
 #include <lakresvos/OmDisplayLayerHeading.h>
 #include <lakresvos/OmDisplayRowHeading.h>
 
-#include "OmDisplayLayerHeadingData.h"
-#include "OmDisplayRowHeadingData.h"
+#include "layout/OmDisplayLayerHeadingData.h"
+#include "layout/OmDisplayRowHeadingData.h"
 
 /// Reaches the private records of the display headings.
 class OmDisplayTestAccess {

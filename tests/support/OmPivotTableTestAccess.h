@@ -1,7 +1,7 @@
 #ifndef TESTS_SUPPORT_OMPIVOTTABLETESTACCESS_H
 #define TESTS_SUPPORT_OMPIVOTTABLETESTACCESS_H
 
-#include <OmPivotTableData.h>
+#include "table/OmPivotTableData.h"
 
 /// Opens a table's private record to tests.
 class OmPivotTableTestAccess {

@@ -1,0 +1,51 @@
+#ifndef LAKRESVOS_CORE_LAYOUT_OMDIMHEADER_H
+#define LAKRESVOS_CORE_LAYOUT_OMDIMHEADER_H
+
+#include <deque>
+#include <vector>
+
+#include <lakresvos/OmDimension.h>
+
+/// The display header of one dimension: its leaf categories in the depth-first order of the tree.
+/// The rank of a leaf in that order is its display position; hidden leaves have one too.
+struct OmDimHeader {
+  using PathNode = OmVectorTree<OmDimensionNode>::ConstNode;
+  using Path = OmVector<PathNode>;
+
+  /// What stands in `categoryPositions` for a subscript that no leaf carries.
+  static constexpr unsigned int kNoPosition = 0xFFFFFFFF;
+
+  OmDimHeader(OmDimension const& dimension, OmMemoryRegion* arena);
+
+  /// The path of the leaf at a display position, or null.
+  Path* PathAt(unsigned long long position) {
+    return position < paths.size() ? &paths[position] : nullptr;
+  }
+
+  /// Appends the nodes of a path from the root to the leaf.
+  static void AppendFromRoot(Path& path, std::vector<PathNode*>& out) {
+    for (std::size_t step = path.size(); step != 0; --step) {
+      out.push_back(&path[step - 1]);
+    }
+  }
+
+  /// The display position of the leaf that carries `subscript`, or kNoPosition.
+  unsigned int PositionOf(unsigned long long subscript) const {
+    return subscript < categoryPositions.size() ? categoryPositions[subscript] : kNoPosition;
+  }
+
+  OmMemoryRegion* region;
+  std::deque<Path> paths;       ///< per leaf: the leaf, its parent and so on up to the root
+  OmVector<short> levelCounts;  ///< per leaf: the visible levels on its path
+  int maxLevels = 0;            ///< the largest of levelCounts
+  OmVector<unsigned int> visibleCategories;  ///< display position to subscript
+  OmVector<unsigned int> categoryPositions;  ///< subscript to display position, or kNoPosition
+
+ private:
+  void AddLeaf(std::vector<PathNode> const& fromRoot);
+
+  /// Makes `categoryPositions` at least `count` long.
+  void ExtendPositions(unsigned long count);
+};
+
+#endif

@@ -1,0 +1,75 @@
+#include <algorithm>
+
+#include "layout/OmDisplayLayerHeadingData.h"
+#include "layout/OmOccupiedPlaces.h"
+#include "layout/OmPlaceSet.h"
+#include "table/OmPivotTableData.h"
+
+using Layout = OmDisplayLayerHeading::Data;
+
+void Layout::FindNonEmptyHeaders(PuppetVector<short> const& heads,
+                                 PuppetVector<short> const& others, Places& result) {
+  if (sparse) {
+    FindNonEmptyHeadersSparse(heads, others, result);
+  } else {
+    FindNonEmptyHeadersDense(heads, others, result);
+  }
+}
+
+void Layout::FindNonEmptyHeadersSparse(PuppetVector<short> const& heads, PuppetVector<short> const&,
+                                       Places& result) {
+  PlaceCalculator const calc(heads, table->SizeVector());
+  OmPlaceSet places(calc.Size());
+  std::vector<unsigned int> digits(heads.size());
+  OmPivotTable::Iterator::Data walk(*TableData());
+  for (; walk.current != nullptr; walk.current = static_cast<OmCellText*>(walk.Increment(0))) {
+    for (std::size_t i = 0; i < digits.size(); ++i) {
+      short const dimension = heads.elements[i];
+      OmDimHeader const* const header = Header(dimension);
+      digits[i] = header != nullptr
+                      ? header->PositionOf(walk.levels[static_cast<std::size_t>(dimension)].index)
+                      : 0;
+    }
+    places.Insert(calc.base.Value(digits));
+  }
+  places.AppendTo(result);
+}
+
+void Layout::FindNonEmptyHeadersDense(PuppetVector<short> const& heads,
+                                      PuppetVector<short> const& others, Places& result) {
+  result.clear();
+  OmOccupiedPlaces(*this, TableData()->cells, heads, others).AppendTo(result);
+}
+
+void Layout::FindVisibleLevels(Places const& places, PlaceCalculator& calc,
+                               std::vector<unsigned short>& levels) {
+  std::size_t const count = calc.dims.size();
+  // Per digit, which display positions occur.
+  std::vector<std::vector<bool>> occurs(count);
+  for (std::size_t i = 0; i < count && !places.empty(); ++i) {
+    OmDimHeader const* const header = Header(calc.dims.elements[i]);
+    occurs[i].resize(header != nullptr ? header->levelCounts.size() : 0);
+  }
+  std::vector<unsigned int> digits;
+  for (unsigned long long const place : places) {
+    calc.base.Digits(place, digits);
+    for (std::size_t i = 0; i < count; ++i) {
+      if (digits[i] < occurs[i].size()) {
+        occurs[i][digits[i]] = true;
+      }
+    }
+  }
+  for (std::size_t i = 0; i < count; ++i) {
+    OmDimHeader const* const header = Header(calc.dims.elements[i]);
+    if (header == nullptr) {
+      continue;
+    }
+    int level = places.empty() ? header->maxLevels : 0;
+    for (std::size_t k = 0; k < occurs[i].size() && level < header->maxLevels; ++k) {
+      if (occurs[i][k]) {
+        level = std::max<int>(level, header->levelCounts[k]);
+      }
+    }
+    levels.push_back(static_cast<unsigned short>(level));
+  }
+}

@@ -1,0 +1,327 @@
+#include "layout/OmOccupiedPlaces.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace {
+
+constexpr unsigned long long kSaturated = std::numeric_limits<unsigned long long>::max();
+
+unsigned long long SaturatingProduct(unsigned long long a, unsigned long long b) {
+  unsigned long long product = 0;
+  return __builtin_mul_overflow(a, b, &product) ? kSaturated : product;
+}
+
+/// `value + weight * digit`, saturated.
+unsigned long long SaturatingSum(unsigned long long value, unsigned long long weight,
+                                 unsigned long long digit) {
+  unsigned long long sum = 0;
+  return __builtin_add_overflow(value, SaturatingProduct(weight, digit), &sum) ? kSaturated : sum;
+}
+
+}  // namespace
+
+OmOccupiedPlaces::OmOccupiedPlaces(OmDisplayLayerHeading::Data& layout,
+                                   OmPivotTable::PointerVector* root,
+                                   PuppetVector<short> const& heads,
+                                   PuppetVector<short> const& others)
+    : root_(root),
+      dimensions_(static_cast<std::size_t>(layout.table->NDimensions())),
+      lowestHead_(dimensions_.size()) {
+  std::vector<int> const sizes = layout.table->SizeVector();
+  using PlaceCalculator = OmDisplayLayerHeading::Data::PlaceCalculator;
+  nHeads_ = PlaceCalculator(heads, sizes).Size();
+  nOthers_ = PlaceCalculator(others, sizes).Size();
+  for (std::size_t d = 0; d < layout.cellIndex.size(); ++d) {
+    dimensions_[d].bound = layout.cellIndex[d];
+  }
+  PlanOthers(layout, others, sizes);
+  PlanHeads(layout, heads, sizes);
+  subscripts_.resize(dimensions_.size());
+}
+
+void OmOccupiedPlaces::PlanOthers(OmDisplayLayerHeading::Data const& layout,
+                                  PuppetVector<short> const& others,
+                                  std::vector<int> const& sizes) {
+  unsigned long long weight = 1;
+  for (std::size_t i = others.size(); i != 0; --i) {
+    auto const d = static_cast<std::size_t>(others.elements[i - 1]);
+    if (d >= sizes.size()) {
+      continue;
+    }
+    Dimension& dimension = dimensions_[d];
+    auto const size = static_cast<unsigned int>(sizes[d]);
+    if (d < layout.dimHeaders.size() && dimension.role != Role::kOther) {
+      dimension.role = Role::kOther;
+      highestOther_ = std::max(highestOther_, d);
+      dimension.bound = size;
+      dimension.weight = weight;
+    }
+    weight = SaturatingProduct(weight, size);
+  }
+}
+
+void OmOccupiedPlaces::PlanHeads(OmDisplayLayerHeading::Data& layout,
+                                 PuppetVector<short> const& heads, std::vector<int> const& sizes) {
+  digits_.resize(heads.size());
+  unsigned long long weight = 1;
+  for (std::size_t i = heads.size(); i != 0; --i) {
+    Digit& digit = digits_[i - 1];
+    digit.weight = weight;
+    auto const d = static_cast<std::size_t>(heads.elements[i - 1]);
+    if (d >= sizes.size()) {
+      continue;
+    }
+    auto const size = static_cast<unsigned int>(sizes[d]);
+    if (OmDimHeader const* const header = layout.Header(heads.elements[i - 1])) {
+      Dimension& dimension = dimensions_[d];
+      digit.count = static_cast<unsigned int>(std::min<std::size_t>(size, header->paths.size()));
+      if (dimension.role == Role::kFixed) {
+        dimension.role = Role::kHead;
+        dimension.leaves = LeavesBySubscript(*header, digit.count);
+        digit.dimension = static_cast<long long>(d);
+        lowestHead_ = std::min(lowestHead_, d);
+      }
+    }
+    weight = SaturatingProduct(weight, size);
+  }
+}
+
+OmOccupiedPlaces::Leaves OmOccupiedPlaces::LeavesBySubscript(OmDimHeader const& header,
+                                                             std::size_t count) {
+  Leaves leaves;
+  leaves.previous.resize(count, kNone);
+  for (std::size_t k = 0; k < count; ++k) {
+    unsigned int const subscript = header.visibleCategories[k];
+    // A subscript that is negative as an int addresses no cell.
+    if (subscript <= static_cast<unsigned int>(std::numeric_limits<int>::max())) {
+      if (subscript >= leaves.last.size()) {
+        leaves.last.resize(std::size_t{subscript} + 1, kNone);
+      }
+      leaves.previous[k] = std::exchange(leaves.last[subscript], static_cast<unsigned int>(k));
+    }
+  }
+  return leaves;
+}
+
+void OmOccupiedPlaces::AppendTo(std::vector<unsigned long long>& result) {
+  if (root_ == nullptr || nHeads_ == 0 || nOthers_ == 0) {
+    return;
+  }
+  OmPlaceSet kept(nHeads_);
+  std::size_t const count = dimensions_.size();
+  std::vector<Frame> path{Enter(root_, count - 1, kNone)};
+  while (!path.empty()) {
+    std::size_t const level = count - path.size();
+    Frame& top = path.back();
+    if (!Step(top, level)) {
+      bool const finished = Finished(top, level);
+      path.pop_back();
+      if (!path.empty()) {
+        Leave(path.back(), level + 1, finished);
+      }
+    } else if (level != 0) {
+      path.push_back(
+          Enter(static_cast<OmPivotTable::PointerVector*>(top.node->Entry(subscripts_[level])),
+                level - 1, ListBelow(top, level)));
+    } else {
+      bool const hit = OthersInRange();
+      if (hit) {
+        Keep(kept);
+      }
+      Leave(top, level, hit);
+    }
+  }
+  kept.AppendTo(result);
+}
+
+OmOccupiedPlaces::Frame OmOccupiedPlaces::Enter(OmPivotTable::PointerVector const* node,
+                                                std::size_t level, unsigned int list) {
+  if (level != highestOther_) {
+    return {node, list};
+  }
+  // Everything found so far belongs to other subscripts above, which do not
+  // come again.
+  open_.clear();
+  freeOpen_ = kNone;
+  freeLists_.clear();
+  lists_.assign(1, OpenList());
+  return {node, 0};
+}
+
+/// Moves on to the next admitted entry of a node; false when there is none.
+bool OmOccupiedPlaces::Step(Frame& frame, std::size_t level) {
+  Dimension const& dimension = dimensions_[level];
+  unsigned long& at = subscripts_[level];
+  if (dimension.role == Role::kFixed) {
+    at = static_cast<unsigned long>(dimension.bound);
+    ++looks_;
+    return std::exchange(frame.next, 1) == 0 && frame.node->Entry(at) != nullptr;
+  }
+  if (dimension.role == Role::kHead && ComesAgain(level)) {
+    return StepOpen(frame, level);
+  }
+  while (!frame.finished) {
+    at = frame.node->FirstFrom(frame.next);
+    looks_ += at - frame.next + 1;
+    if (at >= frame.node->size()) {
+      return false;
+    }
+    frame.next = at + 1;
+    if (dimension.role == Role::kOther) {
+      return at < static_cast<unsigned long>(dimension.bound);
+    }
+    if (HasLeaf(level, at)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+/// Step() in a heads dimension, over what is open.
+bool OmOccupiedPlaces::StepOpen(Frame& frame, std::size_t level) {
+  OpenList& list = lists_[frame.list];
+  for (;;) {
+    frame.current = frame.previous != kNone ? open_[frame.previous].next : list.first;
+    if (frame.current == kNone) {
+      while (list.seen < frame.node->size() && !HasLeaf(level, list.seen)) {
+        ++list.seen;
+        ++looks_;
+      }
+      if (list.seen >= frame.node->size()) {
+        return false;
+      }
+      OpenNext(list);
+      frame.current = list.last;
+    }
+    unsigned long const subscript = open_[frame.current].subscript;
+    ++looks_;
+    if (subscript >= frame.node->size()) {
+      return false;
+    }
+    if (frame.node->Entry(subscript) != nullptr) {
+      subscripts_[level] = subscript;
+      return true;
+    }
+    frame.previous = frame.current;
+  }
+}
+
+/// Takes note of what came of the entry that Step() moved to.
+/// @param finished whether nothing more can be found below it.
+void OmOccupiedPlaces::Leave(Frame& frame, std::size_t level, bool finished) {
+  if (dimensions_[level].role != Role::kHead) {
+    frame.finished = finished;
+  } else if (ComesAgain(level)) {
+    if (finished) {
+      Close(frame);
+    } else {
+      frame.previous = frame.current;
+    }
+  }
+}
+
+bool OmOccupiedPlaces::Finished(Frame const& frame, std::size_t level) const {
+  if (dimensions_[level].role != Role::kHead || !ComesAgain(level)) {
+    return frame.finished;
+  }
+  OpenList const& list = lists_[frame.list];
+  return list.first == kNone && list.seen >= dimensions_[level].leaves.last.size();
+}
+
+bool OmOccupiedPlaces::HasLeaf(std::size_t level, unsigned long subscript) const {
+  std::vector<unsigned int> const& last = dimensions_[level].leaves.last;
+  return subscript < last.size() && last[subscript] != kNone;
+}
+
+/// The list for the level below the entry that Step() moved to.
+unsigned int OmOccupiedPlaces::ListBelow(Frame const& frame, std::size_t level) {
+  if (dimensions_[level].role != Role::kHead || !ComesAgain(level)) {
+    return frame.list;
+  }
+  if (level == lowestHead_) {
+    return kNone;
+  }
+  unsigned int& below = open_[frame.current].below;
+  if (below == kNone && !freeLists_.empty()) {
+    below = freeLists_.back();
+    freeLists_.pop_back();
+    lists_[below] = OpenList();
+  } else if (below == kNone) {
+    lists_.emplace_back();
+    below = static_cast<unsigned int>(lists_.size() - 1);
+  }
+  return below;
+}
+
+/// Appends the next subscript that was not met yet.
+void OmOccupiedPlaces::OpenNext(OpenList& list) {
+  unsigned int added = freeOpen_;
+  if (added == kNone) {
+    added = static_cast<unsigned int>(open_.size());
+    open_.emplace_back();
+  } else {
+    freeOpen_ = open_[added].next;
+  }
+  open_[added] = {static_cast<unsigned int>(list.seen++), kNone, kNone};
+  (list.last != kNone ? open_[list.last].next : list.first) = added;
+  list.last = added;
+}
+
+/// Takes the current one out of its list.
+void OmOccupiedPlaces::Close(Frame const& frame) {
+  OpenList& list = lists_[frame.list];
+  Open& closed = open_[frame.current];
+  (frame.previous != kNone ? open_[frame.previous].next : list.first) = closed.next;
+  if (list.last == frame.current) {
+    list.last = frame.previous;
+  }
+  if (closed.below != kNone) {
+    freeLists_.push_back(closed.below);
+  }
+  closed.next = std::exchange(freeOpen_, frame.current);
+}
+
+bool OmOccupiedPlaces::OthersInRange() const {
+  unsigned long long number = 0;
+  for (std::size_t d = 0; d < dimensions_.size(); ++d) {
+    if (dimensions_[d].role == Role::kOther) {
+      number = SaturatingSum(number, dimensions_[d].weight, subscripts_[d]);
+    }
+  }
+  return number < nOthers_;
+}
+
+/// Keeps the places of the cell that the walk stands on: one for each choice of
+/// a leaf per digit.
+void OmOccupiedPlaces::Keep(OmPlaceSet& kept) {
+  partial_.assign(1, 0);
+  for (Digit const& digit : digits_) {
+    extended_.clear();
+    if (digit.dimension < 0) {
+      for (unsigned int value = 0; value < digit.count; ++value) {
+        Extend(digit, value);
+      }
+    } else {
+      auto const d = static_cast<std::size_t>(digit.dimension);
+      Leaves const& leaves = dimensions_[d].leaves;
+      for (unsigned int k = leaves.last[subscripts_[d]]; k != kNone; k = leaves.previous[k]) {
+        Extend(digit, k);
+      }
+    }
+    partial_.swap(extended_);
+  }
+  for (unsigned long long const place : partial_) {
+    kept.Insert(place);
+  }
+}
+
+void OmOccupiedPlaces::Extend(Digit const& digit, unsigned int value) {
+  for (unsigned long long const place : partial_) {
+    unsigned long long const longer = SaturatingSum(place, digit.weight, value);
+    if (longer < nHeads_) {
+      extended_.push_back(longer);
+    }
+  }
+}

@@ -1,0 +1,139 @@
+#ifndef LAKRESVOS_CORE_LAYOUT_OMOCCUPIEDPLACES_H
+#define LAKRESVOS_CORE_LAYOUT_OMOCCUPIEDPLACES_H
+
+#include <cstddef>
+#include <vector>
+
+#include "layout/OmDisplayLayerHeadingData.h"
+#include "layout/OmPlaceSet.h"
+#include "table/OmPivotTableData.h"
+
+/// The dense search for the places of an axis that hold a cell, as one walk over the cell store.
+///
+/// Its answer is that of trying every combination: a place is kept when, for the leaves that its
+/// digits name, some combination of raw category numbers on the other axis has a cell, with the
+/// dimensions on neither axis at the current layer's categories. The walk therefore admits, per
+/// dimension,
+///
+/// - on the other axis: every subscript below the dimension's size, whether a leaf carries it or
+/// not;
+/// - on the heads axis only: the subscripts of those leaves whose display position is below the
+/// size;
+/// - on neither: the current layer's subscript.
+///
+/// Of a dimension that stands on an axis twice, the last entry decides; the digit of any other
+/// entry is free. An entry that names no dimension has the digit 0. Places and raw numbers at or
+/// above the axis' size, which is the product of the radices modulo 2^64, are not tried.
+///
+/// The walk stops at the first cell of each combination of heads subscripts and looks no more for
+/// those that it found one of: in a full table its cost is that of the places. It looks at no entry
+/// of the store more than once.
+///
+/// A dimension that was added after the layer heading was made is held at its first subscript, where
+/// the cells from before are, and has the digit 0; it counts as a radix all the same.
+class OmOccupiedPlaces {
+ public:
+  OmOccupiedPlaces(OmDisplayLayerHeading::Data& layout, OmPivotTable::PointerVector* root,
+                   PuppetVector<short> const& heads, PuppetVector<short> const& others);
+
+  /// Appends the places, ascending. To be called once.
+  void AppendTo(std::vector<unsigned long long>& result);
+
+  /// How many entries of the store the search looked at, which is what it costs.
+  unsigned long long Looks() const { return looks_; }
+
+ private:
+  static constexpr unsigned int kNone = OmDimHeader::kNoPosition;
+
+  /// The leaves of one dimension by subscript: the last one that carries it, and to each leaf the
+  /// one before it with the same subscript.
+  struct Leaves {
+    std::vector<unsigned int> last;
+    std::vector<unsigned int> previous;
+  };
+
+  enum class Role { kFixed, kOther, kHead };
+
+  struct Dimension {
+    Role role = Role::kFixed;
+    long long bound = 0;  ///< for kOther the size, for kFixed the subscript
+    Leaves leaves;        ///< for kHead
+    /// For kOther, what one step of its subscript adds to the raw number; saturated.
+    unsigned long long weight = 0;
+  };
+
+  /// One digit of a place.
+  struct Digit {
+    long long dimension = -1;  ///< whose subscript decides the digit; -1: it is free
+    unsigned int count = 1;    ///< how many values a free digit takes, from 0 on
+    unsigned long long weight = 1;
+  };
+
+  /// A subscript of a heads dimension below which there is more to find.
+  struct Open {
+    unsigned int subscript;
+    unsigned int below;  ///< the list of the next lower heads dimension, or kNone
+    unsigned int next;   ///< the next one of the same list, or kNone
+  };
+
+  /// What is left to find among the leaves of one heads dimension, for one combination of the
+  /// subscripts of the heads dimensions above it.
+  struct OpenList {
+    unsigned int first = kNone;  ///< ascending by subscript
+    unsigned int last = kNone;
+    unsigned long seen = 0;  ///< subscripts from here on were not met yet and are open as well
+  };
+
+  /// One level of the walk.
+  struct Frame {
+    OmPivotTable::PointerVector const* node;
+    unsigned int list;  ///< of the first heads dimension from this level downwards, or kNone
+    unsigned long next = 0;
+    unsigned int previous = kNone;  ///< in the list, the one before `current`
+    unsigned int current = kNone;   ///< in the list, the one whose entry is walked
+    bool finished = false;          ///< whether nothing more can be found at this level
+  };
+
+  static Leaves LeavesBySubscript(OmDimHeader const& header, std::size_t count);
+
+  void PlanOthers(OmDisplayLayerHeading::Data const& layout, PuppetVector<short> const& others,
+                  std::vector<int> const& sizes);
+  void PlanHeads(OmDisplayLayerHeading::Data& layout, PuppetVector<short> const& heads,
+                 std::vector<int> const& sizes);
+  /// Whether the walk may come to this level again with the same subscripts of the heads dimensions
+  /// above it.
+  bool ComesAgain(std::size_t level) const { return level < highestOther_; }
+
+  Frame Enter(OmPivotTable::PointerVector const* node, std::size_t level, unsigned int list);
+  bool Step(Frame& frame, std::size_t level);
+  bool StepOpen(Frame& frame, std::size_t level);
+  void Leave(Frame& frame, std::size_t level, bool finished);
+  bool Finished(Frame const& frame, std::size_t level) const;
+  bool HasLeaf(std::size_t level, unsigned long subscript) const;
+  unsigned int ListBelow(Frame const& frame, std::size_t level);
+  void OpenNext(OpenList& list);
+  void Close(Frame const& frame);
+
+  bool OthersInRange() const;
+  void Keep(OmPlaceSet& kept);
+  void Extend(Digit const& digit, unsigned int value);
+
+  OmPivotTable::PointerVector* root_;
+  std::vector<Dimension> dimensions_;
+  std::vector<Digit> digits_;
+  std::size_t lowestHead_;
+  std::size_t highestOther_ = 0;
+  unsigned long long nHeads_;
+  unsigned long long nOthers_;
+
+  std::vector<unsigned long> subscripts_;  ///< of the walk's present path
+  std::vector<Open> open_;
+  std::vector<OpenList> lists_;
+  unsigned int freeOpen_ = kNone;        ///< the first of those in open_ that are not in use
+  std::vector<unsigned int> freeLists_;  ///< those in lists_ that are not in use
+  unsigned long long looks_ = 0;
+  std::vector<unsigned long long> partial_;
+  std::vector<unsigned long long> extended_;
+};
+
+#endif

@@ -1,0 +1,37 @@
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include "core/dimension/OmDimensionEditingPair.h"
+
+namespace {
+
+RC_GTEST_PROP(OmDimensionEditing, BehavesLikeAPlainTreeUnderAnySequence, ()) {
+  SpyBalance const balance;
+  OmMemoryRegion region(false);
+  OmDimension dimension(OmDimensionNode(SpyCell("root"), 0, true, nullptr), &region);
+  OmDimensionEditingPair pair(dimension);
+  int const steps = *rc::gen::inRange(0, 120);
+  for (int step = 0; step < steps; ++step) {
+    switch (OmDimensionEditingPair::Draw(10)) {
+      case 0:
+      case 1:
+        pair.Child();
+        break;
+      case 2:
+      case 3:
+        pair.AddNewChild();
+        break;
+      case 4:
+        pair.Delete();
+        break;
+      case 5:
+        pair.ChangeFlags();
+        break;
+      default:
+        pair.Edit();
+    }
+    pair.Check();
+  }
+}
+
+}  // namespace

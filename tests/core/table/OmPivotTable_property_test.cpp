@@ -1,0 +1,164 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <map>
+#include <optional>
+#include <rapidcheck/gtest.h>
+
+#include <lakresvos/OmPivotTable.h>
+
+#include "core/table/OmPivotTableFixture.h"
+
+namespace {
+
+/// A table as a map from index, last dimension first, to text; and, for the start of a walk, the
+/// sizes of the store's nodes by their path from the root.
+class Model {
+ public:
+  explicit Model(std::size_t dimensions) : dimensions_(dimensions) {}
+
+  void Write(Index const& index, std::optional<std::string> const& text) {
+    Index const path(index.rbegin(), index.rend());
+    for (std::size_t level = 0; level < dimensions_; ++level) {
+      int& size = nodes_[Head(path, level)];
+      size = std::max(size, path[level] + 1);
+    }
+    cells_.erase(path);
+    if (text) {
+      cells_[path] = *text;
+    }
+  }
+
+  void Delete(Index const& index) {
+    Index const path(index.rbegin(), index.rend());
+    auto const bottom = nodes_.find(Head(path, dimensions_ - 1));
+    if (bottom == nodes_.end() || path.back() >= bottom->second) {
+      return;
+    }
+    cells_.erase(path);
+    for (std::size_t level = dimensions_ - 1; level != 0; --level) {
+      Index const node = Head(path, level);
+      if (HoldsBelow(nodes_, node) || HoldsBelow(cells_, node)) {
+        return;
+      }
+      nodes_.erase(node);
+    }
+  }
+
+  void AddDimension() {
+    std::map<Index, int> nodes;
+    for (auto const& [path, size] : nodes_) {
+      nodes[Below(path)] = size;
+    }
+    if (!nodes.empty()) {
+      nodes[Index{}] = 1;
+    }
+    std::map<Index, std::string> cells;
+    for (auto const& [path, text] : cells_) {
+      cells[Below(path)] = text;
+    }
+    nodes_ = nodes;
+    cells_ = cells;
+    ++dimensions_;
+  }
+
+  std::string At(Index const& index) const {
+    auto const found = cells_.find(Index(index.rbegin(), index.rend()));
+    return found != cells_.end() ? found->second : "(none)";
+  }
+
+  Walked Walk() const {
+    Walked walked;
+    if (StartsInAClearedBranch()) {
+      return walked;
+    }
+    for (auto const& [path, text] : cells_) {
+      walked.emplace_back(Index(path.rbegin(), path.rend()), text);
+    }
+    return walked;
+  }
+
+ private:
+  static Index Head(Index const& path, std::size_t length) {
+    return {path.begin(), path.begin() + static_cast<std::ptrdiff_t>(length)};
+  }
+
+  static Index Below(Index path) {
+    path.insert(path.begin(), 0);
+    return path;
+  }
+
+  template <class Value>
+  static bool HoldsBelow(std::map<Index, Value> const& map, Index const& node) {
+    auto const next = map.upper_bound(node);
+    return next != map.end() && next->first.size() > node.size() &&
+           Head(next->first, node.size()) == node;
+  }
+
+  bool StartsInAClearedBranch() const {
+    Index node;
+    while (node.size() + 1 < dimensions_) {
+      auto const child = std::find_if(nodes_.begin(), nodes_.end(), [&](auto const& entry) {
+        return entry.first.size() == node.size() + 1 && Head(entry.first, node.size()) == node;
+      });
+      if (child == nodes_.end()) {
+        return true;
+      }
+      node = child->first;
+    }
+    return !HoldsBelow(cells_, node);
+  }
+
+  std::size_t dimensions_;
+  std::map<Index, int> nodes_;
+  std::map<Index, std::string> cells_;
+};
+
+RC_GTEST_PROP(OmPivotTableProperty, BehavesAsAMapUnderRandomChanges, ()) {
+  auto const dimensions = *rc::gen::inRange(1, 5);
+  TestTable table(dimensions);
+  Model model(static_cast<std::size_t>(dimensions));
+  int const steps = *rc::gen::inRange(0, 60);
+  for (int step = 0; step < steps; ++step) {
+    int const count = table.NDimensions();
+    Index const index = *rc::gen::container<Index>(
+        static_cast<std::size_t>(count),
+        rc::gen::weightedOneOf<int>({{9, rc::gen::inRange(0, 4)}, {1, rc::gen::inRange(0, 30)}}));
+    int const action = *rc::gen::inRange(0, 20);
+    if (action < 10) {
+      table.Put(index, std::to_string(step));
+      model.Write(index, std::to_string(step));
+    } else if (action < 14) {
+      table.Clear(index);
+      model.Write(index, std::nullopt);
+    } else if (action < 19) {
+      table.deleteCell(index);
+      model.Delete(index);
+    } else if (count < 7) {
+      table.AddDimension(Text("more"));
+      model.AddDimension();
+    }
+    Index probe = index;
+    probe.resize(static_cast<std::size_t>(table.NDimensions()));
+    RC_ASSERT(table.At(probe) == model.At(probe));
+    RC_ASSERT(table.Walk() == model.Walk());
+  }
+}
+
+RC_GTEST_PROP(OmPivotTableProperty, TheConstWalkIsTheSame, ()) {
+  TestTable table(3);
+  for (int step = *rc::gen::inRange(0, 40); step > 0; --step) {
+    Index const index = *rc::gen::container<Index>(3, rc::gen::inRange(0, 4));
+    if (*rc::gen::inRange(0, 4) == 0) {
+      table.Clear(index);
+    } else {
+      table.Put(index, std::to_string(step));
+    }
+  }
+  Walked cells;
+  for (auto at = std::as_const(table).FirstCell(); at.Cell() != nullptr; ++at) {
+    cells.emplace_back(at.Index(), at.Cell()->GetText());
+  }
+  RC_ASSERT(cells == table.Walk());
+}
+
+}  // namespace
