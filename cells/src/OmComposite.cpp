@@ -51,7 +51,7 @@ void DeleteCells(PartTree::Element& root) {
 struct Mark {
   std::size_t begin;
   std::size_t end;
-  OmCellText* part;
+  OmCellText& part;
 };
 
 /// The first mark at or after `from` that names a part.
@@ -59,13 +59,12 @@ std::optional<Mark> FindMark(std::string_view pattern, std::size_t from,
                              PartTree::ConstNode parts) {
   for (std::size_t open = pattern.find('{', from); open != std::string_view::npos;
        open = pattern.find('{', open + 1)) {
-    std::size_t part = 0;
+    std::size_t number = 0;
     char const* const last = pattern.data() + pattern.size();
-    auto const [end, error] = std::from_chars(pattern.data() + open + 1, last, part);
-    if (error == std::errc() && end != last && *end == '}' &&
-        parts.Child(part).Value() != nullptr) {
-      return Mark{open, static_cast<std::size_t>(end - pattern.data()) + 1,
-                  parts.Child(part).Value()};
+    auto const [end, error] = std::from_chars(pattern.data() + open + 1, last, number);
+    OmCellText* const part = parts.Child(number).Value();
+    if (error == std::errc() && end != last && *end == '}' && part != nullptr) {
+      return Mark{open, static_cast<std::size_t>(end - pattern.data()) + 1, *part};
     }
   }
   return std::nullopt;
@@ -130,9 +129,9 @@ void OmComposite::EachPiece(Take take) const {
       continue;
     }
     position = mark->end;
-    if (OmComposite const* inner = PlainComposite(mark->part)) {
+    if (OmComposite const* inner = PlainComposite(&mark->part)) {
       open.push_back({inner, 0});
-    } else if (!take(mark->part->GetText())) {
+    } else if (!take(mark->part.GetText())) {
       return;
     }
   }

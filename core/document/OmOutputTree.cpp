@@ -19,8 +19,10 @@ void DeletePart(PartTree::Node const& node) {
 
 /// A text block whose label is `label`, or empty when there is none.
 std::unique_ptr<OmTextBlock> MakeTextBlock(OmCellText const* label, std::string const& text) {
-  return label != nullptr ? std::make_unique<OmTextBlock>(*label, text)
-                          : std::make_unique<OmTextBlock>(OmStringCell("", false), text);
+  if (label == nullptr) {
+    return std::make_unique<OmTextBlock>(OmStringCell("", false), text);
+  }
+  return std::make_unique<OmTextBlock>(*label, text);
 }
 
 void PruneChildren(PartTree::Node const& node) {

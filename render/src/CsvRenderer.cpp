@@ -95,6 +95,7 @@ std::vector<std::string> NamesOf(std::vector<OmPivotTable*> const& tables,
                                  CsvRecord const& record) {
   UniqueNames unique;
   std::vector<std::string> names;
+  names.reserve(tables.size());
   for (OmPivotTable const* const table : tables) {
     names.push_back(unique.Next(record.Shown(TextOf(HeadlineOf(*table)))));
   }

@@ -74,6 +74,7 @@ std::vector<LongHeader::Key> LongHeader::KeysOf(CsvRecord const& record,
 
 std::vector<CategoryColumns> CategoriesOf(OmPivotTable const& table) {
   std::vector<CategoryColumns> dimensions;
+  dimensions.reserve(static_cast<std::size_t>(table.NDimensions()));
   for (int d = 0; d < table.NDimensions(); ++d) {
     dimensions.emplace_back(table.Dimension(d));
   }

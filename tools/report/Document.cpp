@@ -86,6 +86,7 @@ void WarnOfTexts(DataSet const& data, std::vector<Statistic> const& statistics,
 void CountMissing(DataSet const& data, RowWeights const& weights,
                   std::vector<std::string> const& columns, Skipped kind, WarningLog& warnings) {
   std::vector<DataColumn const*> kept;
+  kept.reserve(columns.size());
   for (std::string const& name : columns) {
     kept.push_back(&data.columns[data.Find(name)]);
   }
