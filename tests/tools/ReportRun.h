@@ -6,7 +6,7 @@
 #include <sys/wait.h>
 #include <vector>
 
-#include "Quoting.h"
+#include "ShellWord.h"
 #include "TemporaryDirectory.h"
 
 /// What became of one run of the program.

@@ -143,20 +143,4 @@ void GroupCategories(OmDimension& target, TableDimension const& source, DataSet 
   }
 }
 
-void CheckGroupings(std::vector<Grouping> const& groupings,
-                    std::vector<ColumnWish> const& formulaColumns) {
-  std::set<std::pair<std::string, std::string>> groups;
-  for (Grouping const& grouping : groupings) {
-    std::string const& column = grouping.column.name;
-    if (std::none_of(formulaColumns.begin(), formulaColumns.end(),
-                     [&](ColumnWish const& wish) { return wish.name == column; })) {
-      Fail(grouping, grouping.column, "the column " + Quoted(column) + " is in no table");
-    }
-    if (!groups.emplace(column, grouping.group.name).second) {
-      Fail(grouping, grouping.group,
-           "the column " + Quoted(column) + " has another group " + Quoted(grouping.group.name));
-    }
-  }
-}
-
 }  // namespace lakresvos::report

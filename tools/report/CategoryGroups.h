@@ -20,11 +20,6 @@ namespace lakresvos::report {
 void GroupCategories(OmDimension& target, TableDimension const& source, DataSet const& data,
                      std::vector<Grouping> const& groupings);
 
-/// @throws ReportError for a grouping of a column that is in no formula, and for a group of a column
-///         that comes twice.
-void CheckGroupings(std::vector<Grouping> const& groupings,
-                    std::vector<ColumnWish> const& formulaColumns);
-
 }  // namespace lakresvos::report
 
 #endif

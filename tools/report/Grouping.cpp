@@ -1,5 +1,11 @@
 #include "Grouping.h"
 
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include "Quoting.h"
+
 namespace lakresvos::report {
 
 namespace {
@@ -34,6 +40,22 @@ Grouping ParseGrouping(std::string const& text) {
 
 void Fail(Grouping const& grouping, NamedColumn const& place, std::string const& what) {
   Scanner(kOption, grouping.text).Fail(place.position, what);
+}
+
+void CheckGroupings(std::vector<Grouping> const& groupings,
+                    std::vector<ColumnWish> const& formulaColumns) {
+  std::set<std::pair<std::string, std::string>> groups;
+  for (Grouping const& grouping : groupings) {
+    std::string const& column = grouping.column.name;
+    if (std::none_of(formulaColumns.begin(), formulaColumns.end(),
+                     [&](ColumnWish const& wish) { return wish.name == column; })) {
+      Fail(grouping, grouping.column, "the column " + Quoted(column) + " is in no table");
+    }
+    if (!groups.emplace(column, grouping.group.name).second) {
+      Fail(grouping, grouping.group,
+           "the column " + Quoted(column) + " has another group " + Quoted(grouping.group.name));
+    }
+  }
 }
 
 }  // namespace lakresvos::report

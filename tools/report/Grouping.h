@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "DataSet.h"
 #include "Scanner.h"
 
 namespace lakresvos::report {
@@ -19,6 +20,11 @@ struct Grouping {
 /// Reads `COLUMN: NAME = CATEGORY, CATEGORY`; names as in a formula.
 /// @throws ReportError that names the position.
 Grouping ParseGrouping(std::string const& text);
+
+/// @throws ReportError for a grouping of a column that is in no formula, and for a group of a column
+///         that comes twice.
+void CheckGroupings(std::vector<Grouping> const& groupings,
+                    std::vector<ColumnWish> const& formulaColumns);
 
 /// Complains about a place in a grouping.
 /// @throws ReportError always.

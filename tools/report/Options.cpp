@@ -12,6 +12,7 @@
 #include "OptionErrors.h"
 #include "Quoting.h"
 #include "ReportError.h"
+#include "ShellWord.h"
 
 namespace lakresvos::report {
 

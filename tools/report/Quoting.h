@@ -16,9 +16,6 @@ std::string Shortened(std::string const& line);
 /// The text in single quotes on one line, cut after 40 characters; for messages.
 std::string Quoted(std::string_view text);
 
-/// The text as a shell would have to be given it: as it stands where that is safe, else quoted.
-std::string ShellWord(std::string_view text);
-
 }  // namespace lakresvos::report
 
 #endif

@@ -14,7 +14,6 @@
 #include "Quoting.h"
 #include "ReportError.h"
 #include "StyleProperties.h"
-#include "Utf8.h"
 
 namespace lakresvos::report {
 
@@ -90,7 +89,11 @@ class StyleSink : public nlohmann::json_sax<nlohmann::json> {
     std::string_view const read =
         std::string_view(text_).substr(0, std::min(position == 0 ? 0 : position - 1, text_.size()));
     auto const line = std::count(read.begin(), read.end(), '\n') + 1;
-    auto const column = CharacterCount(read.substr(read.rfind('\n') + 1)) + 1;
+    auto const startsCharacter = [](char c) {
+      return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+    };
+    auto const lineStart = read.begin() + static_cast<std::ptrdiff_t>(read.rfind('\n') + 1);
+    auto const column = std::count_if(lineStart, read.end(), startsCharacter) + 1;
     throw ReportError(file_ + ":" + std::to_string(line) + ":" + std::to_string(column) + ": " +
                       Reason(position, error));
   }
