@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "CrossTable.h"
-#include "ErrorOf.h"
 #include "TableReader.h"
 #include "TextData.h"
+#include "support/ErrorOf.h"
 
 using namespace lakresvos::report;
 

@@ -6,9 +6,9 @@
 #include <string>
 
 #include "CategoryOrder.h"
-#include "ErrorOf.h"
 #include "RowWeights.h"
 #include "TextData.h"
+#include "support/ErrorOf.h"
 
 using namespace lakresvos::report;
 

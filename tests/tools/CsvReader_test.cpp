@@ -5,8 +5,8 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "ErrorOf.h"
-#include "TemporaryDirectory.h"
+#include "support/ErrorOf.h"
+#include "support/TemporaryDirectory.h"
 
 using namespace lakresvos::report;
 

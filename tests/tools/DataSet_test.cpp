@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "ErrorOf.h"
 #include "TextData.h"
+#include "support/ErrorOf.h"
 
 using namespace lakresvos::report;
 

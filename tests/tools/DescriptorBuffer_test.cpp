@@ -7,7 +7,7 @@
 #include <string>
 
 #include "Descriptor.h"
-#include "TemporaryDirectory.h"
+#include "support/TemporaryDirectory.h"
 
 using namespace lakresvos::report;
 

@@ -6,11 +6,11 @@
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmTextBlock.h>
 
-#include "ErrorOf.h"
 #include "NotesTable.h"
 #include "TableReader.h"
 #include "TextData.h"
 #include "WarningsTable.h"
+#include "support/ErrorOf.h"
 
 using namespace lakresvos::report;
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "ErrorOf.h"
+#include "support/ErrorOf.h"
 
 using namespace lakresvos::report;
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "ErrorOf.h"
+#include "support/ErrorOf.h"
 
 using namespace lakresvos::report;
 

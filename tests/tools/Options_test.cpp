@@ -5,7 +5,7 @@
 
 #include <lakresvos/lakresvos.h>
 
-#include "ErrorOf.h"
+#include "support/ErrorOf.h"
 
 using namespace lakresvos::report;
 

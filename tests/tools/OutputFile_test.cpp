@@ -9,8 +9,8 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include "ErrorOf.h"
-#include "TemporaryDirectory.h"
+#include "support/ErrorOf.h"
+#include "support/TemporaryDirectory.h"
 
 using namespace lakresvos::report;
 

@@ -10,8 +10,8 @@
 #include <lakresvos/lakresvos.h>
 
 #include "Document.h"
-#include "ErrorOf.h"
 #include "ReportRun.h"
+#include "support/ErrorOf.h"
 #include "support/FailingNew.h"
 
 using namespace lakresvos::report;

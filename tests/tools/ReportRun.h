@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "ShellWord.h"
-#include "TemporaryDirectory.h"
+#include "support/TemporaryDirectory.h"
 
 /// What became of one run of the program.
 struct ReportRun {

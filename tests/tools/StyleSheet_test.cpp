@@ -5,9 +5,9 @@
 
 #include <cells/OmStringCell.h>
 
-#include "ErrorOf.h"
 #include "StyleProperties.h"
-#include "TemporaryDirectory.h"
+#include "support/ErrorOf.h"
+#include "support/TemporaryDirectory.h"
 
 using namespace lakresvos::report;
 

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "DataSet.h"
-#include "TemporaryDirectory.h"
 #include "WarningLog.h"
+#include "support/TemporaryDirectory.h"
 
 /// Reads a data set from the text of a CSV file, of which all named columns are kept.
 inline lakresvos::report::DataSet DataOf(std::string const& bytes,

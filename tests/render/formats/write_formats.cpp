@@ -12,11 +12,11 @@
 #include <lakresvos/render/MarkdownRenderer.h>
 #include <lakresvos/render/XlsxRenderer.h>
 
-#include "CellText.h"
-#include "CleanText.h"
-#include "LayerLine.h"
-#include "RepeatedFrame.h"
-#include "support/HardCases.h"
+#include "content/CellText.h"
+#include "grid/LayerLine.h"
+#include "grid/RepeatedFrame.h"
+#include "render/support/HardCases.h"
+#include "unicode/CleanText.h"
 
 // Writes the document of hard cases in every format, and its grids themselves as "grids.json":
 // what the formats have to show.

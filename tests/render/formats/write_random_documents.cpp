@@ -13,8 +13,8 @@
 #include <lakresvos/render/MarkdownRenderer.h>
 #include <lakresvos/render/XlsxRenderer.h>
 
-#include "MarkdownDocument.h"
-#include "support/RandomDocument.h"
+#include "render/markdown/Document.h"
+#include "render/support/RandomDocument.h"
 
 // Writes random documents in every format, each in a directory of its own: as many as RC_PARAMS says
 // with "max_success". Of Markdown it writes the tables as another program reads them.

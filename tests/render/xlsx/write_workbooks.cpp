@@ -13,7 +13,7 @@
 #include <lakresvos/OmTextBlock.h>
 #include <lakresvos/render/XlsxRenderer.h>
 
-#include "render/RenderTables.h"
+#include "render/support/RenderTables.h"
 
 // Writes a workbook for each of the cases that test_workbooks.py reads back.
 

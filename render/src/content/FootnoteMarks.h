@@ -1,0 +1,57 @@
+#ifndef LAKRESVOS_RENDER_CONTENT_FOOTNOTEMARKS_H
+#define LAKRESVOS_RENDER_CONTENT_FOOTNOTEMARKS_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include <lakresvos/OmPivotTable.h>
+
+#include "content/TableFootnotes.h"
+
+namespace lakresvos::render {
+
+/// The footnotes of a table as text. A mark is shown raised where every character has a raised form
+/// or is a sign already and no more than one is a letter, and else as it is, in brackets: in the same
+/// form at its note and wherever it refers to that.
+class FootnoteMarks {
+ public:
+  /// @param table must outlive the object.
+  /// @param ascii shows all marks in brackets.
+  FootnoteMarks(OmPivotTable const& table, bool ascii);
+
+  /// What to put behind a text: the marks of its footnotes, joined by commas, neighbours in
+  /// brackets within the same ones; empty when it has none. Numbers that are no footnote of the table are left out.
+  std::string Of(OmCellText const& text) const;
+
+  /// A footnote after its mark, by its position in the table's list.
+  std::string Note(std::size_t footnote) const;
+
+  /// The notes to print under the table, in the order of the table's list.
+  std::vector<std::string> Notes() const;
+
+  /// The footnotes themselves, with the marks as they are.
+  TableFootnotes const& Footnotes() const { return footnotes_; }
+
+ private:
+  /// Empty for a mark that stands in brackets.
+  std::string RaisedForm(std::string const& mark) const;
+
+  TableFootnotes footnotes_;
+  bool ascii_;
+};
+
+/// What a text renderer shows of a cell or label, not yet made printable.
+struct MarkedText {
+  std::string text;
+  std::string marks;  ///< to be put right behind the text
+};
+
+/// Nothing for a null label.
+inline MarkedText ShownText(OmCellText const* label, FootnoteMarks const& marks) {
+  return label != nullptr ? MarkedText{label->GetText(), marks.Of(*label)} : MarkedText{};
+}
+
+}  // namespace lakresvos::render
+
+#endif

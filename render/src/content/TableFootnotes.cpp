@@ -1,0 +1,65 @@
+#include "content/TableFootnotes.h"
+
+#include <set>
+#include <utility>
+
+#include "content/CellText.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+/// 0 is a, 25 is z, 26 is aa, ...
+std::string Letters(std::size_t number) {
+  std::string letters;
+  for (std::size_t rest = number + 1; rest != 0; rest = (rest - 1) / 26) {
+    letters.insert(letters.begin(), static_cast<char>('a' + (rest - 1) % 26));
+  }
+  return letters;
+}
+
+}  // namespace
+
+TableFootnotes::TableFootnotes(OmPivotTable const& table) : table_(table) {
+  std::set<std::string> taken;
+  for (OmFootnote const& footnote : table.Footnotes().Elements()) {
+    taken.insert(TextOf(footnote.marker));
+  }
+  std::size_t next = 0;
+  for (OmFootnote const& footnote : table.Footnotes().Elements()) {
+    std::string mark = TextOf(footnote.marker);
+    while (mark.empty()) {
+      std::string letters = Letters(next++);
+      if (taken.count(letters) == 0) {
+        mark = std::move(letters);
+      }
+    }
+    marks_.push_back(std::move(mark));
+  }
+}
+
+std::string TableFootnotes::Text(std::size_t footnote) const {
+  return TextOf(table_.Footnotes()[footnote].text);
+}
+
+std::vector<std::size_t> TableFootnotes::Of(OmCellText const& text) const {
+  std::vector<std::size_t> footnotes;
+  if (OmCellMetaData const* meta = text.getMeta()) {
+    for (unsigned int const number : meta->getFootnotes()) {
+      if (number < marks_.size()) {
+        footnotes.push_back(number);
+      }
+    }
+  }
+  return footnotes;
+}
+
+std::string TableFootnotes::Marks(OmCellText const& text) const {
+  std::string marks;
+  for (std::size_t const footnote : Of(text)) {
+    marks += (marks.empty() ? "" : ",") + Mark(footnote);
+  }
+  return marks;
+}
+
+}  // namespace lakresvos::render

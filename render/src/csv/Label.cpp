@@ -1,0 +1,42 @@
+#include "csv/Label.h"
+
+#include <algorithm>
+#include <charconv>
+#include <string_view>
+#include <system_error>
+
+#include <cells/OmDataValue.h>
+#include <cells/OmNumber.h>
+
+#include "content/CellText.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+bool IsNumeric(OmCellText const& label) {
+  return dynamic_cast<OmNumDataValue const*>(&label) != nullptr ||
+         dynamic_cast<OmNumber const*>(&label) != nullptr;
+}
+
+/// Whether all of it is a number in digits, which may have a sign, a decimal point and an exponent.
+bool IsPlainNumber(std::string_view text) {
+  text.remove_prefix(text.starts_with('-') || text.starts_with('+') ? 1 : 0);
+  bool const isDecimal = std::all_of(text.begin(), text.end(), [](char c) {
+    return std::string_view("0123456789.eE+-").find(c) != std::string_view::npos;
+  });
+  double value = 0;
+  auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  return isDecimal && !text.starts_with('-') && error != std::errc::invalid_argument &&
+         end == text.data() + text.size();
+}
+
+}  // namespace
+
+std::string CsvLabel(CsvRecord const& record, OmCellText const* label) {
+  std::string text = TextOf(label);
+  bool const isNumber = label != nullptr && IsNumeric(*label) && IsPlainNumber(text);
+  return isNumber ? text : record.Encoded(text);
+}
+
+}  // namespace lakresvos::render

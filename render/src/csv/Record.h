@@ -1,0 +1,57 @@
+#ifndef LAKRESVOS_RENDER_CSV_RECORD_H
+#define LAKRESVOS_RENDER_CSV_RECORD_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "io/OutputBuffer.h"
+
+namespace lakresvos::render {
+
+/// Writes records of comma-separated values as RFC 4180 has them.
+///
+/// A field stands in quotes when it holds a comma, a quote or a line end, or starts or ends with a
+/// blank; so does the only field of a record when it is empty, as its line would be an empty one.
+class CsvRecord {
+ public:
+  /// @param safe puts an apostrophe before what spreadsheets would run as a formula, at the start of
+  /// a text and wherever in it a spreadsheet may see a field start.
+  CsvRecord(OutputBuffer& out, bool safe) : out_(out), safe_(safe) {}
+
+  /// What a field with this text shows: the text cleaned and, where it has to be, made safe. What is
+  /// shown shows as itself.
+  std::string Shown(std::string_view text) const;
+
+  /// A field with this text, as it is written.
+  std::string Encoded(std::string_view text) const;
+
+  /// Has every record from the next one start with a field of this text, which has to be shown
+  /// already.
+  void Lead(std::string const& shown) { lead_ = Encoded(shown) + ','; }
+
+  /// Adds one or more fields, commas between, as they are written.
+  void Add(std::string_view encoded);
+
+  /// Adds a field with any text.
+  void Text(std::string_view text) { Add(Encoded(text)); }
+
+  /// Adds a field that shows a number.
+  void Number(std::string_view text) { Add(text); }
+
+  void Empty() { Add({}); }
+
+  /// Ends the record.
+  void End();
+
+ private:
+  OutputBuffer& out_;
+  bool safe_;
+  std::string lead_;        // what each record starts with, as it is written
+  std::size_t fields_ = 0;  // how often some were added
+  bool blank_ = true;       // whether all fields so far are empty
+};
+
+}  // namespace lakresvos::render
+
+#endif

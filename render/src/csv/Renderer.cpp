@@ -1,0 +1,146 @@
+#include <lakresvos/OmOutputTree.h>
+#include <lakresvos/OmPivotTable.h>
+#include <lakresvos/render/CsvRenderer.h>
+#include <lakresvos/render/LayerGrids.h>
+
+#include "content/CellText.h"
+#include "content/NumberCell.h"
+#include "csv/Label.h"
+#include "csv/LongHeader.h"
+#include "csv/LongTable.h"
+#include "csv/Record.h"
+#include "csv/UniqueNames.h"
+#include "grid/LayerLine.h"
+#include "grid/RepeatedFrame.h"
+#include "io/OutputBuffer.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+void WriteCell(CsvRecord& record, OmCellText* cell) {
+  if (cell == nullptr) {
+    record.Empty();
+  } else if (NumberOf(*cell).has_value()) {
+    record.Number(cell->GetText());
+  } else {
+    record.Add(CsvLabel(record, cell));
+  }
+}
+
+void WriteGrid(CsvRecord& record, DisplayGrid const& grid) {
+  std::string const layer = LayerLine(grid.LayerLabels(), TextOf);
+  if (!layer.empty()) {
+    record.Text(layer);
+    record.End();
+  }
+  RepeatedFrame frame(grid);
+  while (grid.Columns() > 0 && frame.Next()) {
+    int const labels = frame.InHeading() ? grid.Columns() : grid.HeadingColumns();
+    for (int column = 0; column < labels; ++column) {
+      record.Add(CsvLabel(record, frame.Label(column)));
+    }
+    if (!frame.InHeading()) {
+      DisplayGrid::BodyRow row = grid.Body(frame.Row());
+      for (int column = labels; column < grid.Columns(); ++column) {
+        WriteCell(record, row.Cell(column));
+      }
+    }
+    record.End();
+  }
+}
+
+/// What shows of a table without any cell: which categories it could have.
+void WriteDimensionNames(CsvRecord& record, OmPivotTable const& table) {
+  bool written = false;
+  for (CategoryColumns const& dimension : CategoriesOf(table)) {
+    for (std::string const& name : dimension.Names()) {
+      record.Text(name);
+      written = true;
+    }
+  }
+  if (written) {
+    record.End();
+  }
+}
+
+void WriteDisplay(CsvRecord& record, OmPivotTable& table, CsvOptions const& options) {
+  LayerGrids layers(table, {options.skipEmpty, true});
+  DisplayGrid const* grid = layers.Next();
+  if (grid == nullptr || grid->Columns() == 0) {
+    WriteDimensionNames(record, table);
+  }
+  while (grid != nullptr) {
+    WriteGrid(record, *grid);
+    grid = options.allLayers ? layers.Next() : nullptr;
+  }
+}
+
+bool IsWritten(OmPivotTable const& table) {
+  return table.Show() && !table.IsNotes() && !table.IsWarnings();
+}
+
+std::vector<OmPivotTable*> WrittenTables(OmOutputTree& tree) {
+  std::vector<OmPivotTable*> tables;
+  for (auto node = tree.begin(); !node.AtEnd(); ++node) {
+    auto* const table = dynamic_cast<OmPivotTable*>(*node);
+    if (table != nullptr && IsWritten(*table)) {
+      tables.push_back(table);
+    }
+  }
+  return tables;
+}
+
+std::vector<std::string> NamesOf(std::vector<OmPivotTable*> const& tables,
+                                 CsvRecord const& record) {
+  UniqueNames unique;
+  std::vector<std::string> names;
+  names.reserve(tables.size());
+  for (OmPivotTable const* const table : tables) {
+    names.push_back(unique.Next(record.Shown(TextOf(HeadlineOf(*table)))));
+  }
+  return names;
+}
+
+}  // namespace
+
+CsvRenderer::CsvRenderer(std::ostream& out, CsvOptions const& options)
+    : out_(out), options_(options) {}
+
+void CsvRenderer::Render(OmOutputTree& tree) {
+  Write(WrittenTables(tree));
+}
+
+void CsvRenderer::Visit(OmPivotTable& table) {
+  if (IsWritten(table)) {
+    Write({&table});
+  }
+}
+
+void CsvRenderer::Write(std::vector<OmPivotTable*> const& tables) {
+  if (tables.empty()) {
+    return;
+  }
+  OutputBuffer buffer(out_);
+  CsvRecord record(buffer, options_.safe);
+  std::vector<std::string> const names = NamesOf(tables, record);
+  auto const separate = [&] {
+    buffer << (started_ ? "\r\n" : "");
+    started_ = true;
+  };
+  if (options_.shape == CsvOptions::Shape::Long) {
+    separate();
+    WriteLongTables(record, tables, names, !options_.skipEmpty);
+  } else {
+    for (std::size_t i = 0; i < tables.size(); ++i) {
+      separate();
+      if (tables.size() > 1) {
+        record.Lead(names[i]);
+      }
+      WriteDisplay(record, *tables[i], options_);
+    }
+  }
+  buffer.Flush();
+}
+
+}  // namespace lakresvos::render

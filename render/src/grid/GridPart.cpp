@@ -1,0 +1,47 @@
+#include "grid/GridPart.h"
+
+#include <algorithm>
+
+namespace lakresvos::render {
+
+GridPart::GridPart(DisplayGrid const& grid, int first, int last)
+    : grid_(&grid), first_(first), last_(last), starts_{0} {
+  int const begin = HeadingColumns() + first;
+  int const end = HeadingColumns() + last;
+  for (int row = 0; row < HeadingRows(); ++row) {
+    GridCells const cells = grid.Frame(row);
+    auto const* const corner = std::find_if(cells.begin(), cells.end(), [](GridCell const& cell) {
+      return cell.role != GridRole::Corner;
+    });
+    heading_.insert(heading_.end(), cells.begin(), corner);
+    auto const* cell = std::partition_point(corner, cells.end(), [begin](GridCell const& before) {
+      return before.column + before.columnSpan <= begin;
+    });
+    for (; cell != cells.end() && cell->column < end; ++cell) {
+      heading_.push_back(Cut(*cell));
+    }
+    starts_.push_back(heading_.size());
+  }
+}
+
+GridCell GridPart::Cut(GridCell cell) const {
+  int const begin = std::max(cell.column, HeadingColumns() + first_);
+  int const end = std::min(cell.column + cell.columnSpan, HeadingColumns() + last_);
+  cell.column = begin - first_;
+  cell.columnSpan = end - begin;
+  return cell;
+}
+
+GridCells GridPart::Frame(int row) const {
+  if (row >= HeadingRows()) {
+    return grid_->Frame(row);
+  }
+  auto const at = static_cast<std::size_t>(row);
+  return {heading_.data() + starts_[at], heading_.data() + starts_[at + 1]};
+}
+
+GridPart::BodyRow GridPart::Body(int row) const {
+  return {grid_->Body(row), first_};
+}
+
+}  // namespace lakresvos::render

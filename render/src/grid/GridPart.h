@@ -1,0 +1,64 @@
+#ifndef LAKRESVOS_RENDER_GRID_GRIDPART_H
+#define LAKRESVOS_RENDER_GRID_GRIDPART_H
+
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include <lakresvos/render/DisplayGrid.h>
+
+namespace lakresvos::render {
+
+/// A grid without some of its columns: the row headings and a run of the body's columns, numbered
+/// as if there were no others. Headings that reach over others as well are cut.
+class GridPart {
+ public:
+  class BodyRow;
+
+  /// The body's columns from `first` up to but not including `last`, counted from 0.
+  /// @param grid must outlive the object.
+  GridPart(DisplayGrid const& grid, int first, int last);
+
+  OmPivotTable const& Table() const { return grid_->Table(); }
+
+  int HeadingRows() const { return grid_->HeadingRows(); }
+  int HeadingColumns() const { return grid_->HeadingColumns(); }
+  int Rows() const { return grid_->Rows(); }
+  int Columns() const { return HeadingColumns() + last_ - first_; }
+
+  /// The corner and the column headings, by the row and then by the column in which they start.
+  std::vector<GridCell> const& Heading() const { return heading_; }
+
+  /// The cells of the frame that start in grid row `row`, from 0 up to Rows().
+  GridCells Frame(int row) const;
+
+  /// The cells of one row of the body.
+  BodyRow Body(int row) const;
+
+ private:
+  GridCell Cut(GridCell cell) const;
+
+  DisplayGrid const* grid_;
+  int first_;
+  int last_;
+  std::vector<GridCell> heading_;
+  std::vector<std::size_t> starts_;  // per heading row, where its cells start; and the end
+};
+
+/// As DisplayGrid::BodyRow.
+class GridPart::BodyRow {
+ public:
+  OmCellText* Cell(int column) { return row_.Cell(column + skipped_); }
+
+ private:
+  friend class GridPart;
+
+  BodyRow(DisplayGrid::BodyRow row, int skipped) : row_(std::move(row)), skipped_(skipped) {}
+
+  DisplayGrid::BodyRow row_;
+  int skipped_;
+};
+
+}  // namespace lakresvos::render
+
+#endif

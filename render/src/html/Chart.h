@@ -1,0 +1,15 @@
+#ifndef LAKRESVOS_RENDER_HTML_CHART_H
+#define LAKRESVOS_RENDER_HTML_CHART_H
+
+#include <string>
+
+#include <lakresvos/OmChart.h>
+
+namespace lakresvos::render {
+
+/// The content of a chart's figure: its picture, its data as a table, or its announcement.
+std::string HtmlChart(OmChart const& chart);
+
+}  // namespace lakresvos::render
+
+#endif

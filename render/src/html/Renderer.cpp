@@ -1,0 +1,319 @@
+#include <algorithm>
+#include <functional>
+#include <vector>
+
+#include <cells/OmStringCell.h>
+#include <lakresvos/OmHeading.h>
+#include <lakresvos/OmOutputTree.h>
+#include <lakresvos/OmPivotTable.h>
+#include <lakresvos/OmTextBlock.h>
+#include <lakresvos/render/HtmlRenderer.h>
+#include <lakresvos/render/LayerGrids.h>
+
+#include "content/CellText.h"
+#include "content/NumberCell.h"
+#include "content/Placeholder.h"
+#include "grid/LayerLine.h"
+#include "html/Chart.h"
+#include "html/Language.h"
+#include "html/Notes.h"
+#include "html/Outline.h"
+#include "html/Page.h"
+#include "html/Style.h"
+#include "html/Table.h"
+#include "html/Text.h"
+#include "io/OutputBuffer.h"
+#include "unicode/TextWidth.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+constexpr char kUsualTitle[] = "Output";
+constexpr int kMostMarkRoom = 12;  // in characters; longer marks reach into the next column
+
+std::string PartId(std::size_t part) {
+  return "part-" + std::to_string(part);
+}
+
+/// Goes through a document for one purpose, counting its items.
+class PartVisitor : public OmOutputPart::Visitor {
+ public:
+  void VisitAll(OmOutputTree& tree) {
+    part_ = 0;
+    for (auto node = tree.begin(); !node.AtEnd(); ++node, ++part_) {
+      if (OmOutputPart* part = *node) {
+        depth_ = node.depth;
+        part->Accept(*this);
+      }
+    }
+  }
+
+  void Visit(OmPivotTable& /*table*/) override {}
+  void Visit(OmHeading& /*heading*/) override {}
+  void Visit(OmTextBlock& /*block*/) override {}
+  void Visit(OmPageTitle& /*title*/) override {}
+  void Visit(OmChart& /*chart*/) override {}
+  void Visit(OmAnswerTree& /*tree*/) override {}
+  void Visit(OmModel& /*model*/) override {}
+  void Visit(OmInteractive& /*item*/) override {}
+
+ protected:
+  std::size_t part_ = 0;
+  int depth_ = 0;
+};
+
+/// Finds out what the page has to say before the first item.
+class HeadVisitor : public PartVisitor {
+ public:
+  using PartVisitor::Visit;
+
+  void Visit(OmPivotTable& table) override {
+    if (table.Show()) {
+      css += HtmlStyle(table, "#" + PartId(part_)) + MarkRoom(table);
+      language = language.empty() ? LanguageOf(table.TableLocale()) : language;
+      Take(tableTitle_, table.GetTableTitle());
+    }
+  }
+  void Visit(OmProcedure& /*procedure*/) override { hasHeading = true; }
+  void Visit(OmHeading& heading) override {
+    hasHeading = true;
+    Take(heading_, heading.Label());
+  }
+  void Visit(OmPageTitle& title) override {
+    pageTitle_ = pageTitle_.empty() ? title.Text() : pageTitle_;
+  }
+
+  /// The document's own title: of its first page title, heading or table that has one; a procedure
+  /// names a program, and what can be translated is a program's word too.
+  std::string Title() const {
+    for (std::string const* title : {&pageTitle_, &heading_, &tableTitle_}) {
+      if (!IsBlank(*title)) {
+        return *title;
+      }
+    }
+    return kUsualTitle;
+  }
+
+  std::string css;
+  std::string language;
+  bool hasHeading = false;
+
+ private:
+  /// Beside the numbers of a table, room for the most marks that any of them has.
+  std::string MarkRoom(OmPivotTable& table) const {
+    TableFootnotes const footnotes(table);
+    if (footnotes.Count() == 0) {
+      return {};
+    }
+    int most = 0;
+    for (auto at = table.FirstCell(); at.Cell() != nullptr; ++at) {
+      OmCellText& cell = *at.Cell();
+      if (cell.hasMeta() && NumberOf(cell)) {
+        std::string const marks = footnotes.Marks(cell);
+        most = std::max(most, TextWidth(PrintableLines(marks).front()));
+      }
+    }
+    most = std::min(most, kMostMarkRoom);
+    return most == 0 ? "" : "#" + PartId(part_) + "{--marks:" + std::to_string(most) + "}\n";
+  }
+
+  static void Take(std::string& title, OmCellText const* label) {
+    auto const* const word = dynamic_cast<OmStringCell const*>(label);
+    if (title.empty() && !IsBlank(TextOf(label)) && (word == nullptr || !word->IsTranslatable())) {
+      title = TextOf(label);
+    }
+  }
+
+  std::string pageTitle_;
+  std::string heading_;
+  std::string tableTitle_;
+};
+
+class OutlineVisitor : public PartVisitor {
+ public:
+  using PartVisitor::Visit;
+
+  explicit OutlineVisitor(OutputBuffer& out) : outline_(out) {}
+
+  void Visit(OmPivotTable& table) override {
+    if (table.Show()) {
+      Add(TextOf(HeadlineOf(table)));
+    }
+  }
+  void Visit(OmProcedure& procedure) override { Add(procedure.OutlineText()); }
+  void Visit(OmHeading& heading) override { Add(TextOf(heading.Label())); }
+  void Visit(OmChart& chart) override {
+    std::string const label = TextOf(chart.Label());
+    Add(IsBlank(label) ? "Chart" : "Chart: " + label);
+  }
+  void Visit(OmAnswerTree& tree) override { Add(TextOf(tree.Label())); }
+  void Visit(OmModel& model) override { Add(TextOf(model.Label())); }
+  void Visit(OmInteractive& item) override { Add(TextOf(item.Label())); }
+
+  void Finish() { outline_.Finish(); }
+
+ private:
+  void Add(std::string const& text) { outline_.Add(text, part_, depth_); }
+
+  HtmlOutline outline_;
+};
+
+class MainVisitor : public PartVisitor {
+ public:
+  MainVisitor(OutputBuffer& out, HtmlOptions const& options, std::string const& language)
+      : out_(out), options_(options), language_(language) {}
+
+  void Visit(OmHeading& heading) override { WriteHeading(TextOf(heading.Label())); }
+  void Visit(OmProcedure& procedure) override { WriteHeading(procedure.OutlineText()); }
+
+  void Visit(OmTextBlock& block) override {
+    out_ << "<div class=\"text\" id=\"" << PartId(part_) << "\">";
+    std::string const label = HtmlText(TextOf(block.Label()));
+    if (!label.empty()) {
+      out_ << "<p class=\"label\">" << label << "</p>";
+    }
+    out_ << (block.IsLog() ? "<pre dir=\"ltr\">\n" : "<pre>\n") << HtmlText(block.Text())
+         << "</pre></div>\n";
+    out_.Drain();
+  }
+
+  void Visit(OmPageTitle& title) override {
+    out_ << "<p class=\"page-title\" id=\"" << PartId(part_) << "\">" << HtmlText(title.Text())
+         << "</p>\n";
+  }
+
+  void Visit(OmPivotTable& table) override {
+    if (!table.Show()) {
+      return;
+    }
+    std::string const language = LanguageOf(table.TableLocale());
+    out_ << "<div class=\"pivot" << (HasColours(table) ? " paper" : "") << "\" id=\""
+         << PartId(part_) << "\"";
+    if (!language.empty() && language != language_) {
+      out_ << LanguageAttributes(language);
+    }
+    out_ << ">\n";
+    WriteLayers(table);
+    out_ << "</div>\n";
+    out_.Drain();
+  }
+
+  void Visit(OmChart& chart) override {
+    out_ << "<figure class=\"chart\" id=\"" << PartId(part_) << "\">" << HtmlChart(chart)
+         << "</figure>\n";
+    out_.Drain();
+  }
+  void Visit(OmAnswerTree& tree) override { Announce(Announcement(tree)); }
+  void Visit(OmModel& model) override { Announce(Announcement(model)); }
+  void Visit(OmInteractive& item) override { Announce(Announcement(item)); }
+
+ private:
+  void WriteHeading(std::string const& text) {
+    level_ = std::clamp(depth_ + 1, 1, std::min(level_ + 1, 6));
+    out_ << "<h" << level_ << " id=\"" << PartId(part_) << "\">"
+         << (IsBlank(text) ? "\u2014" : HtmlText(text)) << "</h" << level_ << ">\n";
+    out_.Drain();
+  }
+
+  void Announce(std::string const& announcement) {
+    out_ << "<p class=\"announcement\" id=\"" << PartId(part_) << "\">" << HtmlText(announcement)
+         << "</p>\n";
+  }
+
+  void WriteLayers(OmPivotTable& table) {
+    TableFootnotes const footnotes(table);
+    std::vector<bool> listed(footnotes.Count());
+    LayerGrids layers(table, {options_.skipEmpty, true});
+    DisplayGrid const* grid = layers.Next();
+    bool const first = grid != nullptr && !grid->LayerLabels().empty() && !options_.allLayers;
+    HtmlNotes notes(footnotes, PartId(part_));
+    if (grid == nullptr) {
+      out_ << "<p class=\"title\">" << Shown(notes, HeadlineOf(table)) << "</p>";
+      WriteFoot(table, notes, listed);
+    }
+    for (int layer = 0; grid != nullptr; ++layer) {
+      WriteLayer(table, *grid, footnotes, layer, listed);
+      grid = options_.allLayers ? layers.Next() : nullptr;
+    }
+    if (!first) {
+      notes.AppendOthers(out_.Text(), listed);
+    }
+  }
+
+  void WriteLayer(OmPivotTable const& table, DisplayGrid const& grid,
+                  TableFootnotes const& footnotes, int layer, std::vector<bool>& listed) {
+    std::string const prefix = "t" + std::to_string(part_) + "l" + std::to_string(layer);
+    HtmlNotes notes(footnotes, prefix);
+    std::string const name = HtmlText(LayerLine(grid.LayerLabels(), TextOf));
+    out_ << "<div class=\"layer\" data-name=\"" << name << "\"><div class=\"heading\" id=\""
+         << prefix << "t\"><span class=\"title\">" << Shown(notes, HeadlineOf(table)) << "</span>";
+    if (!name.empty()) {
+      out_ << " <span class=\"layer-line\">" << MarkedLayerLine(grid, notes) << "</span>";
+    }
+    out_ << "</div>\n<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-labelledby=\""
+         << prefix << "t\">\n";
+    WriteHtmlTable(out_, grid, notes, prefix);
+    out_ << "</div>";
+    WriteFoot(table, notes, listed);
+    out_ << "</div>\n";
+  }
+
+  /// The notes that were marked, and the caption.
+  void WriteFoot(OmPivotTable const& table, HtmlNotes& notes, std::vector<bool>& listed) {
+    std::string const caption = Caption(table, notes);
+    notes.AppendMarked(out_.Text(), listed);
+    out_ << caption;
+  }
+
+  static std::string Caption(OmPivotTable const& table, HtmlNotes& notes) {
+    if (!table.showCaption() || table.Caption() == nullptr) {
+      return {};
+    }
+    return "<p class=\"table-caption\">" + Shown(notes, table.Caption()) + "</p>";
+  }
+
+  static std::string Shown(HtmlNotes& notes, OmCellText const* label) {
+    std::string html;
+    notes.Append(html, label);
+    return html;
+  }
+
+  static std::string MarkedLayerLine(DisplayGrid const& grid, HtmlNotes& notes) {
+    return LayerLine(grid.LayerLabels(),
+                     [&notes](OmCellText const* label) { return Shown(notes, label); });
+  }
+
+  OutputBuffer& out_;
+  HtmlOptions const& options_;
+  std::string const& language_;
+  int level_ = 0;
+};
+
+}  // namespace
+
+void RenderHtml(OmOutputTree& tree, std::ostream& out, HtmlOptions const& options) {
+  OutputBuffer buffer(out);
+  HeadVisitor head;
+  head.VisitAll(tree);
+  std::string const title = HtmlText(options.title.empty() ? head.Title() : options.title);
+  std::string const language = head.language.empty() ? "en" : head.language;
+  buffer << "<!DOCTYPE html>\n<html" << LanguageAttributes(language)
+         << ">\n<head>\n<meta charset=\"utf-8\">\n"
+            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>"
+         << title << "</title>\n<style>" << kPageCss << head.css
+         << "</style>\n</head>\n<body>\n<nav id=\"outline\" aria-label=\"Outline\"><details open>"
+            "<summary>Outline</summary><ul>\n";
+  OutlineVisitor outline(buffer);
+  outline.VisitAll(tree);
+  outline.Finish();
+  buffer << "</ul></details></nav>\n<main>\n";
+  if (!head.hasHeading) {
+    buffer << "<h1>" << title << "</h1>\n";
+  }
+  MainVisitor(buffer, options, language).VisitAll(tree);
+  buffer << "</main>\n<script>" << kPageScript << "</script>\n</body>\n</html>\n";
+  buffer.Flush();
+}
+
+}  // namespace lakresvos::render

@@ -1,0 +1,38 @@
+#ifndef LAKRESVOS_RENDER_IO_LIBRARYCALL_H
+#define LAKRESVOS_RENDER_IO_LIBRARYCALL_H
+
+#include <cstdio>
+#include <utility>
+
+#include "io/SignalsHeld.h"
+
+namespace lakresvos::render {
+
+/// Stands around calls of the library that writes workbooks. It makes temporary files that have a
+/// name for a moment, in which no signal may end the process, and prints to standard error what its
+/// callers are told anyway.
+class LibraryCall {
+ public:
+  LibraryCall() : nowhere_(std::fopen("/dev/null", "we")) {
+    if (nowhere_ != nullptr) {
+      former_ = std::exchange(stderr, nowhere_);
+    }
+  }
+  LibraryCall(LibraryCall const&) = delete;
+  LibraryCall& operator=(LibraryCall const&) = delete;
+  ~LibraryCall() {
+    if (nowhere_ != nullptr) {
+      stderr = former_;
+      std::fclose(nowhere_);
+    }
+  }
+
+ private:
+  SignalsHeld held_;
+  std::FILE* nowhere_;
+  std::FILE* former_ = nullptr;
+};
+
+}  // namespace lakresvos::render
+
+#endif

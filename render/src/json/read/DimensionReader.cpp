@@ -1,0 +1,172 @@
+#include "json/read/DimensionReader.h"
+
+#include <climits>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <cells/OmStringCell.h>
+
+#include "json/Names.h"
+#include "json/read/AttributeReader.h"
+#include "json/read/CellReader.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+using Node = OmDimension::Node;
+
+/// Gives a dimension without nodes its number of subscripts. A dimension counts them when a category
+/// is added or deleted and lets nobody say how many there are.
+void SetSize(OmDimension& dimension, unsigned int size) {
+  if (size == 0) {
+    return;
+  }
+  OmStringCell const passing("");
+  dimension.value.group = true;
+  dimension.AddNewChild(dimension.Root(), passing, size - 1, false);
+  Node last = dimension.AddNewChild(dimension.Root(), passing, 0, true);
+  dimension.Delete(last);
+  OmDimension::EraseChildAt(dimension, 0);
+  dimension.value.childIndex.Clear();
+}
+
+bool SameContext(OmCellText const* label, OmCellText const* above) {
+  return label != nullptr && above != nullptr && label->hasContext() && above->hasContext() &&
+         label->ContextDisplay() == above->ContextDisplay();
+}
+
+/// What a node says of its subscript.
+unsigned long SubscriptIn(JsonValue const& value) {
+  if (value.IsNull()) {
+    return OmDimensionNode().subscript;
+  }
+  return value.Is(kRemovedSubscript) ? kRemoved : value.Integer<unsigned long>();
+}
+
+/// Reads the nodes of a dimension one by one, in preorder.
+class NodeBuilder {
+ public:
+  /// @param nodes how many there are.
+  NodeBuilder(OmDimension& dimension, std::size_t nodes) : dimension_(dimension), places_(nodes) {}
+
+  /// Makes room for so many subscripts.
+  void Extend(std::uint64_t places, JsonValue const& value) {
+    if (places > places_) {
+      value.Take(kSkippedSubscript * static_cast<double>(places - places_));
+      places_ = places;
+    }
+  }
+
+  void Add(JsonValue const& value) {
+    JsonObject object(value);
+    std::size_t const number = count_++;
+    JsonValue const id = object.At("id");
+    if (id.Integer<std::size_t>() != number) {
+      id.Fail("the nodes are numbered from 0 on, and this is " + std::to_string(number));
+    }
+    if (number == 0) {
+      ReadRoot(object);
+    } else {
+      ReadChild(object, number);
+    }
+    object.Finish();
+  }
+
+ private:
+  struct Level {
+    std::size_t number;
+    Node node;  // stays in place as long as nothing is put beside it
+    bool ownIndex;
+  };
+
+  void ReadRoot(JsonObject& object) {
+    OmDimensionNode& root = dimension_.value;
+    root.group = false;
+    root.subscript = OmDimensionNode().subscript;
+    path_.push_back({0, dimension_.Root(), ReadFields(object, root)});
+  }
+
+  void ReadChild(JsonObject& object, std::size_t number) {
+    Level& parent = FindParent(object.At("parent"));
+    OmDimensionNode node(dimension_.children.region);
+    bool const ownIndex = ReadFields(object, node);
+    OmDimensionNode& above = parent.node.Value();
+    if (SameContext(node.label, above.label)) {
+      node.label->ShareContext(*above.label);
+    }
+    if (!parent.ownIndex) {
+      above.childIndex.push_back(static_cast<unsigned int>(above.childIndex.size()));
+    }
+    Node const child = OmDimension::AdoptChild(parent.node, node);
+    path_.push_back({number, child, ownIndex});
+  }
+
+  /// Drops the levels from the path that the next node is not below.
+  Level& FindParent(JsonValue const& parent) {
+    auto const number = parent.Integer<std::size_t>();
+    while (!path_.empty() && path_.back().number != number) {
+      path_.pop_back();
+    }
+    if (path_.empty()) {
+      parent.Fail("this is neither the node before nor one above that");
+    }
+    return path_.back();
+  }
+
+  /// Reads all of a node but its place and its parent's.
+  /// @return whether the node says in which order its children are indexed.
+  bool ReadFields(JsonObject& object, OmDimensionNode& node) {
+    if (std::unique_ptr<OmCellText> const label = ReadCell(object, "label")) {
+      node.label = label->Clone(dimension_.children.region);
+    }
+    if (std::optional<JsonValue> const subscript = object.Find("subscript")) {
+      node.subscript = SubscriptIn(*subscript);
+      // Where a table is laid out, the low 32 bits are what counts.
+      if (auto const low = static_cast<unsigned int>(node.subscript); low <= INT_MAX) {
+        Extend(std::uint64_t{low} + 1, *subscript);
+      }
+    }
+    node.group = ReadFlag(object, "group");
+    node.hide = ReadFlag(object, "hide");
+    node.hideLabels = ReadFlag(object, "hideLabels");
+    node.sort = ReadInteger(object, "sort", node.sort);
+    std::optional<JsonValue> const index = object.Find("childIndex");
+    for (std::size_t i = 0; index && i < index->Count(); ++i) {
+      node.childIndex.push_back(index->Element(i).Integer<unsigned int>());
+    }
+    return index.has_value();
+  }
+
+  OmDimension& dimension_;
+  std::size_t count_ = 0;
+  std::uint64_t places_;  // the subscripts that there is room for
+  std::vector<Level> path_;
+};
+
+}  // namespace
+
+std::size_t ReadDimension(JsonValue const& value, OmPivotTable& table) {
+  JsonObject object(value);
+  JsonValue const size = object.At("size");
+  JsonValue const nodes = object.At("nodes");
+  object.Finish();
+  if (nodes.Count() == 0) {
+    nodes.Fail("the root is missing");
+  }
+  OmDimension const empty(OmDimensionNode(nullptr), nullptr);
+  OmDimension& dimension = table.AddDimension(empty);
+  NodeBuilder builder(dimension, nodes.Count());
+  auto const places = size.Integer<unsigned int>();
+  builder.Extend(places, size);
+  SetSize(dimension, places);
+  for (std::size_t i = 0; i < nodes.Count(); ++i) {
+    builder.Add(nodes.Element(i));
+  }
+  return nodes.Count();
+}
+
+}  // namespace lakresvos::render

@@ -1,0 +1,46 @@
+#ifndef LAKRESVOS_RENDER_MARKDOWN_TABLE_H
+#define LAKRESVOS_RENDER_MARKDOWN_TABLE_H
+
+#include <cstddef>
+#include <set>
+#include <string>
+
+#include <lakresvos/render/DisplayGrid.h>
+
+#include "content/TableFootnotes.h"
+#include "io/OutputBuffer.h"
+
+namespace lakresvos::render {
+
+/// The footnotes of one table as Markdown has them.
+class MarkdownNotes {
+ public:
+  /// @param table  must outlive the object and keep its footnotes.
+  /// @param number the table's number in the document.
+  MarkdownNotes(OmPivotTable const& table, std::size_t number)
+      : footnotes_(table), number_(number) {}
+
+  /// A label or cell with the marks of its footnotes; nothing for a null one.
+  std::string Marked(OmCellText const* label);
+
+  /// The notes that have been referred to, one per line.
+  std::string Definitions() const;
+
+  /// The others, one paragraph each.
+  std::string Rest() const;
+
+ private:
+  std::string Mark(std::size_t footnote) const;
+
+  TableFootnotes footnotes_;
+  std::size_t number_;
+  std::set<std::size_t> used_;
+};
+
+/// Writes a grid as a pipe table.
+/// Requires: the grid has columns.
+void WriteMarkdownTable(OutputBuffer& out, DisplayGrid const& grid, MarkdownNotes& notes);
+
+}  // namespace lakresvos::render
+
+#endif

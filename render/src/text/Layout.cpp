@@ -1,0 +1,259 @@
+#include "text/Layout.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "content/CellText.h"
+#include "content/NumberCell.h"
+#include "unicode/CodePoint.h"
+#include "unicode/TextWidth.h"
+#include "unicode/Wrap.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+constexpr int kBetweenColumns = 3;  // a blank, a line and a blank
+constexpr int kFrame = 4;           // a line and a blank on either side
+constexpr int kNarrowest = 6;       // what a column is left at least, wherever it would be wider
+
+class Measurer {
+ public:
+  Measurer(DisplayGrid const& grid, FootnoteMarks const& marks, int limit)
+      : grid_(grid), marks_(marks), limit_(limit) {
+    layout_.columns.resize(static_cast<std::size_t>(grid.Columns()));
+  }
+
+  std::vector<TextPart> Run(int width) {
+    MeasureColumns();
+    TextPart whole = Part(0, BodyColumns());
+    if (width > 0 && whole.layout.Extent() > width) {
+      Narrow(width);
+      return Cut(width);
+    }
+    std::vector<TextPart> parts;
+    parts.push_back(std::move(whole));
+    return parts;
+  }
+
+ private:
+  TextColumn& At(int column) { return layout_.columns[static_cast<std::size_t>(column)]; }
+  int BodyColumns() const { return grid_.Columns() - grid_.HeadingColumns(); }
+
+  // The columns of the whole grid, without what headings over several columns of the body add
+
+  void MeasureColumns() {
+    for (GridCell const& cell : grid_.Frame()) {
+      MeasureLabel(cell);
+    }
+    std::vector<int> numbers(layout_.columns.size(), 0);
+    for (int row = grid_.HeadingRows(); row < grid_.Rows(); ++row) {
+      DisplayGrid::BodyRow body = grid_.Body(row);
+      for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
+        if (OmCellText* cell = body.Cell(column)) {
+          MeasureCell(*cell, At(column), numbers[static_cast<std::size_t>(column)]);
+        }
+      }
+    }
+    MakeRoomForMarks(numbers);
+    // Inner headings first: what they add to their columns is room for the outer ones.
+    std::for_each(grid_.Frame().rbegin(), grid_.Frame().rend(), [this](GridCell const& cell) {
+      if (cell.role != GridRole::ColumnHeading && cell.columnSpan > 1) {
+        Widen(layout_, cell);
+      }
+    });
+  }
+
+  /// The width of the text when wrapped, and whether that takes more than one line.
+  int Wrapped(std::string const& text, bool& tall) const {
+    if (text.size() <= static_cast<std::size_t>(limit_) && IsPlainAscii(text)) {
+      return static_cast<int>(text.size());
+    }
+    std::vector<TextLine> const lines = Wrap(text, limit_);
+    tall = tall || lines.size() > 1;
+    return WidestLine(lines);
+  }
+
+  void MeasureLabel(GridCell const& cell) {
+    if (cell.columnSpan > 1) {
+      return;
+    }
+    MarkedText const shown = ShownText(cell.label, marks_);
+    bool tall = false;
+    TextColumn& column = At(cell.column);
+    column.width = std::max(column.width, Wrapped(shown.text + shown.marks, tall));
+    layout_.tall = layout_.tall || (tall && cell.role == GridRole::RowHeading && cell.rowSpan == 1);
+  }
+
+  void MeasureCell(OmCellText& cell, TextColumn& column, int& numbers) {
+    MarkedText shown = ShownText(&cell, marks_);
+    if (NumberOf(cell).has_value()) {
+      numbers = std::max(numbers, Wrapped(shown.text, layout_.tall));
+      if (shown.marks.empty()) {
+        return;
+      }
+      column.marks = std::max(column.marks, TextWidth(PrintableLines(shown.marks).front()));
+    } else {
+      column.numbers = false;
+    }
+    shown.text += shown.marks;
+    column.width = std::max(column.width, Wrapped(shown.text, layout_.tall));
+  }
+
+  /// Lets marks hang behind the numbers, whose digits then stand below one another, where there is
+  /// room.
+  void MakeRoomForMarks(std::vector<int> const& numbers) {
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+      TextColumn& column = layout_.columns[i];
+      if (numbers[i] + column.marks > limit_) {
+        column.marks = 0;
+      }
+      column.width = std::max(column.width, numbers[i] + column.marks);
+    }
+  }
+
+  void Widen(TextLayout& layout, GridCell const& cell) const {
+    if (cell.label == nullptr) {
+      return;
+    }
+    int const room = layout.Width(cell.column, cell.columnSpan);
+    MarkedText const shown = ShownText(cell.label, marks_);
+    int const missing = WidestLine(Wrap(shown.text + shown.marks, std::max(room, limit_))) - room;
+    auto const columns = layout.columns.begin() + cell.column;
+    for (int i = 0; i < cell.columnSpan && missing > 0; ++i) {
+      columns[i].width += missing / cell.columnSpan + (i < missing % cell.columnSpan ? 1 : 0);
+    }
+  }
+
+  // Parts
+
+  /// The body's columns from `first` up to but not including `last`, behind the row headings.
+  TextPart Part(int first, int last) const {
+    auto const headings = layout_.columns.begin() + grid_.HeadingColumns();
+    TextPart part{GridPart(grid_, first, last), {}};
+    part.layout.tall = layout_.tall;
+    part.layout.columns.assign(layout_.columns.begin(), headings);
+    part.layout.columns.insert(part.layout.columns.end(), headings + first, headings + last);
+    std::vector<GridCell> const& cells = part.grid.Heading();
+    std::for_each(cells.rbegin(), cells.rend(), [&](GridCell const& cell) {
+      if (cell.role == GridRole::ColumnHeading) {
+        Widen(part.layout, cell);
+      }
+    });
+    return part;
+  }
+
+  /// Lets columns wrap so early that one of the body has room next to the row headings.
+  void Narrow(int width) {
+    int const headings = grid_.HeadingColumns();
+    int const room = std::max(0, width - kFrame - kBetweenColumns * headings);
+    int widest = 0;
+    for (int column = headings; column < grid_.Columns(); ++column) {
+      widest = std::max(widest, At(column).width);
+    }
+    int const headingLimit = LimitOfHeadings(std::max(room - widest, room / 2));
+    int left = room;
+    for (int column = 0; column < headings; ++column) {
+      Limit(At(column), headingLimit);
+      left -= At(column).width;
+    }
+    limit_ = std::clamp(left, std::min(kNarrowest, limit_), limit_);
+    for (int column = headings; column < grid_.Columns(); ++column) {
+      Limit(At(column), limit_);
+    }
+  }
+
+  /// How wide a heading column may be so that all of them together are no wider than `room`.
+  int LimitOfHeadings(int room) const {
+    auto const end = layout_.columns.begin() + grid_.HeadingColumns();
+    int widest = kNarrowest;
+    std::for_each(layout_.columns.begin(), end,
+                  [&](TextColumn const& column) { widest = std::max(widest, column.width); });
+    int fits = kNarrowest;
+    while (fits < widest) {
+      int const limit = fits + (widest - fits + 1) / 2;
+      long total = 0;
+      std::for_each(layout_.columns.begin(), end,
+                    [&](TextColumn const& column) { total += std::min(column.width, limit); });
+      if (total <= room) {
+        fits = limit;
+      } else {
+        widest = limit - 1;
+      }
+    }
+    return fits;
+  }
+
+  void Limit(TextColumn& column, int limit) {
+    if (column.width > limit) {
+      column.width = limit;
+      column.marks = 0;
+      layout_.tall = true;
+    }
+  }
+
+  std::vector<TextPart> Cut(int width) const {
+    std::vector<TextPart> parts;
+    int first = 0;
+    do {
+      parts.push_back(WidestPart(first, width));
+      first += parts.back().grid.Columns() - grid_.HeadingColumns();
+    } while (first < BodyColumns());
+    return parts;
+  }
+
+  /// The part that starts with the body's column `first` and has as many more as fit.
+  TextPart WidestPart(int first, int width) const {
+    int fits = std::min(first + 1, BodyColumns());
+    int last = std::max(fits, EndWithoutSpans(first, width));
+    // Headings over several columns may need more room than these: usually not.
+    for (int tried = last; fits < last; tried = fits + (last - fits + 1) / 2) {
+      if (Part(first, tried).layout.Extent() <= width) {
+        fits = tried;
+      } else {
+        last = tried - 1;
+      }
+    }
+    return Part(first, fits);
+  }
+
+  /// Behind the last of the body's columns that fit from `first` on, as wide as they are themselves.
+  int EndWithoutSpans(int first, int width) const {
+    int const headings = grid_.HeadingColumns();
+    auto const body = layout_.columns.begin() + headings;
+    int extent = kFrame + layout_.Width(0, headings);
+    int last = first;
+    while (last < BodyColumns() && extent <= width) {
+      extent += kBetweenColumns + body[last++].width;
+    }
+    return extent <= width ? last : last - 1;
+  }
+
+  DisplayGrid const& grid_;
+  FootnoteMarks const& marks_;
+  int limit_;
+  TextLayout layout_;
+};
+
+}  // namespace
+
+int TextLayout::Width(int column, int columnSpan) const {
+  int width = kBetweenColumns * (columnSpan - 1);
+  for (int i = column; i < column + columnSpan; ++i) {
+    width += columns[static_cast<std::size_t>(i)].width;
+  }
+  return width;
+}
+
+int TextLayout::Extent() const {
+  auto const count = static_cast<int>(columns.size());
+  return count == 0 ? 0 : Width(0, count) + kFrame;
+}
+
+std::vector<TextPart> LayOutText(DisplayGrid const& grid, FootnoteMarks const& marks, int limit,
+                                 int width) {
+  return Measurer(grid, marks, limit).Run(width);
+}
+
+}  // namespace lakresvos::render

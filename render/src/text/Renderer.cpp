@@ -1,0 +1,186 @@
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <lakresvos/OmHeading.h>
+#include <lakresvos/OmPivotTable.h>
+#include <lakresvos/OmTextBlock.h>
+#include <lakresvos/render/LayerGrids.h>
+#include <lakresvos/render/TextRenderer.h>
+
+#include "content/AreaAlignment.h"
+#include "content/CellText.h"
+#include "content/Placeholder.h"
+#include "grid/DocumentWalk.h"
+#include "grid/LayerLine.h"
+#include "text/Table.h"
+#include "unicode/Wrap.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+constexpr std::array<std::string_view, 4> kUnderlines = {"═", "─", "╌", "┈"};
+constexpr std::array<std::string_view, 4> kAsciiUnderlines = {"=", "-", "~", "."};
+constexpr std::string_view kPageLine = "━";
+constexpr std::string_view kAsciiPageLine = "=";
+
+std::string Repeat(std::string_view text, int count) {
+  std::string repeated;
+  for (int i = 0; i < count; ++i) {
+    repeated += text;
+  }
+  return repeated;
+}
+
+/// The lines of a text behind an indent, wrapped at a width; 0: only at its own line ends.
+std::vector<TextLine> WrappedAt(int width, std::string const& text, std::size_t indent = 0) {
+  constexpr int kNarrowest = 2;
+  constexpr int kNowhere = std::numeric_limits<int>::max() - kNarrowest;
+  return Wrap(text, width > 0 ? std::max(width - static_cast<int>(indent), kNarrowest) : kNowhere);
+}
+
+std::string Marked(OmCellText const* label, FootnoteMarks const& marks) {
+  MarkedText const shown = ShownText(label, marks);
+  return shown.text + shown.marks;
+}
+
+}  // namespace
+
+TextRenderer::TextRenderer(std::ostream& out, TextOptions const& options)
+    : out_(out), options_(options) {}
+
+void TextRenderer::Render(OmOutputTree& tree) {
+  VisitAll(tree, *this, depth_);
+}
+
+// Headings and texts
+
+void TextRenderer::Visit(OmHeading& heading) {
+  WriteHeading(TextOf(heading.Label()));
+}
+
+void TextRenderer::Visit(OmProcedure& procedure) {
+  WriteHeading(procedure.OutlineText());
+}
+
+void TextRenderer::Visit(OmTextBlock& block) {
+  StartItem();
+  std::string const label = TextOf(block.Label());
+  if (label.empty()) {
+    WriteLines(block.Text());
+  } else {
+    WriteLines(label);
+    WriteLines(block.Text(), "  ");
+  }
+}
+
+void TextRenderer::Visit(OmPageTitle& title) {
+  StartItem();
+  std::string const line = Repeat(options_.ascii ? kAsciiPageLine : kPageLine,
+                                  WidestLine(WrappedAt(options_.width, title.Text())));
+  WriteLines(line);
+  WriteLines(title.Text());
+  WriteLines(line);
+}
+
+void TextRenderer::WriteHeading(std::string const& text) {
+  StartItem();
+  auto const& lines = options_.ascii ? kAsciiUnderlines : kUnderlines;
+  auto const last = static_cast<int>(lines.size()) - 1;
+  WriteLines(text);
+  WriteLines(Repeat(lines[static_cast<std::size_t>(std::clamp(depth_, 0, last))],
+                    WidestLine(WrappedAt(options_.width, text))));
+}
+
+// Tables
+
+void TextRenderer::Visit(OmPivotTable& table) {
+  if (!table.Show()) {
+    return;
+  }
+  StartItem();
+  FootnoteMarks const marks(table, options_.ascii);
+  auto const shown = [&marks](OmCellText const* label) { return Marked(label, marks); };
+  std::string const title = shown(HeadlineOf(table));
+  HorizontalAlignment const titleAlignment = AlignmentOf(table, FormatArea::AreaTitle);
+  LayerGrids layers(table, {options_.skipEmpty, true});
+  DisplayGrid const* grid = layers.Next();
+  if (grid == nullptr) {
+    WriteAligned(title, titleAlignment, 0);
+  }
+  int width = 0;
+  for (bool first = true; grid != nullptr; first = false) {
+    TextTable const text(*grid, marks, options_);
+    width = text.Width();
+    if (first) {
+      WriteAligned(title, titleAlignment, width);
+    } else {
+      out_ << '\n';
+    }
+    std::string const layer = LayerLine(grid->LayerLabels(), shown);
+    if (!layer.empty()) {
+      WriteLines(layer);
+    }
+    text.Write(out_);
+    grid = options_.allLayers ? layers.Next() : nullptr;
+  }
+  for (std::string const& note : marks.Notes()) {
+    WriteLines(note);
+  }
+  if (table.showCaption() && table.Caption() != nullptr) {
+    WriteAligned(shown(table.Caption()), AlignmentOf(table, FormatArea::AreaCaption), width);
+  }
+}
+
+// Items without a form as text
+
+void TextRenderer::Visit(OmChart& chart) {
+  Announce(Announcement(chart));
+}
+
+void TextRenderer::Visit(OmAnswerTree& tree) {
+  Announce(Announcement(tree));
+}
+
+void TextRenderer::Visit(OmModel& model) {
+  Announce(Announcement(model));
+}
+
+void TextRenderer::Visit(OmInteractive& item) {
+  Announce(Announcement(item));
+}
+
+void TextRenderer::Announce(std::string const& announcement) {
+  StartItem();
+  WriteLines(announcement);
+}
+
+// Output
+
+void TextRenderer::StartItem() {
+  if (started_) {
+    out_ << '\n';
+  }
+  started_ = true;
+}
+
+void TextRenderer::WriteAligned(std::string const& text, HorizontalAlignment alignment, int width) {
+  std::vector<TextLine> const lines = WrappedAt(options_.width, text);
+  int const room = std::max(width, WidestLine(lines));
+  for (TextLine const& line : lines) {
+    int const before = line.text.empty() ? 0 : BlanksBefore(alignment, room - line.width);
+    out_ << std::string(static_cast<std::size_t>(before), ' ') << line.text << '\n';
+  }
+}
+
+void TextRenderer::WriteLines(std::string const& text, std::string const& indent) {
+  for (TextLine const& line : WrappedAt(options_.width, text, indent.size())) {
+    out_ << (line.text.empty() ? std::string() : indent + line.text) << '\n';
+  }
+}
+
+}  // namespace lakresvos::render

@@ -1,0 +1,103 @@
+#include "text/Slots.h"
+
+#include <algorithm>
+
+#include "content/CellText.h"
+#include "content/NumberCell.h"
+#include "unicode/TextWidth.h"
+
+namespace lakresvos::render {
+
+void TextSlot::WriteLine(std::string& out, int width) {
+  if (LinesLeft() == 0) {
+    out.append(static_cast<std::size_t>(width), ' ');
+    return;
+  }
+  TextLine const& line = lines[next++];
+  int const blanks = std::max(0, width - line.width);
+  int const before = BlanksBefore(align, std::max(0, blanks - behind));
+  out.append(static_cast<std::size_t>(before), ' ');
+  out += line.text;
+  out.append(static_cast<std::size_t>(blanks - before), ' ');
+}
+
+std::vector<std::vector<TextSlot>> TextSlots::Heading() const {
+  auto const rows = static_cast<std::size_t>(grid_.HeadingRows());
+  std::vector<std::vector<TextSlot>> starting(rows);
+  std::vector<std::vector<TextSlot*>> ending(rows);
+  for (std::size_t row = 0; row < rows; ++row) {
+    for (GridCell const& cell : grid_.Frame(static_cast<int>(row))) {
+      starting[row].push_back(Frame(cell));
+    }
+    for (TextSlot& slot : starting[row]) {
+      ending[static_cast<std::size_t>(slot.rowEnd) - 1].push_back(&slot);
+    }
+  }
+  std::vector<int> top(rows + 1, 0);  // the terminal line where each row starts, rules counted
+  for (std::size_t row = 0; row < rows; ++row) {
+    int height = 1;
+    for (TextSlot const* slot : ending[row]) {
+      int const above = top[row] - top[static_cast<std::size_t>(slot->row)];
+      height = std::max(height, slot->LinesLeft() - above);
+    }
+    top[row + 1] = top[row] + height + 1;
+    for (TextSlot* slot : ending[row]) {
+      int const room = top[row + 1] - top[static_cast<std::size_t>(slot->row)] - 1;
+      slot->lines.insert(slot->lines.begin(), static_cast<std::size_t>(room - slot->LinesLeft()),
+                         TextLine{{}, 0});
+    }
+  }
+  return starting;
+}
+
+TextSlot TextSlots::Frame(GridCell const& cell) const {
+  MarkedText const shown = ShownText(cell.label, marks_);
+  TextSlot slot{cell.column, cell.columnSpan, cell.row, cell.row + cell.rowSpan};
+  slot.align = AlignOf(cell);
+  slot.lines = Wrap(shown.text + shown.marks, layout_.Width(cell.column, cell.columnSpan));
+  return slot;
+}
+
+HorizontalAlignment TextSlots::AlignOf(GridCell const& cell) const {
+  switch (cell.role) {
+    case GridRole::Corner:
+      return Or(corner_, HorizontalAlignment::Left);
+    case GridRole::RowHeading:
+      return Or(rowLabels_, HorizontalAlignment::Left);
+    case GridRole::ColumnHeading:
+      break;
+  }
+  if (cell.columnSpan > 1) {
+    return Or(columnLabels_, HorizontalAlignment::Centre);
+  }
+  bool const numbers = layout_.columns[static_cast<std::size_t>(cell.column)].numbers;
+  return Or(columnLabels_, numbers ? HorizontalAlignment::Right : HorizontalAlignment::Left);
+}
+
+std::vector<TextSlot> TextSlots::Body() const {
+  std::vector<TextSlot> slots;
+  slots.reserve(static_cast<std::size_t>(grid_.Columns() - grid_.HeadingColumns()));
+  for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
+    slots.push_back({column, 1, 0, 0});
+  }
+  return slots;
+}
+
+void TextSlots::Fill(TextSlot& slot, OmCellText* cell) const {
+  slot.next = 0;
+  slot.lines.clear();
+  if (cell == nullptr) {
+    return;
+  }
+  MarkedText const shown = ShownText(cell, marks_);
+  TextColumn const& column = layout_.columns[static_cast<std::size_t>(slot.column)];
+  bool const number = NumberOf(*cell).has_value();
+  slot.align = Or(data_, number ? HorizontalAlignment::Right : HorizontalAlignment::Left);
+  slot.behind = 0;
+  if (number && column.marks > 0) {
+    slot.behind = column.marks - TextWidth(PrintableLines(shown.marks).front());
+  }
+  slot.lines = Wrap(shown.text + shown.marks, column.width);
+}
+
+}  // namespace lakresvos::render

@@ -1,0 +1,24 @@
+#include "unicode/CodePoint.h"
+
+#include <algorithm>
+#include <utf8proc.h>
+
+namespace lakresvos::render {
+
+CodePoint FirstCodePoint(std::string_view text) {
+  utf8proc_int32_t code = -1;
+  auto const* bytes = reinterpret_cast<utf8proc_uint8_t const*>(text.data());
+  utf8proc_ssize_t const length =
+      utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &code);
+  return length > 0 ? CodePoint{code, static_cast<std::size_t>(length)} : CodePoint{-1, 1};
+}
+
+bool IsControl(std::int32_t code) {
+  return (code >= 0 && code < 0x20) || (code >= 0x7F && code < 0xA0);
+}
+
+bool IsPlainAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~'; });
+}
+
+}  // namespace lakresvos::render

@@ -1,0 +1,31 @@
+#ifndef LAKRESVOS_RENDER_UNICODE_CODEPOINT_H
+#define LAKRESVOS_RENDER_UNICODE_CODEPOINT_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace lakresvos::render {
+
+/// What stands for bytes that are not UTF-8, and for characters that must not be shown.
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+
+/// The start of a text: a code point and its length in bytes; code -1 and length 1 where the text is
+/// not UTF-8.
+struct CodePoint {
+  std::int32_t code;
+  std::size_t length;
+};
+
+/// Requires: `text` is not empty.
+CodePoint FirstCodePoint(std::string_view text);
+
+/// Whether it is one of the characters U+0000 to U+001F and U+007F to U+009F.
+bool IsControl(std::int32_t code);
+
+/// Whether every byte is a printable ASCII character, each one column wide.
+bool IsPlainAscii(std::string_view text);
+
+}  // namespace lakresvos::render
+
+#endif

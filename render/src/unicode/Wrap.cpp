@@ -1,0 +1,107 @@
+#include "unicode/Wrap.h"
+
+#include <algorithm>
+
+#include "unicode/CodePoint.h"
+#include "unicode/TextWidth.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+/// Fills lines with the graphemes of one paragraph.
+class Filler {
+ public:
+  Filler(std::vector<TextLine>& lines, int limit) : lines_(lines), limit_(limit) {}
+
+  void Add(Grapheme const& grapheme) {
+    bool const blank = grapheme.bytes == " ";
+    if (blank && swallow_) {
+      return;
+    }
+    swallow_ = false;
+    while (line_.width + grapheme.width > limit_ && !line_.text.empty()) {
+      if (blank) {
+        Emit(line_.text.size(), line_.text.size());
+        swallow_ = true;
+        return;
+      }
+      Break();
+    }
+    if (blank && ink_) {
+      breakAt_ = line_.text.size();
+      widthAtBreak_ = line_.width;
+    }
+    ink_ = ink_ || !blank;
+    line_.text += grapheme.bytes;
+    line_.width += grapheme.width;
+  }
+
+  void Finish() {
+    if (!line_.text.empty() || !swallow_) {
+      lines_.push_back(std::move(line_));
+    }
+  }
+
+ private:
+  /// Ends the line at its last blank, or as it is when it has none behind its first word.
+  void Break() {
+    if (breakAt_ != std::string::npos) {
+      int const rest = line_.width - widthAtBreak_ - 1;
+      Emit(breakAt_, breakAt_ + 1);
+      line_.width = rest;
+      ink_ = !line_.text.empty();
+    } else {
+      Emit(line_.text.size(), line_.text.size());
+    }
+  }
+
+  /// Ends the line before byte `end`, without its trailing blanks, and starts the next at
+  /// `restart`.
+  void Emit(std::size_t end, std::size_t restart) {
+    std::string_view const kept(line_.text.data(), end);
+    std::size_t const ink = kept.find_last_not_of(' ') + 1;
+    TextLine next{line_.text.substr(restart), 0};
+    line_.text.resize(ink);
+    lines_.push_back({std::move(line_.text), 0});
+    lines_.back().width = TextWidth(lines_.back().text);
+    line_ = std::move(next);
+    breakAt_ = std::string::npos;
+    ink_ = false;
+  }
+
+  std::vector<TextLine>& lines_;
+  int limit_;
+  TextLine line_{{}, 0};
+  std::size_t breakAt_ = std::string::npos;  // the last blank behind a word of the line
+  int widthAtBreak_ = 0;
+  bool ink_ = false;      // whether the line has anything but blanks
+  bool swallow_ = false;  // whether the line starts behind a break at a blank
+};
+
+}  // namespace
+
+std::vector<TextLine> Wrap(std::string_view text, int limit) {
+  if (IsPlainAscii(text) && text.size() <= static_cast<std::size_t>(limit)) {
+    return {{std::string(text), static_cast<int>(text.size())}};
+  }
+  std::vector<TextLine> lines;
+  for (std::string const& paragraph : PrintableLines(text)) {
+    Filler filler(lines, limit);
+    for (std::string_view rest = paragraph; !rest.empty();) {
+      filler.Add(TakeGrapheme(rest));
+    }
+    filler.Finish();
+  }
+  return lines;
+}
+
+int WidestLine(std::vector<TextLine> const& lines) {
+  int widest = 0;
+  for (TextLine const& line : lines) {
+    widest = std::max(widest, line.width);
+  }
+  return widest;
+}
+
+}  // namespace lakresvos::render

@@ -1,0 +1,280 @@
+#include "xlsx/Grid.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "content/AreaAlignment.h"
+#include "content/CellText.h"
+#include "content/NumberCell.h"
+#include "unicode/CleanText.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+constexpr double kLargest = 9.99999999999999e307;  // what a cell can hold
+
+/// The number format for so many decimals, "0.00" for two, with the marks of footnotes behind;
+/// empty for the general one, nothing when there is no room for the marks.
+std::optional<std::string> NumberFormat(int decimals, std::string const& marks) {
+  constexpr int kMostDecimals = 30;
+  constexpr std::size_t kLongest = 127;
+  std::string format;
+  if (decimals >= 0 && decimals <= kMostDecimals) {
+    format = "0" + (decimals > 0 ? "." + std::string(static_cast<std::size_t>(decimals), '0') : "");
+  }
+  if (marks.empty()) {
+    return format;
+  }
+  format += format.empty() ? "General\"" : "\"";
+  for (char const c : CleanText(marks)) {
+    format += c == '"' ? '\'' : c == '\n' ? ' ' : c;
+  }
+  format += '"';
+  return format.size() <= kLongest ? std::optional(format) : std::nullopt;
+}
+
+/// Whether a heading cell outlines what stands beside it.
+bool IsGroup(GridCell const& cell, GridRole role) {
+  return cell.role == role && cell.node != nullptr;
+}
+
+class XlsxGrid {
+ public:
+  XlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, XlsxNotes& notes, XlsxOptions const& options,
+           int top)
+      : sheet_(sheet),
+        grid_(grid),
+        notes_(notes),
+        options_(options),
+        top_(top),
+        above_(static_cast<std::size_t>(grid.Columns())),
+        columnTotals_(static_cast<std::size_t>(grid.Columns())) {
+    OmPivotTable const& table = grid.Table();
+    XlsxStyle heading;
+    heading.bold = true;
+    XlsxStyle columnHeading = heading;
+    columnHeading.rule = true;
+    columnHeading.vertical = VerticalAlignment::Bottom;
+    columnHeading.wrap = true;
+    XlsxStyle corner = heading;
+    corner.rule = true;
+    corner.vertical = VerticalAlignment::Bottom;
+    corner_ = WithArea(corner, table, FormatArea::AreaCorner);
+    columnLabels_ = WithArea(columnHeading, table, FormatArea::AreaColumnLabels);
+    rowLabels_ = WithArea(heading, table, FormatArea::AreaRowLabels);
+    XlsxStyle total;
+    total.bold = true;
+    data_ = WithArea(XlsxStyle(), table, FormatArea::AreaData);
+    totals_ = WithArea(total, table, FormatArea::AreaData);
+  }
+
+  int Write() {
+    sheet_.CheckPlace(top_ + grid_.Rows() - 1, grid_.Columns() - 1);
+    for (int row = 0; row < grid_.Rows(); ++row) {
+      WriteRow(row);
+    }
+    return top_ + grid_.Rows();
+  }
+
+ private:
+  /// A heading cell that reaches into the present row from above it.
+  struct Above {
+    GridCell const* cell = nullptr;
+    bool merged = false;
+  };
+
+  void WriteRow(int row) {
+    ruleStart_ = RuleStart(row);
+    for (GridCell const& cell : grid_.Frame(row)) {
+      Above const above{&cell, WantsMerge(cell) && sheet_.Merge(top_ + row, cell.column,
+                                                                cell.rowSpan, cell.columnSpan)};
+      for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
+        above_[static_cast<std::size_t>(c)] = above;
+        if (cell.role == GridRole::ColumnHeading && IsTotal(cell.label)) {
+          columnTotals_[static_cast<std::size_t>(c)] = true;
+        }
+      }
+    }
+    bool const heading = row < grid_.HeadingRows();
+    int const labels = heading ? grid_.Columns() : grid_.HeadingColumns();
+    if (int const level = heading ? 0 : RowLevelOf(row); level > 0) {
+      sheet_.RowLevel(top_ + row, level);
+    }
+    for (int column = 0; column < labels; ++column) {
+      WriteLabel(row, column);
+    }
+    if (heading) {
+      return;
+    }
+    DisplayGrid::BodyRow cells = grid_.Body(row);
+    XlsxStyle const total = InRow(totals_, row);
+    XlsxStyle const plain = IsTotalRow() ? total : InRow(data_, row);
+    for (int column = labels; column < grid_.Columns(); ++column) {
+      bool const inTotal = columnTotals_[static_cast<std::size_t>(column)];
+      WriteCell(row, column, cells.Cell(column), inTotal ? total : plain);
+    }
+  }
+
+  /// A style of the data as it is in this row.
+  XlsxStyle InRow(XlsxStyle style, int row) const {
+    style.groupRule = ruleStart_ < grid_.Columns();
+    bool const alternate = (row - grid_.HeadingRows()) % 2 == 1;
+    return alternate ? WithAlternateColours(std::move(style),
+                                            grid_.Table().getAreaFormat(FormatArea::AreaData))
+                     : style;
+  }
+
+  /// Whether a heading of the present row is a total's.
+  bool IsTotalRow() const {
+    return std::any_of(above_.begin(), above_.begin() + grid_.HeadingColumns(),
+                       [](Above const& above) { return IsTotal(above.cell->label); });
+  }
+
+  /// The column where the rule above a row starts: of a group the first one, of a total that of its
+  /// heading; the number of columns when there is none.
+  int RuleStart(int row) const {
+    if (StartsGroup(row)) {
+      return 0;
+    }
+    GridCells const starting = grid_.Frame(row);
+    auto const total = std::find_if(starting.begin(), starting.end(), [](GridCell const& cell) {
+      return cell.role == GridRole::RowHeading && IsTotal(cell.label);
+    });
+    return total != starting.end() ? total->column : grid_.Columns();
+  }
+
+  /// Whether an outermost row heading starts that has several rows, or that follows such a one.
+  bool StartsGroup(int row) const {
+    if (row <= grid_.HeadingRows() || grid_.HeadingColumns() == 0) {
+      return false;
+    }
+    GridCell const& before = *above_.front().cell;
+    GridCells const starting = grid_.Frame(row);
+    return before.row + before.rowSpan == row &&
+           (before.rowSpan > 1 || starting.begin()->rowSpan > 1);
+  }
+
+  bool WantsMerge(GridCell const& cell) const {
+    bool const wanted =
+        cell.role == GridRole::RowHeading ? options_.mergeRows : options_.mergeColumns;
+    return wanted && (cell.rowSpan > 1 || cell.columnSpan > 1);
+  }
+
+  /// In how many groups the row stands without being their first row, which stays in sight when the
+  /// group is folded.
+  int RowLevelOf(int row) const {
+    int level = 0;
+    for (int column = 0; column < grid_.HeadingColumns(); ++column) {
+      GridCell const& cell = *above_[static_cast<std::size_t>(column)].cell;
+      level += IsGroup(cell, GridRole::RowHeading) && cell.column == column && cell.row < row;
+    }
+    return level;
+  }
+
+  XlsxStyle StyleOf(GridCell const& cell) const {
+    switch (cell.role) {
+      case GridRole::Corner:
+        return corner_;
+      case GridRole::ColumnHeading: {
+        XlsxStyle style = columnLabels_;
+        style.horizontal = Or(style.horizontal, cell.columnSpan > 1 ? HorizontalAlignment::Centre
+                                                                    : HorizontalAlignment::Right);
+        return style;
+      }
+      case GridRole::RowHeading:
+        break;
+    }
+    return rowLabels_;
+  }
+
+  void WriteLabel(int row, int column) {
+    Above const& above = above_[static_cast<std::size_t>(column)];
+    GridCell const& cell = *above.cell;
+    XlsxStyle style = StyleOf(cell);
+    style.groupRule = column >= ruleStart_;
+    bool const first = cell.row == row && cell.column == column;
+    if (above.merged && !first) {
+      sheet_.Blank(top_ + row, column, style);
+    } else {
+      sheet_.Text(top_ + row, column, notes_.Raised(cell.label), style, cell.columnSpan == 1);
+    }
+  }
+
+  void WriteCell(int row, int column, OmCellText* cell, XlsxStyle const& plain) {
+    if (cell == nullptr) {
+      if (!plain.background.empty() || plain.groupRule) {
+        sheet_.Blank(top_ + row, column, plain);
+      }
+      return;
+    }
+    XlsxStyle style = plain;
+    auto const& styles = grid_.Table().getCellStyles();
+    std::size_t const number = cell->hasMeta() ? cell->getMeta()->getStyle() : 0;
+    if (number != 0 && number < styles.size()) {
+      style = WithProperties(style, styles[number]);
+    }
+    std::optional<ShownNumber> const value = NumberOf(*cell);
+    if (value.has_value() && style.horizontal == HorizontalAlignment::Any) {
+      style.horizontal = HorizontalAlignment::Right;
+    }
+    if (value.has_value() && std::fabs(value->value) <= kLargest) {
+      MarkedText const shown = notes_.Plain(cell);
+      auto const format = NumberFormat(value->decimals, shown.marks);
+      if (format.has_value() && (shown.marks.empty() || sheet_.HasRoomFor(*format))) {
+        style.numberFormat = *format;
+        sheet_.Number(top_ + row, column, value->value, shown.text + shown.marks, style);
+        return;
+      }
+      sheet_.Lose(XlsxLoss::MarkedNumber, top_ + row, column);
+    }
+    sheet_.Text(top_ + row, column, notes_.Raised(cell), style);
+  }
+
+  XlsxSheet& sheet_;
+  DisplayGrid const& grid_;
+  XlsxNotes& notes_;
+  XlsxOptions const& options_;
+  int top_;
+  std::vector<Above> above_;        // per column
+  std::vector<bool> columnTotals_;  // per column, whether a heading above is a total's
+  int ruleStart_ = 0;               // the column where the rule above the present row starts
+  XlsxStyle corner_;
+  XlsxStyle columnLabels_;
+  XlsxStyle rowLabels_;
+  XlsxStyle data_;
+  XlsxStyle totals_;
+};
+
+}  // namespace
+
+int WriteXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, XlsxNotes& notes,
+                  XlsxOptions const& options, int top) {
+  return XlsxGrid(sheet, grid, notes, options, top).Write();
+}
+
+void SetUpXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, int top) {
+  auto const body = static_cast<lxw_row_t>(top + grid.HeadingRows());
+  auto const columns = static_cast<lxw_col_t>(grid.HeadingColumns());
+  worksheet_freeze_panes(sheet.Handle(), body, columns);
+  sheet.RepeatHeadings({top, grid.HeadingRows(), grid.HeadingColumns()});
+  worksheet_outline_settings(sheet.Handle(), LXW_TRUE, LXW_FALSE, LXW_FALSE, LXW_FALSE);
+  std::vector<int> levels(static_cast<std::size_t>(grid.Columns()), 0);
+  for (int row = 0; row < grid.HeadingRows(); ++row) {
+    for (GridCell const& cell : grid.Frame(row)) {
+      bool const group = IsGroup(cell, GridRole::ColumnHeading);
+      for (int c = cell.column + 1; group && c < cell.column + cell.columnSpan; ++c) {
+        ++levels[static_cast<std::size_t>(c)];
+      }
+    }
+  }
+  for (int column = grid.HeadingColumns(); column < grid.Columns(); ++column) {
+    sheet.ColumnLevel(column, levels[static_cast<std::size_t>(column)]);
+  }
+}
+
+}  // namespace lakresvos::render

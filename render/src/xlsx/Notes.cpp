@@ -1,0 +1,28 @@
+#include "xlsx/Notes.h"
+
+namespace lakresvos::render {
+
+MarkedText XlsxNotes::Raised(OmCellText const* label) {
+  if (label == nullptr) {
+    return {};
+  }
+  use_.Show(*label);
+  return {label->GetText(), marks_.Footnotes().Marks(*label)};
+}
+
+MarkedText XlsxNotes::Plain(OmCellText const* label) {
+  if (label != nullptr) {
+    use_.Show(*label);
+  }
+  return ShownText(label, marks_);
+}
+
+std::vector<std::string> XlsxNotes::EndSheet(bool last) {
+  std::vector<std::string> notes;
+  for (std::size_t const footnote : use_.EndPart(last)) {
+    notes.push_back(marks_.Note(footnote));
+  }
+  return notes;
+}
+
+}  // namespace lakresvos::render

@@ -1,0 +1,86 @@
+#include "xlsx/Print.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace lakresvos::render {
+
+namespace {
+
+constexpr int kLeastPercent = 50;
+constexpr int kUprightPixels = 659;   // between the margins of an A4 page, narrower than Letter
+constexpr int kSidewaysPixels = 921;  // of a Letter page on its side, narrower than A4
+constexpr int kLastNumber = 32'767;   // of a sheet, in the names that the library defines
+constexpr std::size_t kLongestReference = LXW_DEFINED_NAME_LENGTH - 1;
+
+bool Fits(int pixels, int page) {
+  return pixels <= page * 100 / kLeastPercent;
+}
+
+/// What the library writes to repeat headings.
+std::string Reference(std::string const& sheet, XlsxHeadings const& headings) {
+  std::string reference;
+  if (headings.columns > 0) {
+    char last[LXW_MAX_COL_NAME_LENGTH];
+    lxw_col_to_name(last, static_cast<lxw_col_t>(headings.columns - 1), LXW_TRUE);
+    reference = Quoted(sheet) + "!$A:" + last;
+  }
+  if (headings.rows > 0) {
+    reference += (reference.empty() ? "" : ",") + Quoted(sheet) + "!$" +
+                 std::to_string(headings.firstRow + 1) + ":$" +
+                 std::to_string(headings.firstRow + headings.rows);
+  }
+  return reference;
+}
+
+/// Whether the library leaves a sheet's name without quotes, also where it reads as a number or as
+/// the name of a cell.
+bool IsLeftPlain(std::string const& sheet) {
+  return std::all_of(sheet.begin(), sheet.end(), [](unsigned char c) {
+    return c < 0x80 && (std::isalnum(c) != 0 || c == '_' || c == '.');
+  });
+}
+
+void Repeat(XlsxBook& book, lxw_worksheet* sheet, std::string const& name,
+            XlsxHeadings const& headings) {
+  if (IsLeftPlain(name)) {
+    std::string const reference = Reference(name, headings);
+    if (!reference.empty()) {
+      book.DefineName(Quoted(name) + "!_xlnm.Print_Titles", reference);
+    }
+    return;
+  }
+  if (headings.rows > 0) {
+    auto const first = static_cast<lxw_row_t>(headings.firstRow);
+    auto const rows = static_cast<lxw_row_t>(headings.rows);
+    Check(worksheet_repeat_rows(sheet, first, first + rows - 1));
+  }
+  if (headings.columns > 0) {
+    Check(worksheet_repeat_columns(sheet, 0, static_cast<lxw_col_t>(headings.columns - 1)));
+  }
+}
+
+}  // namespace
+
+void SetUpPrinting(XlsxBook& book, lxw_worksheet* sheet, std::string const& name, int number,
+                   XlsxHeadings const& headings, int pixels) {
+  bool const sideways = !Fits(pixels, kUprightPixels);
+  bool const onePage = Fits(pixels, sideways ? kSidewaysPixels : kUprightPixels);
+  if (sideways) {
+    worksheet_set_landscape(sheet);
+  }
+  if (onePage) {
+    worksheet_fit_to_pages(sheet, 1, 0);
+  } else {
+    worksheet_set_print_scale(sheet, kLeastPercent);
+  }
+  XlsxHeadings repeated = headings;
+  if (Reference(name, repeated).size() > kLongestReference) {
+    (onePage ? repeated.columns : repeated.rows) = 0;
+  }
+  if (number <= kLastNumber) {
+    Repeat(book, sheet, name, repeated);
+  }
+}
+
+}  // namespace lakresvos::render

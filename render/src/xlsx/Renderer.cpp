@@ -1,0 +1,106 @@
+#include <lakresvos/OmChart.h>
+#include <lakresvos/OmHeading.h>
+#include <lakresvos/OmOutputTree.h>
+#include <lakresvos/OmTextBlock.h>
+#include <lakresvos/render/XlsxRenderer.h>
+
+#include "content/CellText.h"
+#include "content/ImageType.h"
+#include "content/Picture.h"
+#include "content/Placeholder.h"
+#include "grid/DocumentWalk.h"
+#include "io/LibraryCall.h"
+#include "unicode/CleanText.h"
+#include "unicode/Utf16.h"
+#include "xlsx/Contents.h"
+#include "xlsx/Table.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+/// What the library has room for, in UTF-16 units, which take at most three bytes each.
+constexpr std::size_t kLongestDescription = (LXW_MAX_ATTRIBUTE_LENGTH - 1) / 3;
+
+class XlsxVisitor : public OmOutputPart::Visitor {
+ public:
+  XlsxVisitor(XlsxContents& contents, XlsxOptions const& options)
+      : contents_(contents), options_(options) {}
+
+  void Visit(OmHeading& heading) override { contents_.Add(TextOf(heading.Label()), true); }
+  void Visit(OmProcedure& procedure) override { contents_.Add(procedure.OutlineText(), true); }
+  void Visit(OmPageTitle& title) override { contents_.Add(title.Text(), true); }
+
+  void Visit(OmTextBlock& block) override {
+    contents_.Add(TextOf(block.Label()));
+    ++contents_.Depth();
+    contents_.Add(block.Text());
+    --contents_.Depth();
+  }
+
+  void Visit(OmPivotTable& table) override {
+    if (table.Show()) {
+      WriteXlsxTable(table, contents_, options_);
+    }
+  }
+
+  void Visit(OmChart& chart) override {
+    std::string const& image = chart.GetImageData();
+    if (image.empty() || ImageType(image) == "image/svg+xml") {
+      contents_.Add(Announcement(chart));
+    } else {
+      WritePicture(chart);
+    }
+  }
+
+  void Visit(OmAnswerTree& tree) override { contents_.Add(Announcement(tree)); }
+  void Visit(OmModel& model) override { contents_.Add(Announcement(model)); }
+  void Visit(OmInteractive& item) override { contents_.Add(Announcement(item)); }
+
+ private:
+  void WritePicture(OmChart& chart) {
+    std::string const label = TextOf(chart.Label());
+    auto const sheet = contents_.AddSheet(label, label, "Chart");
+    XlsxStyle bold;
+    bold.bold = true;
+    int const row = sheet->Lines(1, {label, ""}, bold);
+    std::string const& image = chart.GetImageData();
+    std::string description(Utf16Prefix(CleanText(label), kLongestDescription));
+    lxw_image_options options = {};
+    options.description = description.data();
+    auto const insert = [&] {
+      LibraryCall const call;
+      return worksheet_insert_image_buffer_opt(sheet->Handle(), static_cast<lxw_row_t>(row), 0,
+                                               reinterpret_cast<unsigned char const*>(image.data()),
+                                               image.size(), &options);
+    };
+    if (!(IsWholePng(image) || IsWholeJpeg(image)) || insert() != LXW_NO_ERROR) {
+      sheet->Lose(XlsxLoss::BadPicture, row, 0);
+      sheet->Lines(row,
+                   {Announcement(chart) + " The picture is damaged or of an unknown kind.", ""},
+                   XlsxStyle());
+    }
+    sheet->Finish();
+  }
+
+  XlsxContents& contents_;
+  XlsxOptions const& options_;
+};
+
+}  // namespace
+
+void RenderXlsx(OmOutputTree& tree, std::ostream& out, XlsxOptions const& options) {
+  XlsxBook book;
+  XlsxContents contents(book);
+  XlsxVisitor visitor(contents, options);
+  VisitAll(tree, visitor, contents.Depth());
+  contents.Finish();
+  for (std::string const& loss : book.Losses().Lines()) {
+    if (options.onLoss) {
+      options.onLoss(loss);
+    }
+  }
+  book.Write(out);
+}
+
+}  // namespace lakresvos::render

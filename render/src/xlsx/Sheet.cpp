@@ -1,0 +1,288 @@
+#include "xlsx/Sheet.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+#include <stdexcept>
+#include <string_view>
+
+#include "unicode/CleanText.h"
+#include "unicode/CodePoint.h"
+#include "unicode/TextWidth.h"
+#include "unicode/Utf16.h"
+#include "unicode/Wrap.h"
+
+namespace lakresvos::render {
+
+namespace {
+
+constexpr int kMostRows = 1'048'576;
+constexpr int kMostColumns = 16'384;
+constexpr std::size_t kMostUnits = 32'767;
+constexpr int kMostMerged = 65'535;
+constexpr int kNarrowest = 8;
+constexpr int kWidest = 60;
+constexpr int kMargin = 2;
+constexpr int kLeastLineWidth = 88;  // of the columns under a text across a page
+constexpr int kLineWidth = 82;       // of a text across a page, in characters
+constexpr int kIndentWidth = 2;
+constexpr std::size_t kMostUnitsOfLine = 1'000;  // which take at most 27 lines across a page
+constexpr double kUsualSize = 11;                // of the workbook's own font, in points
+constexpr double kHighest = 409;                 // of rows, in points
+constexpr int kPixelsPerCharacter = 7;           // of the workbook's own font
+constexpr int kPixelsPerCell = 5;                // around them
+constexpr int kMostLevels = 7;
+
+bool IsHex(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+
+/// Spreadsheets read "_x0041_" as the character with that code, wherever it stands.
+std::string Escaped(std::string const& text) {
+  std::string escaped;
+  std::size_t copied = 0;
+  for (std::size_t at = text.find("_x"); at != std::string::npos; at = text.find("_x", at + 1)) {
+    std::string_view const code = std::string_view(text).substr(at + 2, 5);
+    if (code.size() == 5 && code[4] == '_' && std::all_of(code.begin(), code.end() - 1, IsHex)) {
+      escaped.append(text, copied, at - copied);
+      escaped += "_x005F";
+      copied = at;
+    }
+  }
+  return escaped.append(text, copied);
+}
+
+/// Whether there is room in a cell for a clean text and its marks, written as the library counts.
+bool FitsCell(std::string const& text, std::string const& marks) {
+  constexpr std::size_t kMostGrowth = 2;  // of a code that is escaped
+  return (text.size() + marks.size()) * kMostGrowth <= kMostUnits ||
+         Utf16Length(Escaped(text)) + Utf16Length(Escaped(marks)) <= kMostUnits;
+}
+
+/// The lines of a clean text, those that are too long for the highest row in several pieces.
+std::vector<std::string_view> Pieces(std::string_view text) {
+  std::vector<std::string_view> pieces;
+  while (true) {
+    std::size_t const end = text.find('\n');
+    std::string_view line = text.substr(0, end);
+    do {
+      pieces.push_back(Utf16Prefix(line, kMostUnitsOfLine));
+      line.remove_prefix(pieces.back().size());
+    } while (!line.empty());
+    if (end == std::string_view::npos || end + 1 == text.size()) {
+      return pieces;
+    }
+    text.remove_prefix(end + 1);
+  }
+}
+
+}  // namespace
+
+XlsxSheet::XlsxSheet(XlsxBook& book, std::string const& content, std::string const& otherwise)
+    : book_(book),
+      number_(book.Sheets()),
+      name_(book.NewName(content, otherwise)),
+      sheet_(book.AddSheet(name_)),
+      content_(content) {}
+
+void XlsxSheet::CheckPlace(int row, int column) const {
+  if (row >= kMostRows || column >= kMostColumns) {
+    throw std::length_error("'" + content_ + "' is too large for a sheet, which has " +
+                            std::to_string(kMostRows) + " rows and " +
+                            std::to_string(kMostColumns) + " columns");
+  }
+}
+
+int XlsxSheet::Widen(int column, std::string const& text) {
+  int width = 0;
+  if (IsPlainAscii(text)) {
+    width = static_cast<int>(text.size());
+  } else {
+    for (std::string const& line : PrintableLines(text)) {
+      width = std::max(width, TextWidth(line));
+    }
+  }
+  SetLeastWidth(column, std::min(width + kMargin, kWidest));
+  return width;
+}
+
+void XlsxSheet::SetLeastWidth(int column, int width) {
+  auto const at = static_cast<std::size_t>(column);
+  widths_.resize(std::max(widths_.size(), at + 1), kNarrowest);
+  widths_[at] = std::max(widths_[at], width);
+}
+
+void XlsxSheet::Text(int row, int column, MarkedText const& text, XlsxStyle const& style,
+                     bool wide) {
+  CheckPlace(row, column);
+  std::string clean = CleanText(text.text);
+  std::string marks = CleanText(text.marks);
+  if (!FitsCell(clean, marks)) {
+    Lose(XlsxLoss::LongText, row, column);
+    clean = "[A text of " + std::to_string(Utf16Length(clean + marks)) +
+            " characters, too long for a cell]";
+    if (!FitsCell(clean, marks)) {
+      marks.clear();
+    }
+  }
+  XlsxStyle wrapped = style;
+  wrapped.wrap = style.wrap || clean.find('\n') != std::string::npos;
+  if (wide && Widen(column, clean + marks) > kWidest) {
+    wrapped.wrap = true;
+  }
+  WriteText(row, column, clean, marks, wrapped);
+}
+
+int XlsxSheet::Lines(int row, MarkedText const& text, XlsxStyle const& style) {
+  std::string const clean = CleanText(text.text);
+  if (clean.empty() && text.marks.empty()) {
+    return row;
+  }
+  std::vector<std::string_view> const pieces = Pieces(clean);
+  for (std::string_view const& piece : pieces) {
+    bool const last = &piece == &pieces.back();
+    Line(row++, {std::string(piece), last ? text.marks : ""}, style);
+  }
+  return row;
+}
+
+void XlsxSheet::Line(int row, MarkedText const& text, XlsxStyle style) {
+  double const scale = style.size > 0 ? style.size / kUsualSize : 1;
+  int const room = static_cast<int>((kLineWidth - style.indent * kIndentWidth) / scale);
+  std::size_t const lines = Wrap(text.text + text.marks, std::max(room, 1)).size();
+  if (lines > 1) {
+    CheckPlace(row, 0);
+    style.wrap = true;
+    double const height =
+        std::min(static_cast<double>(lines) * LXW_DEF_ROW_HEIGHT * scale, kHighest);
+    Check(worksheet_set_row(sheet_, static_cast<lxw_row_t>(row), height, nullptr));
+    wrappedRows_.push_back(row);
+  }
+  Text(row, 0, text, style, false);
+}
+
+void XlsxSheet::WriteText(int row, int column, std::string const& text, std::string const& marks,
+                          XlsxStyle const& style) {
+  auto const rowNumber = static_cast<lxw_row_t>(row);
+  auto const columnNumber = static_cast<lxw_col_t>(column);
+  if (text.empty() && marks.empty()) {
+    Blank(row, column, style);
+    return;
+  }
+  XlsxStyle raised = style;
+  raised.raised = true;
+  std::string escapedText = Escaped(text);
+  std::string escapedMarks = Escaped(marks);
+  if (text.empty() || marks.empty()) {
+    Check(worksheet_write_string(sheet_, rowNumber, columnNumber,
+                                 (escapedText + escapedMarks).c_str(),
+                                 book_.Format(text.empty() ? raised : style)));
+    return;
+  }
+  lxw_rich_string_tuple textPart = {nullptr, escapedText.data()};
+  lxw_rich_string_tuple marksPart = {book_.Format(raised), escapedMarks.data()};
+  lxw_rich_string_tuple* parts[] = {&textPart, &marksPart, nullptr};
+  lxw_error const error =
+      worksheet_write_rich_string(sheet_, rowNumber, columnNumber, parts, book_.Format(style));
+  if (error == LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED) {  // the library counts its markup, too
+    Check(worksheet_write_string(sheet_, rowNumber, columnNumber,
+                                 (escapedText + escapedMarks).c_str(), book_.Format(style)));
+  } else {
+    Check(error);
+  }
+}
+
+void XlsxSheet::Number(int row, int column, double value, std::string const& shown,
+                       XlsxStyle const& style) {
+  CheckPlace(row, column);
+  Widen(column, shown);
+  Check(worksheet_write_number(sheet_, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
+                               value, book_.Format(style)));
+}
+
+void XlsxSheet::Blank(int row, int column, XlsxStyle const& style) {
+  CheckPlace(row, column);
+  Check(worksheet_write_blank(sheet_, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
+                              book_.Format(style)));
+}
+
+void XlsxSheet::Link(int row, std::string const& sheet, std::string const& text,
+                     XlsxStyle const& style) {
+  CheckPlace(row, 0);
+  std::string const target = "internal:" + Quoted(sheet) + "!A1";
+  Check(worksheet_write_url(sheet_, static_cast<lxw_row_t>(row), 0, target.c_str(),
+                            book_.Format(style)));
+  Line(row, {text, ""}, style);
+}
+
+// The library's own merging writes all cells of the range at once, which sheets that are written
+// row by row do not bear; so the range goes into its list directly.
+bool XlsxSheet::Merge(int row, int column, int rows, int columns) {
+  CheckPlace(row + rows - 1, column + columns - 1);
+  if (merged_ >= kMostMerged) {
+    return false;
+  }
+  auto* const range = static_cast<lxw_merged_range*>(std::calloc(1, sizeof(lxw_merged_range)));
+  if (range == nullptr) {
+    throw std::bad_alloc();
+  }
+  range->first_row = static_cast<lxw_row_t>(row);
+  range->last_row = static_cast<lxw_row_t>(row + rows - 1);
+  range->first_col = static_cast<lxw_col_t>(column);
+  range->last_col = static_cast<lxw_col_t>(column + columns - 1);
+  STAILQ_INSERT_TAIL(sheet_->merged_ranges, range, list_pointers);
+  ++sheet_->merged_range_count;
+  ++merged_;
+  return true;
+}
+
+void XlsxSheet::Lose(XlsxLoss kind, int row, int column) {
+  char cell[LXW_MAX_CELL_NAME_LENGTH];
+  lxw_rowcol_to_cell(cell, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column));
+  book_.Losses().Add(kind, Quoted(name_) + '!' + cell);
+}
+
+void XlsxSheet::RowLevel(int row, int level) {
+  CheckPlace(row, 0);
+  lxw_row_col_options options = {};
+  options.level = static_cast<std::uint8_t>(std::min(level, kMostLevels));
+  Check(worksheet_set_row_opt(sheet_, static_cast<lxw_row_t>(row), LXW_DEF_ROW_HEIGHT, nullptr,
+                              &options));
+}
+
+void XlsxSheet::ColumnLevel(int column, int level) {
+  auto const at = static_cast<std::size_t>(column);
+  levels_.resize(std::max(levels_.size(), at + 1), 0);
+  levels_[at] = std::min(level, kMostLevels);
+}
+
+void XlsxSheet::MergeWrappedRows() {
+  int columns = 0;
+  for (int width = 0; !wrappedRows_.empty() && width < kLeastLineWidth; ++columns) {
+    SetLeastWidth(columns, kNarrowest);
+    width += widths_[static_cast<std::size_t>(columns)];
+  }
+  for (int const row : wrappedRows_) {
+    if (columns > 1) {
+      Merge(row, 0, 1, columns);
+    }
+  }
+}
+
+void XlsxSheet::Finish() {
+  MergeWrappedRows();
+  widths_.resize(std::max(widths_.size(), levels_.size()), kNarrowest);
+  levels_.resize(widths_.size(), 0);
+  int pixels = 0;
+  for (std::size_t column = 0; column < widths_.size(); ++column) {
+    lxw_row_col_options options = {};
+    options.level = static_cast<std::uint8_t>(levels_[column]);
+    auto const number = static_cast<lxw_col_t>(column);
+    int const width = widths_[column];
+    Check(worksheet_set_column_opt(sheet_, number, number, width, nullptr, &options));
+    pixels += width * kPixelsPerCharacter + kPixelsPerCell;
+  }
+  SetUpPrinting(book_, sheet_, name_, number_, headings_, pixels);
+}
+
+}  // namespace lakresvos::render

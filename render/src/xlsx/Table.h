@@ -1,0 +1,16 @@
+#ifndef LAKRESVOS_RENDER_XLSX_TABLE_H
+#define LAKRESVOS_RENDER_XLSX_TABLE_H
+
+#include <lakresvos/OmPivotTable.h>
+#include <lakresvos/render/XlsxRenderer.h>
+
+#include "xlsx/Contents.h"
+
+namespace lakresvos::render {
+
+/// Writes the sheets of a table: each with its title, one layer or all, the notes and the caption.
+void WriteXlsxTable(OmPivotTable& table, XlsxContents& contents, XlsxOptions const& options);
+
+}  // namespace lakresvos::render
+
+#endif

@@ -1,0 +1,92 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <streambuf>
+#include <string>
+
+#include <lakresvos/render/CsvRenderer.h>
+#include <lakresvos/render/MarkdownRenderer.h>
+
+#include "render/support/RenderTables.h"
+#include "support/FailingNew.h"
+
+using namespace lakresvos::render;
+using namespace render_tables;
+
+namespace {
+
+/// Takes everything and keeps its sizes.
+class Sink : public std::streambuf {
+ public:
+  std::streamsize total = 0;
+  std::streamsize largestPiece = 0;
+
+ protected:
+  int_type overflow(int_type c) override { return traits_type::not_eof(c); }
+  std::streamsize xsputn(char const* /*text*/, std::streamsize count) override {
+    total += count;
+    largestPiece = std::max(largestPiece, count);
+    return count;
+  }
+};
+
+CsvOptions WithShape(CsvOptions::Shape shape) {
+  CsvOptions options;
+  options.shape = shape;
+  return options;
+}
+
+/// Writes a table in all shapes.
+void WriteAll(OmPivotTable& table, std::ostream& out) {
+  CsvRenderer(out, WithShape(CsvOptions::Shape::Long)).Visit(table);
+  CsvRenderer(out, WithShape(CsvOptions::Shape::Display)).Visit(table);
+  MarkdownRenderer(out).Visit(table);
+}
+
+}  // namespace
+
+TEST(CsvRendererMemory, EveryFailedAllocationLeavesNothingBehind) {
+  Table table;
+  for (char const* label : {"A long label of a dimension", "B", "C"}) {
+    table.AddFlat(label, 2);
+  }
+  table.Place({0}, {1}, {2});
+  table.PutAll();
+  AddFootnote(table, "a note that is long enough for the heap");
+  OmStringCellUTF8 marked("a text, \"quoted\", that is long enough for the heap");
+  table.Cell({0, 0, 0}, WithFootnotes(marked, {0}));
+  Sink sink;
+  std::ostream out(&sink);
+  std::size_t const failures = FailEveryAllocation([&] { WriteAll(table, out); }, [] {});
+  EXPECT_GT(failures, 100U);
+  EXPECT_TRUE(out.good());
+}
+
+TEST(CsvRendererMemory, OutputIsHandedOverInPiecesHoweverMuchThereIs) {
+  Table table;
+  table.AddFlat("A", 3000);
+  table.AddFlat("B", 20);
+  table.Place({0}, {1});
+  table.PutAll();
+  Sink sink;
+  std::ostream out(&sink);
+  WriteAll(table, out);
+  EXPECT_GT(sink.total, 1000000);
+  EXPECT_LT(sink.largestPiece, 70000);
+}
+
+TEST(CsvRendererMemory, DimensionOfAnyDepthCanBeWritten) {
+  constexpr int kDepth = 100000;
+  Table table;
+  OmDimension& dimension = table.Add("d");
+  layout_tables::Node parent = dimension.Root();
+  for (int i = 0; i < kDepth; ++i) {
+    parent = Group(dimension, parent, "");
+  }
+  Category(dimension, parent, "deep", 0);
+  table.Place({0}, {});
+  table.Put({0});
+  Sink sink;
+  std::ostream out(&sink);
+  CsvRenderer(out).Visit(table);
+  EXPECT_GT(sink.total, kDepth);
+}

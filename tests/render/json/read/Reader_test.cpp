@@ -1,0 +1,516 @@
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <string>
+
+#include <cells/cells.h>
+#include <lakresvos/lakresvos.h>
+#include <lakresvos/render/JsonReader.h>
+
+#include "render/json/Documents.h"
+#include "render/support/RenderTables.h"
+#include "support/FailingNew.h"
+
+namespace {
+
+using namespace render_tables;
+using json_documents::ErrorOf;
+using json_documents::Read;
+using json_documents::Written;
+
+/// A document with these items.
+std::string Document(std::string const& parts) {
+  return R"({"format":"lakresvos-document","version":1,"parts":[)" + parts + "]}";
+}
+
+std::string TextBlock(std::string const& label, std::string const& more = "") {
+  return Document(R"({"depth":0,"type":"text","text":"","label":)" + label + more + "}");
+}
+
+/// A document with one table, whose only dimension has these nodes.
+std::string Table1(std::string const& nodes, std::string const& cells = "",
+                   std::string const& more = "", std::string const& size = "1") {
+  return Document(
+      R"({"depth":0,"type":"table","label":{"text":""},"template":{"text":""},"dimensions":[{"size":)" +
+      size + R"(,"nodes":[)" + nodes + R"(]}],"rows":[0],"cells":[)" + cells + "]" + more + "}");
+}
+
+constexpr char kRoot[] = R"({"id":0,"group":true,"label":{"text":"d"}})";
+constexpr char kNodes[] =
+    R"({"id":0,"group":true,"label":{"text":"d"}},{"id":1,"parent":0,"subscript":0})";
+
+/// A small document with something of everything.
+std::string SmallDocument() {
+  OmOutputTree tree;
+  auto& table = AppendItem<layout_tables::Table>(tree.begin());
+  AddCategories(table, "d", {"x"});
+  table.Place({0}, {});
+  OmComposite composite("{0}");
+  composite.AddPart(Utf8("\xFF"));
+  table.Cell({0}, composite);
+  AddFootnote(table, "note");
+  auto area = std::make_unique<FormatArea>(FormatArea::AreaData);
+  area->setFontSize(1.5F);
+  table.setAreaFormat(area.release());
+  table.setBackendSettings(BackendSettings());
+  auto& chart = AppendItem<OmChart>(tree.begin(), Utf8("c"), "iso-8859-1", 3);
+  chart.SetImageStream("png", 3);
+  return Written(tree);
+}
+
+// What is not JSON
+
+TEST(JsonReader, TellsLineAndColumnOfWhatIsNotJson) {
+  EXPECT_EQ(ErrorOf("{\n  \"\xC3\xBC\" 1}"), "2:7: this is not JSON");
+}
+
+TEST(JsonReader, RefusesTheEmptyText) {
+  EXPECT_EQ(ErrorOf(""), "1:1: this is not JSON: it ends too early");
+}
+
+TEST(JsonReader, RefusesWhatFollowsTheDocument) {
+  EXPECT_EQ(ErrorOf(Document("") + "\n]"), "2:1: this is not JSON");
+}
+
+TEST(JsonReader, TellsWhatIsNotJsonInItsOwnWords) {
+  std::string const text = SmallDocument();
+  for (std::size_t at = 0; at < text.size(); at += 3) {
+    for (char const c : {'"', '9', '{', ']', ',', '\xFF', '\0', 'a', '-', '\\', '\n'}) {
+      std::string changed = text;
+      changed[at] = c;
+      for (std::string const& damaged : {changed, changed.substr(0, at + 1)}) {
+        std::string const error = ErrorOf(damaged);
+        for (char const* words : {"expected", "literal", "invalid", "exception", "ill-formed"}) {
+          ASSERT_EQ(error.find(words), std::string::npos) << error;
+        }
+      }
+    }
+  }
+}
+
+TEST(JsonReader, RefusesATextThatBreaksOffAnywhere) {
+  std::string const text = SmallDocument();
+  ASSERT_EQ(Written(*Read(text)), text);
+  for (std::size_t length = 0; length + 2 < text.size(); ++length) {
+    ASSERT_NE(ErrorOf(text.substr(0, length)), "no error") << length;
+  }
+}
+
+TEST(JsonReader, TakesOrRefusesATextWithAnyByteChanged) {
+  std::string const text = SmallDocument();
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    for (char const c : {'"', '9', '{', ']', ',', '\xFF', '\0', 'a', '-'}) {
+      std::string changed = text;
+      changed[at] = c;
+      (void)ErrorOf(changed);
+    }
+  }
+}
+
+TEST(JsonReader, RefusesANumberThatNoDoubleHolds) {
+  EXPECT_EQ(ErrorOf("[1e999]"), "1:6: the number is too large");
+}
+
+TEST(JsonReader, RefusesDeepNesting) {
+  EXPECT_EQ(ErrorOf(std::string(1000000, '[')),
+            "/0/0/0/0/0/0/0/0/0/0/0/0: nothing in a document is nested as deep as this");
+  std::string objects;
+  for (int i = 0; i < 100000; ++i) {
+    objects += "{\"a\":";
+  }
+  EXPECT_EQ(ErrorOf(objects),
+            "/a/a/a/a/a/a/a/a/a/a/a/a: nothing in a document is nested as deep as this");
+}
+
+TEST(JsonReader, RefusesAFieldThatComesTwice) {
+  EXPECT_EQ(ErrorOf(R"({"format":"lakresvos-document","version":1,"version":1})"),
+            "/version: the field comes twice");
+  EXPECT_EQ(ErrorOf(TextBlock(R"({"text":"a","text":"b"})")),
+            "/parts/0/label/text: the field comes twice");
+}
+
+TEST(JsonReader, RefusesBytesThatAreNotUtf8) {
+  EXPECT_EQ(ErrorOf(TextBlock("{\"text\":\"\xFF\"}")), "1:105: bytes that are not UTF-8");
+}
+
+TEST(JsonReader, RefusesAnObjectWithMoreFieldsThanAnyHas) {
+  std::string fields;
+  for (int i = 0; i < 100000; ++i) {
+    fields += (i != 0 ? ",\"" : "\"") + std::to_string(i) + "\":0";
+  }
+  EXPECT_EQ(ErrorOf("{" + fields + "}"),
+            "/63: nothing in a document has more fields than there are up to here");
+}
+
+// What is JSON but no document
+
+TEST(JsonReader, RefusesOtherJson) {
+  EXPECT_EQ(ErrorOf("[]"), "there should be an object");
+  EXPECT_EQ(ErrorOf("{}"), "the field \"format\" is missing");
+  EXPECT_EQ(ErrorOf(R"({"format":"x"})"), "/format: this is not \"lakresvos-document\"");
+}
+
+TEST(JsonReader, RefusesOtherVersions) {
+  EXPECT_EQ(ErrorOf(R"({"format":"lakresvos-document","version":2,"new":1})"),
+            "/version: only version 1 can be read");
+}
+
+TEST(JsonReader, RefusesFieldsThatItDoesNotKnow) {
+  EXPECT_EQ(ErrorOf(R"({"format":"lakresvos-document","version":1,"parts":[],"a/b~":1})"),
+            "/a~1b~0: there is no such field");
+  EXPECT_EQ(ErrorOf(TextBlock(R"({"number":1,"text":""})")),
+            "/parts/0/label/text: there is no such field");
+}
+
+TEST(JsonReader, RefusesTypesThatItDoesNotKnow) {
+  EXPECT_EQ(ErrorOf(Document(R"({"depth":0,"type":"song"})")),
+            "/parts/0/type: there is no such type of item");
+}
+
+TEST(JsonReader, RefusesValuesOfTheWrongType) {
+  EXPECT_EQ(ErrorOf(Document("1")), "/parts/0: there should be an object");
+  EXPECT_EQ(ErrorOf(TextBlock(R"({"text":1})")), "/parts/0/label/text: there should be a text");
+  EXPECT_EQ(ErrorOf(TextBlock(R"({"text":"","translatable":0})")),
+            "/parts/0/label/translatable: there should be true or false");
+  EXPECT_EQ(ErrorOf(TextBlock(R"({"text":"","footnotes":{}})")),
+            "/parts/0/label/footnotes: there should be an array");
+  EXPECT_EQ(ErrorOf(TextBlock(R"({"number":"1"})")),
+            "/parts/0/label/number: there should be a number, \"NaN\", \"Infinity\" or "
+            "\"-Infinity\"");
+  EXPECT_EQ(ErrorOf(TextBlock(R"({"number":1,"decimals":1.5})")),
+            "/parts/0/label/decimals: there should be a whole number from -2147483648 to "
+            "2147483647");
+}
+
+TEST(JsonReader, RefusesNumbersOutOfRange) {
+  EXPECT_EQ(ErrorOf(TextBlock(R"({"number":1,"style":65536})")),
+            "/parts/0/label/style: there should be a whole number from 0 to 65535");
+  EXPECT_EQ(ErrorOf(TextBlock(R"({"number":1,"style":-1})")),
+            "/parts/0/label/style: there should be a whole number from 0 to 65535");
+  EXPECT_EQ(ErrorOf(TextBlock(R"({"number":1,"decimals":18446744073709551615})")),
+            "/parts/0/label/decimals: there should be a whole number from -2147483648 to "
+            "2147483647");
+  EXPECT_EQ(ErrorOf(Table1(kNodes, "", R"(,"areas":{"data":{"fontSize":1e200}})")),
+            "/parts/0/areas/data/fontSize: the number is too large");
+}
+
+TEST(JsonReader, RefusesWhatIsNotBase64) {
+  for (char const* text : {"A", "AA", "AAA", "A===", "AB==", "AAB=", "AA=A", "AAAA====", "AA A",
+                           "AA\\n=", "====", "-_-_"}) {
+    EXPECT_EQ(ErrorOf(TextBlock(R"({"text":{"base64":")" + std::string(text) + "\"}}")),
+              "/parts/0/label/text/base64: this is not base64")
+        << text;
+  }
+}
+
+TEST(JsonReader, RefusesADepthThatLeavesALevelOut) {
+  std::string const title = R"({"depth":0,"type":"pageTitle","text":""})";
+  EXPECT_EQ(ErrorOf(Document(R"({"depth":1,"type":"pageTitle","text":""})")),
+            "/parts/0/depth: there should be a whole number from 0 to 0");
+  EXPECT_EQ(ErrorOf(Document(title + R"(,{"depth":2,"type":"pageTitle","text":""})")),
+            "/parts/1/depth: there should be a whole number from 0 to 1");
+}
+
+TEST(JsonReader, RefusesACellWithoutAValue) {
+  EXPECT_EQ(ErrorOf(TextBlock("{}")), "/parts/0/label: there is no value of a cell");
+}
+
+TEST(JsonReader, RefusesPartsInTheWrongPlace) {
+  std::string const start = R"({"composite":"","parts":[{"number":1},)";
+  std::string const path = "/parts/0/label/parts/1/";
+  EXPECT_EQ(ErrorOf(TextBlock(start + R"({"in":0,"number":2}]})")),
+            path + "in: this part is no composite");
+  EXPECT_EQ(ErrorOf(TextBlock(start + R"({"below":1,"number":2}]})")),
+            path + "below: this is neither the part before nor one that holds it");
+  EXPECT_EQ(ErrorOf(TextBlock(start + R"({"below":0,"in":0,"number":2}]})")),
+            path + "below: a part has one place only");
+}
+
+/// A composite of composites, each of which puts the next in twice, around a text.
+std::string NestedPatterns(int levels, std::string const& text) {
+  std::string parts;
+  for (int i = 0; i < levels; ++i) {
+    parts +=
+        (i != 0 ? R"({"in":)" + std::to_string(i - 1) + "," : "{") + R"("composite":"{0}{0}"},)";
+  }
+  return R"({"composite":"{0}{0}","parts":[)" + parts + R"({"in":)" + std::to_string(levels - 1) +
+         R"(,"text":")" + text + "\"}]}";
+}
+
+TEST(JsonReader, RefusesNestedPatternsThatMakeALongText) {
+  EXPECT_EQ(ErrorOf(TextBlock(NestedPatterns(8, "abcdef"))), "no error");
+  EXPECT_EQ(ErrorOf(TextBlock(NestedPatterns(26, "abcdef"))),
+            "/parts/0/label/parts: the document would take too much memory");
+}
+
+TEST(JsonReader, RefusesNestedPatternsThatMakeAnEmptyTextOfManyPieces) {
+  EXPECT_EQ(ErrorOf(TextBlock(NestedPatterns(60, ""))),
+            "/parts/0/label/parts: the document would take too much memory");
+}
+
+TEST(JsonReader, RefusesAMapThatIsNotFourTexts) {
+  std::string const start =
+      R"({"depth":0,"type":"chart","id":1,"label":{"text":""},"map":["","",""])";
+  EXPECT_EQ(ErrorOf(Document(start + "}")), "/parts/0/map: there should be four texts");
+  EXPECT_EQ(ErrorOf(Document(start.substr(0, start.size() - 1) + ",\"" + std::string(65536, 'x') +
+                             "\"]}")),
+            "/parts/0/map: the second and the fourth text have at most 65535 bytes");
+}
+
+// Dimensions and cells
+
+TEST(JsonReader, RefusesNodesThatAreNotNumberedInOrder) {
+  EXPECT_EQ(ErrorOf(Table1(R"({"id":1})")),
+            "/parts/0/dimensions/0/nodes/0/id: the nodes are numbered from 0 on, and this is 0");
+}
+
+TEST(JsonReader, RefusesADimensionWithoutARoot) {
+  EXPECT_EQ(ErrorOf(Table1("")), "/parts/0/dimensions/0/nodes: the root is missing");
+}
+
+TEST(JsonReader, RefusesANodeBelowItselfOrBelowAFinishedOne) {
+  std::string const root = kRoot;
+  std::string const problem = "this is neither the node before nor one above that";
+  EXPECT_EQ(ErrorOf(Table1(root + R"(,{"id":1,"parent":1})")),
+            "/parts/0/dimensions/0/nodes/1/parent: " + problem);
+  EXPECT_EQ(ErrorOf(Table1(root + R"(,{"id":1,"parent":0},{"id":2,"parent":0},)"
+                                  R"({"id":3,"parent":1})")),
+            "/parts/0/dimensions/0/nodes/3/parent: " + problem);
+}
+
+TEST(JsonReader, RefusesASecondRoot) {
+  EXPECT_EQ(ErrorOf(Table1(std::string(kRoot) + R"(,{"id":1})")),
+            "/parts/0/dimensions/0/nodes/1: the field \"parent\" is missing");
+}
+
+TEST(JsonReader, TakesNodesWithoutALabel) {
+  std::unique_ptr<OmOutputTree> const tree = Read(Table1(R"({"id":0},{"id":1,"parent":0})"));
+  auto& table = dynamic_cast<OmPivotTable&>(*tree->begin().Value());
+  EXPECT_EQ(table.Dimension(0).Root().Value().label, nullptr);
+  EXPECT_EQ(table.Dimension(0).Root().NChildren(), 1U);
+}
+
+TEST(JsonReader, RefusesCellsWithTheWrongNumberOfSubscripts) {
+  EXPECT_EQ(ErrorOf(Table1(kNodes, R"({"index":[0,0],"number":1})")),
+            "/parts/0/cells/0/index: there should be a subscript for each of the dimensions, of "
+            "which there are 1");
+}
+
+TEST(JsonReader, RefusesCellsOfATableWithoutDimensions) {
+  EXPECT_EQ(ErrorOf(Document(R"({"depth":0,"type":"table","label":{"text":""},"template":)"
+                             R"({"text":""},"dimensions":[],"cells":[{"index":[],"number":1}]})")),
+            "/parts/0/cells/0/index: there should be a subscript for each of the dimensions, of "
+            "which there are 0");
+}
+
+TEST(JsonReader, RefusesNegativeSubscripts) {
+  EXPECT_EQ(ErrorOf(Table1(kNodes, R"({"index":[-1],"number":1})")),
+            "/parts/0/cells/0/index/0: there should be a whole number from 0 to 2147483647");
+}
+
+TEST(JsonReader, RefusesSubscriptsBeyondAnInteger) {
+  EXPECT_EQ(ErrorOf(Table1(kNodes, R"({"index":[2147483648],"number":1})")),
+            "/parts/0/cells/0/index/0: there should be a whole number from 0 to 2147483647");
+}
+
+TEST(JsonReader, RefusesASubscriptThatTakesTooMuchMemory) {
+  EXPECT_EQ(ErrorOf(Table1(kNodes, R"({"index":[2147483647],"number":1})")),
+            "/parts/0/cells/0/index: the document would take too much memory");
+}
+
+TEST(JsonReader, RefusesManySubscriptsThatTakeTooMuchMemoryTogether) {
+  std::string cells;
+  for (int i = 0; i < 100; ++i) {
+    cells += (i != 0 ? "," : "") + std::string(R"({"index":[9000000,)") + std::to_string(i) +
+             R"(],"number":1})";
+  }
+  std::string const dimension = R"({"size":1,"nodes":[)" + std::string(kNodes) + "]}";
+  EXPECT_EQ(ErrorOf(Document(R"({"depth":0,"type":"table","label":{"text":""},"template":)"
+                             R"({"text":""},"dimensions":[)" +
+                             dimension + "," + dimension + R"(],"cells":[)" + cells + "]}")),
+            "/parts/0/cells/0/index: the document would take too much memory");
+}
+
+TEST(JsonReader, RefusesDimensionsThatAreTooLarge) {
+  EXPECT_EQ(ErrorOf(Table1(kNodes, "", "", "4294967295")),
+            "/parts/0/dimensions/0/size: the document would take too much memory");
+  EXPECT_EQ(ErrorOf(Table1(R"({"id":0},{"id":1,"parent":0,"subscript":2000000000})")),
+            "/parts/0/dimensions/0/nodes/1/subscript: the document would take too much memory");
+}
+
+TEST(JsonReader, RefusesASubscriptWhoseLowBitsTakeTooMuchMemory) {
+  EXPECT_EQ(ErrorOf(Table1(R"({"id":0},{"id":1,"parent":0,"subscript":6442450943})")),
+            "/parts/0/dimensions/0/nodes/1/subscript: the document would take too much memory");
+}
+
+TEST(JsonReader, TakesALargeSubscriptInAShortText) {
+  std::string const large = "1000000";
+  std::unique_ptr<OmOutputTree> const tree =
+      Read(Table1(R"({"id":0},{"id":1,"parent":0,"subscript":)" + large + "}",
+                  R"({"index":[)" + large + R"(],"number":1})", "", "1000001"));
+  EXPECT_NE(dynamic_cast<OmPivotTable&>(*tree->begin().Value()).Cell({1000000}), nullptr);
+}
+
+TEST(JsonReader, RefusesAnAxisThatNamesADimensionAgainAndAgain) {
+  std::string nodes = kRoot;
+  std::string cells;
+  for (int i = 0; i < 100; ++i) {
+    std::string const number = std::to_string(i);
+    nodes += R"(,{"id":)" + std::to_string(i + 1) + R"(,"parent":0,"subscript":)" + number + "}";
+    cells += (i != 0 ? "," : "") + std::string(R"({"index":[)") + number + R"(],"number":1})";
+  }
+  std::string text = Table1(nodes, cells, "", "100");
+  std::string const once = R"("rows":[0])";
+  EXPECT_EQ(ErrorOf(text), "no error");
+  EXPECT_EQ(ErrorOf(text.replace(text.find(once), once.size(), R"("rows":[0,0,0,0])")),
+            "/parts/0: the document would take too much memory");
+}
+
+TEST(JsonReader, RefusesCategoriesThatShareSubscriptsInManyDimensions) {
+  std::string nodes = kRoot;
+  for (int i = 1; i <= 10; ++i) {
+    nodes += R"(,{"id":)" + std::to_string(i) + R"(,"parent":0,"subscript":0})";
+  }
+  std::string dimensions;
+  std::string numbers;
+  std::string index;
+  for (int d = 0; d < 10; ++d) {
+    std::string const comma = d != 0 ? "," : "";
+    dimensions += comma + R"({"size":10,"nodes":[)" + nodes + "]}";
+    numbers += comma + std::to_string(d);
+    index += comma + "0";
+  }
+  EXPECT_EQ(ErrorOf(Document(R"({"depth":0,"type":"table","label":{"text":""},"template":)"
+                             R"({"text":""},"dimensions":[)" +
+                             dimensions + R"(],"rows":[)" + numbers + R"(],"cells":[{"index":[)" +
+                             index + R"(],"number":1}]})")),
+            "/parts/0: the document would take too much memory");
+}
+
+TEST(JsonReader, ReadsBackATableWithItsCellsOnTheDiagonal) {
+  constexpr int kCategories = 16400;  // a list for each, of all subscripts up to its cell's
+  std::string text;
+  {
+    OmOutputTree tree;
+    auto& table = AppendItem<layout_tables::Table>(tree.begin());
+    table.AddFlat("A", kCategories);
+    table.AddFlat("B", kCategories);
+    table.Place({0}, {1});
+    for (int i = 0; i < kCategories; ++i) {
+      table.Cell({i, i}, OmNumber(i));
+    }
+    text = Written(tree);
+  }
+  EXPECT_TRUE(Written(*Read(text)) == text);
+}
+
+TEST(JsonReader, TakesOldSpellingsOfSubscriptsThatStandForNoPosition) {
+  std::unique_ptr<OmOutputTree> const tree = Read(
+      Table1(R"({"id":0},{"id":1,"parent":0,"subscript":18446744073709551615},)"
+             R"({"id":2,"parent":0,"subscript":18446744073709551614},)"
+             R"({"id":3,"parent":0,"subscript":null},{"id":4,"parent":0,"subscript":"removed"},)"
+             R"({"id":5,"parent":0,"subscript":"18446744073709551613"})"));
+  OmDimension::Node const root =
+      dynamic_cast<OmPivotTable&>(*tree->begin().Value()).Dimension(0).Root();
+  EXPECT_EQ(root.Child(0).Value().subscript, ~0UL);
+  EXPECT_EQ(root.Child(1).Value().subscript, ~1UL);
+  EXPECT_EQ(root.Child(2).Value().subscript, ~0UL);
+  EXPECT_EQ(root.Child(3).Value().subscript, ~1UL);
+  EXPECT_EQ(root.Child(4).Value().subscript, ~2UL);
+}
+
+TEST(JsonReader, RefusesDigitsInATextThatANumberCouldHave) {
+  std::string const problem =
+      "/parts/0/dimensions/0/nodes/1/subscript: there should be a whole number from 0 to "
+      "18446744073709551615";
+  for (char const* const text : {"7", "9007199254740992", "18446744073709551616", "", "gone",
+                                 "-9007199254740993", "9007199254740993 ", "9007199254740993.0"}) {
+    EXPECT_EQ(
+        ErrorOf(Table1(R"({"id":0},{"id":1,"parent":0,"subscript":")" + std::string(text) + "\"}")),
+        problem)
+        << text;
+  }
+}
+
+TEST(JsonReader, RefusesCellsThatAreNotInOrder) {
+  std::string const problem = "/parts/0/cells/1/index: the cells are not in ascending order";
+  EXPECT_EQ(ErrorOf(Table1(kNodes, R"({"index":[1],"number":1},{"index":[0],"number":1})")),
+            problem);
+  EXPECT_EQ(ErrorOf(Table1(kNodes, R"({"index":[1],"number":1},{"index":[1],"number":1})")),
+            problem);
+}
+
+TEST(JsonReader, RefusesAnEmptyCellStyleThatComesTwice) {
+  EXPECT_EQ(ErrorOf(Table1(kNodes, "", R"(,"emptyCellStyles":[[1,2],[1,3]])")),
+            "/parts/0/emptyCellStyles/1: the place comes twice");
+  EXPECT_EQ(ErrorOf(Table1(kNodes, "", R"(,"emptyCellStyles":[[1]])")),
+            "/parts/0/emptyCellStyles/0: there should be a place and a style");
+}
+
+TEST(JsonReader, StoresAllCellsOfATableWithACellLimit) {
+  std::unique_ptr<OmOutputTree> const tree =
+      Read(Table1(kNodes, R"({"index":[0],"number":1},{"index":[1],"number":2})",
+                  R"(,"backend":{"maxCells":0})"));
+  auto& table = dynamic_cast<OmPivotTable&>(*tree->begin().Value());
+  EXPECT_NE(table.Cell({1}), nullptr);
+  EXPECT_FALSE(table.IsScratched());
+  EXPECT_EQ(table.getBackendSettings().getMaxCells(), 0);
+}
+
+TEST(JsonReader, KeepsTheSizeOfADimensionWhateverItsNodes) {
+  std::unique_ptr<OmOutputTree> const tree = Read(Table1(kNodes, "", "", "7"));
+  EXPECT_EQ(dynamic_cast<OmPivotTable&>(*tree->begin().Value()).Size(0), 7);
+}
+
+TEST(JsonReader, KeepsALabelThatIsInACodePage) {
+  OmOutputTree tree;
+  AppendItem<OmChart>(tree.begin(), Utf8("\xC3\x83\xC2\xBC"), "iso-8859-1", 1);
+  std::unique_ptr<OmOutputTree> const copy = Read(Written(tree));
+  EXPECT_EQ(copy->begin().FirstChild().Value()->Label()->GetText(), "\xC3\xBC");
+}
+
+TEST(JsonReader, LetsLabelsOfADimensionShareTheirContext) {
+  std::string const variable = R"("label":{"variable":"v","label":"l","context":"value"})";
+  std::unique_ptr<OmOutputTree> const tree =
+      Read(Table1(R"({"id":0,)" + variable + R"(},{"id":1,"parent":0,)" + variable + "}"));
+  OmDimension& dimension = dynamic_cast<OmPivotTable&>(*tree->begin().Value()).Dimension(0);
+  dimension.Root().Value().label->ContextDisplay(OmLabelDisplay::Both);
+  EXPECT_EQ(dimension.Root().Child(0).Value().label->GetText(), "v l");
+}
+
+// Streams and memory
+
+TEST(JsonReader, RefusesAStreamThatCannotBeRead) {
+  std::ifstream in("/no such file");
+  try {
+    lakresvos::render::ReadJson(in);
+    FAIL();
+  } catch (lakresvos::render::JsonError const& error) {
+    EXPECT_STREQ(error.what(), "the text cannot be read");
+    EXPECT_EQ(error.Place(), "");
+  }
+}
+
+TEST(JsonReader, TellsThePlaceApart) {
+  std::istringstream in("{}}");
+  try {
+    lakresvos::render::ReadJson(in);
+    FAIL();
+  } catch (lakresvos::render::JsonError const& error) {
+    EXPECT_EQ(error.Place(), "1:3");
+  }
+}
+
+TEST(JsonReader, LeavesNothingBehindWhenMemoryEnds) {
+  std::string const text = SmallDocument();
+  std::unique_ptr<OmOutputTree> tree;
+  FailEveryAllocation(
+      [&] {
+        std::istringstream in(text);
+        tree = lakresvos::render::ReadJson(in);
+      },
+      [&] { ASSERT_EQ(tree, nullptr); });
+  EXPECT_EQ(Written(*tree), text);
+}
+
+}  // namespace

@@ -1,0 +1,123 @@
+#include "unicode/Wrap.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+#include <string>
+#include <vector>
+
+#include "unicode/TextWidth.h"
+
+using lakresvos::render::PrintableLines;
+using lakresvos::render::TextLine;
+using lakresvos::render::TextWidth;
+using lakresvos::render::WidestLine;
+using lakresvos::render::Wrap;
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+Texts Wrapped(std::string const& text, int limit) {
+  Texts texts;
+  for (TextLine const& line : Wrap(text, limit)) {
+    texts.push_back(line.text);
+  }
+  return texts;
+}
+
+std::string WithoutBlanks(std::string text) {
+  text.erase(std::remove(text.begin(), text.end(), ' '), text.end());
+  return text;
+}
+
+/// Words, blanks, line ends, wide, combining and joined characters, and bytes that are no text.
+std::string AnyText() {
+  std::string text;
+  auto const pieces = *rc::gen::container<std::vector<std::string>>(rc::gen::element<std::string>(
+      "a", "bcd", " ", "  ", "\n", "日", "e\u0301", "👩‍👧", "\xff", "\u0301", "longerword"));
+  for (std::string const& piece : pieces) {
+    text += piece;
+  }
+  return text;
+}
+
+}  // namespace
+
+TEST(Wrap, TextThatFitsIsOneLine) {
+  EXPECT_EQ(Wrapped("abc def", 7), Texts{"abc def"});
+  EXPECT_EQ(Wrapped("", 7), Texts{""});
+}
+
+TEST(Wrap, BreaksAtTheLastBlankThatFitsAndSwallowsIt) {
+  EXPECT_EQ(Wrapped("one two three", 8), (Texts{"one two", "three"}));
+  EXPECT_EQ(Wrapped("one two three", 7), (Texts{"one two", "three"}));
+}
+
+TEST(Wrap, SeveralBlanksAtABreakAreSwallowedTogether) {
+  EXPECT_EQ(Wrapped("one    two", 5), (Texts{"one", "two"}));
+  EXPECT_EQ(Wrapped("one    two", 3), (Texts{"one", "two"}));
+}
+
+TEST(Wrap, WordsThatAreTooLongBreakInside) {
+  EXPECT_EQ(Wrapped("abcdefgh", 3), (Texts{"abc", "def", "gh"}));
+  EXPECT_EQ(Wrapped("a bcdefgh", 3), (Texts{"a", "bcd", "efg", "h"}));
+}
+
+TEST(Wrap, IndentOfALineIsKept) {
+  EXPECT_EQ(Wrapped("  ab cd", 5), (Texts{"  ab", "cd"}));
+}
+
+TEST(Wrap, NothingButBlanksIsOneEmptyLine) {
+  EXPECT_EQ(Wrapped("       ", 3), Texts{""});
+}
+
+TEST(Wrap, LineEndsBreak) {
+  EXPECT_EQ(Wrapped("one\n\ntwo", 10), (Texts{"one", "", "two"}));
+}
+
+TEST(Wrap, WideCharactersCountTwo) {
+  EXPECT_EQ(Wrapped("日本語文", 5), (Texts{"日本", "語文"}));
+}
+
+TEST(Wrap, GraphemesAreNotBroken) {
+  EXPECT_EQ(Wrapped("e\u0301e\u0301e\u0301", 2), (Texts{"e\u0301e\u0301", "e\u0301"}));
+  EXPECT_EQ(Wrapped("a👩‍👩‍👧b", 2), (Texts{"a", "👩‍👩‍👧", "b"}));
+}
+
+TEST(Wrap, CharacterWiderThanTheLimitHasALineOfItsOwn) {
+  EXPECT_EQ(Wrapped("a日b", 1), (Texts{"a", "日", "b"}));
+}
+
+TEST(Wrap, LongTextTakesLinearTime) {
+  std::string const text(2'000'000, 'x');
+  EXPECT_EQ(Wrap(text, 2).size(), 1'000'000U);
+}
+
+RC_GTEST_PROP(WrapProperty, LinesFitAndKnowTheirWidth, ()) {
+  int const limit = *rc::gen::inRange(2, 12);
+  for (TextLine const& line : Wrap(AnyText(), limit)) {
+    RC_ASSERT(line.width == TextWidth(line.text));
+    RC_ASSERT(line.width <= limit);
+  }
+}
+
+RC_GTEST_PROP(WrapProperty, NothingButBlanksIsLost, ()) {
+  std::string const text = AnyText();
+  std::string lines;
+  for (std::string const& line : Wrapped(text, *rc::gen::inRange(2, 12))) {
+    lines += line;
+  }
+  std::string whole;
+  for (std::string const& line : PrintableLines(text)) {
+    whole += line;
+  }
+  RC_ASSERT(WithoutBlanks(lines) == WithoutBlanks(whole));
+}
+
+RC_GTEST_PROP(WrapProperty, WrappingAtTheWidestLineChangesNothing, ()) {
+  std::string const text = AnyText();
+  int const limit = *rc::gen::inRange(2, 12);
+  std::vector<TextLine> const lines = Wrap(text, limit);
+  RC_ASSERT(Wrapped(text, std::max(1, WidestLine(lines))) == Wrapped(text, limit));
+}

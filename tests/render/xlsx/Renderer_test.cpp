@@ -1,0 +1,217 @@
+#include <cmath>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <sys/resource.h>
+#include <vector>
+
+#include <lakresvos/OmChart.h>
+#include <lakresvos/OmHeading.h>
+#include <lakresvos/OmTextBlock.h>
+#include <lakresvos/render/XlsxRenderer.h>
+
+#include "render/support/RenderTables.h"
+#include "support/FailingNew.h"
+#include "support/TemporaryDirectory.h"
+
+using lakresvos::render::RenderXlsx;
+using namespace render_tables;
+
+namespace {
+
+std::size_t OpenFiles() {
+  auto const files = std::filesystem::directory_iterator("/proc/self/fd");
+  return static_cast<std::size_t>(std::distance(begin(files), end(files)));
+}
+
+/// Has temporary files in a directory of their own, to see what becomes of them.
+class XlsxRendererTest : public testing::Test {
+ protected:
+  XlsxRendererTest() { setenv("TMPDIR", temporary_.Path("").c_str(), 1); }
+  ~XlsxRendererTest() override { unsetenv("TMPDIR"); }
+
+  Table& AddTable(std::string const& title) {
+    auto& table = AppendItem<Table>(document_.begin());
+    table.SetTableTitle(Utf8(title));
+    return table;
+  }
+
+  std::string Rendered() {
+    RenderXlsx(document_, out_);
+    return out_.str();
+  }
+
+  /// What rendering fails with; nothing has been written then.
+  template <class Error>
+  std::string Failure() {
+    std::size_t const files = OpenFiles();
+    std::string message = "no error";
+    try {
+      RenderXlsx(document_, out_);
+    } catch (Error const& error) {
+      message = error.what();
+    }
+    EXPECT_EQ(out_.str(), "");
+    EXPECT_EQ(OpenFiles(), files);
+    EXPECT_EQ(temporary_.Entries(), 0u);
+    return message;
+  }
+
+  TemporaryDirectory temporary_;
+  OmOutputTree document_;
+  std::ostringstream out_;
+};
+
+}  // namespace
+
+TEST_F(XlsxRendererTest, WritesAZipArchive) {
+  EXPECT_EQ(Rendered().substr(0, 4), "PK\x03\x04");
+}
+
+TEST_F(XlsxRendererTest, LeavesNoTemporaryFilesBehind) {
+  Table& table = AddTable("table");
+  table.AddFlat("r", 2);
+  table.Place({0}, {});
+  table.PutAll();
+  std::size_t const files = OpenFiles();
+  EXPECT_NE(Rendered(), "");
+  EXPECT_EQ(temporary_.Entries(), 0u);
+  EXPECT_EQ(OpenFiles(), files);
+}
+
+TEST_F(XlsxRendererTest, NamesTheTableThatHasTooManyColumns) {
+  Table& table = AddTable("wide");
+  table.AddFlat("c", 16385);
+  table.Place({}, {0});
+  table.PutAll();
+  EXPECT_EQ(Failure<std::length_error>(),
+            "'wide' is too large for a sheet, which has 1048576 rows and 16384 columns");
+}
+
+TEST_F(XlsxRendererTest, HasRoomForTheLastColumn) {
+  Table& table = AddTable("wide");
+  table.AddFlat("c", 16384);
+  table.Place({}, {0});
+  table.PutAll();
+  EXPECT_NE(Rendered(), "");
+}
+
+TEST_F(XlsxRendererTest, NamesTheTableThatHasTooManyRows) {
+  Table& table = AddTable("tall");
+  table.AddFlat("r", 1048575);
+  table.Place({0}, {});
+  table.PutAll();
+  EXPECT_EQ(Failure<std::length_error>(),
+            "'tall' is too large for a sheet, which has 1048576 rows and 16384 columns");
+}
+
+TEST_F(XlsxRendererTest, TellsOfATextThatIsTooLongForACell) {
+  Table& table = AddTable("wordy");
+  table.AddFlat("r", 1);
+  table.Place({0}, {});
+  table.Cell({0}, Utf8(std::string(32768, 'x')));
+  lakresvos::render::XlsxOptions options;
+  std::vector<std::string> losses;
+  options.onLoss = [&](std::string const& loss) {
+    EXPECT_EQ(out_.str(), "");
+    losses.push_back(loss);
+  };
+  RenderXlsx(document_, out_, options);
+  EXPECT_EQ(losses,
+            std::vector<std::string>{"1 text longer than the 32767 characters of a cell left "
+                                     "out, the first at 'wordy'!B4"});
+  EXPECT_NE(out_.str(), "");
+}
+
+TEST_F(XlsxRendererTest, WhoeverIsToldMayRefuse) {
+  AddTable(std::string(40000, 'x'));
+  AppendItem<OmChart>(document_.begin(), Utf8("bad"), "", 1).SetImageStream("x", 1);
+  lakresvos::render::XlsxOptions options;
+  options.onLoss = [](std::string const& loss) { throw std::runtime_error(loss); };
+  EXPECT_THROW(RenderXlsx(document_, out_, options), std::runtime_error);
+  EXPECT_EQ(out_.str(), "");
+  EXPECT_EQ(temporary_.Entries(), 0u);
+}
+
+TEST_F(XlsxRendererTest, HasRoomForTheLongestText) {
+  Table& table = AddTable("wordy");
+  table.AddFlat("r", 1);
+  table.Place({0}, {});
+  table.Cell({0}, Utf8(std::string(32767, 'x')));
+  EXPECT_NE(Rendered(), "");
+}
+
+TEST_F(XlsxRendererTest, SaysWhenThereIsNoRoomForTemporaryFiles) {
+  Table& table = AddTable("table");
+  table.AddFlat("r", 5000);
+  table.Place({0}, {});
+  table.PutAll();
+  rlimit former{};
+  getrlimit(RLIMIT_FSIZE, &former);
+  rlimit const small{10000, former.rlim_max};
+  auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &small);
+  std::string const message = Failure<std::runtime_error>();
+  setrlimit(RLIMIT_FSIZE, &former);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(message, "the workbook cannot be written: File too large");
+}
+
+TEST_F(XlsxRendererTest, SaysWhenThereCanBeNoTemporaryFile) {
+  setenv("TMPDIR", "/proc", 1);
+  EXPECT_THROW(RenderXlsx(document_, out_), std::runtime_error);
+  EXPECT_EQ(out_.str(), "");
+}
+
+TEST_F(XlsxRendererTest, AStreamThatFailsSaysSoItself) {
+  out_.setstate(std::ios::badbit);
+  RenderXlsx(document_, out_);
+  EXPECT_TRUE(out_.bad());
+}
+
+TEST_F(XlsxRendererTest, AStreamMayThrow) {
+  out_.setstate(std::ios::badbit);
+  EXPECT_THROW(out_.exceptions(std::ios::badbit), std::ios::failure);
+  EXPECT_THROW(RenderXlsx(document_, out_), std::ios::failure);
+  EXPECT_EQ(temporary_.Entries(), 0u);
+}
+
+TEST_F(XlsxRendererTest, BearsAHundredThousandLevels) {
+  auto node = document_.begin();
+  for (int i = 0; i < 100000; ++i) {
+    node = node.AppendChild(new OmHeading(Utf8("level")));
+  }
+  EXPECT_NE(Rendered(), "");
+}
+
+TEST_F(XlsxRendererTest, EveryFailedAllocationLeavesNothingBehind) {
+  Table& table = AddTable("a title that is long enough for the heap");
+  table.AddFlat("A", 2);
+  table.AddFlat("B", 2);
+  table.AddFlat("C", 2);
+  table.AddFlat("D", 2);
+  table.Place({0}, {1, 2}, {3});
+  table.PutAll();
+  AddFootnote(table, "note");
+  OmStringCellUTF8 marked("日本語");
+  table.Cell({0, 0, 0, 0}, WithFootnotes(marked, {0}));
+  AppendItem<OmTextBlock>(document_.begin(), Utf8("label"), "text that is long enough to allocate");
+  std::ostream nowhere(nullptr);
+  std::size_t const files = OpenFiles();
+  std::size_t const failures = FailEveryAllocation(
+      [&] {
+        try {
+          RenderXlsx(document_, nowhere);
+        } catch (std::runtime_error const&) {  // no memory inside the library or a stream
+          throw std::bad_alloc();
+        }
+      },
+      [&] { ASSERT_EQ(temporary_.Entries(), 0u); });
+  EXPECT_GT(failures, 100u);
+  EXPECT_EQ(OpenFiles(), files);
+}

@@ -1,0 +1,131 @@
+#include "xlsx/SheetNames.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "unicode/CleanText.h"
+#include "unicode/Utf16.h"
+
+using lakresvos::render::SheetNames;
+using lakresvos::render::Utf16Length;
+
+namespace {
+
+std::string NameOf(std::string const& wish) {
+  return SheetNames().Next(wish, "Table");
+}
+
+}  // namespace
+
+TEST(SheetNames, KeepsWhatIsLegal) {
+  EXPECT_EQ(NameOf("Survival by class & sex"), "Survival by class & sex");
+  EXPECT_EQ(NameOf("It's"), "It's");
+  EXPECT_EQ(NameOf("Größe 日本語"), "Größe 日本語");
+}
+
+TEST(SheetNames, PutsBlanksForForbiddenCharacters) {
+  EXPECT_EQ(NameOf("a[b]c:d*e?f/g\\h"), "a b c d e f g h");
+  EXPECT_EQ(NameOf("two\nlines\tand"), "two lines and");
+  EXPECT_EQ(NameOf("Age: Child"), "Age Child");
+}
+
+TEST(SheetNames, ReplacesWhatIsNoText) {
+  EXPECT_EQ(NameOf("bell\a \xFF"), "bell\uFFFD \uFFFD");
+}
+
+TEST(SheetNames, TakesApostrophesAndBlanksFromTheEnds) {
+  EXPECT_EQ(NameOf(" 'quoted' "), "quoted");
+}
+
+TEST(SheetNames, CutsAtThirtyOneCharacters) {
+  EXPECT_EQ(NameOf(std::string(31, 'x')), std::string(31, 'x'));
+  EXPECT_EQ(NameOf(std::string(32, 'x')), std::string(31, 'x'));
+}
+
+TEST(SheetNames, CountsCharactersAsUtf16Does) {
+  std::string emoji;
+  for (int i = 0; i < 16; ++i) {
+    emoji += "😀";
+  }
+  EXPECT_EQ(NameOf(emoji), emoji.substr(0, 15 * 4));
+}
+
+TEST(SheetNames, DoesNotEndInAnApostropheAfterTheCut) {
+  EXPECT_EQ(NameOf(std::string(30, 'x') + "'s"), std::string(30, 'x'));
+}
+
+TEST(SheetNames, HasAnotherNameWhenNothingIsLeft) {
+  EXPECT_EQ(NameOf(""), "Table");
+  EXPECT_EQ(NameOf("[?]"), "Table");
+  EXPECT_EQ(NameOf("''"), "Table");
+}
+
+TEST(SheetNames, NumbersEqualNames) {
+  SheetNames names;
+  EXPECT_EQ(names.Next("Counts", "Table"), "Counts");
+  EXPECT_EQ(names.Next("Counts", "Table"), "Counts (2)");
+  EXPECT_EQ(names.Next("Counts", "Table"), "Counts (3)");
+}
+
+TEST(SheetNames, NamesWithoutTextAreNumberedToo) {
+  SheetNames names;
+  EXPECT_EQ(names.Next("", "Table"), "Table");
+  EXPECT_EQ(names.Next("", "Table"), "Table (2)");
+}
+
+TEST(SheetNames, TellsNamesApartWhateverTheirCase) {
+  SheetNames names;
+  EXPECT_EQ(names.Next("GRÖSSE", "Table"), "GRÖSSE");
+  EXPECT_EQ(names.Next("größe", "Table"), "größe (2)");
+}
+
+TEST(SheetNames, PassesNumbersThatAreTaken) {
+  SheetNames names;
+  EXPECT_EQ(names.Next("A (2)", "Table"), "A (2)");
+  EXPECT_EQ(names.Next("A", "Table"), "A");
+  EXPECT_EQ(names.Next("A", "Table"), "A (3)");
+}
+
+TEST(SheetNames, MakesRoomForTheNumber) {
+  SheetNames names;
+  std::string const wish(40, 'x');
+  EXPECT_EQ(names.Next(wish, "Table"), std::string(31, 'x'));
+  EXPECT_EQ(names.Next(wish, "Table"), std::string(27, 'x') + " (2)");
+}
+
+TEST(SheetNames, DoesNotUseTheReservedName) {
+  EXPECT_EQ(NameOf("History"), "History (2)");
+  EXPECT_EQ(NameOf("hISTORY"), "hISTORY (2)");
+  EXPECT_EQ(NameOf("History 2"), "History 2");
+}
+
+TEST(SheetNames, ManyEqualWishesTakeLittleTime) {
+  SheetNames names;
+  std::string last;
+  for (int i = 0; i < 50000; ++i) {
+    last = names.Next("Counts", "Table");
+  }
+  EXPECT_EQ(last, "Counts (50000)");
+}
+
+RC_GTEST_PROP(SheetNames, AreLegalAndAllDifferent, ()) {
+  auto const wishes = *rc::gen::container<std::vector<std::string>>(rc::gen::container<std::string>(
+      rc::gen::element('a', 'A', '\'', ' ', ':', '\\', '\xFF', '\xC3', '\xB6', '1', '\0')));
+  SheetNames names;
+  std::set<std::string> seen;
+  for (std::string const& wish : wishes) {
+    std::string name = names.Next(wish, "Table");
+    RC_ASSERT(!name.empty());
+    RC_ASSERT(Utf16Length(name) <= 31u);
+    RC_ASSERT(name.find_first_of("[]:*?/\\\n\t") == std::string::npos);
+    RC_ASSERT(name.front() != '\'' && name.back() != '\'');
+    RC_ASSERT(lakresvos::render::CleanText(name) == name);
+    std::transform(name.begin(), name.end(), name.begin(),
+                   [](char c) { return c == 'A' ? 'a' : c; });
+    RC_ASSERT(seen.insert(name).second);
+  }
+}
