@@ -44,4 +44,6 @@ lakresvos_pkg_config(lakresvos lakresvos DESCRIPTION "${PROJECT_DESCRIPTION}"
 if(TARGET lakresvos_render)
   lakresvos_pkg_config(lakresvos-render lakresvos_render
                        DESCRIPTION "Renderers for lakresvos documents" REQUIRES lakresvos)
+  lakresvos_pkg_config(lakresvos-tabulate lakresvos_tabulate
+                       DESCRIPTION "Tabulation of data into lakresvos pivot tables" REQUIRES lakresvos)
 endif()

@@ -3,14 +3,14 @@
 
 #include <string>
 
-#include "ReportError.h"
+#include <lakresvos/tabulate/InputError.h>
 
-/// The text of the ReportError that `action` ends with; "none" when it ends without.
+/// The text of the InputError that `action` ends with; "none" when it ends without.
 template <class Action>
 std::string ErrorOf(Action action) {
   try {
     action();
-  } catch (lakresvos::report::ReportError const& error) {
+  } catch (lakresvos::tabulate::InputError const& error) {
     return error.what();
   }
   return "none";

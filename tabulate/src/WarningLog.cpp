@@ -1,0 +1,48 @@
+#include <algorithm>
+#include <utility>
+
+#include <lakresvos/tabulate/WarningLog.h>
+
+namespace lakresvos::tabulate {
+
+namespace {
+
+void CutToFirst(std::vector<Warning>& warnings) {
+  std::stable_sort(warnings.begin(), warnings.end(),
+                   [](Warning const& a, Warning const& b) { return a.line < b.line; });
+  if (warnings.size() > WarningLog::kKept) {
+    warnings.erase(warnings.begin() + WarningLog::kKept, warnings.end());
+  }
+}
+
+}  // namespace
+
+void WarningLog::Add(Warning warning) {
+  Count(warning.kind, warning.line, warning.column);
+  kept_.push_back(std::move(warning));
+  ++total_;
+  if (kept_.size() == 2 * kKept) {
+    CutToFirst(kept_);
+  }
+}
+
+void WarningLog::Count(Skipped kind, std::size_t line, std::string const& column) {
+  SkipCount& count = counts_[static_cast<std::size_t>(kind)];
+  if (count.count++ == 0 || line < count.line) {
+    count.line = line;
+    count.column = column;
+  }
+}
+
+bool WarningLog::Any() const {
+  return std::any_of(counts_.begin(), counts_.end(),
+                     [](SkipCount const& count) { return count.count != 0; });
+}
+
+std::vector<Warning> WarningLog::First() const {
+  std::vector<Warning> first = kept_;
+  CutToFirst(first);
+  return first;
+}
+
+}  // namespace lakresvos::tabulate

@@ -1,0 +1,128 @@
+#include <gtest/gtest.h>
+
+#include <lakresvos/tabulate/Formula.h>
+
+#include "support/ErrorOf.h"
+
+using namespace lakresvos::tabulate;
+
+namespace {
+
+/// An axis written out: terms separated by a blank, nested columns by '/'.
+std::string Text(std::vector<FormulaTerm> const& axis) {
+  std::string text;
+  for (FormulaTerm const& term : axis) {
+    text += text.empty() ? "" : " ";
+    for (std::size_t i = 0; i < term.size(); ++i) {
+      text += i > 0 ? "/[" : "[";
+      text += term[i].name + "]";
+    }
+  }
+  return text;
+}
+
+std::string Parsed(std::string const& text) {
+  Formula const formula = ParseFormula(text);
+  return Text(formula.rows) + " ~ " + Text(formula.columns) + " | " + Text(formula.layers);
+}
+
+std::string ErrorIn(std::string const& text) {
+  std::string const error = ErrorOf([&] { ParseFormula(text); });
+  std::string const start = "--table '" + text + "': ";
+  return error.starts_with(start) ? error.substr(start.size()) : error;
+}
+
+}  // namespace
+
+TEST(Formula, ReadsAllThreeAxes) {
+  EXPECT_EQ(Parsed("Class * Sex ~ Survived | Age"), "[Class] [Sex] ~ [Survived] | [Age]");
+}
+
+TEST(Formula, NeedsNoBlanks) {
+  EXPECT_EQ(Parsed("A*B~C|D"), "[A] [B] ~ [C] | [D]");
+}
+
+TEST(Formula, ReadsNestedColumns) {
+  EXPECT_EQ(Parsed("A/B/C * D ~ E / F"), "[A]/[B]/[C] [D] ~ [E]/[F] | ");
+}
+
+TEST(Formula, LetsTheRowsBeEmpty) {
+  EXPECT_EQ(Parsed("~ A"), " ~ [A] | ");
+}
+
+TEST(Formula, LetsTheColumnsBeEmpty) {
+  EXPECT_EQ(Parsed("A ~"), "[A] ~  | ");
+  EXPECT_EQ(Parsed("A ~ | B"), "[A] ~  | [B]");
+}
+
+TEST(Formula, LetsTheLayersBeEmpty) {
+  EXPECT_EQ(Parsed("A ~ B |"), "[A] ~ [B] | ");
+}
+
+TEST(Formula, LetsAllAxesBeEmpty) {
+  EXPECT_EQ(Parsed("~"), " ~  | ");
+  EXPECT_EQ(Parsed(" ~ | "), " ~  | ");
+}
+
+TEST(Formula, TakesAnythingInBackQuotes) {
+  EXPECT_EQ(Parsed("`Solar R` * `a~b|c*d/e` ~ `back``quote` * ``"),
+            "[Solar R] [a~b|c*d/e] ~ [back`quote] [] | ");
+}
+
+TEST(Formula, TakesNamesOfAnyLetters) {
+  EXPECT_EQ(Parsed("Größe ~ 年.月"), "[Größe] ~ [年.月] | ");
+}
+
+TEST(Formula, RemembersItsTextAndPositionsInCharacters) {
+  Formula const formula = ParseFormula("Größe * `年 月` ~ x");
+  EXPECT_EQ(formula.text, "Größe * `年 月` ~ x");
+  EXPECT_EQ(formula.rows[1][0].position, 9u);
+  EXPECT_EQ(formula.columns[0][0].position, 17u);
+}
+
+TEST(FormulaErrors, EmptyFormula) {
+  EXPECT_EQ(ErrorIn(""), "position 1: there should be the name of a column");
+}
+
+TEST(FormulaErrors, NoTilde) {
+  EXPECT_EQ(ErrorIn("A * B"), "position 6: there should be '*', '/' or '~'");
+}
+
+TEST(FormulaErrors, BarBeforeTilde) {
+  EXPECT_EQ(ErrorIn("A | B"), "position 3: there should be '*', '/' or '~'");
+}
+
+TEST(FormulaErrors, TwoTildes) {
+  EXPECT_EQ(ErrorIn("A ~~ B"), "position 4: there should be the name of a column");
+  EXPECT_EQ(ErrorIn("A ~ B ~ C"), "position 7: there should be '*', '/', '|' or the end");
+}
+
+TEST(FormulaErrors, TwoBars) {
+  EXPECT_EQ(ErrorIn("A ~ B | C | D"), "position 11: there should be '*', '/' or the end");
+}
+
+TEST(FormulaErrors, BlankInsideAPlainName) {
+  EXPECT_EQ(ErrorIn("Solar R ~"), "position 7: there should be '*', '/' or '~'");
+}
+
+TEST(FormulaErrors, NothingAfterAnOperator) {
+  EXPECT_EQ(ErrorIn("A * ~ B"), "position 5: there should be the name of a column");
+  EXPECT_EQ(ErrorIn("~ A /"), "position 6: there should be the name of a column");
+}
+
+TEST(FormulaErrors, OpenBackQuote) {
+  EXPECT_EQ(ErrorIn("A ~ `B"), "position 5: the back-quote that opens here is never closed");
+  EXPECT_EQ(ErrorIn("`A`` ~ B"), "position 1: the back-quote that opens here is never closed");
+}
+
+TEST(FormulaErrors, TextBehindABackQuote) {
+  EXPECT_EQ(ErrorIn("`A`B ~"), "position 4: there should be '*', '/' or '~'");
+}
+
+TEST(FormulaErrors, OneColumnTwice) {
+  EXPECT_EQ(ErrorIn("A ~ B | `A`"), "position 9: the column 'A' comes twice");
+}
+
+TEST(FormulaErrors, PositionsCountCharacters) {
+  EXPECT_EQ(ErrorIn("年月 * ~"), "position 6: there should be the name of a column");
+}

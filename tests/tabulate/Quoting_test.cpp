@@ -1,0 +1,44 @@
+#include <gtest/gtest.h>
+
+#include <lakresvos/tabulate/Quoting.h>
+
+using namespace lakresvos::tabulate;
+
+TEST(OneLine, LeavesPrintableTextAlone) {
+  EXPECT_EQ(OneLine("Größe 'x' \\n"), "Größe 'x' \\n");
+}
+
+TEST(OneLine, WritesControlCharactersAsEscapes) {
+  EXPECT_EQ(OneLine(std::string_view("a\nb\rc\td\x1B\x7F\0", 10)), "a\\nb\\rc\\td\\x1B\\x7F\\x00");
+}
+
+TEST(Quoted, KeepsAShortText) {
+  EXPECT_EQ(Quoted("Crew"), "'Crew'");
+}
+
+TEST(Quoted, CutsAfterFortyCharactersAndNeverInsideOne) {
+  std::string text;
+  for (int i = 0; i < 40; ++i) {
+    text += "ä";
+  }
+  EXPECT_EQ(Quoted(text), "'" + text + "'");
+  EXPECT_EQ(Quoted(text + "b"), "'" + text + "...'");
+}
+
+TEST(Quoting, LongLinesLoseTheirMiddle) {
+  EXPECT_EQ(Shortened(std::string(500, 'x')), std::string(500, 'x'));
+  std::string const start(300, 's');
+  std::string const end(200, 'e');
+  EXPECT_EQ(Shortened(start + "middle" + end), start + "..." + end);
+}
+
+TEST(Quoting, LongLinesAreCutBetweenCharacters) {
+  std::string line;
+  std::string shortened;
+  for (int i = 0; i < 600; ++i) {
+    line += "\u65E5";
+    shortened += i < 500 ? "\u65E5" : "";
+    shortened += i == 299 ? "..." : "";
+  }
+  EXPECT_EQ(Shortened(line), shortened);
+}

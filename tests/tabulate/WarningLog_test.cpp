@@ -1,0 +1,59 @@
+#include <gtest/gtest.h>
+
+#include <lakresvos/tabulate/WarningLog.h>
+
+using namespace lakresvos::tabulate;
+
+TEST(WarningLog, IsEmptyAtFirst) {
+  WarningLog const log;
+  EXPECT_EQ(log.Total(), 0u);
+  EXPECT_TRUE(log.First().empty());
+}
+
+TEST(WarningLog, GivesWarningsByLine) {
+  WarningLog log;
+  log.Add({Skipped::Texts, 9, "a", "late"});
+  log.Add({Skipped::Texts, 2, "b", "first of two"});
+  log.Add({Skipped::Texts, 2, "c", "second of two"});
+  std::vector<Warning> const first = log.First();
+  ASSERT_EQ(first.size(), 3u);
+  EXPECT_EQ(first[0].column, "b");
+  EXPECT_EQ(first[1].column, "c");
+  EXPECT_EQ(first[2].problem, "late");
+}
+
+TEST(WarningLog, KeepsTheFirstHundredByLineWhicheverCameFirst) {
+  WarningLog log;
+  for (std::size_t i = 1000; i > 0; --i) {
+    log.Add({Skipped::Texts, i, "", std::to_string(i)});
+  }
+  EXPECT_EQ(log.Total(), 1000u);
+  std::vector<Warning> const first = log.First();
+  ASSERT_EQ(first.size(), WarningLog::kKept);
+  for (std::size_t i = 0; i < first.size(); ++i) {
+    EXPECT_EQ(first[i].line, i + 1);
+    EXPECT_EQ(first[i].problem, std::to_string(i + 1));
+  }
+}
+
+TEST(WarningLog, CountsEachKindAndKnowsItsFirstPlace) {
+  WarningLog log;
+  EXPECT_FALSE(log.Any());
+  log.Add({Skipped::Lines, 9, "a", "late"});
+  log.Add({Skipped::Lines, 2, "b", "early"});
+  log.Add({Skipped::Texts, 1, "c", "other"});
+  EXPECT_TRUE(log.Any());
+  EXPECT_EQ(log.Of(Skipped::Lines).count, 2u);
+  EXPECT_EQ(log.Of(Skipped::Lines).line, 2u);
+  EXPECT_EQ(log.Of(Skipped::Lines).column, "b");
+  EXPECT_EQ(log.Of(Skipped::Texts).count, 1u);
+  EXPECT_EQ(log.Of(Skipped::Rows).count, 0u);
+}
+
+TEST(WarningLog, KeepsNoWarningOfWhatIsOnlyCounted) {
+  WarningLog log;
+  log.Count(Skipped::Rows, 3, "a");
+  EXPECT_TRUE(log.Any());
+  EXPECT_EQ(log.Total(), 0u);
+  EXPECT_TRUE(log.First().empty());
+}

@@ -1,0 +1,120 @@
+// What is left of runs of the program that a signal ends.
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+#include "tools/report/cli/ReportRun.h"
+
+namespace {
+
+/// A run of the program that writes `output`, with temporary files in `temporary`.
+class Run {
+ public:
+  Run(std::string const& data, std::string const& format, std::string const& output,
+      std::string const& temporary) {
+    process_ = fork();
+    if (process_ == 0) {
+      setenv("TMPDIR", temporary.c_str(), 1);
+      execl(LAKRESVOS_REPORT_PROGRAM, "lakresvos-report", data.c_str(), "--table", "a ~ b | c",
+            "--format", format.c_str(), "-o", output.c_str(), nullptr);
+      _exit(127);
+    }
+  }
+
+  void Send(int signal) const { kill(process_, signal); }
+
+  /// Waits for the end and gives the status.
+  int End() const {
+    int status = 0;
+    waitpid(process_, &status, 0);
+    return status;
+  }
+
+ private:
+  pid_t process_;
+};
+
+std::string Data() {
+  std::string data = "a,b,c\n";
+  for (int i = 0; i < 2000; ++i) {
+    data +=
+        std::to_string(i % 300) + "," + std::to_string(i % 7) + "," + std::to_string(i % 5) + "\n";
+  }
+  return data;
+}
+
+/// Ends runs with signals at moments all over their time.
+void InterruptRuns(std::string const& format, bool replaces) {
+  TemporaryDirectory const inputs;
+  TemporaryDirectory const outputs;
+  std::string const data = inputs.Write("data.csv", Data());
+  std::string const output = outputs.Path("output");
+  int ended = 0;
+  constexpr int kMoments = 15;
+  std::vector<int> const signals{SIGINT, SIGTERM, SIGHUP, SIGXFSZ, SIGKILL};
+  for (int moment = 0; moment < kMoments; ++moment) {
+    int const signal = signals[static_cast<std::size_t>(moment) % signals.size()];
+    std::remove(output.c_str());
+    if (replaces) {
+      outputs.Write("output", "as it was");
+    }
+    TemporaryDirectory const temporary;
+    Run const run(data, format, output, temporary.Path(""));
+    usleep(static_cast<useconds_t>(moment) * 4000);
+    run.Send(signal);
+    int const status = run.End();
+    bool const finished = WIFEXITED(status);
+    ended += finished ? 0 : 1;
+    if (finished) {
+      EXPECT_EQ(WEXITSTATUS(status), 0);
+    } else {
+      EXPECT_EQ(WTERMSIG(status), signal);
+    }
+    bool const written = std::filesystem::exists(output) && ReadFile(output) != "as it was";
+    EXPECT_EQ(outputs.Entries(), written || replaces ? 1U : 0U) << format << " " << moment;
+    if (signal != SIGKILL) {  // which cannot be held back while a file has a name for a moment
+      EXPECT_EQ(temporary.Entries(), 0U) << format << " " << moment;
+    }
+  }
+  EXPECT_GT(ended, 0);
+}
+
+}  // namespace
+
+TEST(Interruption, LeavesNothingOfAnyFormat) {
+  for (char const* format : {"text", "html", "markdown", "csv", "json", "xlsx"}) {
+    InterruptRuns(format, false);
+  }
+}
+
+TEST(Interruption, LeavesNothingBesideAFileThatWasThere) {
+  InterruptRuns("csv", true);
+  InterruptRuns("xlsx", true);
+}
+
+TEST(Interruption, AFileThatMayNotGrowIsAnError) {
+  for (char const* format : {"html", "csv", "json", "xlsx"}) {
+    TemporaryDirectory const directory;
+    TemporaryDirectory const temporary;
+    std::string const data = directory.Write("data.csv", Data());
+    std::string const output = directory.Write("output", "as it was");
+    std::string const command =
+        "ulimit -f 4; TMPDIR=" + temporary.Path("") + " " LAKRESVOS_REPORT_PROGRAM " " + data +
+        " --table 'a ~ b | c' --format " + format + " -o " + output + " 2>" + directory.Path("err");
+    EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2) << format;
+    std::string const complaint = ReadFile(directory.Path("err"));
+    std::string const what =
+        std::string(format) == "xlsx" ? ": the workbook cannot be written" : "";
+    EXPECT_EQ(complaint, "lakresvos-report: " + output + what + ": File too large\n");
+    EXPECT_EQ(ReadFile(output), "as it was");
+    EXPECT_EQ(directory.Entries(), 3U) << format;
+    EXPECT_EQ(temporary.Entries(), 0U) << format;
+  }
+}

@@ -1,0 +1,216 @@
+#include "cli/OutputFile.h"
+
+#include <cerrno>
+#include <cstdarg>
+#include <fcntl.h>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include "support/ErrorOf.h"
+#include "support/TemporaryDirectory.h"
+
+using namespace lakresvos::report;
+using namespace lakresvos::tabulate;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+enum class FileSystem { Whole, WithoutUnnamedFiles, WithoutLinking };
+
+FileSystem fileSystem = FileSystem::Whole;
+
+}  // namespace
+
+// These stand before those of the C library, to do without what some file systems lack.
+extern "C" int openat(int directory, char const* name, int flags, ...) {
+  if (fileSystem == FileSystem::WithoutUnnamedFiles && (flags & O_TMPFILE) == O_TMPFILE) {
+    errno = EOPNOTSUPP;
+    return -1;
+  }
+  std::va_list more;
+  va_start(more, flags);
+  auto const mode = va_arg(more, mode_t);
+  va_end(more);
+  return static_cast<int>(syscall(SYS_openat, directory, name, flags, mode));
+}
+
+extern "C" int linkat(int from, char const* name, int to, char const* newName, int flags) noexcept {
+  if (fileSystem == FileSystem::WithoutLinking) {
+    errno = ENOENT;
+    return -1;
+  }
+  return static_cast<int>(syscall(SYS_linkat, from, name, to, newName, flags));
+}
+
+TEST(OutputFile, IsThereAfterCommit) {
+  TemporaryDirectory const directory;
+  {
+    OutputFile file(directory.Path("out.txt"));
+    file.Stream() << "text";
+    EXPECT_FALSE(fs::exists(directory.Path("out.txt")));
+    file.Commit();
+  }
+  EXPECT_EQ(ReadFile(directory.Path("out.txt")), "text");
+  EXPECT_EQ(directory.Entries(), 1u);
+}
+
+TEST(OutputFile, LeavesNothingWithoutCommit) {
+  TemporaryDirectory const directory;
+  {
+    OutputFile file(directory.Path("out.txt"));
+    file.Stream() << "text";
+  }
+  EXPECT_EQ(directory.Entries(), 0u);
+}
+
+TEST(OutputFile, LeavesTheFormerFileWithoutCommit) {
+  TemporaryDirectory const directory;
+  directory.Write("out.txt", "before");
+  {
+    OutputFile file(directory.Path("out.txt"));
+    file.Stream() << "after";
+  }
+  EXPECT_EQ(ReadFile(directory.Path("out.txt")), "before");
+  EXPECT_EQ(directory.Entries(), 1u);
+}
+
+TEST(OutputFile, TakesThePermissionsOfTheFormerFile) {
+  TemporaryDirectory const directory;
+  std::string const path = directory.Write("out.txt", "before");
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
+  OutputFile file(path);
+  file.Stream() << "after";
+  file.Commit();
+  EXPECT_EQ(ReadFile(path), "after");
+  EXPECT_EQ(fs::status(path).permissions(),
+            fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
+}
+
+TEST(OutputFile, WritesBehindALink) {
+  TemporaryDirectory const directory;
+  std::string const path = directory.Write("out.txt", "before");
+  fs::create_symlink(path, directory.Path("link.txt"));
+  OutputFile file(directory.Path("link.txt"));
+  file.Stream() << "after";
+  file.Commit();
+  EXPECT_TRUE(fs::is_symlink(directory.Path("link.txt")));
+  EXPECT_EQ(ReadFile(path), "after");
+}
+
+TEST(OutputFile, WritesWhatADanglingLinkNames) {
+  TemporaryDirectory const directory;
+  fs::create_directory(directory.Path("below"));
+  fs::create_symlink("second.txt", directory.Path("first.txt"));
+  fs::create_symlink("below/out.txt", directory.Path("second.txt"));
+  OutputFile file(directory.Path("first.txt"));
+  file.Stream() << "text";
+  file.Commit();
+  EXPECT_TRUE(fs::is_symlink(directory.Path("first.txt")));
+  EXPECT_TRUE(fs::is_symlink(directory.Path("second.txt")));
+  EXPECT_EQ(ReadFile(directory.Path("below/out.txt")), "text");
+}
+
+TEST(OutputFile, HasNoNameBeforeCommit) {
+  TemporaryDirectory const directory;
+  OutputFile file(directory.Path("out.txt"));
+  file.Stream() << std::string(1000000, 'x') << std::flush;
+  EXPECT_EQ(directory.Entries(), 0u);
+}
+
+TEST(OutputFile, TakesTheLongestNames) {
+  TemporaryDirectory const directory;
+  std::string const path = directory.Path(std::string(255, 'n'));
+  for (char const* text : {"new", "replaced"}) {
+    OutputFile file(path);
+    file.Stream() << text;
+    file.Commit();
+    EXPECT_EQ(ReadFile(path), text);
+  }
+  EXPECT_EQ(directory.Entries(), 1u);
+}
+
+TEST(OutputFile, IsNotStoppedByDraftsOfOthers) {
+  TemporaryDirectory const directory;
+  directory.Write(".lakresvos-" + std::to_string(::getpid()) + "-0", "left by another");
+  std::string const path = directory.Write("out.txt", "before");
+  OutputFile file(path);
+  file.Stream() << "after";
+  file.Commit();
+  EXPECT_EQ(ReadFile(path), "after");
+  EXPECT_EQ(directory.Entries(), 2u);
+}
+
+// File systems without files that have no name
+
+TEST(OutputFile, WorksWhereNoFileIsWithoutAName) {
+  for (FileSystem const lack : {FileSystem::WithoutUnnamedFiles, FileSystem::WithoutLinking}) {
+    TemporaryDirectory const directory;
+    std::string const path = directory.Path("out.txt");
+    fileSystem = lack;
+    for (char const* text : {"new", "replaced"}) {
+      OutputFile file(path);
+      file.Stream() << text << std::flush;
+      EXPECT_EQ(directory.Entries(), fs::exists(path) ? 1u : 0u);
+      file.Commit();
+      EXPECT_EQ(ReadFile(path), text);
+      EXPECT_EQ(directory.Entries(), 1u);
+      fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+    }
+    EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    fileSystem = FileSystem::Whole;
+  }
+}
+
+TEST(OutputFile, WritesToADeviceWithoutReplacingIt) {
+  OutputFile file("/dev/null");
+  file.Stream() << "text";
+  file.Commit();
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(OutputFileErrors, NoSuchDirectory) {
+  EXPECT_EQ(ErrorOf([] { OutputFile("/nowhere/out.txt"); }),
+            "/nowhere/out.txt: No such file or directory");
+}
+
+TEST(OutputFileErrors, ADirectory) {
+  EXPECT_EQ(ErrorOf([] { OutputFile("/tmp"); }), "/tmp: Is a directory");
+}
+
+TEST(OutputFileErrors, AFileThatMayNotBeWritten) {
+  TemporaryDirectory const directory;
+  fs::permissions(directory.Path(""), fs::perms::all);
+  std::string const path = directory.Write("out.txt", "before");
+  fs::permissions(path, fs::perms::owner_read | fs::perms::others_read);
+  constexpr uid_t kNobody = 65534;  // the superuser may write anything
+  uid_t const user = geteuid();
+  ASSERT_TRUE(user != 0 || seteuid(kNobody) == 0);
+  EXPECT_EQ(ErrorOf([&] { OutputFile{path}; }), path + ": Permission denied");
+  ASSERT_TRUE(user != 0 || seteuid(user) == 0);
+  EXPECT_EQ(ReadFile(path), "before");
+  EXPECT_EQ(directory.Entries(), 1u);
+}
+
+TEST(OutputFileErrors, LinksInACircle) {
+  TemporaryDirectory const directory;
+  fs::create_symlink("b", directory.Path("a"));
+  fs::create_symlink("a", directory.Path("b"));
+  EXPECT_EQ(ErrorOf([&] { OutputFile{directory.Path("a")}; }),
+            directory.Path("a") + ": Too many levels of symbolic links");
+}
+
+TEST(OutputFileErrors, TooLongAName) {
+  TemporaryDirectory const directory;
+  std::string const path = directory.Path(std::string(256, 'n'));
+  EXPECT_EQ(ErrorOf([&] { OutputFile{path}; }), path + ": File name too long");
+}
+
+TEST(OutputFileErrors, ADeviceThatIsFull) {
+  OutputFile file("/dev/full");
+  file.Stream() << "text";
+  EXPECT_EQ(ErrorOf([&] { file.Commit(); }), "/dev/full: No space left on device");
+}

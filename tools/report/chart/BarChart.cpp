@@ -1,0 +1,291 @@
+#include "chart/BarChart.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "chart/AxisScale.h"
+#include "chart/SvgCanvas.h"
+
+namespace lakresvos::report {
+
+namespace {
+
+using Overflow = ShapedText::Overflow;
+
+constexpr std::size_t kMostBars = 5000;
+
+// In pixels.
+constexpr double kMargin = 8;
+constexpr double kPlotWidth = 600;  // more when the bars need it
+constexpr double kPlotHeight = 260;
+constexpr double kNarrowestCategory = 20;  // lets slanting names stand side by side
+constexpr double kNarrowestBar = 4;
+constexpr double kWidestBar = 56;
+constexpr double kThinnestBar = 1;
+constexpr double kBarsOfCategory = 0.8;  // the share of its width that they fill
+constexpr double kLongestName = 150;
+constexpr double kLongestTitle = 400;
+constexpr int kMostLines = 3;
+constexpr double kSlant = -0.785398163397448;  // half a right angle
+constexpr double kSwatch = 12;
+
+// Contrasts 4.5 to 1 with both white and black.
+constexpr Colour kInk = {0x76 / 255.0, 0x76 / 255.0, 0x76 / 255.0};
+
+// Neighbours differ in lightness, and all differ for each kind of colour blindness.
+constexpr std::array<Colour, 6> kColours = {{
+    {0x00 / 255.0, 0x72 / 255.0, 0xB2 / 255.0},
+    {0xE6 / 255.0, 0x9F / 255.0, 0x00 / 255.0},
+    {0x00 / 255.0, 0x9E / 255.0, 0x73 / 255.0},
+    {0xCC / 255.0, 0x79 / 255.0, 0xA7 / 255.0},
+    {0x56 / 255.0, 0xB4 / 255.0, 0xE9 / 255.0},
+    {0xD5 / 255.0, 0x5E / 255.0, 0x00 / 255.0},
+}};
+
+AxisScale ScaleOf(ChartData const& data) {
+  double lowest = 0;
+  double highest = 0;
+  bool whole = true;
+  for (ChartData::Series const& series : data.series) {
+    for (double const value : series.values) {
+      if (std::isfinite(value)) {
+        lowest = std::min(lowest, value);
+        highest = std::max(highest, value);
+        whole = whole && value == std::floor(value);
+      }
+    }
+  }
+  return {lowest, highest, whole};
+}
+
+/// The colours come again in darker shades.
+Colour ColourOf(std::size_t series) {
+  Colour const colour = kColours[series % kColours.size()];
+  auto const round = static_cast<int>(series / kColours.size());
+  double const shade = std::pow(0.65, round);
+  return {colour.red * shade, colour.green * shade, colour.blue * shade};
+}
+
+class BarChart {
+ public:
+  explicit BarChart(ChartData const& data)
+      : data_(data), scale_(ScaleOf(data)), widthOfCategory_(WidthOfCategory()) {
+    ShapeTicks();
+    ShapeNames();
+    ShapeLegend();
+    ShapeTitles();
+  }
+
+  std::string Draw() {
+    SvgCanvas canvas(Right() + kMargin, BottomOfNames() + HeightWithMargin(categoryTitle_));
+    DrawLegend(canvas);
+    DrawTitles(canvas);
+    DrawAxis(canvas);
+    DrawBars(canvas);
+    DrawNames(canvas);
+    double const zero = Height(scale_.Position(0));
+    canvas.Line(left_, zero, Right(), zero, 1, kInk);
+    return canvas.Finish();
+  }
+
+ private:
+  // Measures
+
+  double WidthOfCategory() const {
+    auto const bars = static_cast<double>(data_.series.size());
+    double const needed = std::max(kNarrowestCategory, bars * kNarrowestBar / kBarsOfCategory);
+    return std::max(needed, kPlotWidth / static_cast<double>(
+                                             std::max<std::size_t>(data_.categories.size(), 1)));
+  }
+
+  double Right() const {
+    auto const categories = static_cast<double>(std::max<std::size_t>(data_.categories.size(), 1));
+    return left_ + widthOfCategory_ * categories;
+  }
+  double Bottom() const { return top_ + kPlotHeight; }
+  double BottomOfNames() const { return Bottom() + kMargin + heightOfNames_ + kMargin; }
+  static double HeightWithMargin(std::optional<ShapedText> const& title) {
+    return title ? title->Height() + kMargin : 0;
+  }
+  double Middle(std::size_t category) const {
+    return left_ + widthOfCategory_ * (static_cast<double>(category) + 0.5);
+  }
+  double Height(double position) const { return Bottom() - kPlotHeight * position; }
+
+  void ShapeTicks() {
+    double widest = 0;
+    for (int tick = 0; tick < scale_.Ticks(); ++tick) {
+      ticks_.emplace_back(scale_.TickLabel(tick), kLongestName, Overflow::Ellipsis);
+      widest = std::max(widest, ticks_.back().Width());
+    }
+    left_ = kMargin + widest + kMargin;
+  }
+
+  void ShapeNames() {
+    slanting_ = !WrapNames();
+    if (slanting_) {
+      names_.clear();
+      for (std::string const& name : data_.categories) {
+        names_.emplace_back(name, kLongestName, Overflow::Ellipsis);
+      }
+    }
+    for (std::size_t i = 0; i < names_.size(); ++i) {
+      double const width = names_[i].Width() * std::cos(kSlant);
+      double const height = names_[i].Height();
+      heightOfNames_ = std::max(heightOfNames_, slanting_ ? width + height : height);
+      if (slanting_) {
+        left_ += std::max(0.0, kMargin + width - Middle(i));
+      }
+    }
+  }
+
+  /// Whether every name has room below its bars.
+  bool WrapNames() {
+    double const room = widthOfCategory_ - kMargin;
+    for (std::string const& name : data_.categories) {
+      names_.emplace_back(name, room, Overflow::Wrap);
+      if (names_.back().Lines() > kMostLines || names_.back().Width() > room) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  void ShapeLegend() {
+    bool const named =
+        std::any_of(data_.series.begin(), data_.series.end(),
+                    [](ChartData::Series const& series) { return !series.name.empty(); });
+    top_ = 2 * kMargin;
+    if (!named) {
+      return;
+    }
+    seriesTitle_ = Title(data_.seriesTitle);
+    double x = left_ + (seriesTitle_ ? seriesTitle_->Width() + 2 * kMargin : 0);
+    double y = kMargin;
+    double height = 0;
+    for (ChartData::Series const& series : data_.series) {
+      ShapedText name(series.name, kLongestName, Overflow::Ellipsis);
+      double const width = kSwatch + kMargin + name.Width();
+      height = std::max(height, name.Height());
+      if (x > left_ && x + width > Right()) {
+        x = left_;
+        y += height;
+      }
+      legend_.push_back({std::move(name), x, y});
+      x += width + 2 * kMargin;
+    }
+    top_ = y + height + 2 * kMargin;
+  }
+
+  static std::optional<ShapedText> Title(std::string const& title) {
+    return title.empty()
+               ? std::nullopt
+               : std::optional<ShapedText>(std::in_place, title, kLongestTitle, Overflow::Ellipsis);
+  }
+
+  void ShapeTitles() {
+    categoryTitle_ = Title(data_.categoryTitle);
+    valueTitle_ = Title(data_.valueTitle);
+    top_ += HeightWithMargin(valueTitle_);
+  }
+
+  // Drawing
+
+  void DrawTitles(SvgCanvas& canvas) const {
+    if (seriesTitle_) {
+      canvas.Text(*seriesTitle_, left_, kMargin, 0, kInk);
+    }
+    if (valueTitle_) {
+      canvas.Text(*valueTitle_, kMargin, top_ - 2 * kMargin - valueTitle_->Height(), 0, kInk);
+    }
+    if (categoryTitle_) {
+      // In the middle of what readers see before they scroll.
+      double const middle = (left_ + std::min(Right(), left_ + kPlotWidth)) / 2;
+      canvas.Text(*categoryTitle_, middle - categoryTitle_->Width() / 2, BottomOfNames(), 0, kInk);
+    }
+  }
+
+  void DrawLegend(SvgCanvas& canvas) const {
+    for (std::size_t i = 0; i < legend_.size(); ++i) {
+      LegendEntry const& entry = legend_[i];
+      canvas.Rectangle(entry.x, entry.y + (entry.name.Height() - kSwatch) / 2, kSwatch, kSwatch,
+                       ColourOf(i));
+      canvas.Text(entry.name, entry.x + kSwatch + kMargin / 2, entry.y, 0, kInk);
+    }
+  }
+
+  void DrawAxis(SvgCanvas& canvas) const {
+    for (int tick = 0; tick < scale_.Ticks(); ++tick) {
+      ShapedText const& label = ticks_[static_cast<std::size_t>(tick)];
+      double const y = Height(scale_.TickPosition(tick));
+      canvas.Line(left_, y, Right(), y, 0.25, kInk);
+      canvas.Text(label, left_ - kMargin - label.Width(), y - label.Height() / 2, 0, kInk);
+    }
+  }
+
+  void DrawBars(SvgCanvas& canvas) const {
+    auto const bars = static_cast<double>(data_.series.size());
+    double const width = std::min(kWidestBar, widthOfCategory_ * kBarsOfCategory / bars);
+    double const zero = Height(scale_.Position(0));
+    for (std::size_t series = 0; series < data_.series.size(); ++series) {
+      for (std::size_t category = 0; category < data_.categories.size(); ++category) {
+        double const value = data_.series[series].values[category];
+        if (!std::isfinite(value)) {
+          continue;
+        }
+        double const length =
+            std::max(kThinnestBar, std::abs(Height(scale_.Position(value)) - zero));
+        double const x = Middle(category) + width * (static_cast<double>(series) - bars / 2);
+        canvas.Rectangle(x, value < 0 ? zero : zero - length, width, length, ColourOf(series));
+      }
+    }
+  }
+
+  void DrawNames(SvgCanvas& canvas) const {
+    double const y = Bottom() + kMargin;
+    for (std::size_t i = 0; i < names_.size(); ++i) {
+      double const width = names_[i].Width();
+      if (slanting_) {
+        double const along = width * std::cos(kSlant);
+        canvas.Text(names_[i], Middle(i) - along - names_[i].Height() / 4, y + along, kSlant, kInk);
+      } else {
+        canvas.Text(names_[i], Middle(i) - width / 2, y, 0, kInk);
+      }
+    }
+  }
+
+  struct LegendEntry {
+    ShapedText name;
+    double x;
+    double y;
+  };
+
+  ChartData const& data_;
+  AxisScale scale_;
+  double widthOfCategory_;
+  std::vector<ShapedText> ticks_;
+  std::vector<ShapedText> names_;
+  std::vector<LegendEntry> legend_;
+  std::optional<ShapedText> seriesTitle_;
+  std::optional<ShapedText> valueTitle_;
+  std::optional<ShapedText> categoryTitle_;
+  bool slanting_ = false;
+  double heightOfNames_ = 0;
+  double left_ = 0;
+  double top_ = 0;
+};
+
+}  // namespace
+
+std::string BarChartSvg(ChartData const& data) {
+  if (data.series.size() * data.categories.size() > kMostBars) {
+    return {};
+  }
+  return BarChart(data).Draw();
+}
+
+}  // namespace lakresvos::report

@@ -1,0 +1,95 @@
+#include "chart/ChartData.h"
+
+#include <limits>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include <cells/OmNumber.h>
+#include <lakresvos/OmVectorTreeWalk.h>
+
+namespace lakresvos::report {
+
+namespace {
+
+struct Category {
+  std::string path;
+  int subscript;
+};
+
+std::vector<Category> CategoriesOf(OmDimension const& dimension, bool withoutTotal) {
+  std::vector<Category> categories;
+  OmVectorTreeWalk<OmDimension::ConstNode> walk(dimension.Root());
+  while (walk.Next()) {
+    OmDimensionNode const& node = walk.Current().Value();
+    if (node.group) {
+      continue;
+    }
+    std::string path;
+    for (std::size_t level = 1; level < walk.Path().size(); ++level) {
+      path += (level > 1 ? " / " : "") + walk.Path()[level].Value().label->GetText();
+    }
+    categories.push_back({path, static_cast<int>(node.subscript)});
+  }
+  if (withoutTotal) {
+    categories.pop_back();
+  }
+  return categories;
+}
+
+double NumberAt(OmPivotTable const& table, std::vector<int> const& index) {
+  auto const* const number = dynamic_cast<OmNumber const*>(table.Cell(index));
+  return number != nullptr ? number->Value() : std::numeric_limits<double>::quiet_NaN();
+}
+
+}  // namespace
+
+bool CanChart(tabulate::Formula const& formula) {
+  std::size_t const dimensions = formula.rows.size() + formula.columns.size();
+  return formula.layers.empty() && (dimensions == 1 || dimensions == 2);
+}
+
+ChartData ChartDataOf(OmPivotTable const& table, std::size_t dimensions, bool totals,
+                      std::string const& valueTitle) {
+  std::vector<Category> const categories = CategoriesOf(table.Dimension(0), totals);
+  bool const twoWay = dimensions == 2;
+  std::vector<Category> const series =
+      twoWay ? CategoriesOf(table.Dimension(1), totals) : std::vector<Category>{{"", 0}};
+  ChartData data;
+  data.categoryTitle = table.Dimension(0).Root().Value().label->GetText();
+  data.seriesTitle = twoWay ? table.Dimension(1).Root().Value().label->GetText() : "";
+  data.valueTitle = valueTitle;
+  for (Category const& category : categories) {
+    data.categories.push_back(category.path);
+  }
+  std::vector<int> index(static_cast<std::size_t>(table.NDimensions()), 0);
+  for (Category const& one : series) {
+    data.series.push_back({one.path, {}});
+    for (Category const& category : categories) {
+      index[0] = category.subscript;
+      if (twoWay) {
+        index[1] = one.subscript;
+      }
+      data.series.back().values.push_back(NumberAt(table, index));
+    }
+  }
+  return data;
+}
+
+std::string JsonOf(ChartData const& data) {
+  nlohmann::ordered_json json;
+  json["categories"] = data.categories;
+  json["series"] = nlohmann::ordered_json::array();
+  for (ChartData::Series const& series : data.series) {
+    json["series"].push_back({{"name", series.name}, {"values", series.values}});
+  }
+  for (auto const& [name, title] :
+       {std::pair("categoryTitle", &data.categoryTitle),
+        std::pair("seriesTitle", &data.seriesTitle), std::pair("valueTitle", &data.valueTitle)}) {
+    if (!title->empty()) {
+      json[name] = *title;
+    }
+  }
+  return json.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+}
+
+}  // namespace lakresvos::report

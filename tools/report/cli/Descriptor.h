@@ -1,0 +1,33 @@
+#ifndef LAKRESVOS_REPORT_CLI_DESCRIPTOR_H
+#define LAKRESVOS_REPORT_CLI_DESCRIPTOR_H
+
+#include <unistd.h>
+#include <utility>
+
+namespace lakresvos::report {
+
+/// Owns the number of an open file; -1 when there is none.
+class Descriptor {
+ public:
+  explicit Descriptor(int number = -1) : number_(number) {}
+  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(number_, other.number_);
+    return *this;
+  }
+  ~Descriptor() {
+    if (number_ >= 0) {
+      ::close(number_);
+    }
+  }
+
+  bool IsOpen() const { return number_ >= 0; }
+  int Number() const { return number_; }
+
+ private:
+  int number_;
+};
+
+}  // namespace lakresvos::report
+
+#endif

@@ -1,0 +1,161 @@
+#include "cli/Program.h"
+
+#include <csignal>
+#include <exception>
+#include <fcntl.h>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <new>
+#include <ostream>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <unistd.h>
+#include <vector>
+
+#include <lakresvos/OmOutputTree.h>
+#include <lakresvos/tabulate/InputError.h>
+#include <lakresvos/tabulate/Quoting.h>
+
+#include "cli/DescriptorBuffer.h"
+#include "cli/Options.h"
+#include "cli/OutputFile.h"
+#include "cli/SkipMessages.h"
+#include "document/Document.h"
+#include "document/Rendering.h"
+#include "document/SavedDocument.h"
+
+namespace lakresvos::report {
+
+namespace {
+
+constexpr char kStandardOutput[] = "standard output";
+
+void RefuseToReplace(std::string const& input, char const* what, std::string const& outputFile) {
+  std::error_code ignored;
+  if (std::filesystem::equivalent(input, outputFile, ignored)) {
+    throw tabulate::InputError(outputFile + ": the output would replace the " + what);
+  }
+}
+
+std::unique_ptr<OmOutputTree> MakeDocument(Options const& options, tabulate::WarningLog& skipped) {
+  if (!options.documentFile.empty()) {
+    return ReadDocument(options.documentFile);
+  }
+  auto document = std::make_unique<OmOutputTree>();
+  skipped = AppendReport(*document, options);
+  return document;
+}
+
+/// Standard output, which tells why it cannot be written.
+class StandardOutput {
+ public:
+  std::ostream& Stream() { return stream_; }
+
+  /// @throws InputError when any of it could not be written.
+  void Flush() {
+    if (!stream_.flush()) {
+      throw tabulate::InputError(std::string(kStandardOutput) + ": " +
+                                 std::generic_category().message(buffer_.Error()));
+    }
+  }
+
+ private:
+  DescriptorBuffer buffer_{STDOUT_FILENO};
+  std::ostream stream_{&buffer_};
+};
+
+/// Has what the system refuses name the output.
+std::vector<std::string> RenderTo(std::string const& name, OmOutputTree& document,
+                                  Options const& options, std::ostream& out) {
+  try {
+    return Render(document, options, out);
+  } catch (std::system_error const& error) {
+    throw tabulate::InputError(name + ": " + error.what());
+  }
+}
+
+/// Gives back what the format could not hold; with --strict nothing is written when that is anything.
+std::vector<std::string> Write(OmOutputTree& document, Options const& options,
+                               StandardOutput& out) {
+  if (options.outputFile.empty()) {
+    std::ostringstream held;
+    std::vector<std::string> losses =
+        RenderTo(kStandardOutput, document, options, options.strict ? held : out.Stream());
+    if (options.strict && losses.empty()) {
+      out.Stream() << held.view();
+    }
+    out.Flush();
+    return losses;
+  }
+  RefuseToReplace(options.dataFile, "data", options.outputFile);
+  RefuseToReplace(options.documentFile, "document", options.outputFile);
+  RefuseToReplace(options.styleFile, "style", options.outputFile);
+  OutputFile file(options.outputFile);
+  std::vector<std::string> losses = RenderTo(options.outputFile, document, options, file.Stream());
+  if (!options.strict || losses.empty()) {
+    file.Commit();
+  }
+  return losses;
+}
+
+void Complain(std::string_view what) {
+  std::cerr << "lakresvos-report: " << tabulate::Shortened(tabulate::OneLine(what)) << '\n';
+}
+
+int Run(Options const& options, StandardOutput& out) {
+  if (options.format == OutputFormat::Xlsx && options.outputFile.empty() && isatty(STDOUT_FILENO)) {
+    throw tabulate::InputError(
+        "--format xlsx: a workbook is nothing for a terminal; name a file with -o");
+  }
+  tabulate::WarningLog skipped;
+  std::unique_ptr<OmOutputTree> const document = MakeDocument(options, skipped);
+  bool refused = options.strict && skipped.Any();
+  if (!refused) {
+    std::vector<std::string> const losses = Write(*document, options, out);
+    for (std::string const& loss : losses) {
+      Complain(loss);
+    }
+    refused = options.strict && !losses.empty();
+  }
+  for (std::string const& message : SkipMessages(skipped, options.dataFile)) {
+    Complain(message);
+  }
+  return refused ? 1 : 0;
+}
+
+/// A file that is opened later must not be taken for standard output; writing to what is opened here
+/// fails as writing to nothing does.
+void OccupyStandardFiles() {
+  for (int const file : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(file, F_GETFD) < 0) {
+      static_cast<void>(::open("/dev/null", O_RDONLY));  // takes the lowest number that is free
+    }
+  }
+}
+
+}  // namespace
+
+int RunProgram(int argc, char const* const* argv) {
+  OccupyStandardFiles();
+  std::signal(SIGXFSZ, SIG_IGN);  // writing fails then, which is reported
+  try {
+    StandardOutput out;
+    if (std::optional<Options> const options = ParseCommandLine(argc, argv, out.Stream())) {
+      return Run(*options, out);
+    }
+    out.Flush();
+    return 0;
+  } catch (std::bad_alloc const&) {
+    Complain("out of memory");
+  } catch (std::system_error const& error) {
+    Complain(error.code().message());
+  } catch (std::exception const& error) {
+    Complain(error.what());
+  }
+  return 2;
+}
+
+}  // namespace lakresvos::report

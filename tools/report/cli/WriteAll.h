@@ -1,0 +1,25 @@
+#ifndef LAKRESVOS_REPORT_CLI_WRITEALL_H
+#define LAKRESVOS_REPORT_CLI_WRITEALL_H
+
+#include <cerrno>
+#include <string_view>
+#include <unistd.h>
+
+namespace lakresvos::report {
+
+/// Writes all of the bytes to an open file; whether that was possible, else errno says why not.
+inline bool WriteAll(int descriptor, std::string_view bytes) {
+  while (!bytes.empty()) {
+    ssize_t const written = ::write(descriptor, bytes.data(), bytes.size());
+    if (written >= 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    } else if (errno != EINTR) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace lakresvos::report
+
+#endif

@@ -1,0 +1,72 @@
+#include "document/NotesTable.h"
+
+#include <cells/OmNumber.h>
+#include <cells/OmStringCell.h>
+#include <cells/OmVariable.h>
+
+namespace lakresvos::report {
+
+namespace {
+
+class NotesTableMaker {
+ public:
+  NotesTableMaker()
+      : table_(std::make_unique<OmPivotTable>(OmStringCell("Notes", true),
+                                              OmStringCell("Notes", true), false)),
+        dimension_(table_->AddDimension(OmStringCell("Contents", true))) {
+    dimension_.Root().Value().hide = true;
+    table_->Rows().push_back(0);
+    table_->SetTableTitle(OmStringCell("Notes", true));
+  }
+
+  OmDimension::Node AddGroup(char const* label) {
+    return dimension_.AddNewChild(dimension_.Root(), OmStringCell(label, true),
+                                  static_cast<unsigned long>(-1), true);
+  }
+
+  void Add(char const* label, OmCellText const& cell) {
+    Add(dimension_.Root(), OmStringCell(label, true), cell);
+  }
+
+  void Add(OmDimension::Node const& parent, OmCellText const& label, OmCellText const& cell) {
+    dimension_.AddNewChild(parent, label, static_cast<unsigned long>(next_), false);
+    table_->Cell({next_++}, cell);
+  }
+
+  std::unique_ptr<OmPivotTable> Result() {
+    table_->EndTable();
+    return std::move(table_);
+  }
+
+ private:
+  std::unique_ptr<OmPivotTable> table_;
+  OmDimension& dimension_;
+  int next_ = 0;
+};
+
+OmNumber Count(std::size_t count) {
+  return OmNumber(static_cast<double>(count), 0);
+}
+
+}  // namespace
+
+std::unique_ptr<OmPivotTable> MakeNotesTable(tabulate::DataSet const& data,
+                                             std::string const& weight) {
+  NotesTableMaker notes;
+  notes.Add("Data file", OmStringCell(data.file));
+  notes.Add("Rows read", Count(data.records));
+  if (weight.empty()) {
+    notes.Add("Rows used", Count(data.Rows()));
+    notes.Add("Weight", OmStringCell("None", true));
+  } else {
+    notes.Add("Rows used", Count(data.Rows() - data.columns[data.Find(weight)].missing));
+    notes.Add("Weight", OmVariable(weight, ""));
+  }
+  OmDimension::Node const group = notes.AddGroup("Missing values");
+  for (tabulate::DataColumn const& column : data.columns) {
+    notes.Add(group, OmVariable(column.name, ""), Count(column.missing));
+  }
+  return notes.Result();
+}
+
+}  // namespace lakresvos::report

@@ -1,0 +1,20 @@
+#ifndef LAKRESVOS_REPORT_DOCUMENT_RENDERING_H
+#define LAKRESVOS_REPORT_DOCUMENT_RENDERING_H
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include <lakresvos/OmOutputTree.h>
+
+#include "cli/Options.h"
+
+namespace lakresvos::report {
+
+/// Writes a document in the format that is asked for.
+/// @return a line for each kind of thing that the format could not hold.
+std::vector<std::string> Render(OmOutputTree& document, Options const& options, std::ostream& out);
+
+}  // namespace lakresvos::report
+
+#endif
