@@ -1,10 +1,13 @@
 #include "html/Chart.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
+#include <cells/OmNumber.h>
+#include <lakresvos/render/ChartData.h>
+
 #include "content/CellText.h"
-#include "content/ChartNumbers.h"
 #include "content/ImageType.h"
 #include "content/Placeholder.h"
 #include "html/Text.h"
@@ -31,13 +34,18 @@ std::string InScroll(std::string const& name, std::string const& content) {
          content + "</div>";
 }
 
-std::string DataTable(ChartNumbers const& data, std::string const& caption) {
+/// Empty where there is no number.
+std::string NumberText(double value) {
+  return std::isnan(value) ? "" : OmNumber(value).GetText();
+}
+
+std::string DataTable(ChartData const& data, std::string const& caption) {
   std::string html = "<table class=\"pivot-table\"><caption>" + caption + "</caption>";
   bool const named = std::any_of(data.series.begin(), data.series.end(),
                                  [](auto const& series) { return !IsBlank(series.name); });
   if (named || !IsBlank(data.categoryTitle)) {
     html += "<thead><tr>" + NameCell("corner h0 edge", "col", data.categoryTitle);
-    for (ChartNumbers::Series const& series : data.series) {
+    for (ChartData::Series const& series : data.series) {
       html += NameCell("", "col", series.name);
     }
     html += "</tr></thead>";
@@ -45,8 +53,8 @@ std::string DataTable(ChartNumbers const& data, std::string const& caption) {
   html += "<tbody>";
   for (std::size_t i = 0; i < data.categories.size(); ++i) {
     html += "<tr>" + NameCell("h0 edge", "row", data.categories[i]);
-    for (ChartNumbers::Series const& series : data.series) {
-      html += "<td class=\"n\">" + series.values[i] + "</td>";
+    for (ChartData::Series const& series : data.series) {
+      html += "<td class=\"n\">" + NumberText(series.values[i]) + "</td>";
     }
     html += "</tr>";
   }
@@ -58,7 +66,7 @@ std::string DataTable(ChartNumbers const& data, std::string const& caption) {
 std::string HtmlChart(OmChart const& chart) {
   std::string const label = HtmlText(TextOf(chart.Label()));
   std::string const type = ImageType(chart.GetImageData());
-  std::optional<ChartNumbers> const data = ReadChartNumbers(chart.GetViZJSONData());
+  std::optional<ChartData> const data = ReadChartData(chart.GetViZJSONData());
   std::string const name = label.empty() ? "Chart" : label;
   std::string const table =
       data ? InScroll("Data of the chart " + name, DataTable(*data, label)) : "";

@@ -46,11 +46,11 @@ constexpr std::array<Colour, 6> kColours = {{
     {0xD5 / 255.0, 0x5E / 255.0, 0x00 / 255.0},
 }};
 
-AxisScale ScaleOf(ChartData const& data) {
+AxisScale ScaleOf(render::ChartData const& data) {
   double lowest = 0;
   double highest = 0;
   bool whole = true;
-  for (ChartData::Series const& series : data.series) {
+  for (render::ChartData::Series const& series : data.series) {
     for (double const value : series.values) {
       if (std::isfinite(value)) {
         lowest = std::min(lowest, value);
@@ -72,7 +72,7 @@ Colour ColourOf(std::size_t series) {
 
 class BarChart {
  public:
-  explicit BarChart(ChartData const& data)
+  explicit BarChart(render::ChartData const& data)
       : data_(data), scale_(ScaleOf(data)), widthOfCategory_(WidthOfCategory()) {
     ShapeTicks();
     ShapeNames();
@@ -158,7 +158,7 @@ class BarChart {
   void ShapeLegend() {
     bool const named =
         std::any_of(data_.series.begin(), data_.series.end(),
-                    [](ChartData::Series const& series) { return !series.name.empty(); });
+                    [](render::ChartData::Series const& series) { return !series.name.empty(); });
     top_ = 2 * kMargin;
     if (!named) {
       return;
@@ -167,7 +167,7 @@ class BarChart {
     double x = left_ + (seriesTitle_ ? seriesTitle_->Width() + 2 * kMargin : 0);
     double y = kMargin;
     double height = 0;
-    for (ChartData::Series const& series : data_.series) {
+    for (render::ChartData::Series const& series : data_.series) {
       ShapedText name(series.name, kLongestName, Overflow::Ellipsis);
       double const width = kSwatch + kMargin + name.Width();
       height = std::max(height, name.Height());
@@ -264,7 +264,7 @@ class BarChart {
     double y;
   };
 
-  ChartData const& data_;
+  render::ChartData const& data_;
   AxisScale scale_;
   double widthOfCategory_;
   std::vector<ShapedText> ticks_;
@@ -281,7 +281,7 @@ class BarChart {
 
 }  // namespace
 
-std::string BarChartSvg(ChartData const& data) {
+std::string BarChartSvg(render::ChartData const& data) {
   if (data.series.size() * data.categories.size() > kMostBars) {
     return {};
   }

@@ -5,7 +5,7 @@
 
 #include <lakresvos/tabulate/InputError.h>
 
-#include "chart/ChartData.h"
+#include "chart/TableChart.h"
 
 namespace lakresvos::report {
 

@@ -19,7 +19,7 @@
 #include <lakresvos/tabulate/WarningLog.h>
 
 #include "chart/BarChart.h"
-#include "chart/ChartData.h"
+#include "chart/TableChart.h"
 #include "document/NotesTable.h"
 #include "document/WarningsTable.h"
 #include "style/StyleSheet.h"
@@ -130,10 +130,10 @@ using Node = ListTree<OmOutputPart*>::Node;
 std::unique_ptr<OmChart> MakeChart(OmPivotTable const& table, tabulate::Formula const& formula,
                                    Options const& options, long long id) {
   auto chart = std::make_unique<OmChart>(*table.Label(), "", id);
-  ChartData const data =
-      ChartDataOf(table, formula.rows.size() + formula.columns.size(), options.totals,
-                  tabulate::StatisticLabel(options.statistics.front())->GetText());
-  std::string const json = JsonOf(data);
+  render::ChartData const data =
+      MakeChartData(table, formula.rows.size() + formula.columns.size(),
+                    tabulate::StatisticLabel(options.statistics.front())->GetText());
+  std::string const json = render::WriteChartData(data);
   std::string const picture = BarChartSvg(data);
   chart->SetViZJSON(json.data(), static_cast<unsigned int>(json.size()));
   chart->SetImageStream(picture.data(), static_cast<unsigned int>(picture.size()));

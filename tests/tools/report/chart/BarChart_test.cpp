@@ -11,7 +11,7 @@
 #include <vector>
 
 using namespace lakresvos::report;
-using namespace lakresvos::tabulate;
+using lakresvos::render::ChartData;
 
 namespace {
 

@@ -1,9 +1,9 @@
-#include "chart/ChartData.h"
+#include "chart/TableChart.h"
 
 #include <limits>
-#include <nlohmann/json.hpp>
-#include <utility>
+#include <vector>
 
+#include <cells/OmCellMetaData.h>
 #include <cells/OmNumber.h>
 #include <lakresvos/OmVectorTreeWalk.h>
 
@@ -16,12 +16,16 @@ struct Category {
   int subscript;
 };
 
-std::vector<Category> CategoriesOf(OmDimension const& dimension, bool withoutTotal) {
+bool IsTotal(OmCellText const& label) {
+  return label.hasMeta() && label.getMeta()->isTotal();
+}
+
+std::vector<Category> FindCategories(OmDimension const& dimension) {
   std::vector<Category> categories;
   OmVectorTreeWalk<OmDimension::ConstNode> walk(dimension.Root());
   while (walk.Next()) {
     OmDimensionNode const& node = walk.Current().Value();
-    if (node.group) {
+    if (node.group || IsTotal(*node.label)) {
       continue;
     }
     std::string path;
@@ -29,9 +33,6 @@ std::vector<Category> CategoriesOf(OmDimension const& dimension, bool withoutTot
       path += (level > 1 ? " / " : "") + walk.Path()[level].Value().label->GetText();
     }
     categories.push_back({path, static_cast<int>(node.subscript)});
-  }
-  if (withoutTotal) {
-    categories.pop_back();
   }
   return categories;
 }
@@ -48,13 +49,13 @@ bool CanChart(tabulate::Formula const& formula) {
   return formula.layers.empty() && (dimensions == 1 || dimensions == 2);
 }
 
-ChartData ChartDataOf(OmPivotTable const& table, std::size_t dimensions, bool totals,
-                      std::string const& valueTitle) {
-  std::vector<Category> const categories = CategoriesOf(table.Dimension(0), totals);
+render::ChartData MakeChartData(OmPivotTable const& table, std::size_t dimensions,
+                                std::string const& valueTitle) {
+  std::vector<Category> const categories = FindCategories(table.Dimension(0));
   bool const twoWay = dimensions == 2;
   std::vector<Category> const series =
-      twoWay ? CategoriesOf(table.Dimension(1), totals) : std::vector<Category>{{"", 0}};
-  ChartData data;
+      twoWay ? FindCategories(table.Dimension(1)) : std::vector<Category>{{"", 0}};
+  render::ChartData data;
   data.categoryTitle = table.Dimension(0).Root().Value().label->GetText();
   data.seriesTitle = twoWay ? table.Dimension(1).Root().Value().label->GetText() : "";
   data.valueTitle = valueTitle;
@@ -73,23 +74,6 @@ ChartData ChartDataOf(OmPivotTable const& table, std::size_t dimensions, bool to
     }
   }
   return data;
-}
-
-std::string JsonOf(ChartData const& data) {
-  nlohmann::ordered_json json;
-  json["categories"] = data.categories;
-  json["series"] = nlohmann::ordered_json::array();
-  for (ChartData::Series const& series : data.series) {
-    json["series"].push_back({{"name", series.name}, {"values", series.values}});
-  }
-  for (auto const& [name, title] :
-       {std::pair("categoryTitle", &data.categoryTitle),
-        std::pair("seriesTitle", &data.seriesTitle), std::pair("valueTitle", &data.valueTitle)}) {
-    if (!title->empty()) {
-      json[name] = *title;
-    }
-  }
-  return json.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
 }
 
 }  // namespace lakresvos::report
