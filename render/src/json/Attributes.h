@@ -2,7 +2,9 @@
 #define LAKRESVOS_RENDER_JSON_ATTRIBUTES_H
 
 #include <climits>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <tuple>
 
 #include <cells/BackendSettings.h>
@@ -10,6 +12,7 @@
 #include <lakresvos/FormatArea.h>
 #include <lakresvos/OmOutputPart.h>
 #include <lakresvos/OmPivotTable.h>
+#include <lakresvos/render/AreaNames.h>
 
 namespace lakresvos::render {
 
@@ -31,6 +34,12 @@ struct TextAttribute {
   char const* name;
   std::string const& (Object::*get)() const;
   void (Object::*set)(std::string const&);
+};
+
+/// A number that may also be read as a name.
+template <class Object>
+struct NamedAttribute : Attribute<Object, int> {
+  std::optional<int> (*find)(std::string_view name);
 };
 
 constexpr std::tuple kPartAttributes{
@@ -92,35 +101,41 @@ constexpr std::tuple kTableAttributes{
 /// What an area format and a cell style have in common.
 template <class Style>
 constexpr std::tuple kStyleAttributes{
-    TextAttribute<Style>{"fontName", &Style::getFontName, &Style::setFontName},
-    Attribute<Style, float>{"fontSize", &Style::getFontSize, &Style::setFontSize, 0},
-    Attribute<Style, int>{"fontStyle", &Style::getFontStyle, &Style::setFontStyle, -1},
-    Attribute<Style, bool>{"underline", &Style::getUnderline, &Style::setUnderline, false},
-    Attribute<Style, int>{"horizontalAlignment", &Style::getHorizontalAlignment,
-                          &Style::setHorizontalAlignment, -1},
-    Attribute<Style, int>{"verticalAlignment", &Style::getVerticalAlignment,
-                          &Style::setVerticalAlignment, -1},
-    TextAttribute<Style>{"textColor", &Style::getTextColor, &Style::setTextColor},
-    TextAttribute<Style>{"backgroundColor", &Style::getBackgroundColor, &Style::setBackgroundColor},
+    TextAttribute<Style>{area_property::kFontName, &Style::getFontName, &Style::setFontName},
+    Attribute<Style, float>{area_property::kFontSize, &Style::getFontSize, &Style::setFontSize, 0},
+    NamedAttribute<Style>{
+        {area_property::kFontStyle, &Style::getFontStyle, &Style::setFontStyle, -1}, FindFontStyle},
+    Attribute<Style, bool>{area_property::kUnderline, &Style::getUnderline, &Style::setUnderline,
+                           false},
+    NamedAttribute<Style>{{area_property::kHorizontal, &Style::getHorizontalAlignment,
+                           &Style::setHorizontalAlignment, -1},
+                          FindHorizontal},
+    NamedAttribute<Style>{
+        {area_property::kVertical, &Style::getVerticalAlignment, &Style::setVerticalAlignment, -1},
+        FindVertical},
+    TextAttribute<Style>{area_property::kTextColor, &Style::getTextColor, &Style::setTextColor},
+    TextAttribute<Style>{area_property::kBackgroundColor, &Style::getBackgroundColor,
+                         &Style::setBackgroundColor},
 };
 
 constexpr std::tuple kAreaAttributes = std::tuple_cat(
     kStyleAttributes<FormatArea>,
     std::tuple{
-        Attribute<FormatArea, bool>{"useAlternateRowColors", &FormatArea::getUseAltRowColors,
+        Attribute<FormatArea, bool>{area_property::kAlternateRows, &FormatArea::getUseAltRowColors,
                                     &FormatArea::setUseAltRowColors, false},
-        TextAttribute<FormatArea>{"alternateTextColor", &FormatArea::getAlternateTextColor,
+        TextAttribute<FormatArea>{area_property::kAlternateTextColor,
+                                  &FormatArea::getAlternateTextColor,
                                   &FormatArea::setAlternateTextColor},
-        TextAttribute<FormatArea>{"alternateBackgroundColor",
+        TextAttribute<FormatArea>{area_property::kAlternateBackgroundColor,
                                   &FormatArea::getAlternateBackgroundColor,
                                   &FormatArea::setAlternateBackgroundColor},
-        Attribute<FormatArea, int>{"marginLeft", &FormatArea::getMarginLeft,
+        Attribute<FormatArea, int>{area_property::kMarginLeft, &FormatArea::getMarginLeft,
                                    &FormatArea::setMarginLeft, 6},
-        Attribute<FormatArea, int>{"marginRight", &FormatArea::getMarginRight,
+        Attribute<FormatArea, int>{area_property::kMarginRight, &FormatArea::getMarginRight,
                                    &FormatArea::setMarginRight, 2},
-        Attribute<FormatArea, int>{"marginTop", &FormatArea::getMarginTop,
+        Attribute<FormatArea, int>{area_property::kMarginTop, &FormatArea::getMarginTop,
                                    &FormatArea::setMarginTop, 2},
-        Attribute<FormatArea, int>{"marginBottom", &FormatArea::getMarginBottom,
+        Attribute<FormatArea, int>{area_property::kMarginBottom, &FormatArea::getMarginBottom,
                                    &FormatArea::setMarginBottom, 2},
     });
 

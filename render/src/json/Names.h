@@ -44,11 +44,6 @@ constexpr std::string_view NameOf(OmLabelDisplay display) {
   return kDisplayNames[static_cast<std::size_t>(display)];
 }
 
-/// The areas of a table, by their number.
-constexpr std::array<std::string_view, 9> kAreaNames = {"title",  "caption",      "footnotes",
-                                                        "corner", "columnLabels", "rowLabels",
-                                                        "data",   "layers",       "frame"};
-
 // How a part of a composite stands to another one in the list of parts.
 constexpr char kInPart[] = "in";        ///< it is a part of the composite that the other one is
 constexpr char kBelowPart[] = "below";  ///< it stands below the other one in the tree of parts

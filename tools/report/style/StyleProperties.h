@@ -15,14 +15,15 @@ using StyleValue = std::variant<std::monostate, bool, double, std::string>;
 
 /// One property that a style file can give an area.
 struct StyleProperty {
-  std::string_view name;
-  char const* expected;  ///< what its values are, for messages: "true or false"
+  std::string_view name;       ///< as documents in JSON have it
+  std::string_view shortName;  ///< read too; empty: there is none
+  char const* expected;        ///< what its values are, for messages: "true or false"
 
   /// Stores the value; false, and nothing stored, when the property cannot have it.
   bool (*set)(FormatArea& format, StyleValue const& value);
 };
 
-/// The property with this name, or null.
+/// The property with this name or short name, or null.
 StyleProperty const* FindStyleProperty(std::string_view name);
 
 /// The area with this name, or with this number from 0 to 8 as a text.

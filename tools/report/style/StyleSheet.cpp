@@ -36,7 +36,7 @@ std::string ReadAll(std::string const& file) {
   return text;
 }
 
-/// Takes a style file value by value. Nothing that nests deeper than an area's properties gets in,
+/// Stores a style file value by value. Nothing that nests deeper than an area's properties gets in,
 /// so hostile files need neither memory nor stack.
 class StyleSink : public nlohmann::json_sax<nlohmann::json> {
  public:
@@ -44,21 +44,23 @@ class StyleSink : public nlohmann::json_sax<nlohmann::json> {
 
   StyleSheet Result() { return std::move(style_); }
 
-  bool null() override { return Take({}); }
-  bool boolean(bool value) override { return Take(value); }
-  bool number_integer(number_integer_t value) override { return Take(static_cast<double>(value)); }
+  bool null() override { return Store({}); }
+  bool boolean(bool value) override { return Store(value); }
+  bool number_integer(number_integer_t value) override { return Store(static_cast<double>(value)); }
   bool number_unsigned(number_unsigned_t value) override {
-    return Take(static_cast<double>(value));
+    return Store(static_cast<double>(value));
   }
-  bool number_float(number_float_t value, string_t const& /*text*/) override { return Take(value); }
-  bool string(string_t& value) override { return Take(std::move(value)); }
-  bool binary(binary_t& /*value*/) override { return Take({}); }
-  bool start_array(std::size_t /*size*/) override { return Take({}); }
+  bool number_float(number_float_t value, string_t const& /*text*/) override {
+    return Store(value);
+  }
+  bool string(string_t& value) override { return Store(std::move(value)); }
+  bool binary(binary_t& /*value*/) override { return Store({}); }
+  bool start_array(std::size_t /*size*/) override { return Store({}); }
   bool end_array() override { return true; }
 
   bool start_object(std::size_t /*size*/) override {
     if (depth_ == 2) {
-      return Take({});
+      return Store({});
     }
     ++depth_;
     return true;
@@ -76,11 +78,12 @@ class StyleSink : public nlohmann::json_sax<nlohmann::json> {
       StartArea(name);
     } else {
       property_ = FindStyleProperty(name);
+      propertyName_ = name;
       if (property_ == nullptr) {
-        Fail("there is no property " + tabulate::Quoted(name));
+        Fail("unknown property " + tabulate::Quoted(name));
       }
       if (!given_.insert(property_).second) {
-        Fail("the property " + tabulate::Quoted(name) + " comes twice");
+        Fail("duplicate property " + tabulate::Quoted(name));
       }
     }
     return true;
@@ -109,30 +112,30 @@ class StyleSink : public nlohmann::json_sax<nlohmann::json> {
     if (std::string_view(error.what()).find("UTF-8") != std::string_view::npos) {
       return "bytes that are not UTF-8";
     }
-    return position > text_.size() ? "this is not JSON: it ends too early" : "this is not JSON";
+    return position > text_.size() ? "not JSON: it ends too early" : "not JSON";
   }
 
   void StartArea(std::string const& name) {
     std::optional<FormatArea::Area> const area = FindStyleArea(name);
     if (!area) {
-      Fail("there is no area " + tabulate::Quoted(name));
+      Fail("unknown area " + tabulate::Quoted(name));
     }
     area_ = name;
     for (FormatArea const& format : style_) {
       if (format.getArea() == *area) {
-        Fail("the area comes twice");
+        Fail("duplicate area");
       }
     }
     style_.emplace_back(*area);
   }
 
-  bool Take(StyleValue const& value) {
+  bool Store(StyleValue const& value) {
     if (depth_ < 2) {
-      Fail("there should be an object");
+      Fail("expected an object");
     }
     if (!property_->set(style_.back(), value)) {
-      area_ += "/" + std::string(property_->name);
-      Fail(std::string("there should be ") + property_->expected);
+      area_ += "/" + propertyName_;
+      Fail(std::string("expected ") + property_->expected);
     }
     return true;
   }
@@ -148,6 +151,7 @@ class StyleSink : public nlohmann::json_sax<nlohmann::json> {
   std::string area_;  // as the file names it; empty outside of all
   std::set<StyleProperty const*> given_;
   StyleProperty const* property_ = nullptr;
+  std::string propertyName_;  // as the file has it
 };
 
 }  // namespace

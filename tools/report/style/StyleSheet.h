@@ -17,7 +17,7 @@ using StyleSheet = std::vector<FormatArea>;
 ///
 /// Numbers of alignments and font styles are those of lakresvos/render/AreaStyle.h.
 ///
-/// @throws InputError for a file that cannot be read; for what is no JSON, with line and column;
+/// @throws InputError for a file that cannot be read; for what is not JSON, with line and column;
 ///         for an unknown or repeated area or property and for a value that it cannot have, with
 ///         the path to it as a JSON Pointer.
 StyleSheet ReadStyleSheet(std::string const& file);

@@ -58,6 +58,22 @@ void ReadAttribute(JsonObject& from, Owner& owner, Attribute<Object, Value> cons
 }
 
 template <class Owner, class Object>
+void ReadAttribute(JsonObject& from, Owner& owner, NamedAttribute<Object> const& attribute) {
+  std::optional<JsonValue> const field = from.Find(attribute.name);
+  int value = attribute.initial;
+  if (field && field->IsText()) {
+    std::optional<int> const number = attribute.find(field->Plain());
+    if (!number) {
+      field->Fail("unknown name");
+    }
+    value = *number;
+  } else if (field) {
+    value = field->template Integer<int>();
+  }
+  (owner.*attribute.set)(value);
+}
+
+template <class Owner, class Object>
 void ReadAttribute(JsonObject& from, Owner& owner, TextAttribute<Object> const& attribute) {
   if (std::optional<JsonValue> const field = from.Find(attribute.name)) {
     (owner.*attribute.set)(field->Text());

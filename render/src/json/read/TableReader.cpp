@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include <lakresvos/render/AreaNames.h>
+
 #include "grid/TableCost.h"
 #include "json/Names.h"
 #include "json/read/AttributeReader.h"

@@ -47,6 +47,8 @@ class JsonValue {
 
   bool IsNull() const { return std::holds_alternative<std::nullptr_t>(data_); }
 
+  bool IsText() const { return std::holds_alternative<std::string>(data_); }
+
   /// Whether this is the text `text`.
   bool Is(std::string_view text) const;
 

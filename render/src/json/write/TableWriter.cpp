@@ -4,6 +4,7 @@
 #include <vector>
 
 #include <lakresvos/OmVectorTreeWalk.h>
+#include <lakresvos/render/AreaNames.h>
 
 #include "json/Fields.h"
 #include "json/Names.h"

@@ -194,6 +194,23 @@ TEST(JsonReader, RefusesNumbersOutOfRange) {
             "/parts/0/areas/data/fontSize: the number is too large");
 }
 
+TEST(JsonReader, AlignmentsAndFontStylesMayBeNames) {
+  std::string const named =
+      Table1(kNodes, "",
+             R"(,"areas":{"data":{"fontStyle":"bold italic",)"
+             R"("horizontalAlignment":"center","verticalAlignment":"bottom"}})");
+  std::istringstream in(named);
+  std::string const written = Written(*lakresvos::render::ReadJson(in));
+  EXPECT_NE(written.find(R"("fontStyle":3,"horizontalAlignment":1,"verticalAlignment":2)"),
+            std::string::npos)
+      << written;
+}
+
+TEST(JsonReader, NameThatIsNoneIsAnError) {
+  EXPECT_EQ(ErrorOf(Table1(kNodes, "", R"(,"areas":{"data":{"horizontalAlignment":"justified"}})")),
+            "/parts/0/areas/data/horizontalAlignment: unknown name");
+}
+
 TEST(JsonReader, RefusesWhatIsNotBase64) {
   for (char const* text : {"A", "AA", "AAA", "A===", "AB==", "AAB=", "AA=A", "AAAA====", "AA A",
                            "AA\\n=", "====", "-_-_"}) {

@@ -432,7 +432,7 @@ TEST(ProgramErrors, BadStyle) {
   TemporaryDirectory const directory;
   std::string const style = directory.Write("style.json", "{\n  \"data\": 1}");
   EXPECT_EQ(Complaint("a\n1\n", {"--table", "a ~", "--style", style}),
-            style + ": /data: there should be an object");
+            style + ": /data: expected an object");
 }
 
 TEST(ProgramErrors, OutputThatWouldReplaceTheStyle) {

@@ -66,6 +66,35 @@ TEST(StyleSheet, EveryPropertyReachesTheFormat) {
   EXPECT_EQ(format.getMarginBottom(), 4);
 }
 
+TEST(StyleSheet, PropertiesHaveTheNamesThatDocumentsHaveForThem) {
+  StyleSheet const style = Read(R"({"data": {
+    "fontName": "Serif", "fontSize": 9.5, "fontStyle": "bold",
+    "horizontalAlignment": "right", "verticalAlignment": "bottom",
+    "useAlternateRowColors": true}})");
+  FormatArea const& format = style.at(0);
+  EXPECT_EQ(format.getFontName(), "Serif");
+  EXPECT_EQ(format.getFontSize(), 9.5F);
+  EXPECT_EQ(format.getFontStyle(), 1);
+  EXPECT_EQ(format.getHorizontalAlignment(), 2);
+  EXPECT_EQ(format.getVerticalAlignment(), 2);
+  EXPECT_TRUE(format.getUseAltRowColors());
+}
+
+TEST(StyleSheet, PropertyComesOnceUnderWhicheverName) {
+  EXPECT_EQ(ErrorIn(R"({"data": {"font": "a", "fontName": "b"}})"),
+            "style.json: /data: duplicate property 'fontName'");
+}
+
+TEST(StyleSheet, CenterIsSpeltEitherWay) {
+  EXPECT_EQ(Read(R"({"data": {"horizontal": "center"}})").at(0).getHorizontalAlignment(), 1);
+  EXPECT_EQ(Read(R"({"data": {"horizontal": "centre"}})").at(0).getHorizontalAlignment(), 1);
+}
+
+TEST(StyleSheet, ColorsHaveThreeOrSixDigits) {
+  EXPECT_EQ(Read(R"({"data": {"textColor": "#1aF"}})").at(0).getTextColor(), "#1aF");
+  EXPECT_EQ(Read(R"({"data": {"textColor": "#1a2B3c"}})").at(0).getTextColor(), "#1a2B3c");
+}
+
 TEST(StyleSheet, PropertiesLeftOutStayAsInANewFormat) {
   StyleSheet const style = Read(R"({"title": {}})");
   ASSERT_EQ(style.size(), 1u);
@@ -122,23 +151,23 @@ TEST(StyleSheet, DirectoryIsNoFile) {
 // What is no JSON
 
 TEST(StyleSheet, ParseErrorNamesLineAndColumn) {
-  EXPECT_EQ(ErrorIn("{\"data\":\n  {\"font\": oops}}"), "style.json:2:12: this is not JSON");
+  EXPECT_EQ(ErrorIn("{\"data\":\n  {\"font\": oops}}"), "style.json:2:12: not JSON");
 }
 
 TEST(StyleSheet, ColumnsCountCharacters) {
-  EXPECT_EQ(ErrorIn("{\"data\": {\"font\": \"é\" x"), "style.json:1:23: this is not JSON");
+  EXPECT_EQ(ErrorIn("{\"data\": {\"font\": \"é\" x"), "style.json:1:23: not JSON");
 }
 
 TEST(StyleSheet, EmptyFileIsNoJson) {
-  EXPECT_EQ(ErrorIn(""), "style.json:1:1: this is not JSON: it ends too early");
+  EXPECT_EQ(ErrorIn(""), "style.json:1:1: not JSON: it ends too early");
 }
 
 TEST(StyleSheet, EndInTheMiddleIsFound) {
-  EXPECT_EQ(ErrorIn("{\"data\": {\n"), "style.json:2:1: this is not JSON: it ends too early");
+  EXPECT_EQ(ErrorIn("{\"data\": {\n"), "style.json:2:1: not JSON: it ends too early");
 }
 
 TEST(StyleSheet, TextBehindTheObjectIsFound) {
-  EXPECT_EQ(ErrorIn("{} {}"), "style.json:1:4: this is not JSON");
+  EXPECT_EQ(ErrorIn("{} {}"), "style.json:1:4: not JSON");
 }
 
 TEST(StyleSheet, BytesThatAreNoUtf8AreFound) {
@@ -158,24 +187,24 @@ TEST(StyleSheet, LongTokensDoNotFillTheMessage) {
 // Wrong keys and types
 
 TEST(StyleSheet, UnknownAreaIsNamed) {
-  EXPECT_EQ(ErrorIn(R"({"footer": {}})"), "style.json: there is no area 'footer'");
-  EXPECT_EQ(ErrorIn(R"({"9": {}})"), "style.json: there is no area '9'");
-  EXPECT_EQ(ErrorIn(R"({"": {}})"), "style.json: there is no area ''");
+  EXPECT_EQ(ErrorIn(R"({"footer": {}})"), "style.json: unknown area 'footer'");
+  EXPECT_EQ(ErrorIn(R"({"9": {}})"), "style.json: unknown area '9'");
+  EXPECT_EQ(ErrorIn(R"({"": {}})"), "style.json: unknown area ''");
 }
 
 TEST(StyleSheet, UnknownPropertyIsNamed) {
   EXPECT_EQ(ErrorIn(R"({"data": {"colour": "red"}})"),
-            "style.json: /data: there is no property 'colour'");
+            "style.json: /data: unknown property 'colour'");
 }
 
 TEST(StyleSheet, RepeatedAreaIsFoundUnderEitherName) {
-  EXPECT_EQ(ErrorIn(R"({"data": {}, "data": {}})"), "style.json: /data: the area comes twice");
-  EXPECT_EQ(ErrorIn(R"({"data": {}, "6": {}})"), "style.json: /6: the area comes twice");
+  EXPECT_EQ(ErrorIn(R"({"data": {}, "data": {}})"), "style.json: /data: duplicate area");
+  EXPECT_EQ(ErrorIn(R"({"data": {}, "6": {}})"), "style.json: /6: duplicate area");
 }
 
 TEST(StyleSheet, RepeatedPropertyIsFound) {
   EXPECT_EQ(ErrorIn(R"({"data": {"size": 1, "size": 1}})"),
-            "style.json: /data: the property 'size' comes twice");
+            "style.json: /data: duplicate property 'size'");
 }
 
 TEST(StyleSheet, SamePropertyInTwoAreasIsNoRepetition) {
@@ -184,14 +213,13 @@ TEST(StyleSheet, SamePropertyInTwoAreasIsNoRepetition) {
 
 TEST(StyleSheet, OutermostValueIsAnObject) {
   for (char const* const json : {"[]", "null", "1", "-1", "1.5", "true", "\"data\""}) {
-    EXPECT_EQ(ErrorIn(json), "style.json: there should be an object") << json;
+    EXPECT_EQ(ErrorIn(json), "style.json: expected an object") << json;
   }
 }
 
 TEST(StyleSheet, AreaIsAnObject) {
   for (char const* const json : {"[]", "null", "1", "-1", "1.5", "true", "\"data\""}) {
-    EXPECT_EQ(ErrorIn(R"({"6": )" + std::string(json) + "}"),
-              "style.json: /6: there should be an object")
+    EXPECT_EQ(ErrorIn(R"({"6": )" + std::string(json) + "}"), "style.json: /6: expected an object")
         << json;
   }
 }
@@ -199,7 +227,7 @@ TEST(StyleSheet, AreaIsAnObject) {
 TEST(StyleSheet, TextIsNothingElse) {
   for (char const* const json : {"[]", "{}", "null", "1", "true"}) {
     EXPECT_EQ(ErrorIn(R"({"data": {"font": )" + std::string(json) + "}}"),
-              "style.json: /data/font: there should be a text")
+              "style.json: /data/font: expected a text")
         << json;
   }
 }
@@ -207,7 +235,7 @@ TEST(StyleSheet, TextIsNothingElse) {
 TEST(StyleSheet, FlagIsNothingElse) {
   for (char const* const json : {"[]", "{}", "null", "1", "\"true\""}) {
     EXPECT_EQ(ErrorIn(R"({"data": {"underline": )" + std::string(json) + "}}"),
-              "style.json: /data/underline: there should be true or false")
+              "style.json: /data/underline: expected true or false")
         << json;
   }
 }
@@ -215,7 +243,7 @@ TEST(StyleSheet, FlagIsNothingElse) {
 TEST(StyleSheet, SizeHasBounds) {
   for (char const* const json : {"-1", "-0.5", "1000.5", "1e300", "\"9\"", "null", "[9]"}) {
     EXPECT_EQ(ErrorIn(R"({"data": {"size": )" + std::string(json) + "}}"),
-              "style.json: /data/size: there should be a number from 0 to 1000")
+              "style.json: /data/size: expected a number from 0 to 1000")
         << json;
   }
   EXPECT_EQ(Read(R"({"data": {"size": 1000}})")[0].getFontSize(), 1000);
@@ -224,27 +252,27 @@ TEST(StyleSheet, SizeHasBounds) {
 TEST(StyleSheet, MarginIsAWholeNumberInBounds) {
   for (char const* const json : {"-1", "0.5", "1001", "18446744073709551615", "\"9\"", "null"}) {
     EXPECT_EQ(ErrorIn(R"({"data": {"marginTop": )" + std::string(json) + "}}"),
-              "style.json: /data/marginTop: there should be a whole number from 0 to 1000")
+              "style.json: /data/marginTop: expected a whole number from 0 to 1000")
         << json;
   }
   EXPECT_EQ(Read(R"({"data": {"marginTop": 1e3}})")[0].getMarginTop(), 1000);
 }
 
 TEST(StyleSheet, ChoicesAreNamedWhenNoneIsMet) {
-  EXPECT_EQ(ErrorIn(R"({"data": {"horizontal": "center"}})"),
-            "style.json: /data/horizontal: there should be \"left\", \"centre\" or \"right\"");
+  EXPECT_EQ(ErrorIn(R"({"data": {"horizontal": "middle"}})"),
+            "style.json: /data/horizontal: expected \"left\", \"center\" or \"right\"");
   EXPECT_EQ(ErrorIn(R"({"data": {"vertical": 1}})"),
-            "style.json: /data/vertical: there should be \"top\", \"middle\" or \"bottom\"");
+            "style.json: /data/vertical: expected \"top\", \"middle\" or \"bottom\"");
   EXPECT_EQ(ErrorIn(R"({"data": {"style": ""}})"),
-            "style.json: /data/style: there should be \"regular\", \"bold\", \"italic\" or "
+            "style.json: /data/style: expected \"regular\", \"bold\", \"italic\" or "
             "\"bold italic\"");
 }
 
-TEST(StyleSheet, ColoursAreHexadecimal) {
+TEST(StyleSheet, ColorsAreHexadecimal) {
   for (char const* const json : {"\"red\"", "\"#12345\"", "\"#1234567\"", "\"#12345g\"",
                                  "\"0123456\"", "\"\"", "123456", "null"}) {
     EXPECT_EQ(ErrorIn(R"({"data": {"textColor": )" + std::string(json) + "}}"),
-              "style.json: /data/textColor: there should be a colour as in \"#1f77b4\"")
+              "style.json: /data/textColor: expected a color as in \"#1f77b4\"")
         << json;
   }
 }
@@ -252,13 +280,13 @@ TEST(StyleSheet, ColoursAreHexadecimal) {
 // Hostile files
 
 TEST(StyleSheet, DeepNestingIsRefusedWhereItStarts) {
-  EXPECT_EQ(ErrorIn(Repeat("[", 1'000'000)), "style.json: there should be an object");
+  EXPECT_EQ(ErrorIn(Repeat("[", 1'000'000)), "style.json: expected an object");
   EXPECT_EQ(ErrorIn(R"({"data": {"font": )" + Repeat("{\"a\": ", 1'000'000)),
-            "style.json: /data/font: there should be a text");
+            "style.json: /data/font: expected a text");
   EXPECT_EQ(ErrorIn(R"({"data": )" + Repeat("[", 1'000'000)),
-            "style.json: /data: there should be an object");
+            "style.json: /data: expected an object");
 }
 
 TEST(StyleSheet, ZeroBytesAreNoJson) {
-  EXPECT_EQ(ErrorIn(std::string(3, '\0')), "style.json:1:1: this is not JSON");
+  EXPECT_EQ(ErrorIn(std::string(3, '\0')), "style.json:1:1: not JSON");
 }
