@@ -8,8 +8,8 @@ namespace lakresvos::report {
 
 namespace {
 
-constexpr int kMostSteps = 7;
-constexpr int kMostZeros = 8;  // before an exponent is written instead
+constexpr int kMaxSteps = 7;
+constexpr int kMaxZeros = 8;  // before an exponent is written instead
 constexpr double kSmallest = 1e-300;
 
 }  // namespace
@@ -18,10 +18,10 @@ AxisScale::AxisScale(double lowest, double highest, bool whole) {
   lowest = std::min(lowest, 0.0);
   highest = std::max(highest, 0.0);
   // Each is divided by itself: their difference may be more than a double can hold.
-  double share = highest / kMostSteps - lowest / kMostSteps;
+  double share = highest / kMaxSteps - lowest / kMaxSteps;
   if (share < kSmallest) {
     highest = 1;
-    share = 1.0 / kMostSteps;
+    share = 1.0 / kMaxSteps;
   }
   exponent_ = static_cast<int>(std::floor(std::log10(share)));
   if (whole) {
@@ -31,7 +31,7 @@ AxisScale::AxisScale(double lowest, double highest, bool whole) {
     factor_ = factor;
     step_ = factor_ * std::pow(10, exponent_);
     double const steps = std::ceil(highest / step_) - std::floor(lowest / step_);
-    if (steps <= kMostSteps) {
+    if (steps <= kMaxSteps) {
       break;
     }
   }
@@ -53,7 +53,7 @@ std::string AxisScale::TickLabel(int tick) const {
     return "0";
   }
   int exponent = exponent_;
-  bool const scientific = std::abs(exponent) > kMostZeros;
+  bool const scientific = std::abs(exponent) > kMaxZeros;
   for (; scientific && count % 10 == 0; count /= 10) {
     ++exponent;
   }

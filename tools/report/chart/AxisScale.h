@@ -8,6 +8,9 @@ namespace lakresvos::report {
 /// The axis of a chart: ticks at round numbers that enclose zero and all values, with the smallest
 /// step that needs no more than eight of them. At least three quarters of the axis of positive
 /// numbers are in use, unless whole numbers below 4 leave less to choose.
+///
+/// The steps are 1, 2 and 5 times a power of ten, as in P. S. Heckbert, "Nice Numbers for Graph
+/// Labels", Graphics Gems (1990).
 class AxisScale {
  public:
   /// @param whole whether the values are whole numbers, which nothing between two ticks could be.
@@ -17,7 +20,7 @@ class AxisScale {
   /// The number of ticks, at least 2.
   int Ticks() const { return last_ - first_ + 1; }
 
-  /// Where a tick, from 0, or a value stands: from 0 at the lowest tick to 1 at the highest one.
+  /// Where a tick, from 0, or a value is: from 0 at the lowest tick to 1 at the highest one.
   double TickPosition(int tick) const;
   double Position(double value) const;
 

@@ -16,28 +16,29 @@ namespace {
 
 using Overflow = ShapedText::Overflow;
 
-constexpr std::size_t kMostBars = 5000;
+constexpr std::size_t kMaxBars = 5000;
 
 // In pixels.
 constexpr double kMargin = 8;
 constexpr double kPlotWidth = 600;  // more when the bars need it
 constexpr double kPlotHeight = 260;
-constexpr double kNarrowestCategory = 20;  // lets slanting names stand side by side
-constexpr double kNarrowestBar = 4;
-constexpr double kWidestBar = 56;
-constexpr double kThinnestBar = 1;
-constexpr double kBarsOfCategory = 0.8;  // the share of its width that they fill
-constexpr double kLongestName = 150;
-constexpr double kLongestTitle = 400;
-constexpr int kMostLines = 3;
+constexpr double kMinCategoryWidth = 20;  // leaves room for slanting names side by side
+constexpr double kMinBarWidth = 4;
+constexpr double kMaxBarWidth = 56;
+constexpr double kMinBarLength = 1;
+constexpr double kBarShare = 0.8;  // the share of its width that they fill
+constexpr double kMaxNameWidth = 150;
+constexpr double kMaxTitleWidth = 400;
+constexpr int kMaxNameLines = 3;
 constexpr double kSlant = -0.785398163397448;  // half a right angle
 constexpr double kSwatch = 12;
 
-// Contrasts 4.5 to 1 with both white and black.
-constexpr Colour kInk = {0x76 / 255.0, 0x76 / 255.0, 0x76 / 255.0};
+// Contrasts 4.5 to 1 with both white and black, which WCAG 2.1 (success criterion 1.4.3) asks of text.
+constexpr Color kInk = {0x76 / 255.0, 0x76 / 255.0, 0x76 / 255.0};
 
-// Neighbours differ in lightness, and all differ for each kind of colour blindness.
-constexpr std::array<Colour, 6> kColours = {{
+// From the palette of Okabe and Ito (2008): neighbors differ in lightness, and all differ for each kind
+// of color blindness.
+constexpr std::array<Color, 6> kColors = {{
     {0x00 / 255.0, 0x72 / 255.0, 0xB2 / 255.0},
     {0xE6 / 255.0, 0x9F / 255.0, 0x00 / 255.0},
     {0x00 / 255.0, 0x9E / 255.0, 0x73 / 255.0},
@@ -46,7 +47,7 @@ constexpr std::array<Colour, 6> kColours = {{
     {0xD5 / 255.0, 0x5E / 255.0, 0x00 / 255.0},
 }};
 
-AxisScale ScaleOf(render::ChartData const& data) {
+AxisScale MakeScale(render::ChartData const& data) {
   double lowest = 0;
   double highest = 0;
   bool whole = true;
@@ -62,18 +63,18 @@ AxisScale ScaleOf(render::ChartData const& data) {
   return {lowest, highest, whole};
 }
 
-/// The colours come again in darker shades.
-Colour ColourOf(std::size_t series) {
-  Colour const colour = kColours[series % kColours.size()];
-  auto const round = static_cast<int>(series / kColours.size());
+/// The colors come again in darker shades.
+Color SeriesColor(std::size_t series) {
+  Color const color = kColors[series % kColors.size()];
+  auto const round = static_cast<int>(series / kColors.size());
   double const shade = std::pow(0.65, round);
-  return {colour.red * shade, colour.green * shade, colour.blue * shade};
+  return {color.red * shade, color.green * shade, color.blue * shade};
 }
 
 class BarChart {
  public:
   explicit BarChart(render::ChartData const& data)
-      : data_(data), scale_(ScaleOf(data)), widthOfCategory_(WidthOfCategory()) {
+      : data_(data), scale_(MakeScale(data)), categoryWidth_(CategoryWidth()) {
     ShapeTicks();
     ShapeNames();
     ShapeLegend();
@@ -95,16 +96,16 @@ class BarChart {
  private:
   // Measures
 
-  double WidthOfCategory() const {
+  double CategoryWidth() const {
     auto const bars = static_cast<double>(data_.series.size());
-    double const needed = std::max(kNarrowestCategory, bars * kNarrowestBar / kBarsOfCategory);
+    double const needed = std::max(kMinCategoryWidth, bars * kMinBarWidth / kBarShare);
     return std::max(needed, kPlotWidth / static_cast<double>(
                                              std::max<std::size_t>(data_.categories.size(), 1)));
   }
 
   double Right() const {
     auto const categories = static_cast<double>(std::max<std::size_t>(data_.categories.size(), 1));
-    return left_ + widthOfCategory_ * categories;
+    return left_ + categoryWidth_ * categories;
   }
   double Bottom() const { return top_ + kPlotHeight; }
   double BottomOfNames() const { return Bottom() + kMargin + heightOfNames_ + kMargin; }
@@ -112,14 +113,14 @@ class BarChart {
     return title ? title->Height() + kMargin : 0;
   }
   double Middle(std::size_t category) const {
-    return left_ + widthOfCategory_ * (static_cast<double>(category) + 0.5);
+    return left_ + categoryWidth_ * (static_cast<double>(category) + 0.5);
   }
   double Height(double position) const { return Bottom() - kPlotHeight * position; }
 
   void ShapeTicks() {
     double widest = 0;
     for (int tick = 0; tick < scale_.Ticks(); ++tick) {
-      ticks_.emplace_back(scale_.TickLabel(tick), kLongestName, Overflow::Ellipsis);
+      ticks_.emplace_back(scale_.TickLabel(tick), kMaxNameWidth, Overflow::Ellipsis);
       widest = std::max(widest, ticks_.back().Width());
     }
     left_ = kMargin + widest + kMargin;
@@ -130,7 +131,7 @@ class BarChart {
     if (slanting_) {
       names_.clear();
       for (std::string const& name : data_.categories) {
-        names_.emplace_back(name, kLongestName, Overflow::Ellipsis);
+        names_.emplace_back(name, kMaxNameWidth, Overflow::Ellipsis);
       }
     }
     for (std::size_t i = 0; i < names_.size(); ++i) {
@@ -145,10 +146,10 @@ class BarChart {
 
   /// Whether every name has room below its bars.
   bool WrapNames() {
-    double const room = widthOfCategory_ - kMargin;
+    double const room = categoryWidth_ - kMargin;
     for (std::string const& name : data_.categories) {
       names_.emplace_back(name, room, Overflow::Wrap);
-      if (names_.back().Lines() > kMostLines || names_.back().Width() > room) {
+      if (names_.back().Lines() > kMaxNameLines || names_.back().Width() > room) {
         return false;
       }
     }
@@ -168,7 +169,7 @@ class BarChart {
     double y = kMargin;
     double height = 0;
     for (render::ChartData::Series const& series : data_.series) {
-      ShapedText name(series.name, kLongestName, Overflow::Ellipsis);
+      ShapedText name(series.name, kMaxNameWidth, Overflow::Ellipsis);
       double const width = kSwatch + kMargin + name.Width();
       height = std::max(height, name.Height());
       if (x > left_ && x + width > Right()) {
@@ -182,9 +183,9 @@ class BarChart {
   }
 
   static std::optional<ShapedText> Title(std::string const& title) {
-    return title.empty()
-               ? std::nullopt
-               : std::optional<ShapedText>(std::in_place, title, kLongestTitle, Overflow::Ellipsis);
+    return title.empty() ? std::nullopt
+                         : std::optional<ShapedText>(std::in_place, title, kMaxTitleWidth,
+                                                     Overflow::Ellipsis);
   }
 
   void ShapeTitles() {
@@ -213,7 +214,7 @@ class BarChart {
     for (std::size_t i = 0; i < legend_.size(); ++i) {
       LegendEntry const& entry = legend_[i];
       canvas.Rectangle(entry.x, entry.y + (entry.name.Height() - kSwatch) / 2, kSwatch, kSwatch,
-                       ColourOf(i));
+                       SeriesColor(i));
       canvas.Text(entry.name, entry.x + kSwatch + kMargin / 2, entry.y, 0, kInk);
     }
   }
@@ -229,7 +230,7 @@ class BarChart {
 
   void DrawBars(SvgCanvas& canvas) const {
     auto const bars = static_cast<double>(data_.series.size());
-    double const width = std::min(kWidestBar, widthOfCategory_ * kBarsOfCategory / bars);
+    double const width = std::min(kMaxBarWidth, categoryWidth_ * kBarShare / bars);
     double const zero = Height(scale_.Position(0));
     for (std::size_t series = 0; series < data_.series.size(); ++series) {
       for (std::size_t category = 0; category < data_.categories.size(); ++category) {
@@ -238,9 +239,9 @@ class BarChart {
           continue;
         }
         double const length =
-            std::max(kThinnestBar, std::abs(Height(scale_.Position(value)) - zero));
+            std::max(kMinBarLength, std::abs(Height(scale_.Position(value)) - zero));
         double const x = Middle(category) + width * (static_cast<double>(series) - bars / 2);
-        canvas.Rectangle(x, value < 0 ? zero : zero - length, width, length, ColourOf(series));
+        canvas.Rectangle(x, value < 0 ? zero : zero - length, width, length, SeriesColor(series));
       }
     }
   }
@@ -266,7 +267,7 @@ class BarChart {
 
   render::ChartData const& data_;
   AxisScale scale_;
-  double widthOfCategory_;
+  double categoryWidth_;
   std::vector<ShapedText> ticks_;
   std::vector<ShapedText> names_;
   std::vector<LegendEntry> legend_;
@@ -282,7 +283,7 @@ class BarChart {
 }  // namespace
 
 std::string BarChartSvg(render::ChartData const& data) {
-  if (data.series.size() * data.categories.size() > kMostBars) {
+  if (data.series.size() * data.categories.size() > kMaxBars) {
     return {};
   }
   return BarChart(data).Draw();

@@ -45,7 +45,7 @@ cairo_status_t Append(void* svg, unsigned char const* bytes, unsigned int count)
   }
 }
 
-/// Takes the number out of the picture's own id, which counts the surfaces of the process: equal
+/// Removes the number from the picture's own id, which counts the surfaces of the process: equal
 /// pictures are equal bytes.
 void MakeRepeatable(std::string& svg) {
   static constexpr std::string_view kId = "<g id=\"surface";
@@ -56,8 +56,8 @@ void MakeRepeatable(std::string& svg) {
   }
 }
 
-void SetColour(cairo_t* context, Colour colour) {
-  cairo_set_source_rgb(context, colour.red, colour.green, colour.blue);
+void SetColor(cairo_t* context, Color color) {
+  cairo_set_source_rgb(context, color.red, color.green, color.blue);
 }
 
 }  // namespace
@@ -81,7 +81,7 @@ ShapedText::ShapedText(std::string const& text, double maxWidth, Overflow overfl
   }
   std::string const line = OneLine(text);
   pango_layout_set_text(layout_.get(), line.data(), static_cast<int>(line.size()));
-  // Lines stand in the given width as their script asks; from here on they begin where they end up.
+  // Lines are placed in the given width as their script asks; from here on they begin where they end up.
   pango_layout_set_width(layout_.get(), pango_units_from_double(std::min(maxWidth, Width())));
 }
 
@@ -111,22 +111,22 @@ SvgCanvas::SvgCanvas(double width, double height)
     : surface_(cairo_svg_surface_create_for_stream(Append, &svg_, width, height)),
       context_(cairo_create(surface_.get())) {}
 
-void SvgCanvas::Rectangle(double x, double y, double width, double height, Colour colour) {
-  SetColour(context_.get(), colour);
+void SvgCanvas::Rectangle(double x, double y, double width, double height, Color color) {
+  SetColor(context_.get(), color);
   cairo_rectangle(context_.get(), x, y, width, height);
   cairo_fill(context_.get());
 }
 
-void SvgCanvas::Line(double x1, double y1, double x2, double y2, double width, Colour colour) {
-  SetColour(context_.get(), colour);
+void SvgCanvas::Line(double x1, double y1, double x2, double y2, double width, Color color) {
+  SetColor(context_.get(), color);
   cairo_set_line_width(context_.get(), width);
   cairo_move_to(context_.get(), x1, y1);
   cairo_line_to(context_.get(), x2, y2);
   cairo_stroke(context_.get());
 }
 
-void SvgCanvas::Text(ShapedText const& text, double x, double y, double angle, Colour colour) {
-  SetColour(context_.get(), colour);
+void SvgCanvas::Text(ShapedText const& text, double x, double y, double angle, Color color) {
+  SetColor(context_.get(), color);
   cairo_save(context_.get());
   cairo_translate(context_.get(), x, y);
   cairo_rotate(context_.get(), angle);

@@ -8,12 +8,12 @@
 
 namespace lakresvos::report {
 
-struct Colour {
+struct Color {
   double red, green, blue;  ///< from 0 to 1
 };
 
 /// A text in the letters that a canvas draws, whose size is known before there is a canvas.
-/// What is not UTF-8 shows as U+FFFD, line ends and other control characters as blanks.
+/// What is not UTF-8 shows as U+FFFD, line ends and other control characters as spaces.
 class ShapedText {
  public:
   /// What happens to a text that is too wide.
@@ -47,11 +47,11 @@ class SvgCanvas {
   SvgCanvas(SvgCanvas const&) = delete;
   SvgCanvas& operator=(SvgCanvas const&) = delete;
 
-  void Rectangle(double x, double y, double width, double height, Colour colour);
-  void Line(double x1, double y1, double x2, double y2, double width, Colour colour);
+  void Rectangle(double x, double y, double width, double height, Color color);
+  void Line(double x1, double y1, double x2, double y2, double width, Color color);
 
   /// Puts the top left of a text at (x, y), turned clockwise around this point.
-  void Text(ShapedText const& text, double x, double y, double angle, Colour colour);
+  void Text(ShapedText const& text, double x, double y, double angle, Color color);
 
   /// Ends the picture and returns it.
   /// @throws std::runtime_error when it could not be drawn.

@@ -18,7 +18,7 @@ namespace {
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinite = std::numeric_limits<double>::infinity();
 
-// As the picture writes the colours of the first two series.
+// As the picture writes the colors of the first two series.
 constexpr char kBlue[] = "rgb(0%,44.705882%,69.803922%)";
 constexpr char kOrange[] = "rgb(90.196078%,62.352941%,0%)";
 
@@ -37,13 +37,13 @@ struct Picture {
     return document.child("svg").attribute(name).as_double();
   }
 
-  /// The filled rectangles in a colour, in the order in which they are drawn.
-  std::vector<Box> Boxes(std::string const& colour) const {
+  /// The filled rectangles in a color, in the order in which they are drawn.
+  std::vector<Box> Boxes(std::string const& color) const {
     std::vector<Box> boxes;
     for (pugi::xpath_node const& found : document.select_nodes("/svg/g/path")) {
       std::string const style = found.node().attribute("style").value();
       Box box{};
-      if (style.find("fill:" + colour) != std::string::npos &&
+      if (style.find("fill:" + color) != std::string::npos &&
           std::sscanf(found.node().attribute("d").value(), "M %lf %lf L %*f %*f L %lf %lf",
                       &box.left, &box.top, &box.right, &box.bottom) == 4) {
         boxes.push_back(box);
@@ -52,9 +52,9 @@ struct Picture {
     return boxes;
   }
 
-  std::vector<double> Heights(std::string const& colour = kBlue) const {
+  std::vector<double> Heights(std::string const& color = kBlue) const {
     std::vector<double> heights;
-    for (Box const& box : Boxes(colour)) {
+    for (Box const& box : Boxes(color)) {
       heights.push_back(box.Height());
     }
     return heights;
@@ -176,7 +176,7 @@ TEST(BarChart, TwoHundredCategoriesMakeItWideEnough) {
   EXPECT_LE(boxes.back().right, picture.Attribute("width"));
 }
 
-TEST(BarChart, SeriesBeyondTheColoursHaveShadesOfTheirOwn) {
+TEST(BarChart, SeriesBeyondTheColorsHaveShadesOfTheirOwn) {
   ChartData data{{"a"}, {}};
   for (int i = 0; i < 7; ++i) {
     data.series.push_back({"", {1}});
