@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <iterator>
 
+#include "Utf8.h"
+
 namespace {
 
 /// Every `step`-th character from `first` to `last` folds to the one `offset` further on.
@@ -15,7 +17,7 @@ struct Range {
   std::int32_t offset;
 };
 
-// The common and simple case foldings of Unicode 14.0.
+// The common and simple case foldings of Unicode 14.0 (CaseFolding.txt, statuses C and S).
 // clang-format off
 constexpr Range kRanges[] = {
     {0x0041, 0x005A, 1, 32}, {0x00B5, 0x00B5, 1, 775}, {0x00C0, 0x00D6, 1, 32},
@@ -98,65 +100,18 @@ char32_t Fold(char32_t character) {
   return folds ? character + static_cast<char32_t>(range->offset) : character;
 }
 
-struct Decoded {
-  char32_t character;
-  std::size_t length;  // 0 when the bytes are not well-formed
-};
-
-Decoded Decode(std::string_view text) {
-  auto const byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  unsigned char const lead = byte(0);
-  std::size_t const length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-  if (length == 1) {
-    return {lead, 1};
-  }
-  if (lead < 0xC2 || lead > 0xF4 || length > text.size()) {
-    return {0, 0};
-  }
-  char32_t character = lead & (0xFFU >> (length + 1));
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xC0) != 0x80) {
-      return {0, 0};
-    }
-    character = (character << 6) | (byte(i) & 0x3FU);
-  }
-  bool const overlong = (length == 3 && character < 0x800) || (length == 4 && character < 0x10000);
-  bool const surrogate = character >= 0xD800 && character < 0xE000;
-  return overlong || surrogate || character > 0x10FFFF ? Decoded{0, 0} : Decoded{character, length};
-}
-
-void Append(std::string& text, char32_t character) {
-  auto const put = [&](char32_t bits) { text.push_back(static_cast<char>(bits)); };
-  if (character < 0x80) {
-    put(character);
-    return;
-  }
-  if (character < 0x800) {
-    put(0xC0 | (character >> 6));
-  } else {
-    if (character < 0x10000) {
-      put(0xE0 | (character >> 12));
-    } else {
-      put(0xF0 | (character >> 18));
-      put(0x80 | ((character >> 12) & 0x3F));
-    }
-    put(0x80 | ((character >> 6) & 0x3F));
-  }
-  put(0x80 | (character & 0x3F));
-}
-
 }  // namespace
 
 std::string FoldCase(std::string_view text) {
   std::string folded;
   folded.reserve(text.size());
   while (!text.empty()) {
-    auto const [character, length] = Decode(text);
+    auto const [character, length] = utf8::DecodeFirst(text);
     if (length == 0) {
       folded.push_back(text.front());
       text.remove_prefix(1);
     } else {
-      Append(folded, Fold(character));
+      utf8::Append(folded, Fold(character));
       text.remove_prefix(length);
     }
   }

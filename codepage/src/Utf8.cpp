@@ -1,56 +1,63 @@
 #include "Utf8.h"
 
 #include <algorithm>
-#include <cstddef>
-#include <iterator>
 
 namespace utf8 {
 
 namespace {
 
-/// The characters whose first byte lies in one range. Bytes after the second are 0x80 to 0xBF.
-struct Form {
-  unsigned char firstMin;
-  unsigned char firstMax;
-  unsigned char length;
-  unsigned char secondMin;
-  unsigned char secondMax;
-};
+constexpr Character kBroken{0, 0};
 
-constexpr Form kForms[] = {
-    {0x00, 0x7F, 1, 0x00, 0x00}, {0xC2, 0xDF, 2, 0x80, 0xBF}, {0xE0, 0xE0, 3, 0xA0, 0xBF},
-    {0xE1, 0xEC, 3, 0x80, 0xBF}, {0xED, 0xED, 3, 0x80, 0x9F}, {0xEE, 0xEF, 3, 0x80, 0xBF},
-    {0xF0, 0xF0, 4, 0x90, 0xBF}, {0xF1, 0xF3, 4, 0x80, 0xBF}, {0xF4, 0xF4, 4, 0x80, 0x8F},
-};
-
-bool Within(char byte, unsigned char lowest, unsigned char highest) {
-  auto const value = static_cast<unsigned char>(byte);
-  return value >= lowest && value <= highest;
-}
-
-/// The length of the character that `text`, which is not empty, starts with; 0 when it is broken.
-std::size_t FirstLength(std::string_view text) {
-  auto const form = std::find_if(std::begin(kForms), std::end(kForms), [&](Form const& f) {
-    return Within(text[0], f.firstMin, f.firstMax);
-  });
-  if (form == std::end(kForms) || form->length > text.size()) {
-    return 0;
-  }
-  if (form->length > 1 && !Within(text[1], form->secondMin, form->secondMax)) {
-    return 0;
-  }
-  std::string_view const later = text.substr(std::min<std::size_t>(form->length, 2),
-                                             form->length > 2 ? form->length - 2U : 0U);
-  bool const whole =
-      std::all_of(later.begin(), later.end(), [](char byte) { return Within(byte, 0x80, 0xBF); });
-  return whole ? form->length : 0;
-}
+/// The smallest code that needs as many bytes: shorter ones are overlong.
+constexpr char32_t kMinCodes[] = {0, 0, 0x80, 0x800, 0x10000};
 
 }  // namespace
 
-bool IsWellFormed(std::string_view text) {
+Character DecodeFirst(std::string_view text) {
+  auto const byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  unsigned char const lead = byte(0);
+  if (lead < 0x80) {
+    return {lead, 1};
+  }
+  std::size_t const length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  if (lead < 0xC0 || lead > 0xF7 || length > text.size()) {
+    return kBroken;
+  }
+  char32_t code = lead & (0xFFU >> (length + 1));
+  for (std::size_t i = 1; i < length; ++i) {
+    if ((byte(i) & 0xC0) != 0x80) {
+      return kBroken;
+    }
+    code = (code << 6) | (byte(i) & 0x3FU);
+  }
+  bool const surrogate = code >= 0xD800 && code < 0xE000;
+  bool const wellFormed = code >= kMinCodes[length] && code <= 0x10FFFF && !surrogate;
+  return wellFormed ? Character{code, length} : kBroken;
+}
+
+void Append(std::string& text, char32_t code) {
+  auto const put = [&](char32_t bits) { text.push_back(static_cast<char>(bits)); };
+  if (code < 0x80) {
+    put(code);
+    return;
+  }
+  if (code < 0x800) {
+    put(0xC0 | (code >> 6));
+  } else {
+    if (code < 0x10000) {
+      put(0xE0 | (code >> 12));
+    } else {
+      put(0xF0 | (code >> 18));
+      put(0x80 | ((code >> 12) & 0x3F));
+    }
+    put(0x80 | ((code >> 6) & 0x3F));
+  }
+  put(0x80 | (code & 0x3F));
+}
+
+bool IsUtf8(std::string_view text) {
   while (!text.empty()) {
-    std::size_t const length = FirstLength(text);
+    std::size_t const length = DecodeFirst(text).length;
     if (length == 0) {
       return false;
     }
@@ -59,7 +66,7 @@ bool IsWellFormed(std::string_view text) {
   return true;
 }
 
-std::string WithoutTags(std::string_view text) {
+std::string RemoveTags(std::string_view text) {
   constexpr std::size_t kTagLength = 4;
   std::string rest;
   for (;;) {

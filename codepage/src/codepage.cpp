@@ -26,7 +26,7 @@ bool IsPlainName(std::string_view name) {
          std::any_of(name.begin(), name.end(), is_letter_or_digit);
 }
 
-/// For right after iconv or iconv_open failed.
+/// To be called right after iconv or iconv_open has failed.
 void ThrowIfRefusedMemory() {
   if (errno == ENOMEM) {
     throw std::bad_alloc();
@@ -56,12 +56,12 @@ std::optional<std::string> Convert(iconv_t converter, std::string const& utf8) {
 }
 
 std::optional<std::string> ConvertAll(iconv_t converter, std::string const& utf8) {
-  if (!utf8::IsWellFormed(utf8)) {
+  if (!utf8::IsUtf8(utf8)) {
     return std::nullopt;
   }
   std::optional<std::string> result = Convert(converter, utf8);
   // iconv drops tag characters without a word when the page lacks them.
-  std::string const untagged = utf8::WithoutTags(utf8);
+  std::string const untagged = utf8::RemoveTags(utf8);
   if (result && untagged.size() != utf8.size() && result == Convert(converter, untagged)) {
     return std::nullopt;
   }
