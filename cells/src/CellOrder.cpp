@@ -19,7 +19,7 @@ bool IsString(long kind) {
   return kind == OmCellText::StringCellKind || kind == OmCellText::StringCellUTF8Kind;
 }
 
-std::pair<bool, long> RankOf(OmCellText const& cell) {
+std::pair<bool, long> GetRank(OmCellText const& cell) {
   long const kind = cell.GetKind();
   return IsString(kind) ? std::pair(false, 0L) : std::pair(true, kind);
 }
@@ -27,9 +27,9 @@ std::pair<bool, long> RankOf(OmCellText const& cell) {
 }  // namespace
 
 short CompareRanks(OmCellText const& a, OmCellText const& b) {
-  auto const rankOfA = RankOf(a);
-  auto const rankOfB = RankOf(b);
-  return Sign(static_cast<int>(rankOfA > rankOfB) - static_cast<int>(rankOfA < rankOfB));
+  auto const rankA = GetRank(a);
+  auto const rankB = GetRank(b);
+  return Sign(static_cast<int>(rankA > rankB) - static_cast<int>(rankA < rankB));
 }
 
 short CompareTexts(std::string_view a, std::string_view b, bool ignoreCase) {
@@ -43,15 +43,15 @@ short CompareValues(double a, double b) {
   return Sign(static_cast<int>(a > b) - static_cast<int>(a < b));
 }
 
-WithoutDisplayModes::WithoutDisplayModes() {
+ScopedDefaultDisplay::ScopedDefaultDisplay() {
   ++comparisons;
 }
 
-WithoutDisplayModes::~WithoutDisplayModes() {
+ScopedDefaultDisplay::~ScopedDefaultDisplay() {
   --comparisons;
 }
 
-bool WithoutDisplayModes::Active() {
+bool ScopedDefaultDisplay::Active() {
   return comparisons != 0;
 }
 

@@ -15,7 +15,7 @@ short CompareRanks(OmCellText const& a, OmCellText const& b);
 /// `other`, when both cells are of the same rank and that is the rank of a kind of this library,
 /// whose cells compare by more than their texts. Otherwise null.
 template <class Class>
-Class const* Peer(OmCellText const& cell, OmCellText const& other) {
+Class const* FindPeer(OmCellText const& cell, OmCellText const& other) {
   long const kind = cell.GetKind();
   bool const own = kind >= OmCellText::StringCellKind && kind <= OmCellText::CompositeKind;
   return own && CompareRanks(cell, other) == 0 ? dynamic_cast<Class const*>(&other) : nullptr;
@@ -30,12 +30,12 @@ short CompareValues(double a, double b);
 /// While one exists, the cells that this thread renders take no notice of their display modes: the
 /// order of a composite, or of a kind made elsewhere, goes by GetText() and must not change with
 /// the mode.
-class WithoutDisplayModes {
+class ScopedDefaultDisplay {
  public:
-  WithoutDisplayModes();
-  ~WithoutDisplayModes();
-  WithoutDisplayModes(WithoutDisplayModes const&) = delete;
-  WithoutDisplayModes& operator=(WithoutDisplayModes const&) = delete;
+  ScopedDefaultDisplay();
+  ~ScopedDefaultDisplay();
+  ScopedDefaultDisplay(ScopedDefaultDisplay const&) = delete;
+  ScopedDefaultDisplay& operator=(ScopedDefaultDisplay const&) = delete;
 
   static bool Active();
 };

@@ -22,20 +22,20 @@ using Leaf = std::array<std::atomic<std::uint64_t>, kWordsPerLeaf>;
 // Leaves are never deleted: cells may be made and deleted until the process ends.
 constinit std::array<std::atomic<Leaf*>, kChunks / kChunksPerLeaf> leaves{};
 
-unsigned long NumberOf(void const* address) {
+unsigned long FindChunk(void const* address) {
   return reinterpret_cast<std::uintptr_t>(address) / kChunkSize;
 }
 
-std::atomic<Leaf*>& SlotOf(unsigned long chunk) {
+std::atomic<Leaf*>& FindSlot(unsigned long chunk) {
   return leaves[chunk / kChunksPerLeaf];
 }
 
-/// Bits need no order of their own: who knows an address in a chunk knows that it was entered.
-std::atomic<std::uint64_t>& WordOf(Leaf& leaf, unsigned long chunk) {
+/// Bits need no order of their own: whoever knows an address in a chunk knows that it was entered.
+std::atomic<std::uint64_t>& FindWord(Leaf& leaf, unsigned long chunk) {
   return leaf[chunk % kChunksPerLeaf / kChunksPerWord];
 }
 
-std::uint64_t BitOf(unsigned long chunk) {
+std::uint64_t GetBit(unsigned long chunk) {
   return std::uint64_t{1} << chunk % kChunksPerWord;
 }
 
@@ -52,37 +52,37 @@ void MakeLeaf(std::atomic<Leaf*>& slot) {
 }  // namespace
 
 void Add(void const* start, unsigned long size) {
-  unsigned long const first = NumberOf(start);
+  unsigned long const first = FindChunk(start);
   unsigned long const end = first + (size + kChunkSize - 1) / kChunkSize;
   if (end > kChunks) {
     throw std::bad_alloc();
   }
   for (unsigned long chunk = first; chunk < end; ++chunk) {
-    MakeLeaf(SlotOf(chunk));
+    MakeLeaf(FindSlot(chunk));
   }
   for (unsigned long chunk = first; chunk < end; ++chunk) {
-    WordOf(*SlotOf(chunk).load(std::memory_order_acquire), chunk)
-        .fetch_or(BitOf(chunk), std::memory_order_relaxed);
+    FindWord(*FindSlot(chunk).load(std::memory_order_acquire), chunk)
+        .fetch_or(GetBit(chunk), std::memory_order_relaxed);
   }
 }
 
 void Remove(void const* start, unsigned long size) {
-  unsigned long const first = NumberOf(start);
+  unsigned long const first = FindChunk(start);
   unsigned long const end = first + (size + kChunkSize - 1) / kChunkSize;
   for (unsigned long chunk = first; chunk < end; ++chunk) {
-    WordOf(*SlotOf(chunk).load(std::memory_order_acquire), chunk)
-        .fetch_and(~BitOf(chunk), std::memory_order_relaxed);
+    FindWord(*FindSlot(chunk).load(std::memory_order_acquire), chunk)
+        .fetch_and(~GetBit(chunk), std::memory_order_relaxed);
   }
 }
 
 bool Has(void const* address) {
-  unsigned long const chunk = NumberOf(address);
+  unsigned long const chunk = FindChunk(address);
   if (chunk >= kChunks) {
     return false;
   }
-  Leaf* const leaf = SlotOf(chunk).load(std::memory_order_acquire);
+  Leaf* const leaf = FindSlot(chunk).load(std::memory_order_acquire);
   return leaf != nullptr &&
-         (WordOf(*leaf, chunk).load(std::memory_order_relaxed) & BitOf(chunk)) != 0;
+         (FindWord(*leaf, chunk).load(std::memory_order_relaxed) & GetBit(chunk)) != 0;
 }
 
 }  // namespace chunk_map

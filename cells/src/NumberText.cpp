@@ -11,26 +11,26 @@ namespace {
 
 __extension__ using Wide = unsigned __int128;
 
-constexpr int kMostDecimals = 1074;       // the smallest double is 2^-1074
+constexpr int kMaxDecimals = 1074;        // the smallest double is 2^-1074
 constexpr int kSignDigitsAndPoint = 311;  // -, 309 digits, and the point
 
-constexpr double kLeastPlain = 1e-5;
-constexpr double kMostPlain = 1e15;
+constexpr double kMinPlain = 1e-5;
+constexpr double kMaxPlain = 1e15;
 
 constexpr std::array<std::uint64_t, 7> kPowersOfTen = {1, 10, 100, 1000, 10000, 100000, 1000000};
 constexpr int kMantissaBits = 52;
 constexpr std::uint64_t kHiddenBit = std::uint64_t{1} << kMantissaBits;
 constexpr int kUnitExponent = 1075;  // of a double whose mantissa counts units
-constexpr int kMostFraction = 64;    // bits behind the point
+constexpr int kMaxFraction = 64;     // bits after the point
 
-/// Writes what std::to_chars() writes with fixed decimals, in a quarter of the time, for the numbers
-/// that tables are full of; null for others. A double is a whole number over a power of two, so its
-/// digits come exactly from whole numbers, halves going to the even neighbour.
+/// Writes what std::to_chars() writes with fixed decimals, in a quarter of the time, for the
+/// numbers that tables are full of; null for others. A double is a whole number over a power of
+/// two, so its digits come exactly from whole numbers, halves going to the even neighbour.
 char* WriteFixed(char* out, double value, int decimals) {
   std::uint64_t bits = 0;
   std::memcpy(&bits, &value, sizeof bits);
   int const fraction = kUnitExponent - static_cast<int>(bits >> kMantissaBits & 0x7FF);
-  if (fraction <= 0 || fraction > kMostFraction ||
+  if (fraction <= 0 || fraction > kMaxFraction ||
       decimals >= static_cast<int>(kPowersOfTen.size())) {
     return nullptr;
   }
@@ -60,7 +60,7 @@ char* WriteFixed(char* out, double value, int decimals) {
 /// Writes the fewest digits that read back to the same value.
 char* WriteShortest(char* first, char* last, double value) {
   double const size = std::abs(value);
-  bool const plain = size == 0 || (size >= kLeastPlain && size <= kMostPlain);
+  bool const plain = size == 0 || (size >= kMinPlain && size <= kMaxPlain);
   return std::to_chars(first, last, value,
                        plain ? std::chars_format::fixed : std::chars_format::scientific)
       .ptr;
@@ -72,13 +72,13 @@ std::string NumberText(double value, int decimals) {
   if (std::isnan(value)) {
     return ".";
   }
-  std::array<char, kSignDigitsAndPoint + kMostDecimals> text;
+  std::array<char, kSignDigitsAndPoint + kMaxDecimals> text;
   char* const first = text.data();
   char* const last = first + text.size();
   char* end = decimals < 0 ? WriteShortest(first, last, value) : WriteFixed(first, value, decimals);
   if (end == nullptr) {
     end = std::to_chars(first, last, value, std::chars_format::fixed,
-                        std::min(decimals, kMostDecimals))
+                        std::min(decimals, kMaxDecimals))
               .ptr;
   }
   return {first, end};

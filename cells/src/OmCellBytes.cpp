@@ -8,7 +8,7 @@
 
 namespace {
 
-OmTextPool::Entry* EntryOf(void* storage) {
+OmTextPool::Entry* GetEntry(void* storage) {
   return static_cast<OmTextPool::Entry*>(storage);
 }
 
@@ -24,19 +24,19 @@ OmCellBytes::OmCellBytes(std::string_view text, OmMemoryRegion* region)
 
 OmCellBytes::~OmCellBytes() {
   if (IsBound()) {
-    EntryOf(storage_)->Release();
+    GetEntry(storage_)->Release();
   } else {
     OmMemoryRegion::Release(storage_);
   }
 }
 
 std::string_view OmCellBytes::View() const {
-  return IsBound() ? EntryOf(storage_)->View()
+  return IsBound() ? GetEntry(storage_)->View()
                    : std::string_view(static_cast<char const*>(storage_), extent_ >> 1);
 }
 
 icuTracker* OmCellBytes::Tracker() const {
-  return IsBound() ? EntryOf(storage_)->Tracker() : nullptr;
+  return IsBound() ? GetEntry(storage_)->Tracker() : nullptr;
 }
 
 bool OmCellBytes::IsBoundTo(icuTracker const* tracker) const {

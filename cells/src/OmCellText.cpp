@@ -65,8 +65,8 @@ bool OmCellText::hasContext() const {
 }
 
 OmLabelDisplay OmCellText::ContextDisplay() const {
-  return hasContext() && !cell_order::WithoutDisplayModes::Active() ? *extras_->context
-                                                                    : OmLabelDisplay::Label;
+  return hasContext() && !cell_order::ScopedDefaultDisplay::Active() ? *extras_->context
+                                                                     : OmLabelDisplay::Label;
 }
 
 void OmCellText::ContextDisplay(OmLabelDisplay display) {
@@ -82,7 +82,7 @@ short OmCellText::CompareTexts(OmCellText const& other, bool ignoreCase) const {
   if (short const order = cell_order::CompareRanks(*this, other)) {
     return order;
   }
-  cell_order::WithoutDisplayModes const scope;
+  cell_order::ScopedDefaultDisplay const scope;
   return cell_order::CompareTexts(GetText(), other.GetText(), ignoreCase);
 }
 

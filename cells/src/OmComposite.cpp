@@ -47,7 +47,7 @@ void DeleteCells(PartTree::Element& root) {
   }
 }
 
-/// A mark in a pattern: where it stands, and the part that it names.
+/// A mark in a pattern: where it is, and the part that it names.
 struct Mark {
   std::size_t begin;
   std::size_t end;
@@ -74,11 +74,11 @@ std::optional<Mark> FindMark(std::string_view pattern, std::size_t from,
 
 OmComposite::OmComposite(std::string const& pattern) : pattern_(pattern, Home()), parts_(Home()) {}
 
-OmComposite::OmComposite(OmComposite const& other, OmMemoryRegion* region, WithoutParts)
+OmComposite::OmComposite(OmComposite const& other, OmMemoryRegion* region, NoParts)
     : OmCellText(other), pattern_(other.pattern_.View(), Home(region)), parts_(Home(region)) {}
 
 OmComposite::OmComposite(OmComposite const& other, OmMemoryRegion* region)
-    : OmComposite(other, region, WithoutParts{}) {
+    : OmComposite(other, region, NoParts{}) {
   CloneParts(other, parts_.children.region);
 }
 
@@ -97,7 +97,7 @@ void OmComposite::CloneParts(OmComposite const& other, OmMemoryRegion* region) {
     auto const [source, copy] = pending.back();
     pending.pop_back();
     if (OmComposite const* inner = PlainComposite(source.Value())) {
-      auto* const shell = new (region) OmComposite(*inner, region, WithoutParts{});
+      auto* const shell = new (region) OmComposite(*inner, region, NoParts{});
       copy.Value() = shell;
       pending.emplace_back(inner->parts_.Root(), shell->parts_.Root());
     } else if (source.Value() != nullptr) {
@@ -110,8 +110,8 @@ void OmComposite::CloneParts(OmComposite const& other, OmMemoryRegion* region) {
   }
 }
 
-template <class Take>
-void OmComposite::EachPiece(Take take) const {
+template <class Visit>
+void OmComposite::VisitPieces(Visit visit) const {
   struct Frame {
     OmComposite const* composite;
     std::size_t position;
@@ -121,7 +121,7 @@ void OmComposite::EachPiece(Take take) const {
     auto& [composite, position] = open.back();
     std::string_view const pattern = composite->pattern_.View();
     auto const mark = FindMark(pattern, position, composite->parts_.Root());
-    if (!take(pattern.substr(position, mark ? mark->begin - position : std::string_view::npos))) {
+    if (!visit(pattern.substr(position, mark ? mark->begin - position : std::string_view::npos))) {
       return;
     }
     if (!mark) {
@@ -131,7 +131,7 @@ void OmComposite::EachPiece(Take take) const {
     position = mark->end;
     if (OmComposite const* inner = PlainComposite(&mark->part)) {
       open.push_back({inner, 0});
-    } else if (!take(mark->part.GetText())) {
+    } else if (!visit(mark->part.GetText())) {
       return;
     }
   }
@@ -139,7 +139,7 @@ void OmComposite::EachPiece(Take take) const {
 
 std::string OmComposite::GetText() const {
   std::string text;
-  EachPiece([&text](std::string_view piece) {
+  VisitPieces([&text](std::string_view piece) {
     text.append(piece);
     return true;
   });
@@ -148,7 +148,7 @@ std::string OmComposite::GetText() const {
 
 std::size_t OmComposite::TextCost(std::size_t limit) const {
   std::size_t cost = 0;
-  EachPiece([&cost, limit](std::string_view piece) {
+  VisitPieces([&cost, limit](std::string_view piece) {
     cost += piece.size() + 1;
     return cost <= limit;
   });

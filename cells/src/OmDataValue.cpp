@@ -20,7 +20,7 @@ long OmNumDataValue::GetKind() const {
 }
 
 short OmNumDataValue::Compare(OmCellText const& other, bool ignoreCase) const {
-  auto const* const value = cell_order::Peer<OmNumDataValue>(*this, other);
+  auto const* const value = cell_order::FindPeer<OmNumDataValue>(*this, other);
   if (value == nullptr) {
     return CompareTexts(other, ignoreCase);
   }

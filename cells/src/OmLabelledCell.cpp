@@ -36,7 +36,7 @@ std::string OmLabelledCell::Label() const {
 }
 
 OmLabelDisplay OmLabelledCell::Display() const {
-  return hasDisplay_ && !cell_order::WithoutDisplayModes::Active() ? display_ : ContextDisplay();
+  return hasDisplay_ && !cell_order::ScopedDefaultDisplay::Active() ? display_ : ContextDisplay();
 }
 
 short OmLabelledCell::CompareLabels(OmLabelledCell const& other, bool ignoreCase) const {
@@ -52,7 +52,7 @@ OmLabelledText::OmLabelledText(OmLabelledText const& other, OmMemoryRegion* regi
 OmLabelledText::~OmLabelledText() = default;
 
 short OmLabelledText::Compare(OmCellText const& other, bool ignoreCase) const {
-  auto const* const text = cell_order::Peer<OmLabelledText>(*this, other);
+  auto const* const text = cell_order::FindPeer<OmLabelledText>(*this, other);
   if (text == nullptr) {
     return CompareTexts(other, ignoreCase);
   }

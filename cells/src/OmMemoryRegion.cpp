@@ -9,20 +9,38 @@
 #include "ChunkMap.h"
 #include "Poison.h"
 
+// Why a region is built as it is. Tables hold millions of small cells and texts, made one by one
+// and mostly released all at once, and whoever releases one knows its address and nothing else. So
+//
+// 1. Blocks have no headers. Memory comes in chunks whose addresses are multiples of their size: the
+//    upper bits of an address lead to the chunk's header, which names the owner and, for each page
+//    of the chunk, the size of the blocks on it.
+// 2. Each rounded size has a bin of its own, fed by runs of pages: getting a block is a step forward
+//    in a run, or the head of the list of released ones. What is made in a row lies in a row, and
+//    runs grow with the demand, so that a size that is seldom asked for takes little.
+// 3. Large blocks lie alone, each after a header of its own, and go back to the system at once: if
+//    they were kept they would seldom fit again.
+// 4. The end of a region looks at chunks, not at blocks. Chunks come in spans that grow with the
+//    region, up to a megabyte, so that the system is asked less often.
+// 5. Cells ask for the region that they lie in, and may lie on the stack. Nothing near an arbitrary
+//    address tells, so a map of all chunks says which addresses may be masked at all.
+// 6. Only a shared region locks. The address sanitizer must be told of each block, so its builds do
+//    without the inline path.
+
 namespace {
 
 using chunk_map::kChunkSize;
 constexpr unsigned long kPageSize = 1UL << 10;
 constexpr unsigned long kPages = kChunkSize / kPageSize;
-constexpr unsigned long kLargestShared = kChunkSize / 4;
-constexpr unsigned long kLargestBlock = 1UL << 40;
-constexpr unsigned long kLongestRun = 16;
-constexpr unsigned long kLongestSpan = 16;
+constexpr unsigned long kMaxShared = kChunkSize / 4;
+constexpr unsigned long kMaxBlock = 1UL << 40;
+constexpr unsigned long kMaxRunPages = 16;
+constexpr unsigned long kMaxSpanChunks = 16;
 constexpr unsigned char kAlone = 0xFF;
 constexpr std::align_val_t kChunkAlignment{kChunkSize};
 
 /// Sizes up to 256 in steps of 16, above it four steps per doubling.
-unsigned int BinOf(unsigned long size) {
+unsigned int FindBin(unsigned long size) {
   unsigned long const last = size - 1;
   if (last < 256) {
     return static_cast<unsigned int>(last / 16);
@@ -31,7 +49,7 @@ unsigned int BinOf(unsigned long size) {
   return 16 + (top - 8) * 4 + static_cast<unsigned int>((last >> (top - 2)) & 3);
 }
 
-unsigned long SizeOf(unsigned int bin) {
+unsigned long GetBlockSize(unsigned int bin) {
   return bin < 16 ? (bin + 1) * 16UL : (5UL + (bin & 3)) << (6 + (bin - 16) / 4);
 }
 
@@ -58,7 +76,7 @@ void GiveBack(void* memory, unsigned long size, unsigned long mapped) {
 }
 
 /// The shortest run of at least `pages` pages that wastes no more than an eighth of itself.
-unsigned long RunLength(unsigned long pages, unsigned long blockSize) {
+unsigned long FindRunLength(unsigned long pages, unsigned long blockSize) {
   while (pages * kPageSize % blockSize * 8 > pages * kPageSize) {
     ++pages;
   }
@@ -67,8 +85,8 @@ unsigned long RunLength(unsigned long pages, unsigned long blockSize) {
 
 }  // namespace
 
-/// Stands at the start of every chunk, and before every block that stands alone. Both are aligned
-/// to the chunk size, so that masking a block's address finds it.
+/// The header at the start of every chunk, and of every block that lies alone. Both are aligned to
+/// the chunk size, so that masking a block's address finds it.
 struct OmMemoryRegion::Chunk {
   OmMemoryRegion* owner;
   Chunk* next;  // the next span or lone block; null in the later chunks of a span
@@ -76,11 +94,11 @@ struct OmMemoryRegion::Chunk {
   unsigned long size;  // of the span or, with this header, of the lone block
   unsigned char binOfPage[kPages];
 
-  static Chunk* Of(void const* block) {
+  static Chunk* Find(void const* block) {
     return reinterpret_cast<Chunk*>(reinterpret_cast<std::uintptr_t>(block) & ~(kChunkSize - 1));
   }
 
-  unsigned int BinOf(void const* block) const {
+  unsigned int GetBin(void const* block) const {
     return binOfPage[(reinterpret_cast<std::uintptr_t>(block) & (kChunkSize - 1)) / kPageSize];
   }
 
@@ -97,7 +115,7 @@ struct OmMemoryRegion::Chunk {
   bool IsAlone() const { return binOfPage[0] == kAlone; }
   unsigned long AloneSize() const { return size - sizeof(Chunk); }
   unsigned long BlockSize(void const* block) const {
-    return IsAlone() ? AloneSize() : SizeOf(BinOf(block));
+    return IsAlone() ? AloneSize() : GetBlockSize(GetBin(block));
   }
 };
 
@@ -120,18 +138,18 @@ void* OmMemoryRegion::AllocateSlow(unsigned long size) {
   if (AllocationProbe const probe = probe_.load(std::memory_order_relaxed)) {
     probe(size);
   }
-  if (size > kLargestShared) {
+  if (size > kMaxShared) {
     return AllocateAlone(size);
   }
-  unsigned int const index = BinOf(std::max(size, 1UL));
-  unsigned long const blockSize = SizeOf(index);
+  unsigned int const index = FindBin(std::max(size, 1UL));
+  unsigned long const blockSize = GetBlockSize(index);
   auto const lock = Lock();
   Bin& bin = bins_[index];
   poison::Permit(bin.released, bin.released != nullptr ? sizeof(void*) : 0);
-  void* block = bin.Take(blockSize);
+  void* block = bin.Pop(blockSize);
   if (block == nullptr) {
     StartRun(bin, index);
-    block = bin.Take(blockSize);
+    block = bin.Pop(blockSize);
   }
   bytesInUse_ += blockSize;
   poison::Forbid(block, blockSize);
@@ -140,26 +158,26 @@ void* OmMemoryRegion::AllocateSlow(unsigned long size) {
 }
 
 void OmMemoryRegion::StartRun(Bin& bin, unsigned int index) {
-  unsigned long const blockSize = SizeOf(index);
+  unsigned long const blockSize = GetBlockSize(index);
   if (static_cast<unsigned long>(chunkEnd_ - page_) < blockSize) {
     StartChunk();
   }
-  Chunk* const chunk = Chunk::Of(page_);
+  Chunk* const chunk = Chunk::Find(page_);
   auto* const base = reinterpret_cast<char*>(chunk);
   auto const start = static_cast<unsigned long>(page_ - base);
-  unsigned long const wanted = RunLength(bin.runPages, blockSize) * kPageSize;
+  unsigned long const wanted = FindRunLength(bin.runPages, blockSize) * kPageSize;
   unsigned long const end = std::min(RoundUp(start + wanted, kPageSize), kChunkSize);
   std::fill(chunk->binOfPage + start / kPageSize, chunk->binOfPage + end / kPageSize,
             static_cast<unsigned char>(index));
   bin.fresh = page_;
   bin.freshEnd = page_ + (end - start) / blockSize * blockSize;
-  bin.runPages = std::min(bin.runPages * 2, kLongestRun);
+  bin.runPages = std::min(bin.runPages * 2, kMaxRunPages);
   page_ = base + end;
 }
 
 void OmMemoryRegion::StartChunk() {
   if (chunkEnd_ == spanEnd_) {
-    unsigned long const count = std::clamp(bytesReserved_ / kChunkSize / 4, 1UL, kLongestSpan);
+    unsigned long const count = std::clamp(bytesReserved_ / kChunkSize / 4, 1UL, kMaxSpanChunks);
     unsigned long const size = count * kChunkSize;
     void* const memory = Acquire(size, size);
     spans_ = ::new (memory) Chunk{this, spans_, nullptr, size, {}};
@@ -175,7 +193,7 @@ void OmMemoryRegion::StartChunk() {
 }
 
 void* OmMemoryRegion::AllocateAlone(unsigned long size) {
-  if (size > kLargestBlock) {
+  if (size > kMaxBlock) {
     throw std::bad_alloc();
   }
   unsigned long const blockSize = RoundUp(size, kGrain);
@@ -199,7 +217,7 @@ void OmMemoryRegion::Release(void* block) {
   if (block == nullptr) {
     return;
   }
-  Chunk* const chunk = Chunk::Of(block);
+  Chunk* const chunk = Chunk::Find(block);
   OmMemoryRegion& owner = *chunk->owner;
   if (!owner.working_.load(std::memory_order_relaxed)) {
     if constexpr (poison::kActive) {
@@ -212,14 +230,14 @@ void OmMemoryRegion::Release(void* block) {
     owner.ReleaseAlone(chunk);
     return;
   }
-  unsigned int const index = chunk->BinOf(block);
+  unsigned int const index = chunk->GetBin(block);
   auto const lock = owner.Lock();
   poison::Permit(block, sizeof(void*));
   Bin& bin = owner.bins_[index];
   *static_cast<void**>(block) = bin.released;
   bin.released = block;
   poison::Forbid(block, sizeof(void*));
-  owner.bytesInUse_ -= SizeOf(index);
+  owner.bytesInUse_ -= GetBlockSize(index);
 }
 
 void OmMemoryRegion::ReleaseAlone(Chunk* chunk) {
@@ -236,11 +254,11 @@ void OmMemoryRegion::ReleaseAlone(Chunk* chunk) {
 }
 
 OmMemoryRegion* OmMemoryRegion::OwnerOf(void const* block) {
-  return Chunk::Of(block)->owner;
+  return Chunk::Find(block)->owner;
 }
 
 OmMemoryRegion* OmMemoryRegion::Holder(void const* address) {
-  return chunk_map::Has(address) ? Chunk::Of(address)->owner : nullptr;
+  return chunk_map::Has(address) ? Chunk::Find(address)->owner : nullptr;
 }
 
 OmMemoryRegion* OmMemoryRegion::DefaultHeap() {

@@ -22,7 +22,7 @@ long OmNumber::GetKind() const {
 }
 
 short OmNumber::Compare(OmCellText const& other, bool ignoreCase) const {
-  auto const* const number = cell_order::Peer<OmNumber>(*this, other);
+  auto const* const number = cell_order::FindPeer<OmNumber>(*this, other);
   if (number == nullptr) {
     return CompareTexts(other, ignoreCase);
   }

@@ -17,31 +17,37 @@ class icuTracker;
 /// The bytes are kept as they are, whatever they are. An empty text of its own takes no storage.
 /// A moved-from object holds the empty text.
 ///
-/// Thread safety: none; see OmCellText and icuTracker.
+/// Thread safety: none; one thread at a time uses an object, its region and its tracker.
 class CELLS_EXPORT OmCellBytes {
  public:
-  /// Copies `text` into `region`; null means the default heap.
+  /// Copies `text` into `region`; null means the default heap. The region is not owned.
   /// @throws std::bad_alloc.
   OmCellBytes(std::string_view text, OmMemoryRegion* region);
 
+  /// Takes the storage of `other`, which is left with the empty text. Constant time.
   OmCellBytes(OmCellBytes&& other) noexcept
       : storage_(std::exchange(other.storage_, nullptr)),
         extent_(std::exchange(other.extent_, 0)) {}
+
+  /// Exchanges the storage with that of `other`. Constant time.
   OmCellBytes& operator=(OmCellBytes&& other) noexcept {
     std::swap(storage_, other.storage_);
     std::swap(extent_, other.extent_);
     return *this;
   }
+
+  /// Gives the bytes back to their region, or the share back to the tracker's copy.
   ~OmCellBytes();
 
-  /// The bytes. Valid until this object changes or goes.
+  /// The bytes. Valid until this object is changed or destroyed. Constant time.
   std::string_view View() const;
 
   /// A copy of the bytes.
+  /// @throws std::bad_alloc.
   std::string Text() const { return std::string(View()); }
 
-  /// The tracker that the text is bound to; null when it has bytes of its own or the tracker is
-  /// gone.
+  /// The tracker that the text is bound to, which is not owned; null when the text has bytes of its
+  /// own or the tracker is gone.
   icuTracker* Tracker() const;
 
   /// Whether the text is bound to `tracker`; for null, whether it has bytes of its own.

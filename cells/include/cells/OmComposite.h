@@ -18,14 +18,15 @@
 ///
 /// Compare() orders composites by their texts, as they are when no part has a display mode.
 ///
-/// Thread safety: see OmCellText.
+/// Thread safety: as OmCellText.
 class CELLS_EXPORT OmComposite : public OmCellText {
  public:
-  /// Makes a composite without parts.
+  /// Makes a composite without parts; any text is a pattern.
   /// @throws std::bad_alloc.
   explicit OmComposite(std::string const& pattern);
 
-  /// Deletes all parts.
+  /// Deletes all parts, at whatever depth, without memory of its own. Time in proportion to their
+  /// number.
   ~OmComposite() override;
 
   OmCellText* Clone(OmMemoryRegion* region) const override;
@@ -39,24 +40,28 @@ class CELLS_EXPORT OmComposite : public OmCellText {
   icuTracker* GetTracker() const override;
 
   /// How much making the text takes: its bytes and one for each piece that it is put together of,
-  /// so that pieces without a text count too. Nested patterns can ask for more than there is memory
-  /// for in few bytes.
-  /// @param limit where to stop counting: what is more is cut to little more than that.
+  /// so that pieces without a text count too. Few bytes of nested patterns can ask for more text
+  /// than there is memory for; a caller that reads patterns from outside checks this before
+  /// GetText().
+  /// @param limit where to stop counting: of a higher cost, only that it is above this is told.
   /// @throws std::bad_alloc.
   std::size_t TextCost(std::size_t limit) const;
 
-  /// The pattern.
+  /// A copy of the pattern.
+  /// @throws std::bad_alloc.
   std::string Pattern() const { return pattern_.Text(); }
 
   /// The parts: the children of the root, whose own value is null. Nodes below them take no part in
-  /// the text. The composite owns every cell in the tree: a cell that is put there must have been
-  /// made by `new` or Clone(), and is deleted and cloned with the composite. Null values are
-  /// allowed.
+  /// the text. The composite owns every cell in the tree, and clones and deletes it with itself. Null
+  /// values are allowed. Valid until the end of the composite.
+  /// Requires: a cell that is put there was made by `new` or Clone(), and nobody else owns it.
   OmVectorTree<OmCellText*>& Parts() { return parts_; }
+
+  /// The same, for reading.
   OmVectorTree<OmCellText*> const& Parts() const { return parts_; }
 
-  /// Appends a copy of `part`, made in the region that the composite lies in, or else on the default
-  /// heap.
+  /// Appends a copy of `part`, made in the region that the composite lies in, or else on the
+  /// default heap.
   /// @throws std::bad_alloc; nothing has changed then.
   void AddPart(OmCellText const& part);
 
@@ -67,15 +72,15 @@ class CELLS_EXPORT OmComposite : public OmCellText {
  private:
   using PartTree = OmVectorTree<OmCellText*>;
 
-  enum class WithoutParts {};
+  enum class NoParts {};
 
-  OmComposite(OmComposite const& other, OmMemoryRegion* region, WithoutParts);
+  OmComposite(OmComposite const& other, OmMemoryRegion* region, NoParts);
 
   void CloneParts(OmComposite const& other, OmMemoryRegion* region);
 
-  /// Hands the pieces of the text over one by one until `take` has enough and gives false.
-  template <class Take>
-  void EachPiece(Take take) const;
+  /// Calls `visit` with each piece of the text in turn, until it returns false.
+  template <class Visit>
+  void VisitPieces(Visit visit) const;
 
   OmCellBytes pattern_;
   PartTree parts_;

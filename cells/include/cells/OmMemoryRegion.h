@@ -11,18 +11,21 @@
 /// Blocks of up to a quarter of a chunk (16 KiB) carry no header of their own. A block costs its
 /// size rounded up to a multiple of 16 (up to 256 bytes) or to a quarter of a power of two (above);
 /// blocks of one size lie next to each other in the order of allocation. Released blocks are handed
-/// out again for requests of the same rounded size. Larger blocks stand alone, in at least a chunk of
-/// address space each, and go back to the system as soon as they are released. Everything else goes back with the region, in time
-/// proportional to the number of 64 KiB chunks.
+/// out again for requests of the same rounded size. A larger block lies alone, in at least a chunk
+/// of address space, and goes back to the system as soon as it is released. Everything else goes
+/// back with the region, in time proportional to the number of 64 KiB chunks.
+///
+/// What it does not do: it runs no destructors, it does not move or merge blocks, and it returns no
+/// chunk of small blocks before its end.
 ///
 /// A record that derives from OmMemoryRegion is itself the arena of everything allocated for it.
 /// The destructor is not virtual: delete such a record through its own type.
 ///
-/// Thread safety: a shared region may be used from several threads at once. Any other region
-/// belongs to one thread at a time, and so do the blocks that are allocated from it.
+/// Thread safety: full for a shared region; none for any other, which one thread at a time uses,
+/// and the blocks of it as well.
 class CELLS_EXPORT OmMemoryRegion {
  public:
-  /// Called with the size of a request before the request is served.
+  /// Called with the size of a request, in bytes, before the request is served.
   using AllocationProbe = void (*)(unsigned long size);
 
   /// Makes an empty region; memory is taken from the system with the first block.
@@ -33,16 +36,18 @@ class CELLS_EXPORT OmMemoryRegion {
   OmMemoryRegion& operator=(OmMemoryRegion const&) = delete;
 
   /// Gives all memory back, released or not. Objects in it are not destroyed.
+  /// Requires: nobody uses the region or a block of it any more.
   ~OmMemoryRegion();
 
-  /// A block of at least `size` bytes, aligned to 16 bytes; never null. Size 0 counts as 1.
-  /// The caller releases it, or leaves it to the region's destructor. Amortized constant time.
+  /// A block of at least `size` bytes, aligned to 16 bytes; never null. Size 0 counts as 1. The
+  /// content is undefined. The caller releases the block, or leaves it to the region's destructor,
+  /// until which it is valid. Amortized constant time.
   /// @throws std::bad_alloc when the system refuses, or when `size` is beyond any machine (a
   ///         terabyte); the region is then unchanged.
   void* Allocate(unsigned long size) {
     unsigned long const index = (size - 1) / kGrain;
     if (index < kQuickBins && quick_ && probe_.load(std::memory_order_relaxed) == nullptr) {
-      if (void* block = bins_[index].Take((index + 1) * kGrain)) {
+      if (void* block = bins_[index].Pop((index + 1) * kGrain)) {
         bytesInUse_ += (index + 1) * kGrain;
         return block;
       }
@@ -54,28 +59,31 @@ class CELLS_EXPORT OmMemoryRegion {
   /// Requires: `block` came from Allocate() of a region that still exists, and was not released.
   static void Release(void* block);
 
-  /// The region that `block` came from. Requires: as Release(), and `block` is not null.
+  /// The region that `block` came from; never null. Constant time.
+  /// Requires: as Release(), and `block` is not null.
   static OmMemoryRegion* OwnerOf(void const* block);
 
-  /// The region whose memory `address` lies in; null when it lies in none, as on the stack, or more
-  /// than 64 KiB into a block that stands alone. Constant time.
+  /// The region whose memory `address`, which may be any, lies in; null when it lies in none, as on
+  /// the stack, or more than 64 KiB into a block that lies alone. Constant time.
   static OmMemoryRegion* Holder(void const* address);
 
   /// The region that serves wherever a null region is given. Shared; exists until the process ends.
   static OmMemoryRegion* DefaultHeap();
 
   /// Switches the return of single blocks off or on again. While off, Release() of this region's
-  /// blocks does nothing: a region that is about to be destroyed need not look at each block.
+  /// blocks does nothing: a region that is about to be destroyed need not look at each block. On at
+  /// first.
   void WorkingRelease(bool on);
 
   /// The rounded sizes, in bytes, of all blocks that were handed out and not taken back.
   unsigned long BytesInUse() const;
 
-  /// The bytes that the region holds from the system.
+  /// The bytes that the region holds from the system, in use or not.
   unsigned long BytesReserved() const;
 
   /// Sets a function that is called before every request to every region; null removes it. It may
-  /// throw std::bad_alloc to refuse the request, which lets a test see every allocation fail.
+  /// throw std::bad_alloc to refuse the request, which lets a test see every allocation fail. One
+  /// function serves the whole process; the fast path is off while there is one.
   static void setAllocationProbe(AllocationProbe probe);
 
  private:
@@ -92,7 +100,7 @@ class CELLS_EXPORT OmMemoryRegion {
     char* freshEnd = nullptr;
     unsigned long runPages = 1;
 
-    void* Take(unsigned long blockSize) {
+    void* Pop(unsigned long blockSize) {
       void* block = released;
       if (block != nullptr) {
         released = *static_cast<void**>(block);

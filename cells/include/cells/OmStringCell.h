@@ -7,8 +7,9 @@
 #include <cells/OmCellText.h>
 
 /// What the two kinds of plain texts have in common: one text, kept as the bytes that were given.
+/// Compare() orders both kinds as one, by these bytes.
 ///
-/// Thread safety: see OmCellText.
+/// Thread safety: as OmCellText.
 class CELLS_EXPORT OmPlainText : public OmCellText {
  public:
   ~OmPlainText() override;
@@ -19,16 +20,21 @@ class CELLS_EXPORT OmPlainText : public OmCellText {
   icuTracker* GetTracker() const override;
 
  protected:
+  /// Copies `text` to where the cell lies.
+  /// @throws std::bad_alloc.
   explicit OmPlainText(std::string const& text);
+
+  /// Copies everything into `region`, as Clone() does; null means where the copy lies.
+  /// @throws std::bad_alloc.
   OmPlainText(OmPlainText const& other, OmMemoryRegion* region);
 
  private:
   OmCellBytes text_;
 };
 
-/// A plain text.
+/// A plain text, in the encoding that the back end works in.
 ///
-/// Thread safety: see OmCellText.
+/// Thread safety: as OmCellText.
 class CELLS_EXPORT OmStringCell : public OmPlainText {
  public:
   /// @param text         kept as it is.
@@ -41,10 +47,12 @@ class CELLS_EXPORT OmStringCell : public OmPlainText {
   long GetKind() const override;
   void Accept(Visitor& visitor) override;
 
-  /// Whether the text may be shown in another language.
+  /// Whether the text may be shown in another language, as given to the constructor.
   bool IsTranslatable() const { return translatable_; }
 
  protected:
+  /// Copies everything into `region`, as Clone() does; null means where the copy lies.
+  /// @throws std::bad_alloc.
   OmStringCell(OmStringCell const& other, OmMemoryRegion* region = nullptr);
 
  private:
@@ -53,7 +61,7 @@ class CELLS_EXPORT OmStringCell : public OmPlainText {
 
 /// A plain text that is UTF-8 whatever the back end works in.
 ///
-/// Thread safety: see OmCellText.
+/// Thread safety: as OmCellText.
 class CELLS_EXPORT OmStringCellUTF8 : public OmPlainText {
  public:
   /// @param text kept as it is; it is not checked to be UTF-8.
@@ -66,6 +74,8 @@ class CELLS_EXPORT OmStringCellUTF8 : public OmPlainText {
   void Accept(Visitor& visitor) override;
 
  protected:
+  /// Copies everything into `region`, as Clone() does; null means where the copy lies.
+  /// @throws std::bad_alloc.
   OmStringCellUTF8(OmStringCellUTF8 const& other, OmMemoryRegion* region = nullptr);
 };
 

@@ -2,7 +2,8 @@
 #define CELLS_CELLS_H
 
 /// @file
-/// The whole cell library.
+/// The whole cell library: the values that tables and labels are made of, the region that they live
+/// in, and the settings of the back end.
 
 #include <cells/BackendSettings.h>
 #include <cells/OmCellMetaData.h>

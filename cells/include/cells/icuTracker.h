@@ -14,7 +14,8 @@ class OmTextPool;
 /// A cell is bound with OmCellText::UseTracker(). A bound cell may outlive its tracker: it stays
 /// readable, and its text goes when the last cell that shares it goes.
 ///
-/// Thread safety: one thread at a time uses a tracker and the cells that are or were bound to it.
+/// Thread safety: none; one thread at a time uses a tracker and the cells that are or were bound to
+/// it.
 class CELLS_EXPORT icuTracker {
  public:
   /// Makes a tracker without texts.
@@ -28,11 +29,14 @@ class CELLS_EXPORT icuTracker {
   /// Leaves the cells that are still bound with a null OmCellText::GetTracker().
   ~icuTracker();
 
-  /// The two settings that the tracker was made with.
+  /// Whether the texts are Unicode, as given to the constructor.
   bool getUnicode() const { return settings_.first; }
+
+  /// The locale that the texts belong to, as given to the constructor. Valid as long as the
+  /// tracker.
   std::string const& getLocale() const { return settings_.second; }
 
-  /// The number of distinct texts that bound cells share.
+  /// The number of distinct texts that bound cells share. Constant time.
   std::size_t TextCount() const;
 
  private:
