@@ -208,11 +208,7 @@ bool OmPivotTable::Cell(std::vector<int> const& index, OmCellText const* cell) {
   if (index.empty()) {
     ThrowSizeError(0, 0);
   }
-  std::unique_ptr<OmCellText> fresh;
-  if (cell != nullptr) {
-    fresh.reset(cell->Clone(_my));
-    _my->Bind(*fresh);
-  }
+  std::unique_ptr<OmCellText> fresh = _my->CloneAndBind(cell);
   void*& slot = _my->MakeSlot(index);
   auto* const before = static_cast<OmCellText*>(slot);
   if (before != nullptr && fresh != nullptr && before->hasMeta()) {

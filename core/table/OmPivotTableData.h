@@ -78,6 +78,9 @@ struct OmPivotTable::Data : OmMemoryRegion {
   /// Binds a cell to the tracker, if there is one.
   void Bind(OmCellText& cell);
 
+  /// A bound copy of `text` in this region; null for null.
+  std::unique_ptr<OmCellText> CloneAndBind(OmCellText const* text);
+
   /// The bottom node on the path of `index`, or null. Requires: one subscript per dimension.
   PointerVector* FindBottom(std::vector<int> const& index) const;
 
