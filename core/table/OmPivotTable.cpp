@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include <lakresvos/OMSException.h>
 #include <lakresvos/OmPivotTable.h>
@@ -93,14 +94,19 @@ void OmPivotTable::Data::ReindexAxis() {
 }
 
 OmDimension& OmPivotTable::Data::Adopt(Owned<OmDimension> dimension) {
-  Owned<PointerVector> root = LevelAbove();
   dimension->value.subscript = _dimensions.size();
   if (dimension->value.label != nullptr) {
     Bind(*dimension->value.label);
   }
-  _dimensions.push_back(dimension.get());
-  if (root != nullptr) {
-    cells = root.release();
+  PointerVector* const before = cells;
+  AddCellDimension();
+  try {
+    _dimensions.push_back(dimension.get());
+  } catch (...) {
+    if (cells != before) {
+      Destroyer()(std::exchange(cells, before));
+    }
+    throw;
   }
   return *dimension.release();
 }

@@ -38,19 +38,13 @@ void OmPivotTable::PointerVector::MakeRoom(unsigned long position) {
   }
 }
 
-OmPivotTable::Data::Owned<OmPivotTable::PointerVector> OmPivotTable::Data::LevelAbove() {
+void OmPivotTable::Data::AddCellDimension() {
   if (cells == nullptr) {
-    return nullptr;
+    return;
   }
   Owned<PointerVector> root = Make<PointerVector>(this);
   root->emplace_back(cells);
-  return root;
-}
-
-void OmPivotTable::Data::AddCellDimension() {
-  if (Owned<PointerVector> root = LevelAbove()) {
-    cells = root.release();
-  }
+  cells = root.release();
 }
 
 void OmPivotTable::Data::CheckIndex(std::vector<int> const& index) const {

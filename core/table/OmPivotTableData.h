@@ -43,7 +43,7 @@ struct OmPivotTable::Data : OmMemoryRegion {
   std::vector<int> SizeVector() const;
 
   /// Adds a level above the cell store, with the present store at subscript 0. Does nothing as long
-  /// as no cell was stored.
+  /// as no cell was stored. Nothing is changed when it fails.
   void AddCellDimension();
 
   /// Drops the entries -1 from the axes unless they hold one entry per dimension as they are.
@@ -150,9 +150,6 @@ struct OmPivotTable::Data : OmMemoryRegion {
   std::string miscProperties;
 
  private:
-  /// A new root above the present store, or null when there is no store.
-  Owned<PointerVector> LevelAbove();
-
   /// Gives back `node`, which belongs to `level`, and the nodes below it on the path of `index`.
   static void ReleasePath(PointerVector* node, std::size_t level, std::vector<int> const& index);
 
