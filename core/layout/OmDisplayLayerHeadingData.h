@@ -8,8 +8,8 @@
 #include <lakresvos/OmPivotTable.h>
 #include <lakresvos/PuppetVector.h>
 
-#include "layout/MultiBase.h"
 #include "layout/OmDimHeader.h"
+#include "layout/OmPlaceCalculator.h"
 
 /// What a layer heading holds, and the region that its headers live in.
 ///
@@ -18,23 +18,7 @@
 struct OmDisplayLayerHeading::Data : OmMemoryRegion {
   using Places = std::vector<unsigned long long>;
 
-  /// The number system of one axis: one digit per axis entry, its radix the dimension's category
-  /// count. An entry that names no dimension of the table has radix 1.
-  struct PlaceCalculator {
-    /// @param sizes the table's size vector.
-    PlaceCalculator(PuppetVector<short> const& axis, std::vector<int> const& sizes);
-
-    /// Writes the digits of `place`, as they are, into the slots of `index` that belong to this
-    /// axis.
-    void Fill(unsigned long long place, std::vector<int>& index) const;
-
-    /// The number of places, modulo 2^64.
-    unsigned long long Size() const;
-
-    PuppetVector<short> dims;
-    std::vector<int> positions;  ///< per digit, its slot in a full cell index
-    MultiBase base;
-  };
+  using PlaceCalculator = OmPlaceCalculator;
 
   Data(OmPivotTable& owner, bool skip);
   ~Data();
@@ -64,6 +48,9 @@ struct OmDisplayLayerHeading::Data : OmMemoryRegion {
   /// Writes the categories that a place in display positions stands for into `index`, which gets
   /// one slot per dimension. Digits outside the headers' tables are left out.
   void Fill(unsigned long long place, PlaceCalculator const& calc, std::vector<int>& index);
+
+  /// Whether fewer than one per cent of all combinations of categories have a cell.
+  static bool IsSparse(OmPivotTable const& table);
 
   /// Finds the places of the `heads` axis that hold a cell, ascending. The two methods give
   /// different answers: the sparse one counts every stored cell, the dense one those with a
@@ -95,7 +82,6 @@ struct OmDisplayLayerHeading::Data : OmMemoryRegion {
   std::vector<int> cellIndex;
   OmVector<OmDimHeader*> dimHeaders;
   PuppetVector<short> layers;
-  std::vector<OmDimHeader*> layerHeaders;
   Places nonEmptyLayers;
   bool sparse;
   unsigned long long nLayers = 0;

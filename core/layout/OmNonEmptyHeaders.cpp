@@ -7,6 +7,19 @@
 
 using Layout = OmDisplayLayerHeading::Data;
 
+bool Layout::IsSparse(OmPivotTable const& table) {
+  unsigned long long total = 1;
+  for (int const size : table.SizeVector()) {
+    total *= static_cast<unsigned long long>(size);
+  }
+  unsigned long long const threshold = (total + 50) / 100;
+  unsigned long long counted = 0;
+  for (auto at = table.FirstCell(); counted < threshold && at.Cell() != nullptr; ++at) {
+    ++counted;
+  }
+  return counted < threshold;
+}
+
 void Layout::FindNonEmptyHeaders(PuppetVector<short> const& heads,
                                  PuppetVector<short> const& others, Places& result) {
   if (sparse) {
