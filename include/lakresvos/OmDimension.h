@@ -145,6 +145,12 @@ class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
   /// The number of subscripts, which is the table's extent along the dimension.
   unsigned int CategoryCount() const { return categoryCount_; }
 
+  /// Sets the number of subscripts, for a maker that restores a dimension whose nodes do not say how
+  /// many there are. No node and no cell changes. Child(), AddNewChild() and insertCategory() count
+  /// on from here; Delete() counts anew. Constant time.
+  /// @throws nothing.
+  void setCategoryCount(unsigned int count) { categoryCount_ = count; }
+
   /// The largest depth of any handle in the subtree, the handle's own depth taken as it stands.
   unsigned int getDepth(ConstNode node) const;
 

@@ -38,6 +38,12 @@ class LAKRESVOS_EXPORT OmOutputPart {
   /// The label; owned by the item, valid until the item replaces it.
   OmCellText const* Label() const { return label_; }
 
+  /// Replaces the label by a copy of `label`, made in the default heap as it is: no code page is
+  /// looked at, no text tracker bound, and the outline text of an OmProcedure stays. The present
+  /// label, or a part of it, may be passed.
+  /// @throws whatever the label's Clone throws; the item is then unchanged.
+  void setLabel(OmCellText const& label) { AdoptLabel(label.Clone(nullptr)); }
+
   /// A pointer of the caller's, null at first. The library never reads or frees it.
   void* Extra() const { return extra_; }
   void Extra(void* extra) { extra_ = extra; }

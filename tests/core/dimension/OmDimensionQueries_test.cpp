@@ -204,6 +204,36 @@ TEST_F(OmDimensionQueries, AHundredThousandLevelsAreMeasured) {
   EXPECT_EQ(dimension_.getMaxVisibleGroupCount(), 1U);
 }
 
+// The category count
+
+TEST_F(OmDimensionQueries, TheCategoryCountCanBeRestored) {
+  Category(Root());
+  dimension_.setCategoryCount(7);
+  EXPECT_EQ(dimension_.CategoryCount(), 7U);
+  EXPECT_EQ(Root().NChildren(), 1U);
+  EXPECT_EQ(OmDimension(dimension_, nullptr).CategoryCount(), 7U);
+  dimension_.setCategoryCount(0);
+  EXPECT_EQ(dimension_.CategoryCount(), 0U);
+  EXPECT_EQ(Root().NChildren(), 1U);
+}
+
+TEST_F(OmDimensionQueries, ARestoredCategoryCountGoesOnFromThere) {
+  Node const leaf = Category(Root());
+  dimension_.setCategoryCount(7);
+  Category(Root());
+  EXPECT_EQ(dimension_.CategoryCount(), 8U);
+  dimension_.insertCategory(OmStringCell("edit"), leaf, Root(), true);
+  EXPECT_EQ(dimension_.CategoryCount(), 9U);
+}
+
+TEST_F(OmDimensionQueries, DeletingCountsARestoredCategoryCountAnew) {
+  Category(Root());
+  dimension_.setCategoryCount(7);
+  Node group = Group(Root());
+  dimension_.Delete(group);
+  EXPECT_EQ(dimension_.CategoryCount(), Root()[0].Value().subscript + 1);
+}
+
 // Counterpart
 
 TEST_F(OmDimensionQueries, TheCounterpartIsTheNodeAtTheSamePlaceOfThisDimension) {

@@ -3,6 +3,7 @@
 #include <string>
 #include <type_traits>
 #include <typeinfo>
+#include <vector>
 
 #include <cells/OmStringCell.h>
 #include <lakresvos/OmAnswerTree.h>
@@ -118,6 +119,50 @@ TEST_F(OmOutputPartTest, KeepsWhatTheCallerSets) {
   part.FlagA(true);
   EXPECT_TRUE(part.FlagA());
   EXPECT_FALSE(part.FlagB());
+}
+
+TEST_F(OmOutputPartTest, ANewLabelIsCopiedBeforeTheOldOneGoes) {
+  PlainPart part(SpyCell("old"));
+  SpyCell const label("new");
+  SpyLog const log;
+  part.setLabel(label);
+  EXPECT_EQ(log.Lines(), (std::vector<std::string>{"Clone new", "Destroy old"}));
+  EXPECT_EQ(log.calls[0].region, nullptr);
+  EXPECT_EQ(part.Label(), log.calls[0].result);
+}
+
+TEST_F(OmOutputPartTest, ItsOwnLabelMayBeSetAgain) {
+  PlainPart part(SpyCell("label"));
+  part.setLabel(*part.Label());
+  EXPECT_EQ(part.Label()->GetText(), "label");
+}
+
+TEST_F(OmOutputPartTest, ALabelThatCannotBeCopiedChangesNothing) {
+  PlainPart part(SpyCell("old"));
+  OmCellText const* const before = part.Label();
+  auto const unchanged = [&] { EXPECT_EQ(part.Label(), before); };
+  auto const set = [&] { part.setLabel(SpyCell("new")); };
+  EXPECT_EQ(FailEveryCall(SpyCell::Operation::Clone, set, unchanged), 1U);
+  EXPECT_EQ(part.Label()->GetText(), "new");
+}
+
+TEST_F(OmOutputPartTest, ANewLabelIsNotConvertedToTheCodePageOfItsItem) {
+  OmStringCell const label("\u00e4");
+  OmChart chart(label, "ISO-8859-1", 0);
+  OmInteractive item(label, "ISO-8859-1", 0);
+  EXPECT_EQ(chart.Label()->GetText(), "\xe4");
+  EXPECT_EQ(item.Label()->GetText(), "\xe4");
+  chart.setLabel(label);
+  item.setLabel(label);
+  EXPECT_EQ(chart.Label()->GetText(), "\u00e4");
+  EXPECT_EQ(item.Label()->GetText(), "\u00e4");
+}
+
+TEST_F(OmOutputPartTest, ANewLabelLeavesTheOutlineTextOfAProcedure) {
+  OmProcedure procedure(OmStringCell("old"), "", "", "");
+  procedure.setLabel(OmStringCell("new"));
+  EXPECT_EQ(procedure.Label()->GetText(), "new");
+  EXPECT_EQ(procedure.OutlineText(), "old");
 }
 
 TEST_F(OmOutputPartTest, AnItemThatCannotBeMadeLeavesNothingBehind) {
@@ -257,6 +302,7 @@ TEST(OmOutputPartSlots, TheseItemsAddNoOperationAfterAccept) {
 
 TEST(OmOutputPartSlots, OtherOperationsAreNotVirtual) {
   EXPECT_EQ(VirtualSlot(&OmOutputPart::Label), -1);
+  EXPECT_EQ(VirtualSlot(&OmOutputPart::setLabel), -1);
   EXPECT_EQ(VirtualSlot(&OmProcedure::setOutlineText), -1);
 }
 
