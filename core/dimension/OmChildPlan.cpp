@@ -6,7 +6,7 @@
 #include <utility>
 
 OmChildPlan::OmChildPlan(Element& parent)
-    : parent_(parent), most_(parent.children.size()), destination_(parent.children.region) {
+    : parent_(parent), maxSize_(parent.children.size()), destination_(parent.children.region) {
   for (Element& child : parent.children.Elements()) {
     order_.push_back(&child);
   }
@@ -27,7 +27,7 @@ void OmChildPlan::InsertAll(std::size_t position, std::vector<Element*> const& c
   order_.insert(order_.begin() + static_cast<std::ptrdiff_t>(position), children.begin(),
                 children.end());
   inserted_.insert(inserted_.end(), children.begin(), children.end());
-  most_ = std::max(most_, order_.size());
+  maxSize_ = std::max(maxSize_, order_.size());
 }
 
 void OmChildPlan::DropAll(std::vector<std::size_t> const& positions) {
@@ -38,8 +38,8 @@ void OmChildPlan::DropAll(std::vector<std::size_t> const& positions) {
 }
 
 void OmChildPlan::Prepare() {
-  grows_ = most_ > parent_.children.capacity();
-  destination_.reserve(grows_ ? OmVector<Element>::GrownCapacity(most_ - 1)
+  grows_ = maxSize_ > parent_.children.capacity();
+  destination_.reserve(grows_ ? OmVector<Element>::GrownCapacity(maxSize_ - 1)
                               : parent_.children.capacity());
 }
 

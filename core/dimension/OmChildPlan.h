@@ -54,7 +54,7 @@ class OmChildPlan {
   std::vector<Element*> order_;
   std::vector<Element*> inserted_;
   std::vector<Element*> dropped_;
-  std::size_t most_;               ///< how many children the plan held at its fullest
+  std::size_t maxSize_;            ///< how many children the plan held at its fullest
   OmVector<Element> destination_;  ///< the new block, or a copy of the present one in the meantime
   bool grows_ = false;
 };

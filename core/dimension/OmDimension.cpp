@@ -41,14 +41,14 @@ struct Lookup {
 /// entry that names no child counts as the probe itself and never matches.
 Lookup FindInIndex(Element const& parent, Probe const& probe) {
   OmVector<unsigned int> const& index = parent.value.childIndex;
-  auto const childOf = [&](std::size_t position) -> OmDimensionNode const* {
+  auto const findChild = [&](std::size_t position) -> OmDimensionNode const* {
     unsigned int const entry = index[position];
     return entry < parent.children.size() ? &parent.children[entry].value : nullptr;
   };
   std::size_t low = 0;
   for (std::size_t count = index.size(); count != 0;) {
     std::size_t const half = count / 2;
-    OmDimensionNode const* const child = childOf(low + half);
+    OmDimensionNode const* const child = findChild(low + half);
     if (child != nullptr && probe.Follows(*child)) {
       low += half + 1;
       count -= half + 1;
@@ -56,7 +56,7 @@ Lookup FindInIndex(Element const& parent, Probe const& probe) {
       count = half;
     }
   }
-  OmDimensionNode const* const child = low < index.size() ? childOf(low) : nullptr;
+  OmDimensionNode const* const child = low < index.size() ? findChild(low) : nullptr;
   bool const match = child != nullptr && !probe.Precedes(*child);
   return {low, match ? index[low] : kNotFound};
 }
@@ -94,7 +94,7 @@ OmDimension::OmDimension(OmDimension const& other, OmMemoryRegion* region)
 
 OmDimension::~OmDimension() = default;
 
-bool OmDimension::Takes(Node const& parent) const {
+bool OmDimension::AcceptsChild(Node const& parent) const {
   Element const* const element = parent.element;
   if (element == nullptr || PastTheEnd(*element)) {
     return false;
@@ -110,7 +110,7 @@ bool OmDimension::Takes(Node const& parent) const {
 }
 
 Node OmDimension::Child(Node const& parent, OmDimensionNode const& value) {
-  if (!Takes(parent)) {
+  if (!AcceptsChild(parent)) {
     return {};
   }
   if (!parent.Value().group) {
@@ -144,7 +144,7 @@ Node OmDimension::Child(Node const& parent, OmCellText const& text, unsigned lon
 
 Node OmDimension::AddNewChild(Node const& parent, OmCellText const& text, unsigned long subscript,
                               bool group) {
-  if (!Takes(parent)) {
+  if (!AcceptsChild(parent)) {
     return {};
   }
   OmDimensionNode node(text, subscript, group, children.region);
@@ -172,7 +172,7 @@ void OmDimension::Delete(Node& node) {
   }
   Element* const parent = ancestors.back();
   std::size_t const position = PositionAmong(*parent, node.element);
-  unsigned int const remaining = NextSubscript(node.element);
+  unsigned int const remaining = FindNextSubscript(node.element);
   EraseChildAt(*parent, position);
   OmVector<unsigned int>& index = parent->value.childIndex;
   for (std::size_t k = 0; k < index.size();) {
@@ -249,7 +249,7 @@ std::vector<Element*> OmDimension::FindAncestors(Element const* node) {
   return ancestors;
 }
 
-unsigned int OmDimension::NextSubscript(Element const* without) const {
+unsigned int OmDimension::FindNextSubscript(Element const* without) const {
   unsigned int largest = 0;
   OmVectorTreeWalk<ConstNode> walk(Root());
   while (walk.Next()) {

@@ -50,7 +50,7 @@ Element& ApplyBoth(OmChildPlan& deepPlan, Element& deep, OmChildPlan& shallowPla
   return inside ? shallow.children[moved] : deep;
 }
 
-std::size_t PositionBefore(OmChildPlan const& plan, Element const* anchor) {
+std::size_t FindPositionBefore(OmChildPlan const& plan, Element const* anchor) {
   return anchor != nullptr ? plan.FindEqual(anchor->value) : plan.size();
 }
 
@@ -72,11 +72,11 @@ void ExchangeSiblings(Place const& node, Place const& target, OmMemoryRegion* ar
   Element& nodeCopy = AddCopy(copies, *node.node, arena);
   Element& targetCopy = AddCopy(copies, *target.node, arena);
   if (targetFollows) {
-    plan.Insert(PositionBefore(plan, nodeAnchor), targetCopy);
-    plan.Insert(PositionBefore(plan, targetAnchor), nodeCopy);
+    plan.Insert(FindPositionBefore(plan, nodeAnchor), targetCopy);
+    plan.Insert(FindPositionBefore(plan, targetAnchor), nodeCopy);
   } else {
-    plan.Insert(PositionBefore(plan, targetAnchor), nodeCopy);
-    plan.Insert(PositionBefore(plan, nodeAnchor), targetCopy);
+    plan.Insert(FindPositionBefore(plan, targetAnchor), nodeCopy);
+    plan.Insert(FindPositionBefore(plan, nodeAnchor), targetCopy);
   }
   plan.Prepare();
   plan.Apply();
@@ -88,7 +88,7 @@ void ExchangeCousins(Place const& node, Place const& target, OmMemoryRegion* are
   Copies copies;
   OmChildPlan nodePlan(node.parent());
   nodePlan.Drop(nodePlan.Find(node.node));
-  nodePlan.Insert(PositionBefore(nodePlan, target.next()), AddCopy(copies, *node.node, arena));
+  nodePlan.Insert(FindPositionBefore(nodePlan, target.next()), AddCopy(copies, *node.node, arena));
   OmChildPlan targetPlan(target.parent());
   std::size_t const found = targetPlan.FindEqual(target.node->value);
   if (found == targetPlan.size() || Contains(node.ancestors, targetPlan[found])) {
@@ -96,7 +96,8 @@ void ExchangeCousins(Place const& node, Place const& target, OmMemoryRegion* are
     return;
   }
   targetPlan.Drop(found);
-  targetPlan.Insert(PositionBefore(targetPlan, node.next()), AddCopy(copies, *target.node, arena));
+  targetPlan.Insert(FindPositionBefore(targetPlan, node.next()),
+                    AddCopy(copies, *target.node, arena));
   nodePlan.Prepare();
   targetPlan.Prepare();
   nodePlan.DestroyDropped();
@@ -117,13 +118,13 @@ void MoveBelow(Place const& node, Element& receiver, std::size_t receiverDepth,
   OmChildPlan into(receiver);
   if (&receiver == &node.parent()) {
     into.Drop(into.Find(node.node));
-    into.Insert(PositionBefore(into, before), copy);
+    into.Insert(FindPositionBefore(into, before), copy);
     into.Prepare();
     into.Apply();
     OmDimension::RelinkParents(receiver, true);
     return;
   }
-  into.Insert(PositionBefore(into, before), copy);
+  into.Insert(FindPositionBefore(into, before), copy);
   OmChildPlan outOf(node.parent());
   outOf.Drop(outOf.Find(node.node));
   into.Prepare();
@@ -169,7 +170,7 @@ OmDimensionNode OmDimension::insertCategory(OmCellText const& text, Node sibling
                                             bool before) {
   bool const known = parent.element == this || !FindAncestors(parent.element).empty();
   OmDimensionNode category =
-      known ? OmDimensionNode(text, NextSubscript(), false, nullptr) : OmDimensionNode();
+      known ? OmDimensionNode(text, FindNextSubscript(), false, nullptr) : OmDimensionNode();
   if (!known) {
     return category;
   }
@@ -182,7 +183,7 @@ OmDimensionNode OmDimension::insertCategory(OmCellText const& text, Node sibling
                                                         : place.next();
   Element fresh(children.region, category);
   OmChildPlan plan(*parent.element);
-  plan.Insert(PositionBefore(plan, anchor), fresh);
+  plan.Insert(FindPositionBefore(plan, anchor), fresh);
   plan.Prepare();
   plan.Apply();
   RelinkParents(*parent.element, true);

@@ -6,7 +6,7 @@
 #include <vector>
 
 /// A text of `count` bytes; none may come as a null pointer.
-inline std::string BytesToText(char const* bytes, unsigned int count) {
+inline std::string MakeText(char const* bytes, unsigned int count) {
   return std::string().append(bytes, count);
 }
 
@@ -15,16 +15,14 @@ struct OmAttachedFiles {
   std::vector<std::string> names;
   std::vector<std::string> contents;
 
-  void AddName(char const* bytes, unsigned int count) {
-    names.push_back(BytesToText(bytes, count));
-  }
+  void AddName(char const* bytes, unsigned int count) { names.push_back(MakeText(bytes, count)); }
 
   /// Continues the last content while there is one per name, else starts a new one.
   void AddContent(char const* bytes, unsigned int count) {
     if (contents.size() == names.size() && !contents.empty()) {
       contents.back().append(bytes, count);
     } else {
-      contents.push_back(BytesToText(bytes, count));
+      contents.push_back(MakeText(bytes, count));
     }
   }
 };

@@ -32,10 +32,10 @@ struct OmChart::Data {
 
 namespace {
 
-std::uint16_t Reversed(std::uint16_t value) {
+std::uint16_t SwapBytes(std::uint16_t value) {
   return __builtin_bswap16(value);
 }
-std::uint32_t Reversed(std::uint32_t value) {
+std::uint32_t SwapBytes(std::uint32_t value) {
   return __builtin_bswap32(value);
 }
 
@@ -59,7 +59,7 @@ class BlockReader {
   template <class Length>
   std::string ReadText(bool reversed) {
     Length const length = Read<Length>();
-    std::string text = block_.substr(at_, reversed ? Reversed(length) : length);
+    std::string text = block_.substr(at_, reversed ? SwapBytes(length) : length);
     at_ += text.size();
     return text;
   }
@@ -75,11 +75,12 @@ void Write(std::string& block, Number value) {
 }
 
 template <class Length>
-void WriteText(std::string& block, std::string const& text) {
-  constexpr auto kMost = std::numeric_limits<Length>::max();
-  if (text.size() > kMost) {
-    throw OMSException("OmChart::MapInfoBlock() -- text too long", static_cast<double>(text.size()),
-                       static_cast<double>(kMost));
+void WriteText(std::string& block, std::string const& text, char const* which) {
+  constexpr auto kMax = std::numeric_limits<Length>::max();
+  if (text.size() > kMax) {
+    throw OMSException("OmChart::MapInfoBlock() -- the " + std::string(which) +
+                           " text is longer than " + std::to_string(kMax) + " bytes",
+                       static_cast<double>(text.size()), static_cast<double>(kMax));
   }
   Write(block, static_cast<Length>(text.size()));
   block += text;
@@ -91,7 +92,7 @@ OmChart::OmChart(OmCellText const& label, std::string const& codePage, long long
     : OmOutputPart(label), _my(nullptr) {
   auto data = std::make_unique<Data>(codePage, id);
   if (!codePage.empty()) {
-    AdoptLabel(LabelInCodePage(label, codePage).release());
+    AdoptLabel(ConvertLabel(label, codePage).release());
   }
   _my = data.release();
 }
@@ -230,10 +231,10 @@ void OmChart::SetMapInfo(char const* bytes, unsigned int count) {
 std::string OmChart::MapInfoBlock(MapInfo const& info) {
   std::string block;
   Write(block, std::uint16_t{1});
-  WriteText<std::uint32_t>(block, info.first);
-  WriteText<std::uint16_t>(block, info.second);
-  WriteText<std::uint32_t>(block, info.third);
-  WriteText<std::uint16_t>(block, info.fourth);
+  WriteText<std::uint32_t>(block, info.first, "first");
+  WriteText<std::uint16_t>(block, info.second, "second");
+  WriteText<std::uint32_t>(block, info.third, "third");
+  WriteText<std::uint16_t>(block, info.fourth, "fourth");
   return block;
 }
 

@@ -19,7 +19,7 @@ struct Converter {
 
 }  // namespace
 
-std::unique_ptr<OmCellText> LabelInCodePage(OmCellText const& label, std::string const& codePage) {
+std::unique_ptr<OmCellText> ConvertLabel(OmCellText const& label, std::string const& codePage) {
   std::string const text = label.GetText();
   std::string result;
   Converter const converter(codePage);

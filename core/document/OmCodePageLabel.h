@@ -8,6 +8,6 @@
 
 /// A plain string cell with the text of `label` in a code page, or in UTF-8 where it cannot be
 /// converted.
-std::unique_ptr<OmCellText> LabelInCodePage(OmCellText const& label, std::string const& codePage);
+std::unique_ptr<OmCellText> ConvertLabel(OmCellText const& label, std::string const& codePage);
 
 #endif

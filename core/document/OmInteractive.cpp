@@ -21,7 +21,7 @@ OmInteractive::OmInteractive(OmCellText const& label, std::string const& codePag
     : OmOutputPart(label), _my(nullptr) {
   auto data = std::make_unique<Data>(codePage, id);
   if (!codePage.empty()) {
-    AdoptLabel(LabelInCodePage(label, codePage).release());
+    AdoptLabel(ConvertLabel(label, codePage).release());
   }
   _my = data.release();
 }

@@ -18,7 +18,7 @@ struct OmDimHeader {
   OmDimHeader(OmDimension const& dimension, OmMemoryRegion* arena);
 
   /// The path of the leaf at a display position, or null.
-  Path* PathAt(unsigned long long position) {
+  Path* FindPath(unsigned long long position) {
     return position < paths.size() ? &paths[position] : nullptr;
   }
 
@@ -30,7 +30,7 @@ struct OmDimHeader {
   }
 
   /// The display position of the leaf that carries `subscript`, or kNoPosition.
-  unsigned int PositionOf(unsigned long long subscript) const {
+  unsigned int FindPosition(unsigned long long subscript) const {
     return subscript < categoryPositions.size() ? categoryPositions[subscript] : kNoPosition;
   }
 

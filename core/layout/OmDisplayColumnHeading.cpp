@@ -27,7 +27,7 @@ int OmDisplayColumnHeading::NDimensions() const {
 }
 
 int OmDisplayColumnHeading::getDimensionIndex(int j) const {
-  return _my->DimensionAt(j);
+  return _my->GetDimensionIndex(j);
 }
 
 int OmDisplayColumnHeading::NRows() const {

@@ -39,7 +39,7 @@ bool OmDisplayLayerHeading::SwitchLayer(int layer) {
     return false;
   }
   unsigned long long place = 0;
-  if (!_my->PlaceOf(layer, place)) {
+  if (!_my->FindPlace(layer, place)) {
     return false;
   }
   _my->Fill(place, _my->layerCalc, _my->cellIndex);
@@ -66,7 +66,7 @@ std::vector<int> OmDisplayLayerHeading::getCurrentCellIndex() {
 
 void OmDisplayLayerHeading::Fill(std::vector<int>& index) {
   unsigned long long place = 0;
-  if (_my->CurrentPlace(place)) {
+  if (_my->FindCurrentPlace(place)) {
     _my->Fill(static_cast<unsigned long long>(static_cast<int>(place)), _my->layerCalc, index);
   }
 }
@@ -78,13 +78,13 @@ int OmDisplayLayerHeading::getDimensionIndex(int i) const {
 }
 
 int OmDisplayLayerHeading::VisibleWidth(int i) const {
-  OmDimHeader const* const header = _my->Header(_my->layers[i]);
+  OmDimHeader const* const header = _my->FindHeader(_my->layers[i]);
   return header != nullptr ? header->maxLevels : 0;
 }
 
 std::deque<OmDisplayLayerHeading::PathNode*> OmDisplayLayerHeading::Nodes(int i) const {
   std::deque<PathNode*> nodes;
-  if (OmDimHeader::Path* const path = _my->CurrentNodes(i)) {
+  if (OmDimHeader::Path* const path = _my->FindCurrentNodes(i)) {
     for (std::size_t step = path->size(); step != 0; --step) {
       PathNode& node = (*path)[step - 1];
       if (node.Value().hide) {
@@ -101,14 +101,16 @@ std::deque<OmDisplayLayerHeading::PathNode*> OmDisplayLayerHeading::Nodes(int i)
 }
 
 void OmDisplayLayerHeading::DimAllNodes(int i, std::vector<PathNode*>& out) const {
-  if (OmDimHeader::Path* const path = _my->CurrentNodes(i); path != nullptr && path->size() > 1) {
+  if (OmDimHeader::Path* const path = _my->FindCurrentNodes(i);
+      path != nullptr && path->size() > 1) {
     MakeRoom(out, path->size());
     OmDimHeader::AppendFromRoot(*path, out);
   }
 }
 
 void OmDisplayLayerHeading::DimCatNodes(int i, PathNode*& outermost, PathNode*& category) const {
-  if (OmDimHeader::Path* const path = _my->CurrentNodes(i); path != nullptr && path->size() > 1) {
+  if (OmDimHeader::Path* const path = _my->FindCurrentNodes(i);
+      path != nullptr && path->size() > 1) {
     outermost = path->end - 1;
     category = path->begin;
   }

@@ -7,7 +7,7 @@ using Layout = OmDisplayLayerHeading::Data;
 
 // Construction and destruction
 
-PuppetVector<short> Layout::Reversed(PuppetVector<short> axis) {
+PuppetVector<short> Layout::ReverseAxis(PuppetVector<short> axis) {
   std::reverse(axis.begin(), axis.end());
   return axis;
 }
@@ -18,7 +18,7 @@ Layout::Data(OmPivotTable& owner, bool skip, Unfilled)
       skipEmpty(skip),
       cellIndex(static_cast<std::size_t>(owner.NDimensions()), 0),
       dimHeaders(this),
-      layers(Reversed(owner.Layers())),
+      layers(ReverseAxis(owner.Layers())),
       sparse(IsSparse(owner)),
       layerCalc(layers, owner.SizeVector()) {}
 
@@ -53,7 +53,7 @@ void Layout::FindNonEmptyLayers() {
   FindNonEmptyHeaders(layers, others, nonEmptyLayers);
 }
 
-bool Layout::PlaceOf(int layer, unsigned long long& place) const {
+bool Layout::FindPlace(int layer, unsigned long long& place) const {
   auto const number = static_cast<unsigned long long>(layer);
   if (layer < 0 || number >= nLayers) {
     return false;
@@ -62,12 +62,12 @@ bool Layout::PlaceOf(int layer, unsigned long long& place) const {
   return true;
 }
 
-bool Layout::CurrentPlace(unsigned long long& place) const {
+bool Layout::FindCurrentPlace(unsigned long long& place) const {
   if (!skipEmpty && currentLayer >= 0) {
     place = static_cast<unsigned long long>(currentLayer);
     return true;
   }
-  return PlaceOf(currentLayer, place);
+  return FindPlace(currentLayer, place);
 }
 
 OmDimHeader::Path* Layout::FindNodes(int place, int i) {
@@ -77,16 +77,16 @@ OmDimHeader::Path* Layout::FindNodes(int place, int i) {
   }
   std::vector<unsigned int> const digits =
       layerCalc.base.Digits(static_cast<unsigned long long>(place));
-  OmDimHeader* const header = Header(layerCalc.dims.elements[position]);
-  return header != nullptr ? header->PathAt(digits[position]) : nullptr;
+  OmDimHeader* const header = FindHeader(layerCalc.dims.elements[position]);
+  return header != nullptr ? header->FindPath(digits[position]) : nullptr;
 }
 
-OmDimHeader::Path* Layout::CurrentNodes(int i) {
+OmDimHeader::Path* Layout::FindCurrentNodes(int i) {
   unsigned long long place = 0;
-  return CurrentPlace(place) ? FindNodes(static_cast<int>(place), i) : nullptr;
+  return FindCurrentPlace(place) ? FindNodes(static_cast<int>(place), i) : nullptr;
 }
 
-OmPivotTable::Data* Layout::TableData() const {
+OmPivotTable::Data* Layout::GetTableData() const {
   return table->_my;
 }
 
@@ -99,10 +99,10 @@ unsigned long long Layout::DisplayPosition(std::vector<int> const& index,
   }
   std::vector<unsigned int> digits;
   for (short const dimension : calc.dims) {
-    if (OmDimHeader const* const header = Header(dimension)) {
+    if (OmDimHeader const* const header = FindHeader(dimension)) {
       auto const slot = static_cast<std::size_t>(dimension);
       digits.push_back(slot < index.size()
-                           ? header->PositionOf(static_cast<unsigned long long>(index[slot]))
+                           ? header->FindPosition(static_cast<unsigned long long>(index[slot]))
                            : OmDimHeader::kNoPosition);
     }
   }
@@ -114,7 +114,7 @@ void Layout::Fill(unsigned long long place, PlaceCalculator const& calc, std::ve
   index.resize(dimHeaders.size());
   for (std::size_t i = 0; i < digits_.size(); ++i) {
     short const dimension = calc.dims[static_cast<long long>(i)];
-    OmDimHeader const* const header = Header(dimension);
+    OmDimHeader const* const header = FindHeader(dimension);
     if (header != nullptr && digits_[i] < header->visibleCategories.size()) {
       index[static_cast<std::size_t>(dimension)] =
           static_cast<int>(header->visibleCategories[digits_[i]]);

@@ -24,7 +24,7 @@ struct OmDisplayLayerHeading::Data : OmMemoryRegion {
   ~Data();
 
   /// A copy of an axis, last entry first, as the headings take it.
-  static PuppetVector<short> Reversed(PuppetVector<short> axis);
+  static PuppetVector<short> ReverseAxis(PuppetVector<short> axis);
 
   void CollectHeaderInfo();
   void FindNonEmptyLayers();
@@ -33,14 +33,14 @@ struct OmDisplayLayerHeading::Data : OmMemoryRegion {
   OmDimHeader::Path* FindNodes(int place, int i);
 
   /// FindNodes() in the current layer; null without one.
-  OmDimHeader::Path* CurrentNodes(int i);
+  OmDimHeader::Path* FindCurrentNodes(int i);
 
   /// The place of a layer; false when there is no such layer.
-  bool PlaceOf(int layer, unsigned long long& place) const;
+  bool FindPlace(int layer, unsigned long long& place) const;
 
   /// The place of the current layer; false without one. Unless layers are skipped, a number that was
   /// restored is a place as it stands, past the last layer too.
-  bool CurrentPlace(unsigned long long& place) const;
+  bool FindCurrentPlace(unsigned long long& place) const;
 
   /// The place of a full cell index on the axis of `calc`, in display positions.
   unsigned long long DisplayPosition(std::vector<int> const& index, PlaceCalculator const& calc);
@@ -68,10 +68,10 @@ struct OmDisplayLayerHeading::Data : OmMemoryRegion {
                          std::vector<unsigned short>& levels);
 
   /// The table's own record, for walks over its cell store.
-  OmPivotTable::Data* TableData() const;
+  OmPivotTable::Data* GetTableData() const;
 
   /// The header of dimension `dimension`, or null outside the table.
-  OmDimHeader* Header(long long dimension) {
+  OmDimHeader* FindHeader(long long dimension) {
     return dimension >= 0 && static_cast<std::size_t>(dimension) < dimHeaders.size()
                ? dimHeaders[static_cast<std::size_t>(dimension)]
                : nullptr;

@@ -70,7 +70,7 @@ std::vector<unsigned long long> const& OmDisplayRowHeading::getNonEmptyRows() co
 }
 
 int OmDisplayRowHeading::getDimensionIndex(int j) const {
-  return _my->DimensionAt(j);
+  return _my->GetDimensionIndex(j);
 }
 
 std::vector<OmCellText const*> OmDisplayRowHeading::CornerText() const {

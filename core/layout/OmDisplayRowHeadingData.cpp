@@ -10,7 +10,7 @@ namespace {
 using PathNode = OmDisplayRowHeading::PathNode;
 
 /// A place cut to a signed 32-bit value and widened again, as the queries by row number take it.
-unsigned long long Narrowed(unsigned long long place) {
+unsigned long long Narrow(unsigned long long place) {
   return static_cast<unsigned long long>(static_cast<int>(place));
 }
 
@@ -36,16 +36,16 @@ RowData::Data(OmDisplayLayerHeading& layer, PuppetVector<short> const& axis,
       table(&layer.Table()),
       skipEmpty(skip),
       dimNamesInCorner(namesInCorner),
-      heads(Layout::Reversed(axis)),
+      heads(Layout::ReverseAxis(axis)),
       calc(heads, table->SizeVector()),
       nPlaces(0) {
   for (std::size_t j = 0; j < heads.size(); ++j) {
-    if (OmDimHeader* const header = layout().Header(heads.elements[j])) {
+    if (OmDimHeader* const header = layout().FindHeader(heads.elements[j])) {
       known_.push_back({j, header});
     }
   }
   if (skipEmpty) {
-    layout().FindNonEmptyHeaders(heads, Layout::Reversed(across), nonEmpty);
+    layout().FindNonEmptyHeaders(heads, Layout::ReverseAxis(across), nonEmpty);
   }
   nPlaces = CountPlaces();
   FindVisibleLevels();
@@ -69,7 +69,7 @@ void RowData::FindVisibleLevels() {
     return;
   }
   for (std::size_t j = 0; j < known_.size(); ++j) {
-    Path const* const first = known_[j].header->PathAt(0);
+    Path const* const first = known_[j].header->FindPath(0);
     if (first != nullptr && visibleLevels[j] != 0 && !(*first)[first->size() - 1].Value().hide) {
       --visibleLevels[j];
     }
@@ -104,7 +104,7 @@ bool RowData::CollectCornerLabels() {
 
 // Places
 
-bool RowData::PlaceOf(int r, unsigned long long& place) const {
+bool RowData::FindPlace(int r, unsigned long long& place) const {
   auto const row = static_cast<unsigned long long>(r);
   if (r < 0 || row >= nPlaces) {
     return false;
@@ -113,8 +113,8 @@ bool RowData::PlaceOf(int r, unsigned long long& place) const {
   return true;
 }
 
-bool RowData::PathPlaceOf(int r, unsigned long long& place) const {
-  if (PlaceOf(r, place)) {
+bool RowData::FindPathPlace(int r, unsigned long long& place) const {
+  if (FindPlace(r, place)) {
     return true;
   }
   place = static_cast<unsigned long long>(r);
@@ -131,26 +131,26 @@ RowData::Layout::Places const& RowData::NonEmptyPlaces() {
 
 // The nodes of a place
 
-RowData::Path* RowData::PathOf(Head const& head, std::vector<unsigned int> const& digits) {
-  return head.header->PathAt(digits[head.digit]);
+RowData::Path* RowData::FindPath(Head const& head, std::vector<unsigned int> const& digits) {
+  return head.header->FindPath(digits[head.digit]);
 }
 
 std::vector<RowData::Path*> RowData::FindNodes(unsigned long long place) {
   calc.base.Digits(place, digits_);
   std::vector<Path*> paths;
   for (Head const& head : known_) {
-    paths.push_back(PathOf(head, digits_));
+    paths.push_back(FindPath(head, digits_));
   }
   return paths;
 }
 
-RowData::Standing RowData::StandingOf(PathNode const& node) const {
+RowData::Visibility RowData::ClassifyNode(PathNode const& node) const {
   OmDimensionNode const& value = node.Value();
   if (value.group && value.hideLabels) {
-    return Standing::kEnd;
+    return Visibility::kEnd;
   }
-  return value.hide || (dimNamesInCorner && node.depth == 0) ? Standing::kSkipped
-                                                             : Standing::kShown;
+  return value.hide || (dimNamesInCorner && node.depth == 0) ? Visibility::kSkipped
+                                                             : Visibility::kShown;
 }
 
 void RowData::AppendLevels(Path* path, std::size_t width, std::deque<PathNode*>& out) const {
@@ -158,18 +158,18 @@ void RowData::AppendLevels(Path* path, std::size_t width, std::deque<PathNode*>&
   for (std::size_t step = path != nullptr ? path->size() : 0; step != 0 && out.size() != end;
        --step) {
     PathNode& node = (*path)[step - 1];
-    Standing const standing = StandingOf(node);
-    if (standing == Standing::kEnd) {
+    Visibility const visibility = ClassifyNode(node);
+    if (visibility == Visibility::kEnd) {
       break;
     }
-    if (standing == Standing::kShown) {
+    if (visibility == Visibility::kShown) {
       out.push_back(&node);
     }
   }
   out.resize(end, nullptr);
 }
 
-std::vector<PathNode*> RowData::LevelOf(OmDimHeader& header, std::size_t level) const {
+std::vector<PathNode*> RowData::FindLevelNodes(OmDimHeader& header, std::size_t level) const {
   // How far down the search has come on the present path, and what it found: paths that follow each
   // other share their upper nodes, so that each node is looked at once.
   struct Reached {
@@ -183,10 +183,10 @@ std::vector<PathNode*> RowData::LevelOf(OmDimHeader& header, std::size_t level) 
   for (Path& path : header.paths) {
     reached.resize(std::min(reached.size(), before != nullptr ? CountShared(*before, path) : 0));
     while (reached.size() < path.size() && (reached.empty() || !reached.back().ended)) {
-      Standing const standing = StandingOf(path[path.size() - 1 - reached.size()]);
+      Visibility const visibility = ClassifyNode(path[path.size() - 1 - reached.size()]);
       std::size_t const shown =
-          (reached.empty() ? 0 : reached.back().shown) + (standing == Standing::kShown ? 1 : 0);
-      reached.push_back({shown, standing == Standing::kEnd || shown > level});
+          (reached.empty() ? 0 : reached.back().shown) + (visibility == Visibility::kShown ? 1 : 0);
+      reached.push_back({shown, visibility == Visibility::kEnd || shown > level});
     }
     bool const found = !reached.empty() && reached.back().shown > level;
     nodes.push_back(found ? &path[path.size() - reached.size()] : nullptr);
@@ -198,7 +198,7 @@ std::vector<PathNode*> RowData::LevelOf(OmDimHeader& header, std::size_t level) 
 void RowData::GetRowNodes(unsigned long long place, std::deque<PathNode*>& out) {
   calc.base.Digits(place, digits_);
   for (std::size_t j = 0; j < known_.size(); ++j) {
-    AppendLevels(PathOf(known_[j], digits_), visibleLevels[j], out);
+    AppendLevels(FindPath(known_[j], digits_), visibleLevels[j], out);
   }
 }
 
@@ -213,8 +213,8 @@ void RowData::GetRowNodeCategories(unsigned long long place, std::deque<PathNode
 std::deque<PathNode*> RowData::Row(int r) {
   std::deque<PathNode*> nodes;
   unsigned long long place = 0;
-  if (PlaceOf(r, place)) {
-    GetRowNodes(Narrowed(place), nodes);
+  if (FindPlace(r, place)) {
+    GetRowNodes(Narrow(place), nodes);
   }
   return nodes;
 }
@@ -222,8 +222,8 @@ std::deque<PathNode*> RowData::Row(int r) {
 std::deque<PathNode*> RowData::RowCategories(int r) {
   std::deque<PathNode*> nodes;
   unsigned long long place = 0;
-  if (PlaceOf(r, place)) {
-    GetRowNodeCategories(Narrowed(place), nodes);
+  if (FindPlace(r, place)) {
+    GetRowNodeCategories(Narrow(place), nodes);
   }
   return nodes;
 }
@@ -240,20 +240,21 @@ std::deque<PathNode*> RowData::Level(int level, bool narrow) {
     return nodes;
   }
   Head const& head = known_[j];
-  std::vector<PathNode*> const shown = LevelOf(*head.header, static_cast<std::size_t>(within));
+  std::vector<PathNode*> const shown =
+      FindLevelNodes(*head.header, static_cast<std::size_t>(within));
   for (unsigned long long row = 0; row < nPlaces; ++row) {
     unsigned long long const place = skipEmpty ? nonEmpty[row] : row;
-    calc.base.Digits(narrow ? Narrowed(place) : place, digits_);
+    calc.base.Digits(narrow ? Narrow(place) : place, digits_);
     std::size_t const position = digits_[head.digit];
     nodes.push_back(position < shown.size() ? shown[position] : nullptr);
   }
   return nodes;
 }
 
-std::vector<RowData::Path*> RowData::LongPaths(int r) {
+std::vector<RowData::Path*> RowData::FindLongPaths(int r) {
   std::vector<Path*> paths;
   unsigned long long place = 0;
-  if (PathPlaceOf(r, place)) {
+  if (FindPathPlace(r, place)) {
     paths = FindNodes(place);
     std::erase_if(paths, [](Path const* path) { return path == nullptr || path->size() < 2; });
   }
@@ -261,7 +262,7 @@ std::vector<RowData::Path*> RowData::LongPaths(int r) {
 }
 
 void RowData::DimAllNodes(int r, std::vector<PathNode*>& out) {
-  std::vector<Path*> const paths = LongPaths(r);
+  std::vector<Path*> const paths = FindLongPaths(r);
   std::size_t count = 0;
   for (Path const* path : paths) {
     count += path->size();
@@ -274,7 +275,7 @@ void RowData::DimAllNodes(int r, std::vector<PathNode*>& out) {
 
 void RowData::DimCatNodes(int r, std::vector<PathNode*>& outermost,
                           std::vector<PathNode*>& categories) {
-  std::vector<Path*> const paths = LongPaths(r);
+  std::vector<Path*> const paths = FindLongPaths(r);
   MakeRoom(outermost, paths.size());
   MakeRoom(categories, paths.size());
   for (Path* path : paths) {
@@ -285,7 +286,7 @@ void RowData::DimCatNodes(int r, std::vector<PathNode*>& outermost,
 
 void RowData::Fill(std::vector<int>& index, int r) {
   unsigned long long place = 0;
-  if (PlaceOf(r, place)) {
+  if (FindPlace(r, place)) {
     layout().Fill(place, calc, index);
   }
 }
@@ -295,6 +296,6 @@ int RowData::VisibleLevels(int j) const {
   return position < visibleLevels.size() ? visibleLevels[position] : 0;
 }
 
-int RowData::DimensionAt(int j) const {
+int RowData::GetDimensionIndex(int j) const {
   return heads[j];
 }

@@ -38,13 +38,13 @@ struct OmDisplayRowHeading::Data {
   unsigned long long CountPlaces() const;
 
   /// The place of display row `r`, at full width; false when there is no such row.
-  bool PlaceOf(int r, unsigned long long& place) const;
+  bool FindPlace(int r, unsigned long long& place) const;
 
   /// The place that the path queries take for `r`: of a row that was not kept, the number itself.
-  bool PathPlaceOf(int r, unsigned long long& place) const;
+  bool FindPathPlace(int r, unsigned long long& place) const;
 
   /// The paths of that place that have at least two nodes.
-  std::vector<Path*> LongPaths(int r);
+  std::vector<Path*> FindLongPaths(int r);
 
   /// The heading cells of display row `r`.
   std::deque<PathNode*> Row(int r);
@@ -62,7 +62,7 @@ struct OmDisplayRowHeading::Data {
   int VisibleLevels(int j) const;
 
   /// The table's dimension number of heading dimension `j`.
-  int DimensionAt(int j) const;
+  int GetDimensionIndex(int j) const;
 
   OmDisplayLayerHeading* layerHeading;
   OmPivotTable* table;
@@ -87,15 +87,15 @@ struct OmDisplayRowHeading::Data {
   Layout& layout() const;
 
   /// The path of one heading dimension at a display position, or null.
-  static Path* PathOf(Head const& head, std::vector<unsigned int> const& digits);
+  static Path* FindPath(Head const& head, std::vector<unsigned int> const& digits);
 
   /// What the flags of a node make of it, from the root down.
-  enum class Standing { kShown, kSkipped, kEnd };
-  Standing StandingOf(PathNode const& node) const;
+  enum class Visibility { kShown, kSkipped, kEnd };
+  Visibility ClassifyNode(PathNode const& node) const;
 
   /// What each path of a heading dimension shows at one of its levels, or null. Linear in the number
   /// of nodes, however long the paths are.
-  std::vector<PathNode*> LevelOf(OmDimHeader& header, std::size_t level) const;
+  std::vector<PathNode*> FindLevelNodes(OmDimHeader& header, std::size_t level) const;
 
   /// Appends the `width` heading cells of a path, with nulls for what it lacks.
   void AppendLevels(Path* path, std::size_t width, std::deque<PathNode*>& out) const;

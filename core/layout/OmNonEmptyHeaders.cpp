@@ -34,13 +34,13 @@ void Layout::FindNonEmptyHeadersSparse(PuppetVector<short> const& heads, PuppetV
   PlaceCalculator const calc(heads, table->SizeVector());
   OmPlaceSet places(calc.Size());
   std::vector<unsigned int> digits(heads.size());
-  OmPivotTable::Iterator::Data walk(*TableData());
+  OmPivotTable::Iterator::Data walk(*GetTableData());
   for (; walk.current != nullptr; walk.current = static_cast<OmCellText*>(walk.Increment(0))) {
     for (std::size_t i = 0; i < digits.size(); ++i) {
       short const dimension = heads.elements[i];
-      OmDimHeader const* const header = Header(dimension);
+      OmDimHeader const* const header = FindHeader(dimension);
       digits[i] = header != nullptr
-                      ? header->PositionOf(walk.levels[static_cast<std::size_t>(dimension)].index)
+                      ? header->FindPosition(walk.levels[static_cast<std::size_t>(dimension)].index)
                       : 0;
     }
     places.Insert(calc.base.Value(digits));
@@ -51,7 +51,7 @@ void Layout::FindNonEmptyHeadersSparse(PuppetVector<short> const& heads, PuppetV
 void Layout::FindNonEmptyHeadersDense(PuppetVector<short> const& heads,
                                       PuppetVector<short> const& others, Places& result) {
   result.clear();
-  OmOccupiedPlaces(*this, TableData()->cells, heads, others).AppendTo(result);
+  OmOccupiedPlaces(*this, GetTableData()->cells, heads, others).AppendTo(result);
 }
 
 void Layout::FindVisibleLevels(Places const& places, PlaceCalculator& calc,
@@ -60,7 +60,7 @@ void Layout::FindVisibleLevels(Places const& places, PlaceCalculator& calc,
   // Per digit, which display positions occur.
   std::vector<std::vector<bool>> occurs(count);
   for (std::size_t i = 0; i < count && !places.empty(); ++i) {
-    OmDimHeader const* const header = Header(calc.dims.elements[i]);
+    OmDimHeader const* const header = FindHeader(calc.dims.elements[i]);
     occurs[i].resize(header != nullptr ? header->levelCounts.size() : 0);
   }
   std::vector<unsigned int> digits;
@@ -73,7 +73,7 @@ void Layout::FindVisibleLevels(Places const& places, PlaceCalculator& calc,
     }
   }
   for (std::size_t i = 0; i < count; ++i) {
-    OmDimHeader const* const header = Header(calc.dims.elements[i]);
+    OmDimHeader const* const header = FindHeader(calc.dims.elements[i]);
     if (header == nullptr) {
       continue;
     }

@@ -8,16 +8,16 @@ namespace {
 
 constexpr unsigned long long kSaturated = std::numeric_limits<unsigned long long>::max();
 
-unsigned long long SaturatingProduct(unsigned long long a, unsigned long long b) {
+unsigned long long MultiplySaturated(unsigned long long a, unsigned long long b) {
   unsigned long long product = 0;
   return __builtin_mul_overflow(a, b, &product) ? kSaturated : product;
 }
 
 /// `value + weight * digit`, saturated.
-unsigned long long SaturatingSum(unsigned long long value, unsigned long long weight,
-                                 unsigned long long digit) {
+unsigned long long AddProductSaturated(unsigned long long value, unsigned long long weight,
+                                       unsigned long long digit) {
   unsigned long long sum = 0;
-  return __builtin_add_overflow(value, SaturatingProduct(weight, digit), &sum) ? kSaturated : sum;
+  return __builtin_add_overflow(value, MultiplySaturated(weight, digit), &sum) ? kSaturated : sum;
 }
 
 }  // namespace
@@ -58,7 +58,7 @@ void OmOccupiedPlaces::PlanOthers(OmDisplayLayerHeading::Data const& layout,
       dimension.bound = size;
       dimension.weight = weight;
     }
-    weight = SaturatingProduct(weight, size);
+    weight = MultiplySaturated(weight, size);
   }
 }
 
@@ -74,22 +74,22 @@ void OmOccupiedPlaces::PlanHeads(OmDisplayLayerHeading::Data& layout,
       continue;
     }
     auto const size = static_cast<unsigned int>(sizes[d]);
-    if (OmDimHeader const* const header = layout.Header(heads.elements[i - 1])) {
+    if (OmDimHeader const* const header = layout.FindHeader(heads.elements[i - 1])) {
       Dimension& dimension = dimensions_[d];
       digit.count = static_cast<unsigned int>(std::min<std::size_t>(size, header->paths.size()));
       if (dimension.role == Role::kFixed) {
         dimension.role = Role::kHead;
-        dimension.leaves = LeavesBySubscript(*header, digit.count);
+        dimension.leaves = IndexLeaves(*header, digit.count);
         digit.dimension = static_cast<long long>(d);
         lowestHead_ = std::min(lowestHead_, d);
       }
     }
-    weight = SaturatingProduct(weight, size);
+    weight = MultiplySaturated(weight, size);
   }
 }
 
-OmOccupiedPlaces::Leaves OmOccupiedPlaces::LeavesBySubscript(OmDimHeader const& header,
-                                                             std::size_t count) {
+OmOccupiedPlaces::Leaves OmOccupiedPlaces::IndexLeaves(OmDimHeader const& header,
+                                                       std::size_t count) {
   Leaves leaves;
   leaves.previous.resize(count, kNone);
   for (std::size_t k = 0; k < count; ++k) {
@@ -116,7 +116,7 @@ void OmOccupiedPlaces::AppendTo(std::vector<unsigned long long>& result) {
     std::size_t const level = count - path.size();
     Frame& top = path.back();
     if (!Step(top, level)) {
-      bool const finished = Finished(top, level);
+      bool const finished = IsFinished(top, level);
       path.pop_back();
       if (!path.empty()) {
         Leave(path.back(), level + 1, finished);
@@ -124,9 +124,9 @@ void OmOccupiedPlaces::AppendTo(std::vector<unsigned long long>& result) {
     } else if (level != 0) {
       path.push_back(
           Enter(static_cast<OmPivotTable::PointerVector*>(top.node->Entry(subscripts_[level])),
-                level - 1, ListBelow(top, level)));
+                level - 1, FindListBelow(top, level)));
     } else {
-      bool const hit = OthersInRange();
+      bool const hit = AreOthersInRange();
       if (hit) {
         Keep(kept);
       }
@@ -222,7 +222,7 @@ void OmOccupiedPlaces::Leave(Frame& frame, std::size_t level, bool finished) {
   }
 }
 
-bool OmOccupiedPlaces::Finished(Frame const& frame, std::size_t level) const {
+bool OmOccupiedPlaces::IsFinished(Frame const& frame, std::size_t level) const {
   if (dimensions_[level].role != Role::kHead || !ComesAgain(level)) {
     return frame.finished;
   }
@@ -236,7 +236,7 @@ bool OmOccupiedPlaces::HasLeaf(std::size_t level, unsigned long subscript) const
 }
 
 /// The list for the level below the entry that Step() moved to.
-unsigned int OmOccupiedPlaces::ListBelow(Frame const& frame, std::size_t level) {
+unsigned int OmOccupiedPlaces::FindListBelow(Frame const& frame, std::size_t level) {
   if (dimensions_[level].role != Role::kHead || !ComesAgain(level)) {
     return frame.list;
   }
@@ -283,11 +283,11 @@ void OmOccupiedPlaces::Close(Frame const& frame) {
   closed.next = std::exchange(freeOpen_, frame.current);
 }
 
-bool OmOccupiedPlaces::OthersInRange() const {
+bool OmOccupiedPlaces::AreOthersInRange() const {
   unsigned long long number = 0;
   for (std::size_t d = 0; d < dimensions_.size(); ++d) {
     if (dimensions_[d].role == Role::kOther) {
-      number = SaturatingSum(number, dimensions_[d].weight, subscripts_[d]);
+      number = AddProductSaturated(number, dimensions_[d].weight, subscripts_[d]);
     }
   }
   return number < nOthers_;
@@ -319,7 +319,7 @@ void OmOccupiedPlaces::Keep(OmPlaceSet& kept) {
 
 void OmOccupiedPlaces::Extend(Digit const& digit, unsigned int value) {
   for (unsigned long long const place : partial_) {
-    unsigned long long const longer = SaturatingSum(place, digit.weight, value);
+    unsigned long long const longer = AddProductSaturated(place, digit.weight, value);
     if (longer < nHeads_) {
       extended_.push_back(longer);
     }

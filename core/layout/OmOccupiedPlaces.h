@@ -40,7 +40,7 @@ class OmOccupiedPlaces {
   void AppendTo(std::vector<unsigned long long>& result);
 
   /// How many entries of the store the search looked at, which is what it costs.
-  unsigned long long Looks() const { return looks_; }
+  unsigned long long CountLooks() const { return looks_; }
 
  private:
   static constexpr unsigned int kNone = OmDimHeader::kNoPosition;
@@ -94,7 +94,7 @@ class OmOccupiedPlaces {
     bool finished = false;          ///< whether nothing more can be found at this level
   };
 
-  static Leaves LeavesBySubscript(OmDimHeader const& header, std::size_t count);
+  static Leaves IndexLeaves(OmDimHeader const& header, std::size_t count);
 
   void PlanOthers(OmDisplayLayerHeading::Data const& layout, PuppetVector<short> const& others,
                   std::vector<int> const& sizes);
@@ -108,13 +108,13 @@ class OmOccupiedPlaces {
   bool Step(Frame& frame, std::size_t level);
   bool StepOpen(Frame& frame, std::size_t level);
   void Leave(Frame& frame, std::size_t level, bool finished);
-  bool Finished(Frame const& frame, std::size_t level) const;
+  bool IsFinished(Frame const& frame, std::size_t level) const;
   bool HasLeaf(std::size_t level, unsigned long subscript) const;
-  unsigned int ListBelow(Frame const& frame, std::size_t level);
+  unsigned int FindListBelow(Frame const& frame, std::size_t level);
   void OpenNext(OpenList& list);
   void Close(Frame const& frame);
 
-  bool OthersInRange() const;
+  bool AreOthersInRange() const;
   void Keep(OmPlaceSet& kept);
   void Extend(Digit const& digit, unsigned int value);
 

@@ -6,8 +6,8 @@
 
 /// A count as an int, INT_MAX where it does not fit.
 inline int SaturateToInt(unsigned long long count) {
-  constexpr unsigned long long kMost = std::numeric_limits<int>::max();
-  return static_cast<int>(std::min(count, kMost));
+  constexpr unsigned long long kMax = std::numeric_limits<int>::max();
+  return static_cast<int>(std::min(count, kMax));
 }
 
 #endif

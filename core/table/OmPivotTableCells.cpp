@@ -5,7 +5,7 @@
 
 namespace {
 
-unsigned long At(std::vector<int> const& index, std::size_t level) {
+unsigned long GetSubscript(std::vector<int> const& index, std::size_t level) {
   return static_cast<unsigned long>(index[level]);
 }
 
@@ -62,7 +62,7 @@ OmPivotTable::PointerVector* OmPivotTable::Data::FindBottom(std::vector<int> con
   PointerVector* node = cells;
   for (std::size_t level = index.size(); node != nullptr && level > 1;) {
     --level;
-    node = static_cast<PointerVector*>(node->Entry(At(index, level)));
+    node = static_cast<PointerVector*>(node->Entry(GetSubscript(index, level)));
   }
   return node;
 }
@@ -74,11 +74,12 @@ void*& OmPivotTable::Data::MakeSlot(std::vector<int> const& index) {
   for (PointerVector* next = cells; next != nullptr;) {
     node = next;
     --level;
-    next = level != 0 ? static_cast<PointerVector*>(node->Entry(At(index, level))) : nullptr;
+    next =
+        level != 0 ? static_cast<PointerVector*>(node->Entry(GetSubscript(index, level))) : nullptr;
   }
   if (level == 0) {
-    node->MakeRoom(At(index, 0));
-    return (*node)[At(index, 0)];
+    node->MakeRoom(GetSubscript(index, 0));
+    return (*node)[GetSubscript(index, 0)];
   }
   // What is missing is built apart, from the bottom up, so that a failure leaves the store alone.
   PointerVector* chain = nullptr;
@@ -87,8 +88,8 @@ void*& OmPivotTable::Data::MakeSlot(std::vector<int> const& index) {
     void** slot = nullptr;
     while (built != level) {
       Owned<PointerVector> fresh = Make<PointerVector>(this);
-      fresh->MakeRoom(At(index, built));
-      void*& entry = (*fresh)[At(index, built)];
+      fresh->MakeRoom(GetSubscript(index, built));
+      void*& entry = (*fresh)[GetSubscript(index, built)];
       entry = chain;
       slot = built == 0 ? &entry : slot;
       chain = fresh.release();
@@ -97,8 +98,8 @@ void*& OmPivotTable::Data::MakeSlot(std::vector<int> const& index) {
     if (node == nullptr) {
       cells = chain;
     } else {
-      node->MakeRoom(At(index, level));
-      (*node)[At(index, level)] = chain;
+      node->MakeRoom(GetSubscript(index, level));
+      (*node)[GetSubscript(index, level)] = chain;
     }
     return *slot;
   } catch (...) {
@@ -113,7 +114,7 @@ void OmPivotTable::Data::ReleasePath(PointerVector* node, std::size_t level,
                                      std::vector<int> const& index) {
   for (;; --level) {
     auto* const below =
-        level != 0 ? static_cast<PointerVector*>(node->Entry(At(index, level))) : nullptr;
+        level != 0 ? static_cast<PointerVector*>(node->Entry(GetSubscript(index, level))) : nullptr;
     Destroyer()(node);
     if (level == 0) {
       return;
@@ -128,8 +129,8 @@ void OmPivotTable::Data::Prune(std::vector<int> const& index) {
   std::size_t top = 0;
   PointerVector* node = cells;
   for (std::size_t level = index.size() - 1; level != 0; --level) {
-    auto* const below = static_cast<PointerVector*>(node->Entry(At(index, level)));
-    unsigned long const only = level > 1 ? At(index, level - 1) : below->size();
+    auto* const below = static_cast<PointerVector*>(node->Entry(GetSubscript(index, level)));
+    unsigned long const only = level > 1 ? GetSubscript(index, level - 1) : below->size();
     unsigned long const first = below->FirstFrom(0);
     bool const empty = first == only && below->FirstFrom(first + 1) >= below->size();
     if (!empty) {
@@ -141,7 +142,7 @@ void OmPivotTable::Data::Prune(std::vector<int> const& index) {
     node = below;
   }
   if (parent != nullptr) {
-    void*& entry = (*parent)[At(index, top)];
+    void*& entry = (*parent)[GetSubscript(index, top)];
     ReleasePath(static_cast<PointerVector*>(entry), top - 1, index);
     entry = nullptr;
   }
@@ -188,7 +189,8 @@ void OmPivotTable::Data::DeleteCells() {
 OmCellText* OmPivotTable::Cell(std::vector<int> const& index) const {
   _my->CheckIndex(index);
   PointerVector const* const bottom = _my->FindBottom(index);
-  return bottom != nullptr ? static_cast<OmCellText*>(bottom->Entry(At(index, 0))) : nullptr;
+  return bottom != nullptr ? static_cast<OmCellText*>(bottom->Entry(GetSubscript(index, 0)))
+                           : nullptr;
 }
 
 bool OmPivotTable::Cell(std::vector<int> const& index, OmCellText const* cell) {
@@ -222,10 +224,10 @@ void OmPivotTable::deleteCell(std::vector<int> const& index) {
     return;
   }
   PointerVector* const bottom = _my->FindBottom(index);
-  if (bottom == nullptr || At(index, 0) >= bottom->size()) {
+  if (bottom == nullptr || GetSubscript(index, 0) >= bottom->size()) {
     return;
   }
-  void*& slot = (*bottom)[At(index, 0)];
+  void*& slot = (*bottom)[GetSubscript(index, 0)];
   delete static_cast<OmCellText*>(slot);
   slot = nullptr;
   _my->Prune(index);

@@ -9,11 +9,11 @@
 namespace {
 
 /// The text of a cell, nothing for none.
-std::string TextOf(OmCellText const* cell) {
+std::string GetText(OmCellText const* cell) {
   return cell != nullptr ? cell->GetText() : "";
 }
 
-char const* YesNo(bool flag) {
+char const* FormatFlag(bool flag) {
   return flag ? "yes" : "no";
 }
 
@@ -23,8 +23,8 @@ void DumpNode(OmDimension::ConstNode const& handle) {
     std::cout << "  ";
   }
   std::cout << "Subscript: " << static_cast<long>(node.subscript)
-            << ", Group: " << YesNo(node.group) << ", hide: " << YesNo(node.hide)
-            << ", hideLabels: " << YesNo(node.hideLabels);
+            << ", Group: " << FormatFlag(node.group) << ", hide: " << FormatFlag(node.hide)
+            << ", hideLabels: " << FormatFlag(node.hideLabels);
   if (node.sort == 0 || node.sort == 1) {
     std::cout << (node.sort == 0 ? ", Sort: up" : ", Sort: down");
   }
@@ -50,27 +50,27 @@ void DumpTree(OmDimension const& dimension) {
 }  // namespace
 
 void OmPivotTable::Print() const {
-  std::cout << "Starting table " << TextOf(GetTableTitle()) << std::endl;
+  std::cout << "Starting table " << GetText(GetTableTitle()) << std::endl;
   for (OmDimension const* dimension : _my->_dimensions.Elements()) {
     DumpTree(*dimension);
   }
   std::cout << "Cells" << std::endl;
   for (auto at = FirstCell(); at.Cell() != nullptr; ++at) {
-    std::cout << TextOf(at.Cell()) << std::endl;
+    std::cout << GetText(at.Cell()) << std::endl;
   }
   if (CornerText() != nullptr) {
-    std::cout << "  Corner Text: " << TextOf(CornerText()) << std::endl;
+    std::cout << "  Corner Text: " << GetText(CornerText()) << std::endl;
   }
   if (Caption() != nullptr) {
-    std::cout << "  Caption: " << TextOf(Caption()) << std::endl;
+    std::cout << "  Caption: " << GetText(Caption()) << std::endl;
   }
   if (Footnotes().size() != 0) {
     std::cout << "  Footnotes" << std::endl;
     for (OmFootnote const& footnote : Footnotes().Elements()) {
-      std::cout << "      " << TextOf(footnote.text) << std::endl;
+      std::cout << "      " << GetText(footnote.text) << std::endl;
     }
   }
-  std::cout << "Done with table " << TextOf(GetTableTitle()) << std::endl;
+  std::cout << "Done with table " << GetText(GetTableTitle()) << std::endl;
 }
 
 void OmPivotTable::PrintCells(PointerVector* node, unsigned long depth, unsigned long index) const {

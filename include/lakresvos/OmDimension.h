@@ -167,7 +167,7 @@ class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
 
  private:
   /// Whether `parent` can take a child, as far as that can be told in constant time.
-  bool Takes(Node const& parent) const;
+  bool AcceptsChild(Node const& parent) const;
 
   /// The nodes from the root to the parent of `node`; empty for the root and what is not in this
   /// tree. Found from the root: parent links play no part, for removals leave them stale.
@@ -175,7 +175,7 @@ class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
 
   /// 1 plus the largest subscript of any category, taken as 32 bits, 0 when there is none.
   /// @param without a node to leave out with everything below it, or null.
-  unsigned int NextSubscript(Element const* without = nullptr) const;
+  unsigned int FindNextSubscript(Element const* without = nullptr) const;
 
   unsigned int categoryCount_ = 0;
 };

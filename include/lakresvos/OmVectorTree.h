@@ -75,11 +75,11 @@ struct OmVectorTreeElement {
   };
 
   /// Fills `target`, which has no children, with copies of everything below `source`.
-  /// @param origin called with the node to copy and the copy of its parent.
+  /// @param makeOrigin called with the node to copy and the copy of its parent.
   /// @throws whatever copying a value throws; what was copied until then hangs below `target`.
-  template <class OriginOf>
+  template <class MakeOrigin>
   static void CopyChildren(OmVectorTreeElement const& source, OmVectorTreeElement& target,
-                           OriginOf origin) {
+                           MakeOrigin makeOrigin) {
     struct Frame {
       OmVectorTreeElement const* source;
       OmVectorTreeElement* target;
@@ -94,7 +94,7 @@ struct OmVectorTreeElement {
         continue;
       }
       OmVectorTreeElement const& original = top.source->children[next];
-      Origin const from = origin(original, top.target);
+      Origin const from = makeOrigin(original, top.target);
       OmVectorTreeElement& copy = top.target->children.emplace_back(from.region, original.value);
       copy.parent = from.parent;
       copy.children.reserve(original.children.size());
@@ -133,7 +133,7 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
     ConstNode(Element const* node, unsigned int level) : element(node), depth(level) {}
 
     /// The node's payload; a default value for an empty handle.
-    Type const& Value() const { return element != nullptr ? element->value : NoValue(); }
+    Type const& Value() const { return element != nullptr ? element->value : GetDefaultValue(); }
   };
 
   struct Node : Access<Node, Element> {
@@ -146,7 +146,7 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
 
     /// The node's payload, to read or change. An empty handle gives a default value that belongs to
     /// no tree and is made anew at each call.
-    Type& Value() const { return element != nullptr ? element->value : NoValue(); }
+    Type& Value() const { return element != nullptr ? element->value : GetDefaultValue(); }
 
     /// The node at the same place in `other`, a tree that has at least this one's shape along the
     /// path. Only the source tree is checked: a node that is not among its parent's children aborts
@@ -344,7 +344,7 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
     Self const& self() const { return static_cast<Self const&>(*this); }
   };
 
-  static Type& NoValue() {
+  static Type& GetDefaultValue() {
     thread_local Type none{};
     none.~Type();
     return *::new (static_cast<void*>(&none)) Type();
@@ -385,7 +385,7 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
   }
 
   /// The name of the payload type, as the compiler spells it.
-  static std::string TypeName() {
+  static std::string GetTypeName() {
     std::string const text = __PRETTY_FUNCTION__;
     std::string const mark = "Type = ";
     std::size_t const start = text.rfind(mark) + mark.size();
@@ -396,7 +396,7 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
     std::string const function =
         "OmVectorTree<Type>::Node OmVectorTree<Type>::Node::Counterpart(OmVectorTree<Type>&) "
         "[with Type = " +
-        TypeName() + "]";
+        GetTypeName() + "]";
     OmAssertionFailed("0 <= offset && offset < vec.size()", "backend/tables/om/VectorTree", 384,
                       function.c_str());
   }

@@ -11,11 +11,13 @@
 /// Reaches the private records of the display headings.
 class OmDisplayTestAccess {
  public:
-  static OmDisplayLayerHeading::Data& Of(OmDisplayLayerHeading const& heading) {
+  static OmDisplayLayerHeading::Data& GetData(OmDisplayLayerHeading const& heading) {
     return *heading._my;
   }
-  static OmDisplayRowHeading::Data& Of(OmDisplayRowHeading const& heading) { return *heading._my; }
-  static OmDisplayRowHeading::Data& Of(OmDisplayColumnHeading const& heading) {
+  static OmDisplayRowHeading::Data& GetData(OmDisplayRowHeading const& heading) {
+    return *heading._my;
+  }
+  static OmDisplayRowHeading::Data& GetData(OmDisplayColumnHeading const& heading) {
     return *heading._my;
   }
 };

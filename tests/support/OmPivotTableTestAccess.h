@@ -6,7 +6,7 @@
 /// Opens a table's private record to tests.
 class OmPivotTableTestAccess {
  public:
-  static OmPivotTable::Data& data(OmPivotTable& table) { return *table._my; }
+  static OmPivotTable::Data& GetData(OmPivotTable& table) { return *table._my; }
 };
 
 #endif

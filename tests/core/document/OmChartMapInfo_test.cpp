@@ -271,12 +271,13 @@ TEST(OmChartMapInfo, TheLongestTextsAreWrittenAndReadBack) {
   EXPECT_EQ(Read(Written(texts)), texts);
 }
 
-testing::AssertionResult IsRefused(Texts const& texts, double length) {
+testing::AssertionResult IsRefused(Texts const& texts, std::string const& which, double length) {
   try {
     Written(texts);
   } catch (OMSException const& error) {
-    if (error.Message() == "OmChart::MapInfoBlock() -- text too long" && error.Value1() == length &&
-        error.Value2() == 65535) {
+    if (error.Message() ==
+            "OmChart::MapInfoBlock() -- the " + which + " text is longer than 65535 bytes" &&
+        error.Value1() == length && error.Value2() == 65535) {
       return testing::AssertionSuccess();
     }
     return testing::AssertionFailure() << "threw " << error.what();
@@ -285,11 +286,11 @@ testing::AssertionResult IsRefused(Texts const& texts, double length) {
 }
 
 TEST(OmChartMapInfo, ASecondTextThatIsTooLongIsRefused) {
-  EXPECT_TRUE(IsRefused({"", std::string(65536, 'x'), "", ""}, 65536));
+  EXPECT_TRUE(IsRefused({"", std::string(65536, 'x'), "", ""}, "second", 65536));
 }
 
 TEST(OmChartMapInfo, AFourthTextThatIsTooLongIsRefused) {
-  EXPECT_TRUE(IsRefused({"", "", "", std::string(100000, 'x')}, 100000));
+  EXPECT_TRUE(IsRefused({"", "", "", std::string(100000, 'x')}, "fourth", 100000));
 }
 
 // Without memory

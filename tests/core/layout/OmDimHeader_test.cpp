@@ -184,14 +184,14 @@ TEST_F(OmDimHeaderTest, KeepsBothLeavesOfOneSubscriptAndFindsTheLaterOne) {
   Category(dimension, root, "first", 0);
   Category(dimension, root, "second", 0);
   EXPECT_EQ(List(Header().visibleCategories), (std::vector<long>{0, 0}));
-  EXPECT_EQ(Header().PositionOf(0), 1U);
+  EXPECT_EQ(Header().FindPosition(0), 1U);
 }
 
 TEST_F(OmDimHeaderTest, GivesASubscriptBeyondAnyCellAPositionButNoSlot) {
   Category(dimension, root, "far", 1UL << 31);
   EXPECT_EQ(List(Header().visibleCategories), (std::vector<long>{1L << 31}));
   EXPECT_EQ(List(Header().categoryPositions), (std::vector<long>{kNone}));
-  EXPECT_EQ(Header().PositionOf(1UL << 31), OmDimHeader::kNoPosition);
+  EXPECT_EQ(Header().FindPosition(1UL << 31), OmDimHeader::kNoPosition);
 }
 
 TEST_F(OmDimHeaderTest, TakesPathsFromTheWalkWhereAnEditLeftParentLinksStale) {
@@ -210,7 +210,7 @@ TEST(OmDimHeader, IsPreparedForEveryDimensionOfTheTablePlacedOrNot) {
   table.AddFlat("A", 2);
   table.AddFlat("B", 3);
   OmDisplayLayerHeading const layers(table, false);
-  OmVector<OmDimHeader*> const& headers = OmDisplayTestAccess::Of(layers).dimHeaders;
+  OmVector<OmDimHeader*> const& headers = OmDisplayTestAccess::GetData(layers).dimHeaders;
   ASSERT_EQ(headers.size(), 2U);
   EXPECT_EQ(headers[1]->paths.size(), 3U);
 }
@@ -219,7 +219,7 @@ TEST(OmDimHeader, LivesInTheRegionOfTheLayerHeading) {
   Table table;
   table.AddFlat("A", 2);
   OmDisplayLayerHeading const layers(table, false);
-  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::Of(layers);
+  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::GetData(layers);
   OmDimHeader const& header = *data.dimHeaders[0];
   EXPECT_EQ(data.dimHeaders.region, &data);
   EXPECT_EQ(header.region, &data);
@@ -235,7 +235,7 @@ TEST(OmDimHeader, OwnsTheNodesThatTheHeadingsGiveOut) {
   table.Place({0}, {});
   OmDisplayLayerHeading layers(table, false);
   OmDisplayRowHeading const rows(layers, false, false);
-  OmDimHeader::Path& path = OmDisplayTestAccess::Of(layers).dimHeaders[0]->paths[1];
+  OmDimHeader::Path& path = OmDisplayTestAccess::GetData(layers).dimHeaders[0]->paths[1];
   EXPECT_EQ(rows.Row(1), (std::deque<OmDimHeader::PathNode*>{&path[1], &path[0]}));
 }
 
@@ -267,5 +267,5 @@ TEST_F(OmDimHeaderTest, TakesAMillionCategories) {
     dimension.AddNewChild(root, label, i, false);
   }
   EXPECT_EQ(Header().paths.size(), kCount);
-  EXPECT_EQ(Header().PositionOf(kCount - 1), kCount - 1);
+  EXPECT_EQ(Header().FindPosition(kCount - 1), kCount - 1);
 }

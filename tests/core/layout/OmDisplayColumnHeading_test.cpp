@@ -105,8 +105,8 @@ TEST_F(OmDisplayColumnHeadingTest, NeverMovesDimensionNamesToTheCorner) {
   OmStringCell const text("corner");
   table.CornerText(&text);
   OmDisplayColumnHeading const columns(layers, false);
-  EXPECT_TRUE(OmDisplayTestAccess::Of(columns).cornerLabels.empty());
-  EXPECT_FALSE(OmDisplayTestAccess::Of(columns).dimNamesInCorner);
+  EXPECT_TRUE(OmDisplayTestAccess::GetData(columns).cornerLabels.empty());
+  EXPECT_FALSE(OmDisplayTestAccess::GetData(columns).dimNamesInCorner);
   EXPECT_EQ(Texts(columns.Row(0)), (Labels{"B", "B", "B", "B", "B", "B"}));
 }
 

@@ -280,7 +280,7 @@ class OmDisplayWrappedPlaces : public testing::Test {
   Places Dense(PuppetVector<short> const& heads, PuppetVector<short> const& others) {
     OmDisplayLayerHeading const layers(table, false);
     Places places;
-    OmDisplayTestAccess::Of(layers).FindNonEmptyHeadersDense(heads, others, places);
+    OmDisplayTestAccess::GetData(layers).FindNonEmptyHeadersDense(heads, others, places);
     return places;
   }
 
@@ -296,14 +296,14 @@ TEST_F(OmDisplayWrappedPlaces, AreTriedOnTheOtherAxisAsFarAsTheyAreCounted) {
 TEST_F(OmDisplayWrappedPlaces, AreTriedFromTheEndOfTheOtherAxisForTheRows) {
   table.Place({0}, {5, 4, 3, 2, 1});
   OmDisplayLayerHeading layers(table, false);
-  OmDisplayTestAccess::Of(layers).sparse = false;
+  OmDisplayTestAccess::GetData(layers).sparse = false;
   EXPECT_EQ(OmDisplayRowHeading(layers, true, false).getNonEmptyRows(), Places{0});
 }
 
 TEST_F(OmDisplayWrappedPlaces, AreTriedColumnsFirstForTheLayers) {
   table.Place({4, 5}, {1, 2, 3}, {0});
   OmDisplayLayerHeading const layers(table, false);
-  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::Of(layers);
+  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::GetData(layers);
   data.sparse = false;
   data.FindNonEmptyLayers();
   EXPECT_EQ(data.nonEmptyLayers, Places{0});
@@ -347,7 +347,7 @@ TEST(OmDisplayWideDimension, IsLaidOutWithAMillionCategories) {
     table.Put({r});
   }
   OmDisplayLayerHeading layers(table, false);
-  ASSERT_FALSE(OmDisplayTestAccess::Of(layers).sparse);
+  ASSERT_FALSE(OmDisplayTestAccess::GetData(layers).sparse);
   OmDisplayRowHeading const rows(layers, true, false);
   EXPECT_EQ(rows.NRows(), kCount / 50);
   OmDisplayRowHeading const all(layers, false, false);

@@ -39,13 +39,13 @@ std::vector<int> Filled(Fillable&& heading, At... at) {
 }
 
 std::vector<int> AllRows(layout_model::Place count) {
-  constexpr int kMost = 150;
+  constexpr int kMax = 150;
   int const rows = Count(count);
   std::vector<int> numbers{-1, rows, rows + 1};
-  for (int r = 0; r < std::min(rows, kMost); ++r) {
+  for (int r = 0; r < std::min(rows, kMax); ++r) {
     numbers.push_back(r);
   }
-  if (rows > kMost) {
+  if (rows > kMax) {
     numbers.push_back(rows - 1);
   }
   return numbers;
@@ -263,7 +263,7 @@ RC_GTEST_PROP(OmDisplayLayout, FindsTheSamePlacesAsTheModelByEitherMethod, ()) {
   heading.SwitchLayer(0);
   model.SwitchLayer(0);
 
-  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::Of(heading);
+  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::GetData(heading);
   RC_ASSERT(data.sparse == model.sparse);
   std::vector<short> const axes[] = {layout_model::Reversed(table.Rows()),
                                      layout_model::Reversed(table.Columns()),
@@ -319,21 +319,21 @@ RC_GTEST_PROP(OmDisplayLayout, TheDenseSearchCostsNoMoreThanTryingPlaceByPlace, 
     }
   }
   OmDisplayLayerHeading heading(table, false);
-  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::Of(heading);
+  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::GetData(heading);
   Layers const model(table, false);
 
   std::vector<unsigned long long> places;
-  OmOccupiedPlaces search(data, data.TableData()->cells, AxisOf(heads), AxisOf(others));
+  OmOccupiedPlaces search(data, data.GetTableData()->cells, AxisOf(heads), AxisOf(others));
   search.AppendTo(places);
   RC_ASSERT(places == model.NonEmptyDense(Axis(heads, model.sizes), Axis(others, model.sizes)));
-  RC_ASSERT(search.Looks() <= 2 * levels * (model.probes + 1));
+  RC_ASSERT(search.CountLooks() <= 2 * levels * (model.probes + 1));
 }
 
 RC_GTEST_PROP(OmDisplayLayout, PreparesTheSameHeadersAsTheModel, ()) {
   Table table;
   MakeRandomTable(table);
   OmDisplayLayerHeading heading(table, false);
-  OmVector<OmDimHeader*>& headers = OmDisplayTestAccess::Of(heading).dimHeaders;
+  OmVector<OmDimHeader*>& headers = OmDisplayTestAccess::GetData(heading).dimHeaders;
 
   RC_ASSERT(headers.size() == static_cast<std::size_t>(table.NDimensions()));
   for (std::size_t d = 0; d < headers.size(); ++d) {

@@ -67,7 +67,7 @@ TEST_F(OmDisplayOutsideTable, RowEntriesLeaveTheListsOfTheOthersAligned) {
 TEST_F(OmDisplayOutsideTable, EntriesCountAsTheDigitZeroInTheDenseSearch) {
   table.Place({-1, 1, 99}, {0, 50});
   OmDisplayLayerHeading layers(table, false);
-  ASSERT_FALSE(OmDisplayTestAccess::Of(layers).sparse);
+  ASSERT_FALSE(OmDisplayTestAccess::GetData(layers).sparse);
   EXPECT_EQ(OmDisplayRowHeading(layers, true, false).getNonEmptyRows(), Places{2});
   EXPECT_EQ(OmDisplayColumnHeading(layers, true).getNonEmptyColumns(), Places{1});
 }
@@ -78,7 +78,7 @@ TEST_F(OmDisplayOutsideTable, EntriesCountAsTheDigitZeroInTheSparseSearch) {
   }
   table.Place({-1, 1, 99}, {0, 50});
   OmDisplayLayerHeading layers(table, false);
-  ASSERT_TRUE(OmDisplayTestAccess::Of(layers).sparse);
+  ASSERT_TRUE(OmDisplayTestAccess::GetData(layers).sparse);
   EXPECT_EQ(OmDisplayRowHeading(layers, true, false).getNonEmptyRows(), Places{2});
   EXPECT_EQ(OmDisplayColumnHeading(layers, true).getNonEmptyColumns(), Places{1});
 }
@@ -110,7 +110,7 @@ TEST_F(OmDisplayOutsideTable, LayerEntriesAnswerNothingAtTheirPosition) {
 TEST_F(OmDisplayOutsideTable, EntriesFailTheAssertionWhereAPlaceIsAskedForDirectly) {
   table.Place({-1, 1}, {});
   OmDisplayLayerHeading const layers(table, false);
-  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::Of(layers);
+  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::GetData(layers);
   OmDisplayLayerHeading::Data::PlaceCalculator const calc(table.Rows(), table.SizeVector());
   EXPECT_DEATH(data.DisplayPosition({1, 2}, calc), "Assertion `digit == end && i == size' failed");
 }

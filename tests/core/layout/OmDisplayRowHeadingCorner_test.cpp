@@ -168,6 +168,6 @@ TEST_F(OmDisplayRowHeadingCorner, TellsWhetherANameWasPlaced) {
   OmDisplayLayerHeading layers(table, false);
   OmDisplayRowHeading const named(layers, false, true);
   OmDisplayRowHeading const unnamed(layers, false, false);
-  EXPECT_TRUE(OmDisplayTestAccess::Of(named).CollectCornerLabels());
-  EXPECT_FALSE(OmDisplayTestAccess::Of(unnamed).CollectCornerLabels());
+  EXPECT_TRUE(OmDisplayTestAccess::GetData(named).CollectCornerLabels());
+  EXPECT_FALSE(OmDisplayTestAccess::GetData(unnamed).CollectCornerLabels());
 }

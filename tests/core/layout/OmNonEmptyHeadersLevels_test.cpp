@@ -34,7 +34,7 @@ class OmNonEmptyHeadersLevels : public testing::Test {
     OmDisplayLayerHeading const layers(table, false);
     OmDisplayLayerHeading::Data::PlaceCalculator calc(table.Rows(), table.SizeVector());
     Levels levels;
-    OmDisplayTestAccess::Of(layers).FindVisibleLevels(places, calc, levels);
+    OmDisplayTestAccess::GetData(layers).FindVisibleLevels(places, calc, levels);
     return levels;
   }
 
@@ -84,7 +84,7 @@ TEST_F(OmNonEmptyHeadersLevels, AreAppendedOnePerDimension) {
   OmDisplayLayerHeading const layers(table, false);
   OmDisplayLayerHeading::Data::PlaceCalculator calc(table.Rows(), table.SizeVector());
   Levels levels{9};
-  OmDisplayTestAccess::Of(layers).FindVisibleLevels({2}, calc, levels);
+  OmDisplayTestAccess::GetData(layers).FindVisibleLevels({2}, calc, levels);
   EXPECT_EQ(levels, (Levels{9, 2, 2}));
 }
 

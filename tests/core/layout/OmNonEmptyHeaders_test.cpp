@@ -18,7 +18,7 @@ using Places = std::vector<unsigned long long>;
 
 bool IsSparse(Table& table) {
   OmDisplayLayerHeading const layers(table, false);
-  return OmDisplayTestAccess::Of(layers).sparse;
+  return OmDisplayTestAccess::GetData(layers).sparse;
 }
 
 void PutDiagonal(Table& table, int first, int last) {
@@ -145,7 +145,7 @@ TEST(OmNonEmptyHeadersStoreTest, IsMadeOnceWithTheLayerHeading) {
   table.AddFlat("A", 50);
   OmDisplayLayerHeading const layers(table, false);
   table.Put({0});
-  EXPECT_TRUE(OmDisplayTestAccess::Of(layers).sparse);
+  EXPECT_TRUE(OmDisplayTestAccess::GetData(layers).sparse);
 }
 
 // Dense and sparse
@@ -407,16 +407,16 @@ TEST(OmNonEmptyHeaders, OfASparseTableAreListedOnceEach) {
 TEST(OmNonEmptyHeaders, OfLayersTryEveryRowAndColumn) {
   TwoLayers table;
   OmDisplayLayerHeading const layers(table, true);
-  EXPECT_EQ(OmDisplayTestAccess::Of(layers).nonEmptyLayers, (Places{0, 1}));
+  EXPECT_EQ(OmDisplayTestAccess::GetData(layers).nonEmptyLayers, (Places{0, 1}));
   table.deleteCell({1, 1, 1});
   OmDisplayLayerHeading const fewer(table, true);
-  EXPECT_EQ(OmDisplayTestAccess::Of(fewer).nonEmptyLayers, Places{0});
+  EXPECT_EQ(OmDisplayTestAccess::GetData(fewer).nonEmptyLayers, Places{0});
 }
 
 TEST(OmNonEmptyHeaders, FoundByTheSparseMethodAreAppendedAndByTheDenseMethodReplaceTheList) {
   TwoLayers table;
   OmDisplayLayerHeading const layers(table, false);
-  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::Of(layers);
+  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::GetData(layers);
   Places sparse{77};
   data.FindNonEmptyHeadersSparse(table.Rows(), table.Columns(), sparse);
   EXPECT_EQ(sparse, (Places{77, 0, 1}));
@@ -496,12 +496,12 @@ TEST(OmNonEmptyHeaders, ADimensionAddedBesideOthersHasTheDigitZeroAndCountsAsARa
     table.Rows().elements = mostSignificant ? std::vector<short>{0, 1} : std::vector<short>{1, 0};
     table.Put({1, 0});
     table.Put({2, 0});
-    OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::Of(layers);
+    OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::GetData(layers);
     ASSERT_FALSE(data.sparse);
     Places const kept = OmDisplayRowHeading(layers, true, false).getNonEmptyRows();
     EXPECT_EQ(kept, mostSignificant ? (Places{1, 2}) : (Places{2, 4}));
     Places sparse;
-    data.FindNonEmptyHeadersSparse(data.Reversed(table.Rows()), table.Columns(), sparse);
+    data.FindNonEmptyHeadersSparse(data.ReverseAxis(table.Rows()), table.Columns(), sparse);
     EXPECT_EQ(kept, sparse);
   }
 }
@@ -529,15 +529,15 @@ TEST(OmNonEmptyHeaders, TheDenseSearchEndsWhenEveryPlaceOfAFullTableIsKept) {
     table.AddFlat("C", 100);
     table.PutAll();
     OmDisplayLayerHeading layers(table, false);
-    OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::Of(layers);
+    OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::GetData(layers);
     PuppetVector<short> heads(-1);
     heads.elements = {rows};
     PuppetVector<short> others(-1);
     others.elements = {static_cast<short>(1 - rows), 2};
     Places places;
-    OmOccupiedPlaces search(data, data.TableData()->cells, heads, others);
+    OmOccupiedPlaces search(data, data.GetTableData()->cells, heads, others);
     search.AppendTo(places);
     EXPECT_EQ(places.size(), 20U);
-    EXPECT_LE(search.Looks(), 50U) << "of 40,000 cells";
+    EXPECT_LE(search.CountLooks(), 50U) << "of 40,000 cells";
   }
 }

@@ -35,7 +35,7 @@ class TestTable : public OmPivotTable {
   /// Lets fixtures hold a table, for no item here throws when it goes.
   ~TestTable() noexcept override = default;
 
-  Data& data() { return OmPivotTableTestAccess::data(*this); }
+  Data& data() { return OmPivotTableTestAccess::GetData(*this); }
 
   bool Put(Index const& index, std::string const& text) { return Cell(index, Text(text)); }
   bool Clear(Index const& index) { return Cell(index, nullptr); }
