@@ -8,6 +8,22 @@
 
 /// A new sequence of children for one node, made up before anything is changed: all that can fail
 /// happens until Prepare(), and Apply() only moves bytes.
+///
+/// Why a plan: an edit of a dimension is described as steps, each of which finds a place by value
+/// among the children as the steps before left them, destroys nodes and inserts copies. Any step
+/// may fail: a label that cannot be copied or compared, a block that cannot grow. Steps that are
+/// done cannot be undone, since nodes live in one block and are destroyed in place. So the steps
+/// are carried out on a list of pointers first, where a search sees exactly what it would see; what
+/// is to be inserted is copied beside the tree; and the block for the result is at hand before the
+/// first byte moves.
+///
+/// What holds:
+///
+/// 1. Until Apply(), the parent's children are as they were, but for those that DestroyDropped()
+///    destroyed.
+/// 2. Apply() and DestroyDropped() allocate nothing and throw nothing.
+/// 3. Nodes are destroyed in the order in which the steps name them, for labels may be watched.
+/// 4. The capacity afterwards is that of the steps done one by one: that of the fullest moment.
 class OmChildPlan {
  public:
   using Element = OmDimension::Element;

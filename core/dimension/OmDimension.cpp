@@ -21,12 +21,12 @@ struct Probe {
   OmCellText const* label;
   bool group;
 
-  /// Whether `child` stands before this probe among its siblings.
+  /// Whether `child` comes before this probe among its siblings.
   bool Follows(OmDimensionNode const& child) const {
     return child.group != group ? child.group : LabelLess(child.label, label);
   }
 
-  /// Whether this probe stands before `child`.
+  /// Whether this probe comes before `child`.
   bool Precedes(OmDimensionNode const& child) const {
     return child.group != group ? group : LabelLess(label, child.label);
   }

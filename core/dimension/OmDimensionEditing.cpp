@@ -148,7 +148,7 @@ Element* Dissolve(Element& parent, Element& group, OmMemoryRegion* arena) {
   }
   Copies copies;
   std::vector<Element*> arriving;
-  // A child that equals the group is taken for it once it is there, and what follows goes before it.
+  // A child that equals the group is taken for it once it is there: what follows goes before it.
   std::vector<Element*> alike;
   for (Element const& child : group.children.Elements()) {
     Element& copy = AddCopy(copies, child, arena);

@@ -9,7 +9,7 @@ inline bool LabelEqual(OmCellText const* a, OmCellText const* b) {
                                       : a == b;
 }
 
-/// Whether label `a` stands before label `b`; a missing one stands before every other.
+/// Whether label `a` comes before label `b`; a missing one comes before every other.
 inline bool LabelLess(OmCellText const* a, OmCellText const* b) {
   return a != nullptr && b != nullptr ? a->Compare(*b, false) < 0 : a == nullptr && b != nullptr;
 }

@@ -6,7 +6,7 @@
 namespace {
 
 /// A converter that is closed even when it could not be opened: what a handle means, null
-/// included, is the converter library's affair.
+/// included, is for the converter library to say.
 struct Converter {
   explicit Converter(std::string const& codePage)
       : handle(VELKMBConverterNew_A(codePage.c_str())) {}

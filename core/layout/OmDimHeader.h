@@ -12,7 +12,7 @@ struct OmDimHeader {
   using PathNode = OmVectorTree<OmDimensionNode>::ConstNode;
   using Path = OmVector<PathNode>;
 
-  /// What stands in `categoryPositions` for a subscript that no leaf carries.
+  /// The entry of `categoryPositions` for a subscript that no leaf carries.
   static constexpr unsigned int kNoPosition = 0xFFFFFFFF;
 
   OmDimHeader(OmDimension const& dimension, OmMemoryRegion* arena);

@@ -38,8 +38,8 @@ struct OmDisplayLayerHeading::Data : OmMemoryRegion {
   /// The place of a layer; false when there is no such layer.
   bool FindPlace(int layer, unsigned long long& place) const;
 
-  /// The place of the current layer; false without one. Unless layers are skipped, a number that was
-  /// restored is a place as it stands, past the last layer too.
+  /// The place of the current layer; false without one. Unless layers are skipped, a number that
+  /// was restored is a place as it is, past the last layer too.
   bool FindCurrentPlace(unsigned long long& place) const;
 
   /// The place of a full cell index on the axis of `calc`, in display positions.

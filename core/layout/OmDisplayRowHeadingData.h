@@ -93,8 +93,8 @@ struct OmDisplayRowHeading::Data {
   enum class Visibility { kShown, kSkipped, kEnd };
   Visibility ClassifyNode(PathNode const& node) const;
 
-  /// What each path of a heading dimension shows at one of its levels, or null. Linear in the number
-  /// of nodes, however long the paths are.
+  /// What each path of a heading dimension shows at one of its levels, or null. Linear in the
+  /// number of nodes, however long the paths are.
   std::vector<PathNode*> FindLevelNodes(OmDimHeader& header, std::size_t level) const;
 
   /// Appends the `width` heading cells of a path, with nulls for what it lacks.

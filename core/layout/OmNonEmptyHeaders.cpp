@@ -5,6 +5,15 @@
 #include "layout/OmPlaceSet.h"
 #include "table/OmPivotTableData.h"
 
+// The search for the places that hold a cell, and for the heading levels that these need.
+//
+// Why two methods: going through the stored cells costs as much as there are cells, trying the
+// combinations as much as there are places; the store's fullness decides which is cheaper. They are
+// not two ways to one answer. The sparse one counts a cell wherever it is, in any layer and past
+// any size; the dense one counts those that a heading can show in the current layer. Which rows a
+// heading keeps therefore depends on how full the table is, and clients see that, so neither may be
+// put in the other's place.
+
 using Layout = OmDisplayLayerHeading::Data;
 
 bool Layout::IsSparse(OmPivotTable const& table) {

@@ -141,8 +141,7 @@ OmOccupiedPlaces::Frame OmOccupiedPlaces::Enter(OmPivotTable::PointerVector cons
   if (level != highestOther_) {
     return {node, list};
   }
-  // Everything found so far belongs to other subscripts above, which do not
-  // come again.
+  // Everything found so far belongs to other subscripts above, which do not come again.
   open_.clear();
   freeOpen_ = kNone;
   freeLists_.clear();
@@ -293,8 +292,7 @@ bool OmOccupiedPlaces::AreOthersInRange() const {
   return number < nOthers_;
 }
 
-/// Keeps the places of the cell that the walk stands on: one for each choice of
-/// a leaf per digit.
+/// Keeps the places of the walk's current cell: one for each choice of a leaf per digit.
 void OmOccupiedPlaces::Keep(OmPlaceSet& kept) {
   partial_.assign(1, 0);
   for (Digit const& digit : digits_) {

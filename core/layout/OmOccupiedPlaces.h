@@ -10,18 +10,26 @@
 
 /// The dense search for the places of an axis that hold a cell, as one walk over the cell store.
 ///
+/// Why a walk: the answer is defined by trying every combination, each place of the one axis with
+/// each of the other, which in a table of a thousand rows and as many columns asks for up to a
+/// million cells per heading. The store says at once which branches hold nothing, so one walk over
+/// it finds the same. What makes the walk hard is that the dimensions come in the store's order and
+/// not axis by axis: below an entry of the other axis, the same heads subscripts come again and
+/// again. To look at each only until a cell is found, it keeps lists of what is still open, one per
+/// combination of heads subscripts above.
+///
 /// Its answer is that of trying every combination: a place is kept when, for the leaves that its
 /// digits name, some combination of raw category numbers on the other axis has a cell, with the
 /// dimensions on neither axis at the current layer's categories. The walk therefore admits, per
 /// dimension,
 ///
 /// - on the other axis: every subscript below the dimension's size, whether a leaf carries it or
-/// not;
+///   not;
 /// - on the heads axis only: the subscripts of those leaves whose display position is below the
-/// size;
+///   size;
 /// - on neither: the current layer's subscript.
 ///
-/// Of a dimension that stands on an axis twice, the last entry decides; the digit of any other
+/// Of a dimension that is on an axis twice, the last entry decides; the digit of any other
 /// entry is free. An entry that names no dimension has the digit 0. Places and raw numbers at or
 /// above the axis' size, which is the product of the radices modulo 2^64, are not tried.
 ///
@@ -29,8 +37,8 @@
 /// those that it found one of: in a full table its cost is that of the places. It looks at no entry
 /// of the store more than once.
 ///
-/// A dimension that was added after the layer heading was made is held at its first subscript, where
-/// the cells from before are, and has the digit 0; it counts as a radix all the same.
+/// A dimension that was added after the layer heading was made is held at its first subscript,
+/// where the cells from before are, and has the digit 0; it counts as a radix all the same.
 class OmOccupiedPlaces {
  public:
   OmOccupiedPlaces(OmDisplayLayerHeading::Data& layout, OmPivotTable::PointerVector* root,

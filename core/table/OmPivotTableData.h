@@ -34,8 +34,24 @@ struct OmPivotTable::PointerVector : OmVector<void*> {
 /// All that a table holds, and the region that it lives in.
 ///
 /// The cell store is a tree of PointerVectors with one level per dimension: the root is indexed by
-/// the subscript of the last dimension, the bottom nodes by that of the first. So the first
-/// dimension varies fastest in store order, and a new (last) dimension is a new root.
+/// the subscript of the last dimension, the bottom nodes by that of the first.
+///
+/// Why a tree of vectors: a few dimensions of some hundred categories have millions of
+/// combinations, and most hold nothing. A lookup takes one step per dimension and allocates
+/// nothing, a walk meets the cells in the order of their subscripts, and a branch without cells
+/// costs one null. The price is that a node is as long as its largest subscript. Why the last
+/// dimension is on top: dimensions are added at the end, also when cells are there, and the new
+/// level is then a new root above the present store, whatever that holds. Why a region: a table
+/// goes in bulk, and only its cells and dimensions have to be visited for that.
+///
+/// What holds between operations:
+///
+/// 1. Until the first write, `cells` is null; from then on, each path down to a cell has one node
+///    per dimension. Writing makes the missing nodes apart, from the bottom up, and hooks them in
+///    last, so that a failure leaves no half of a path.
+/// 2. A node may hold nulls alone, after cells were cleared by writing null. Walks and searches pass
+///    over it; only deleting a cell removes such nodes, for a client can tell the two apart.
+/// 3. Each cell is in the region and in one slot.
 struct OmPivotTable::Data : OmMemoryRegion {
   Data(OmCellText const& templateName, bool hasSplits);
   ~Data();
@@ -159,7 +175,7 @@ struct OmPivotTable::Data : OmMemoryRegion {
 
 /// A position in the cell store.
 struct OmPivotTable::Iterator::Data {
-  /// Where the walk stands in one level; level 0 is the bottom, the last level the root.
+  /// Where the walk is in one level; level 0 is the bottom, the last level the root.
   struct Level {
     unsigned long long index = 0;   ///< the entry of `node` that the walk followed
     long long size = 0;             ///< the dimension's category count

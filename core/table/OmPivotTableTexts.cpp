@@ -6,8 +6,8 @@
 
 namespace {
 
-/// A copy in the table's region that has passed through the helper, whether it has a tracker or not;
-/// null for null.
+/// A copy in the table's region that has passed through the helper, with or without a tracker; null
+/// for null.
 std::unique_ptr<OmCellText> CloneThroughHelper(OmPivotTable::Data& table, OmCellText const* text) {
   std::unique_ptr<OmCellText> fresh(text != nullptr ? text->Clone(&table) : nullptr);
   if (fresh != nullptr) {

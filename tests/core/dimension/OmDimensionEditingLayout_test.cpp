@@ -154,7 +154,7 @@ class OmDimensionEditingLayout : public testing::Test {
     Category(b_, parent, "A" + std::to_string(subscript), subscript);
   }
 
-  /// The labels of the rows as they stand in one column of their headings.
+  /// The labels of the rows as they are in one column of their headings.
   Labels RowLabels(int column) {
     OmDisplayLayerHeading layers(edited_, false);
     return Texts(OmDisplayRowHeading(layers, false, true).Column(column));

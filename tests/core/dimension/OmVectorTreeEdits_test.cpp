@@ -25,7 +25,7 @@ struct Sample : Tree {
   }
 };
 
-/// The numbers of a subtree, each node's children in parentheses behind it.
+/// The numbers of a subtree, each node's children in parentheses after it.
 std::string Shape(Element const& element) {
   std::string shape = std::to_string(element.value.number);
   if (element.children.size() != 0) {

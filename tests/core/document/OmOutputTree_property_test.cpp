@@ -104,7 +104,7 @@ std::unique_ptr<PlainItem> MakeItem(std::string const& name, bool spied) {
   return std::unique_ptr<PlainItem>(new PlainItem{name, spied, {}});
 }
 
-/// Where an item stands: in which list, at which place, how deep.
+/// Where an item is: in which list, at which place, how deep.
 struct Spot {
   PlainItems* list;
   std::size_t place;

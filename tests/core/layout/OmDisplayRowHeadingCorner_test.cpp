@@ -25,7 +25,7 @@ Labels Texts(std::vector<OmCellText const*> const& corner) {
   return texts;
 }
 
-/// Row dimensions A, flat, and B, one level deeper; B stands outermost.
+/// Row dimensions A, flat, and B, one level deeper; B is outermost.
 class OmDisplayRowHeadingCorner : public testing::Test {
  protected:
   OmDisplayRowHeadingCorner() {
