@@ -4,10 +4,14 @@
 #include <cstdio>
 #include <cstdlib>
 
+/// @file
+/// The end of a process that breaks an invariant.
+
 /// Ends the process because an internal condition does not hold.
 ///
 /// Writes the one line "UNIT:LINE: FUNCTION: Assertion `CONDITION' failed." to standard error and
-/// aborts. Every assertion of the library ends here, in every build type.
+/// aborts; nothing is thrown and nothing unwound. Every assertion of the library ends here, in
+/// every build type. May be called from any thread.
 ///
 /// @param condition the text of the condition that failed.
 /// @param unit      the source unit that the condition belongs to.

@@ -18,19 +18,26 @@
 ///   goes; the vector gives back its block only.
 /// - A full vector grows to 4 elements, and from then on by doubling; reserve() is exact.
 ///
-/// It is not copyable. The region must outlive the vector.
+/// It is not copyable. Requires: the region outlives the vector. References, pointers and ranges
+/// are valid until the vector grows, or until an element at or before their place is inserted or
+/// erased.
 ///
 /// Thread safety: none; one thread at a time uses a vector and its region.
+///
+/// @tparam Type the element; relocatable by a plain copy of its bytes, aligned to 16 bytes at most.
 template <class Type>
 class OmVector {
  public:
   /// The live elements of a vector, for range-based loops. Valid until the vector changes.
+  /// @tparam Element the element, const where it may only be read.
   template <class Element>
   struct Range {
     Element* first;  ///< the first element
     Element* last;   ///< one past the last element
 
+    /// The first element, for a range-based loop.
     Element* begin() const { return first; }
+    /// The place after the last element, for a range-based loop.
     Element* end() const { return last; }
   };
 
@@ -40,7 +47,7 @@ class OmVector {
   Type* end;          ///< one past the last element
   Type* capacityEnd;  ///< one past the reserved storage
 
-  /// Makes an empty vector without storage.
+  /// Makes an empty vector without storage. Throws nothing.
   /// @param source the region that supplies storage; null means OmMemoryRegion::DefaultHeap().
   explicit OmVector(OmMemoryRegion* source = nullptr)
       : region(source != nullptr ? source : OmMemoryRegion::DefaultHeap()),
@@ -51,7 +58,7 @@ class OmVector {
   OmVector(OmVector const&) = delete;
   OmVector& operator=(OmVector const&) = delete;
 
-  /// Gives the storage back. The elements are not destroyed.
+  /// Gives the storage back to the region. The elements are not destroyed.
   ~OmVector() { Clear(); }
 
   /// The number of elements.
@@ -60,15 +67,18 @@ class OmVector {
   /// The number of elements that the present storage can hold.
   std::size_t capacity() const { return static_cast<std::size_t>(capacityEnd - begin); }
 
-  /// The element at `index`. Requires: `index < size()`.
+  /// The element at `index`. Requires: `index < size()`. Constant time; throws nothing.
   Type& operator[](std::size_t index) { return begin[index]; }
+  /// The element at `index`, to read. Requires: `index < size()`.
   Type const& operator[](std::size_t index) const { return begin[index]; }
 
   /// All elements in order, for range-based loops.
   Range<Type> Elements() { return {begin, end}; }
+  /// All elements in order, to read.
   Range<Type const> Elements() const { return {begin, end}; }
 
   /// Makes room for exactly `count` elements; does nothing when there is that much room already.
+  /// Linear in the number of elements where it moves them.
   /// @throws std::bad_alloc when the region cannot supply it; the vector is then unchanged.
   void reserve(std::size_t count) {
     if (count > capacity()) {
@@ -107,7 +117,8 @@ class OmVector {
   }
 
   /// Drops the element at `index` without destroying it and moves the later ones down; past the end
-  /// it drops the last element, and nothing when the vector is empty.
+  /// it drops the last element, and nothing when the vector is empty. The capacity stays. Linear in
+  /// the number of later elements; throws nothing.
   void erase(std::size_t index) {
     if (begin == end) {
       return;

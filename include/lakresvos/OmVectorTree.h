@@ -15,8 +15,12 @@
 /// parent.
 ///
 /// A node's identity is its address in its parent's children. Whatever moves that block (growth,
-/// insertion, removal) moves the node and leaves the links of its children behind; each operation
-/// of OmVectorTree says which links it repairs.
+/// insertion, removal) moves the node while the links of its children still name the old place;
+/// each operation of OmVectorTree says which links it repairs.
+///
+/// Thread safety: none; one thread at a time uses a tree and its nodes.
+///
+/// @tparam Type the payload; relocatable by a plain copy of its bytes.
 template <class Type>
 struct OmVectorTreeElement {
   Type value;                              ///< the payload
@@ -24,13 +28,18 @@ struct OmVectorTreeElement {
   OmVectorTreeElement* parent;             ///< the parent; null at a root
 
   /// A node without children, whose value is made from `payload`.
-  /// @param source supplies the children's storage; null means the default heap.
+  /// @param source  supplies the children's storage; null means the default heap.
+  /// @param payload what the value's constructor is given.
+  /// @tparam Arguments their types.
+  /// @throws whatever making the value throws.
   template <class... Arguments>
   explicit OmVectorTreeElement(OmMemoryRegion* source, Arguments&&... payload)
       : value(std::forward<Arguments>(payload)...), children(source), parent(nullptr) {}
 
   /// Copies the whole subtree with exact capacities, into the regions of the source. Parent links
-  /// are copied as they stand, so all of them still point into the source tree.
+  /// are copied as they are, so all of them still point into the source tree. Linear in the number
+  /// of nodes.
+  /// @throws whatever copying a value throws, or std::bad_alloc.
   OmVectorTreeElement(OmVectorTreeElement const& source)
       : OmVectorTreeElement(source.children.region, source.value) {
     parent = source.parent;
@@ -41,6 +50,7 @@ struct OmVectorTreeElement {
 
   OmVectorTreeElement& operator=(OmVectorTreeElement const&) = delete;
 
+  /// Destroys the node's subtree.
   ~OmVectorTreeElement() { DestroyDescendants(); }
 
   /// Destroys everything below this node and gives back the children's storage.
@@ -70,12 +80,15 @@ struct OmVectorTreeElement {
 
   /// Where a copied node takes its storage from and whom it names as its parent.
   struct Origin {
-    OmMemoryRegion* region;
-    OmVectorTreeElement* parent;
+    OmMemoryRegion* region;       ///< for the children's storage; null means the default heap
+    OmVectorTreeElement* parent;  ///< the copy's parent link
   };
 
   /// Fills `target`, which has no children, with copies of everything below `source`.
-  /// @param makeOrigin called with the node to copy and the copy of its parent.
+  /// @param source     the node whose children are copied.
+  /// @param target     the node that gets them.
+  /// @param makeOrigin called with the node to copy and the copy of its parent; gives an Origin.
+  /// @tparam MakeOrigin its type.
   /// @throws whatever copying a value throws; what was copied until then hangs below `target`.
   template <class MakeOrigin>
   static void CopyChildren(OmVectorTreeElement const& source, OmVectorTreeElement& target,
@@ -106,42 +119,62 @@ struct OmVectorTreeElement {
 /// A tree whose nodes keep their children by value, in order, in storage from an OmMemoryRegion.
 ///
 /// The tree object is its own root node. Nodes are addressed by the value handles Node and
-/// ConstNode, which pair a node's address with its depth. A handle stays valid until its parent's
-/// children move or the node is removed.
+/// ConstNode, which pair a node's address with its depth. A handle is valid until a child is added
+/// to or removed from the children of the node's parent or of an ancestor of that, for this may
+/// move them; adding within a reserved capacity moves none.
+///
+/// Operations that change the tree are static where they need no more than the parent, so that an
+/// edit can work on a part of a tree. Those that repair no parent links say so; RelinkParents()
+/// repairs them. A wrong link misleads Parent(), Counterpart() and EraseChild() and nothing else.
 ///
 /// The tree owns its values and destroys them; for a pointer type it does not own what is pointed
-/// at.
+/// at. Queries of handles take constant time and throw nothing.
 ///
 /// Thread safety: none; one thread at a time uses a tree and its handles.
+///
+/// @tparam Type the payload; relocatable by a plain copy of its bytes and default-constructible.
 template <class Type>
 class OmVectorTree : public OmVectorTreeElement<Type> {
   template <class Self, class ElementType>
   struct Access;
 
  public:
+  /// One node of the tree.
   using Element = OmVectorTreeElement<Type>;
 
-  /// A handle that lets its holder change the value.
   struct Node;
 
-  /// A handle for reading only.
+  /// A handle for reading only. Besides what is listed, it has
+  ///
+  /// - `std::size_t NChildren() const`: the number of children;
+  /// - `ConstNode Child(std::size_t index) const` and `operator[]`: a child, or an empty handle;
+  /// - `ConstNode Parent() const`: the parent, or an empty handle for a root.
+  ///
+  /// An empty handle has no children and no parent.
   struct ConstNode : Access<ConstNode, Element const> {
     Element const* element = nullptr;  ///< the node; null in an empty handle
     unsigned int depth = 0;            ///< its level, 0 for the root
 
+    /// An empty handle.
     ConstNode() = default;
+    /// The handle of a node at a level; null makes an empty handle. The level is not checked.
     ConstNode(Element const* node, unsigned int level) : element(node), depth(level) {}
 
-    /// The node's payload; a default value for an empty handle.
+    /// The node's payload; valid until the node moves. A default value for an empty handle.
     Type const& Value() const { return element != nullptr ? element->value : GetDefaultValue(); }
   };
 
+  /// A handle that lets its holder change the value; otherwise as ConstNode, with Node in its
+  /// place.
   struct Node : Access<Node, Element> {
     Element* element = nullptr;  ///< the node; null in an empty handle
     unsigned int depth = 0;      ///< its level, 0 for the root
 
+    /// An empty handle.
     Node() = default;
+    /// The handle of a node at a level; null makes an empty handle. The level is not checked.
     Node(Element* node, unsigned int level) : element(node), depth(level) {}
+    /// The same node, for reading.
     operator ConstNode() const { return {element, depth}; }
 
     /// The node's payload, to read or change. An empty handle gives a default value that belongs to
@@ -150,24 +183,30 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
 
     /// The node at the same place in `other`, a tree that has at least this one's shape along the
     /// path. Only the source tree is checked: a node that is not among its parent's children aborts
-    /// the process; a place that `other` lacks gives an empty handle.
+    /// the process; a place that `other` lacks gives an empty handle, as an empty handle does.
+    /// Linear in the depth.
+    /// @throws std::bad_alloc.
     Node Counterpart(OmVectorTree& other) const;
   };
 
   /// Makes a tree without children below its root.
-  /// @param region supplies the children's storage; null means the default heap. It must outlive
-  ///        the tree.
+  /// @param region supplies the children's storage; null means the default heap. Requires: it
+  ///        outlives the tree.
   /// @param root   what the root's value is made from; nothing makes a default value.
+  /// @tparam Arguments the types of what the root's value is made from.
+  /// @throws whatever making the value throws.
   template <class... Arguments>
   explicit OmVectorTree(OmMemoryRegion* region = nullptr, Arguments&&... root)
       : Element(region, std::forward<Arguments>(root)...) {}
 
   OmVectorTree(OmVectorTree const&) = delete;
   OmVectorTree& operator=(OmVectorTree const&) = delete;
+  /// Destroys all nodes; needs no memory, however deep the tree is.
   ~OmVectorTree() = default;
 
-  /// The handle of the root, at depth 0.
+  /// The handle of the root, at depth 0; valid as long as the tree.
   Node Root() { return {this, 0}; }
+  /// The handle of the root, to read.
   ConstNode Root() const { return {this, 0}; }
 
   /// Appends a child with a copy of `value` and returns its handle; amortized constant time.
@@ -182,6 +221,7 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
 
   /// Appends a child that takes over `value` by a bitwise move; `value` becomes a default value.
   /// Otherwise as AppendChild().
+  /// @throws std::bad_alloc; tree and value are then unchanged.
   static Node AdoptChild(Node const& parent, Type& value) {
     return EmplaceChild(parent, [&](Element& siblings_owner, OmMemoryRegion* region) -> Element& {
       Element& child = siblings_owner.children.emplace_back(region);
@@ -191,7 +231,8 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
   }
 
   /// Inserts a copy of the subtree `e` before `position` (past the end: appends) and returns it.
-  /// Its parent link is that of `e`; no link is repaired.
+  /// Its parent link is that of `e`; no link is repaired but those of what the block's growth
+  /// moved. Linear in the later siblings and in the subtree.
   /// @throws as AppendChild().
   static Element* InsertChildAt(OmVector<Element>& children, std::size_t position,
                                 Element const& e) {
@@ -207,12 +248,15 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
   }
 
   /// InsertChildAt() at the end.
+  /// @throws as AppendChild().
   static Element* PushBackChild(OmVector<Element>& children, Element const& e) {
     return InsertChildAt(children, children.size(), e);
   }
 
   /// Inserts a copy of `e` below `parent`, before the first child whose value equals `*anchor`; at
-  /// the end when `anchor` is null or no child equals it. No link is repaired.
+  /// the end when `anchor` is null or no child equals it. Links are as after InsertChildAt().
+  /// Linear in the children and in the subtree.
+  /// @throws as AppendChild(), or whatever comparing throws.
   static void InsertChildBefore(Element& parent, Element const& e, Type const* anchor) {
     std::size_t const count = parent.children.size();
     std::size_t position = anchor != nullptr ? 0 : count;
@@ -222,7 +266,8 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
     InsertChildAt(parent.children, position, e);
   }
 
-  /// Makes every child of `e` name `e` as its parent; with `recursive`, down to the leaves.
+  /// Makes every child of `e` name `e` as its parent; with `recursive`, down to the leaves. Linear
+  /// in what it visits; needs no memory and throws nothing.
   static void RelinkParents(Element& e, bool recursive) {
     Link(e);
     if (!recursive || e.children.size() == 0) {
@@ -246,6 +291,8 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
 
   /// Makes `target` a copy of the subtree `source` with correct links at every level. What `target`
   /// held before is destroyed.
+  /// @param target what becomes the copy.
+  /// @param source what is copied; not within `target`.
   /// @param parent becomes the target's parent link.
   /// @param region supplies the storage of all children; null means the default heap. Values keep
   ///        the region of the source's values.
@@ -264,7 +311,8 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
 
   /// Destroys the node's subtree and closes the gap. No link is repaired: the children of the later
   /// siblings still name the old places of their parents until RelinkParents(). Does nothing when
-  /// the node is not among its parent's children.
+  /// the node is not among its parent's children. The handle then points at the next sibling, or
+  /// past the end. Linear in the subtree and in the later siblings; throws nothing.
   static void EraseChild(Node& node) {
     if (node.element == nullptr || node.element->parent == nullptr) {
       return;
@@ -273,7 +321,7 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
     EraseChildAt(parent, PositionAmong(parent, node.element));
   }
 
-  /// EraseChild() of the child at `position`; does nothing when there is none.
+  /// EraseChild() of the child at `position` of `parent`; does nothing when there is none.
   static void EraseChildAt(Element& parent, std::size_t position) {
     if (position >= parent.children.size()) {
       return;
@@ -284,7 +332,7 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
   }
 
   /// Destroys everything below `e`, gives back the children's storage, forgets its region and
-  /// destroys the value, leaving a default one.
+  /// destroys the value, leaving a default one. Linear in the subtree; throws nothing.
   static void DestroySubtree(Element& e) {
     e.DestroyDescendants();
     e.children.region = nullptr;
@@ -293,15 +341,15 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
   }
 
   /// The position of `child` among the children of `parent`; their number or more when it is none
-  /// of them.
+  /// of them. Constant time; throws nothing.
   static std::size_t PositionAmong(Element const& parent, Element const* child) {
     auto const first = reinterpret_cast<std::uintptr_t>(parent.children.begin);
     auto const at = reinterpret_cast<std::uintptr_t>(child);
     return at < first ? SIZE_MAX : (at - first) / sizeof(Element);
   }
 
-  /// Whether `e` is a place after its parent's last child, which is what a handle points at once the
-  /// last child was removed through it.
+  /// Whether `e` is a place after its parent's last child, which is what a handle points at once
+  /// the last child was removed through it. Constant time; throws nothing.
   static bool PastTheEnd(Element const& e) {
     // Only such a place and a node after DestroySubtree() have no region.
     return e.children.region == nullptr && e.parent != nullptr &&
@@ -309,8 +357,8 @@ class OmVectorTree : public OmVectorTreeElement<Type> {
   }
 
   /// Makes the places from the end of the parent's children up to `last` empty nodes that know
-  /// their parent, for handles that still point there. They hold the bytes of nodes that are gone
-  /// or live on elsewhere.
+  /// their parent, for handles that still point there. Requires: they hold the bytes of nodes that
+  /// are gone or live on elsewhere. Throws nothing.
   static void Vacate(Element& parent, Element* last) {
     for (Element* vacated = parent.children.end; vacated != last; ++vacated) {
       std::memset(static_cast<void*>(vacated), 0, sizeof(Element));

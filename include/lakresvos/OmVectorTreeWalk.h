@@ -6,15 +6,17 @@
 
 /// A walk over the nodes of an OmVectorTree in preorder, children in their order.
 ///
-/// The walk knows the path to the node that it stands on, so nothing depends on the parent links.
-/// It keeps that path on the heap: a tree of any depth can be walked.
+/// The walk knows the path to its current node, so nothing depends on the parent links. It keeps
+/// that path on the heap: a tree of any depth can be walked. A whole walk takes time linear in the
+/// number of nodes and memory linear in the depth.
 ///
 ///     OmVectorTreeWalk walk(dimension.Root());
 ///     while (walk.Next()) {
 ///       Use(walk.Current());
 ///     }
 ///
-/// The tree must not change during the walk, except for the values of its nodes.
+/// Requires: the tree does not change during the walk, except for the values of its nodes, and
+/// outlives it. Handles that the walk gives are valid as other handles of the tree are.
 ///
 /// Thread safety: none; one thread at a time uses a walk and its tree.
 ///
@@ -22,11 +24,13 @@
 template <class Handle>
 class OmVectorTreeWalk {
  public:
-  /// Starts before `root`, which may be any node; an empty handle makes an empty walk.
+  /// Starts before `root`, which may be any node; an empty handle makes an empty walk. The walk
+  /// keeps to the subtree of `root`. Throws nothing.
   explicit OmVectorTreeWalk(Handle root) : root_(root) {}
 
-  /// Steps to the next node, first to the root; false when there is none left.
-  /// @throws std::bad_alloc; the walk then stands where it stood.
+  /// Steps to the next node, first to the root; false when there is none left. Amortized constant
+  /// time.
+  /// @throws std::bad_alloc; the walk is then where it was.
   bool Next() {
     if (!started_) {
       bool const entered = Enter(root_);
@@ -46,13 +50,16 @@ class OmVectorTreeWalk {
     return false;
   }
 
-  /// The node that the walk stands on. Requires: the last Next() gave true.
+  /// The node that the last Next() stepped to. Requires: that Next() gave true. Constant time;
+  /// throws nothing.
   Handle Current() const { return path_.back(); }
 
-  /// The nodes from the root of the walk to the current one.
+  /// The nodes from the root of the walk to the current one; empty before the first Next() and
+  /// after the last. The reference is valid as long as the walk and shows its later steps.
   std::vector<Handle> const& Path() const { return path_; }
 
-  /// Leaves out everything below the current node. Requires: as Current().
+  /// Leaves out everything below the current node, so that Next() steps to what follows its
+  /// subtree. Requires: the last Next() gave true.
   void SkipChildren() { nextChild_.back() = path_.back().NChildren(); }
 
  private:
