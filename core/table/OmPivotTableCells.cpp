@@ -77,7 +77,7 @@ void*& OmPivotTable::Data::MakeSlot(std::vector<int> const& index) {
     next =
         level != 0 ? static_cast<PointerVector*>(node->Entry(GetSubscript(index, level))) : nullptr;
   }
-  if (level == 0) {
+  if (node != nullptr && level == 0) {
     node->MakeRoom(GetSubscript(index, 0));
     return (*node)[GetSubscript(index, 0)];
   }
@@ -86,7 +86,7 @@ void*& OmPivotTable::Data::MakeSlot(std::vector<int> const& index) {
   std::size_t built = 0;
   try {
     void** slot = nullptr;
-    while (built != level) {
+    do {
       Owned<PointerVector> fresh = Make<PointerVector>(this);
       fresh->MakeRoom(GetSubscript(index, built));
       void*& entry = (*fresh)[GetSubscript(index, built)];
@@ -94,7 +94,7 @@ void*& OmPivotTable::Data::MakeSlot(std::vector<int> const& index) {
       slot = built == 0 ? &entry : slot;
       chain = fresh.release();
       ++built;
-    }
+    } while (built != level);
     if (node == nullptr) {
       cells = chain;
     } else {
