@@ -1,7 +1,8 @@
+#include "layout/OmDisplayLayerHeadingData.h"
+
 #include <gtest/gtest.h>
 #include <vector>
 
-#include "layout/OmDisplayLayerHeadingData.h"
 #include "support/LayoutTables.h"
 
 namespace {
