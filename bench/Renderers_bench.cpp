@@ -104,7 +104,7 @@ void Csv(benchmark::State& state) {
   MeasureRenderer(state, [](OmOutputTree& document, std::ostream& out) {
     CsvOptions options;
     options.shape = CsvOptions::Shape::Display;
-    CsvRenderer(out, options).Render(document);
+    RenderCsv(document, out, options);
   });
 }
 

@@ -22,5 +22,5 @@ int main() {
 
   OmOutputTree document;  // from here on the document owns the table
   document.begin().AppendChild(table);
-  lakresvos::render::TextRenderer(std::cout).Render(document);
+  lakresvos::render::RenderText(document, std::cout);
 }

@@ -73,11 +73,11 @@ std::string NameOf(ChartXMLContentSubType type) {
 
 }  // namespace
 
-std::string Announcement(OmChart const& chart) {
+std::string MakePlaceholder(OmChart const& chart) {
   return Bracketed("Chart", chart, NameOf(chart.GetChartSubType()));
 }
 
-std::string Announcement(OmAnswerTree const& tree) {
+std::string MakePlaceholder(OmAnswerTree const& tree) {
   return Bracketed("Answer tree", tree,
                    Sizes()
                        .Add("path", tree.GetPath().size())
@@ -87,7 +87,7 @@ std::string Announcement(OmAnswerTree const& tree) {
                        .Text());
 }
 
-std::string Announcement(OmModel const& model) {
+std::string MakePlaceholder(OmModel const& model) {
   return Bracketed("Model", model,
                    Sizes()
                        .Add("PMML", model.GetPMML().size())
@@ -97,7 +97,7 @@ std::string Announcement(OmModel const& model) {
                        .Text());
 }
 
-std::string Announcement(OmInteractive const& item) {
+std::string MakePlaceholder(OmInteractive const& item) {
   return Bracketed("Interactive item", item,
                    Sizes()
                        .Add("JSON", item.getInteractiveJSON().size())

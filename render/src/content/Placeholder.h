@@ -19,10 +19,10 @@ namespace lakresvos::render {
 // An empty label, an unspecified sub-type and empty streams are left out. Nothing here is made
 // printable yet.
 
-std::string Announcement(OmChart const& chart);
-std::string Announcement(OmAnswerTree const& tree);
-std::string Announcement(OmModel const& model);
-std::string Announcement(OmInteractive const& item);
+std::string MakePlaceholder(OmChart const& chart);
+std::string MakePlaceholder(OmAnswerTree const& tree);
+std::string MakePlaceholder(OmModel const& model);
+std::string MakePlaceholder(OmInteractive const& item);
 
 }  // namespace lakresvos::render
 

@@ -80,10 +80,10 @@ bool IsWritten(OmPivotTable const& table) {
   return table.Show() && !table.IsNotes() && !table.IsWarnings();
 }
 
-std::vector<OmPivotTable*> WrittenTables(OmOutputTree& tree) {
+std::vector<OmPivotTable*> WrittenTables(OmOutputTree const& tree) {
   std::vector<OmPivotTable*> tables;
-  for (auto node = tree.begin(); !node.AtEnd(); ++node) {
-    auto* const table = dynamic_cast<OmPivotTable*>(*node);
+  for (OmOutputTree::Element const& element : tree.Elements()) {
+    auto* const table = dynamic_cast<OmPivotTable*>(element.value);
     if (table != nullptr && IsWritten(*table)) {
       tables.push_back(table);
     }
@@ -104,40 +104,23 @@ std::vector<std::string> NamesOf(std::vector<OmPivotTable*> const& tables,
 
 }  // namespace
 
-CsvRenderer::CsvRenderer(std::ostream& out, CsvOptions const& options)
-    : out_(out), options_(options) {}
-
-void CsvRenderer::Render(OmOutputTree& tree) {
-  Write(WrittenTables(tree));
-}
-
-void CsvRenderer::Visit(OmPivotTable& table) {
-  if (IsWritten(table)) {
-    Write({&table});
-  }
-}
-
-void CsvRenderer::Write(std::vector<OmPivotTable*> const& tables) {
+void RenderCsv(OmOutputTree const& tree, std::ostream& out, CsvOptions const& options) {
+  std::vector<OmPivotTable*> const tables = WrittenTables(tree);
   if (tables.empty()) {
     return;
   }
-  OutputBuffer buffer(out_);
-  CsvRecord record(buffer, options_.safe);
+  OutputBuffer buffer(out);
+  CsvRecord record(buffer, options.safe);
   std::vector<std::string> const names = NamesOf(tables, record);
-  auto const separate = [&] {
-    buffer << (started_ ? "\r\n" : "");
-    started_ = true;
-  };
-  if (options_.shape == CsvOptions::Shape::Long) {
-    separate();
-    WriteLongTables(record, tables, names, !options_.skipEmpty);
+  if (options.shape == CsvOptions::Shape::Long) {
+    WriteLongTables(record, tables, names, !options.skipEmpty);
   } else {
     for (std::size_t i = 0; i < tables.size(); ++i) {
-      separate();
+      buffer << (i > 0 ? "\r\n" : "");
       if (tables.size() > 1) {
         record.Lead(names[i]);
       }
-      WriteDisplay(record, *tables[i], options_);
+      WriteDisplay(record, *tables[i], options);
     }
   }
   buffer.Flush();

@@ -71,8 +71,9 @@ std::string HtmlChart(OmChart const& chart) {
   std::string const table =
       data ? InScroll("Data of the chart " + name, DataTable(*data, label)) : "";
   if (type.empty()) {
-    return !table.empty() ? table
-                          : "<p class=\"announcement\">" + HtmlText(Announcement(chart)) + "</p>";
+    return !table.empty()
+               ? table
+               : "<p class=\"announcement\">" + HtmlText(MakePlaceholder(chart)) + "</p>";
   }
   std::string image = "<img alt=\"" + name + "\" src=\"data:" + type + ";base64,";
   AppendBase64(image, chart.GetImageData());

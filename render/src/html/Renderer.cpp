@@ -13,6 +13,7 @@
 #include "content/CellText.h"
 #include "content/NumberCell.h"
 #include "content/Placeholder.h"
+#include "grid/DocumentWalk.h"
 #include "grid/LayerLine.h"
 #include "html/Chart.h"
 #include "html/Language.h"
@@ -39,15 +40,7 @@ std::string PartId(std::size_t part) {
 /// Goes through a document for one purpose, counting its items.
 class PartVisitor : public OmOutputPart::Visitor {
  public:
-  void VisitAll(OmOutputTree& tree) {
-    part_ = 0;
-    for (auto node = tree.begin(); !node.AtEnd(); ++node, ++part_) {
-      if (OmOutputPart* part = *node) {
-        depth_ = node.depth;
-        part->Accept(*this);
-      }
-    }
-  }
+  void VisitAll(OmOutputTree const& tree) { render::VisitAll(tree, *this, depth_, part_); }
 
   void Visit(OmPivotTable& /*table*/) override {}
   void Visit(OmHeading& /*heading*/) override {}
@@ -204,9 +197,9 @@ class MainVisitor : public PartVisitor {
          << "</figure>\n";
     out_.Drain();
   }
-  void Visit(OmAnswerTree& tree) override { Announce(Announcement(tree)); }
-  void Visit(OmModel& model) override { Announce(Announcement(model)); }
-  void Visit(OmInteractive& item) override { Announce(Announcement(item)); }
+  void Visit(OmAnswerTree& tree) override { WritePlaceholder(MakePlaceholder(tree)); }
+  void Visit(OmModel& model) override { WritePlaceholder(MakePlaceholder(model)); }
+  void Visit(OmInteractive& item) override { WritePlaceholder(MakePlaceholder(item)); }
 
  private:
   void WriteHeading(std::string const& text) {
@@ -216,8 +209,8 @@ class MainVisitor : public PartVisitor {
     out_.Drain();
   }
 
-  void Announce(std::string const& announcement) {
-    out_ << "<p class=\"announcement\" id=\"" << PartId(part_) << "\">" << HtmlText(announcement)
+  void WritePlaceholder(std::string const& placeholder) {
+    out_ << "<p class=\"announcement\" id=\"" << PartId(part_) << "\">" << HtmlText(placeholder)
          << "</p>\n";
   }
 
@@ -292,7 +285,7 @@ class MainVisitor : public PartVisitor {
 
 }  // namespace
 
-void RenderHtml(OmOutputTree& tree, std::ostream& out, HtmlOptions const& options) {
+void RenderHtml(OmOutputTree const& tree, std::ostream& out, HtmlOptions const& options) {
   OutputBuffer buffer(out);
   HeadVisitor head;
   head.VisitAll(tree);

@@ -22,33 +22,44 @@ std::string Between(char const* marks, std::string const& markdown) {
   return markdown.empty() ? markdown : marks + markdown + marks;
 }
 
-}  // namespace
+class MarkdownVisitor : public OmOutputPart::Visitor {
+ public:
+  MarkdownVisitor(std::ostream& out, MarkdownOptions const& options)
+      : out_(out), options_(options) {}
 
-MarkdownRenderer::MarkdownRenderer(std::ostream& out, TableOptions const& options)
-    : out_(out), options_(options) {}
+  void Visit(OmPivotTable& table) override;
+  void Visit(OmProcedure& procedure) override { WriteHeading(procedure.OutlineText()); }
+  void Visit(OmHeading& heading) override { WriteHeading(TextOf(heading.Label())); }
+  void Visit(OmTextBlock& block) override;
+  void Visit(OmPageTitle& title) override;
+  void Visit(OmChart& chart) override { WritePlaceholder(MakePlaceholder(chart)); }
+  void Visit(OmAnswerTree& tree) override { WritePlaceholder(MakePlaceholder(tree)); }
+  void Visit(OmModel& model) override { WritePlaceholder(MakePlaceholder(model)); }
+  void Visit(OmInteractive& item) override { WritePlaceholder(MakePlaceholder(item)); }
 
-void MarkdownRenderer::Render(OmOutputTree& tree) {
-  VisitAll(tree, *this, depth_);
-}
+  int depth = 0;  ///< of the item that is visited next
 
-void MarkdownRenderer::Visit(OmHeading& heading) {
-  WriteHeading(TextOf(heading.Label()));
-}
+ private:
+  void WriteHeading(std::string const& text);
+  void WritePlaceholder(std::string const& placeholder);
+  void WriteParagraph(std::string const& markdown);
 
-void MarkdownRenderer::Visit(OmProcedure& procedure) {
-  WriteHeading(procedure.OutlineText());
-}
+  std::ostream& out_;
+  MarkdownOptions const& options_;
+  bool started_ = false;
+  std::size_t tables_ = 0;
+};
 
-void MarkdownRenderer::Visit(OmTextBlock& block) {
+void MarkdownVisitor::Visit(OmTextBlock& block) {
   WriteParagraph(Between("**", MarkdownText(TextOf(block.Label()))));
   WriteParagraph(MarkdownCode(block.Text()));
 }
 
-void MarkdownRenderer::Visit(OmPageTitle& title) {
+void MarkdownVisitor::Visit(OmPageTitle& title) {
   WriteParagraph(Between("**", MarkdownText(title.Text())));
 }
 
-void MarkdownRenderer::Visit(OmPivotTable& table) {
+void MarkdownVisitor::Visit(OmPivotTable& table) {
   if (!table.Show()) {
     return;
   }
@@ -75,33 +86,28 @@ void MarkdownRenderer::Visit(OmPivotTable& table) {
   WriteParagraph(notes.Definitions());
 }
 
-void MarkdownRenderer::Visit(OmChart& chart) {
-  WriteParagraph(MarkdownText(Announcement(chart)));
-}
-
-void MarkdownRenderer::Visit(OmAnswerTree& tree) {
-  WriteParagraph(MarkdownText(Announcement(tree)));
-}
-
-void MarkdownRenderer::Visit(OmModel& model) {
-  WriteParagraph(MarkdownText(Announcement(model)));
-}
-
-void MarkdownRenderer::Visit(OmInteractive& item) {
-  WriteParagraph(MarkdownText(Announcement(item)));
-}
-
-void MarkdownRenderer::WriteHeading(std::string const& text) {
-  auto const level = static_cast<std::size_t>(std::clamp(depth_ + 1, 1, 6));
+void MarkdownVisitor::WriteHeading(std::string const& text) {
+  auto const level = static_cast<std::size_t>(std::clamp(depth + 1, 1, 6));
   WriteParagraph(std::string(level, '#') + ' ' + InHeading(MarkdownText(text)));
 }
 
-void MarkdownRenderer::WriteParagraph(std::string const& markdown) {
+void MarkdownVisitor::WritePlaceholder(std::string const& placeholder) {
+  WriteParagraph(MarkdownText(placeholder));
+}
+
+void MarkdownVisitor::WriteParagraph(std::string const& markdown) {
   if (markdown.empty()) {
     return;
   }
   out_ << (started_ ? "\n" : "") << markdown << '\n';
   started_ = true;
+}
+
+}  // namespace
+
+void RenderMarkdown(OmOutputTree const& tree, std::ostream& out, MarkdownOptions const& options) {
+  MarkdownVisitor visitor(out, options);
+  VisitAll(tree, visitor, visitor.depth);
 }
 
 }  // namespace lakresvos::render

@@ -48,26 +48,45 @@ std::string Marked(OmCellText const* label, FootnoteMarks const& marks) {
   return shown.text + shown.marks;
 }
 
-}  // namespace
+class TextVisitor : public OmOutputPart::Visitor {
+ public:
+  TextVisitor(std::ostream& out, TextOptions const& options) : out_(out), options_(options) {}
 
-TextRenderer::TextRenderer(std::ostream& out, TextOptions const& options)
-    : out_(out), options_(options) {}
+  void Visit(OmPivotTable& table) override;
+  void Visit(OmProcedure& procedure) override;
+  void Visit(OmHeading& heading) override;
+  void Visit(OmTextBlock& block) override;
+  void Visit(OmPageTitle& title) override;
+  void Visit(OmChart& chart) override { WritePlaceholder(MakePlaceholder(chart)); }
+  void Visit(OmAnswerTree& tree) override { WritePlaceholder(MakePlaceholder(tree)); }
+  void Visit(OmModel& model) override { WritePlaceholder(MakePlaceholder(model)); }
+  void Visit(OmInteractive& item) override { WritePlaceholder(MakePlaceholder(item)); }
 
-void TextRenderer::Render(OmOutputTree& tree) {
-  VisitAll(tree, *this, depth_);
-}
+  int depth = 0;  ///< of the item that is visited next
+
+ private:
+  void StartItem();
+  void WriteHeading(std::string const& text);
+  void WritePlaceholder(std::string const& placeholder);
+  void WriteAligned(std::string const& text, HorizontalAlignment alignment, int width);
+  void WriteLines(std::string const& text, std::string const& indent = {});
+
+  std::ostream& out_;
+  TextOptions const& options_;
+  bool started_ = false;
+};
 
 // Headings and texts
 
-void TextRenderer::Visit(OmHeading& heading) {
+void TextVisitor::Visit(OmHeading& heading) {
   WriteHeading(TextOf(heading.Label()));
 }
 
-void TextRenderer::Visit(OmProcedure& procedure) {
+void TextVisitor::Visit(OmProcedure& procedure) {
   WriteHeading(procedure.OutlineText());
 }
 
-void TextRenderer::Visit(OmTextBlock& block) {
+void TextVisitor::Visit(OmTextBlock& block) {
   StartItem();
   std::string const label = TextOf(block.Label());
   if (label.empty()) {
@@ -78,7 +97,7 @@ void TextRenderer::Visit(OmTextBlock& block) {
   }
 }
 
-void TextRenderer::Visit(OmPageTitle& title) {
+void TextVisitor::Visit(OmPageTitle& title) {
   StartItem();
   std::string const line = Repeat(options_.ascii ? kAsciiPageLine : kPageLine,
                                   WidestLine(WrappedAt(options_.width, title.Text())));
@@ -87,18 +106,18 @@ void TextRenderer::Visit(OmPageTitle& title) {
   WriteLines(line);
 }
 
-void TextRenderer::WriteHeading(std::string const& text) {
+void TextVisitor::WriteHeading(std::string const& text) {
   StartItem();
   auto const& lines = options_.ascii ? kAsciiUnderlines : kUnderlines;
   auto const last = static_cast<int>(lines.size()) - 1;
   WriteLines(text);
-  WriteLines(Repeat(lines[static_cast<std::size_t>(std::clamp(depth_, 0, last))],
+  WriteLines(Repeat(lines[static_cast<std::size_t>(std::clamp(depth, 0, last))],
                     WidestLine(WrappedAt(options_.width, text))));
 }
 
 // Tables
 
-void TextRenderer::Visit(OmPivotTable& table) {
+void TextVisitor::Visit(OmPivotTable& table) {
   if (!table.Show()) {
     return;
   }
@@ -136,39 +155,21 @@ void TextRenderer::Visit(OmPivotTable& table) {
   }
 }
 
-// Items without a form as text
-
-void TextRenderer::Visit(OmChart& chart) {
-  Announce(Announcement(chart));
-}
-
-void TextRenderer::Visit(OmAnswerTree& tree) {
-  Announce(Announcement(tree));
-}
-
-void TextRenderer::Visit(OmModel& model) {
-  Announce(Announcement(model));
-}
-
-void TextRenderer::Visit(OmInteractive& item) {
-  Announce(Announcement(item));
-}
-
-void TextRenderer::Announce(std::string const& announcement) {
+void TextVisitor::WritePlaceholder(std::string const& placeholder) {
   StartItem();
-  WriteLines(announcement);
+  WriteLines(placeholder);
 }
 
 // Output
 
-void TextRenderer::StartItem() {
+void TextVisitor::StartItem() {
   if (started_) {
     out_ << '\n';
   }
   started_ = true;
 }
 
-void TextRenderer::WriteAligned(std::string const& text, HorizontalAlignment alignment, int width) {
+void TextVisitor::WriteAligned(std::string const& text, HorizontalAlignment alignment, int width) {
   std::vector<TextLine> const lines = WrappedAt(options_.width, text);
   int const room = std::max(width, WidestLine(lines));
   for (TextLine const& line : lines) {
@@ -177,10 +178,17 @@ void TextRenderer::WriteAligned(std::string const& text, HorizontalAlignment ali
   }
 }
 
-void TextRenderer::WriteLines(std::string const& text, std::string const& indent) {
+void TextVisitor::WriteLines(std::string const& text, std::string const& indent) {
   for (TextLine const& line : WrappedAt(options_.width, text, indent.size())) {
     out_ << (line.text.empty() ? std::string() : indent + line.text) << '\n';
   }
+}
+
+}  // namespace
+
+void RenderText(OmOutputTree const& tree, std::ostream& out, TextOptions const& options) {
+  TextVisitor visitor(out, options);
+  VisitAll(tree, visitor, visitor.depth);
 }
 
 }  // namespace lakresvos::render

@@ -47,15 +47,15 @@ class XlsxVisitor : public OmOutputPart::Visitor {
   void Visit(OmChart& chart) override {
     std::string const& image = chart.GetImageData();
     if (image.empty() || ImageType(image) == "image/svg+xml") {
-      contents_.Add(Announcement(chart));
+      contents_.Add(MakePlaceholder(chart));
     } else {
       WritePicture(chart);
     }
   }
 
-  void Visit(OmAnswerTree& tree) override { contents_.Add(Announcement(tree)); }
-  void Visit(OmModel& model) override { contents_.Add(Announcement(model)); }
-  void Visit(OmInteractive& item) override { contents_.Add(Announcement(item)); }
+  void Visit(OmAnswerTree& tree) override { contents_.Add(MakePlaceholder(tree)); }
+  void Visit(OmModel& model) override { contents_.Add(MakePlaceholder(model)); }
+  void Visit(OmInteractive& item) override { contents_.Add(MakePlaceholder(item)); }
 
  private:
   void WritePicture(OmChart& chart) {
@@ -77,7 +77,7 @@ class XlsxVisitor : public OmOutputPart::Visitor {
     if (!(IsWholePng(image) || IsWholeJpeg(image)) || insert() != LXW_NO_ERROR) {
       sheet->Lose(XlsxLoss::BadPicture, row, 0);
       sheet->Lines(row,
-                   {Announcement(chart) + " The picture is damaged or of an unknown kind.", ""},
+                   {MakePlaceholder(chart) + " The picture is damaged or of an unknown kind.", ""},
                    XlsxStyle());
     }
     sheet->Finish();
@@ -89,7 +89,7 @@ class XlsxVisitor : public OmOutputPart::Visitor {
 
 }  // namespace
 
-void RenderXlsx(OmOutputTree& tree, std::ostream& out, XlsxOptions const& options) {
+void RenderXlsx(OmOutputTree const& tree, std::ostream& out, XlsxOptions const& options) {
   XlsxBook book;
   XlsxContents contents(book);
   XlsxVisitor visitor(contents, options);

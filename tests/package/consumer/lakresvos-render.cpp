@@ -5,5 +5,5 @@
 
 int main() {
   OmOutputTree document;
-  lakresvos::render::TextRenderer(std::cout).Render(document);
+  lakresvos::render::RenderText(document, std::cout);
 }

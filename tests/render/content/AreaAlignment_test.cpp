@@ -27,7 +27,7 @@ void Align(OmPivotTable& table, FormatArea::Area area, HorizontalAlignment align
 std::string Rendered(OmPivotTable& table) {
   std::ostringstream out;
   out << '\n';
-  TextRenderer(out).Visit(table);
+  RenderText(TableDocument(table).Tree(), out);
   return out.str();
 }
 

@@ -9,8 +9,8 @@
 
 #include "render/support/RenderTables.h"
 
-using lakresvos::render::Announcement;
-using lakresvos::render::TextRenderer;
+using lakresvos::render::MakePlaceholder;
+using lakresvos::render::RenderText;
 using namespace render_tables;
 
 namespace {
@@ -18,13 +18,13 @@ namespace {
 std::string ChartOf(ChartXMLContentSubType type) {
   OmChart chart(Utf8("Survival"), "", 1);
   chart.SetImageSubType(type);
-  return Announcement(chart);
+  return MakePlaceholder(chart);
 }
 
-std::string Rendered(OmOutputTree& document) {
+std::string Rendered(OmOutputTree const& document) {
   std::ostringstream out;
   out << '\n';
-  TextRenderer(out).Render(document);
+  RenderText(document, out);
   return out.str();
 }
 
@@ -32,7 +32,7 @@ std::string Rendered(OmOutputTree& document) {
 
 // Charts
 
-TEST(ItemAnnouncement, NamesEverySubTypeOfChart) {
+TEST(Placeholder, NamesEverySubTypeOfChart) {
   EXPECT_EQ(ChartOf(ChartXMLBar), "[Chart: Survival (bar)]");
   EXPECT_EQ(ChartOf(ChartXMLLine), "[Chart: Survival (line)]");
   EXPECT_EQ(ChartOf(ChartXMLArea), "[Chart: Survival (area)]");
@@ -43,68 +43,70 @@ TEST(ItemAnnouncement, NamesEverySubTypeOfChart) {
   EXPECT_EQ(ChartOf(ChartXMLMap), "[Chart: Survival (map)]");
 }
 
-TEST(ItemAnnouncement, UnspecifiedSubTypeIsLeftOut) {
+TEST(Placeholder, UnspecifiedSubTypeIsLeftOut) {
   EXPECT_EQ(ChartOf(ChartXMLUnspecified), "[Chart: Survival]");
 }
 
-TEST(ItemAnnouncement, UnknownSubTypeIsShownByItsNumber) {
+TEST(Placeholder, UnknownSubTypeIsShownByItsNumber) {
   EXPECT_EQ(ChartOf(static_cast<ChartXMLContentSubType>(9)), "[Chart: Survival (type 9)]");
   EXPECT_EQ(ChartOf(static_cast<ChartXMLContentSubType>(-1)), "[Chart: Survival (type -1)]");
 }
 
-TEST(ItemAnnouncement, EmptyLabelIsLeftOut) {
+TEST(Placeholder, EmptyLabelIsLeftOut) {
   OmChart chart(Utf8(""), "", 1);
-  EXPECT_EQ(Announcement(chart), "[Chart]");
+  EXPECT_EQ(MakePlaceholder(chart), "[Chart]");
   chart.SetImageSubType(ChartXMLPie);
-  EXPECT_EQ(Announcement(chart), "[Chart (pie)]");
+  EXPECT_EQ(MakePlaceholder(chart), "[Chart (pie)]");
 }
 
 // Items with sizes
 
-TEST(ItemAnnouncement, ModelTellsTheSizeOfEachStream) {
+TEST(Placeholder, ModelTellsTheSizeOfEachStream) {
   OmModel model(Utf8("Regression"));
   model.SetPMML("<PMML/>", 7);
   model.SetBinaryDataStream("\0", 1);
   model.SetPMMLContainer("abc", 3);
   model.SetStatXMLContainer("abcd", 4);
-  EXPECT_EQ(Announcement(model),
+  EXPECT_EQ(MakePlaceholder(model),
             "[Model: Regression (PMML: 7 bytes, binary data: 1 byte, PMML container: 3 bytes, "
             "StatXML container: 4 bytes)]");
 }
 
-TEST(ItemAnnouncement, AnswerTreeTellsTheSizeOfEachStream) {
+TEST(Placeholder, AnswerTreeTellsTheSizeOfEachStream) {
   OmAnswerTree tree(Utf8("Segments"), "");
   tree.SetPath("a/b", 3);
   tree.SetCompressedXML("ab", 2, 500);
   tree.SetUncompressedXML("<a/>", 4);
   tree.SetUncompressedDisplayXML("<view/>", 7);
-  EXPECT_EQ(Announcement(tree),
+  EXPECT_EQ(MakePlaceholder(tree),
             "[Answer tree: Segments (path: 3 bytes, compressed XML: 2 bytes, XML: 4 bytes, "
             "display XML: 7 bytes)]");
 }
 
-TEST(ItemAnnouncement, InteractiveItemTellsTheSizesOfItsContents) {
+TEST(Placeholder, InteractiveItemTellsTheSizesOfItsContents) {
   OmInteractive item(Utf8("Explorer"), "", 1);
   item.setInteractiveJSON("{}", 2);
   item.addGeoJSONFileName("north", 5);
   item.addGeoJSONFileContent("[1]", 3);
   item.addGeoJSONFileName("south", 5);
   item.addGeoJSONFileContent("[12]", 4);
-  EXPECT_EQ(Announcement(item), "[Interactive item: Explorer (JSON: 2 bytes, GeoJSON: 7 bytes)]");
+  EXPECT_EQ(MakePlaceholder(item),
+            "[Interactive item: Explorer (JSON: 2 bytes, GeoJSON: 7 bytes)]");
 }
 
-TEST(ItemAnnouncement, EmptyStreamsAreLeftOut) {
+TEST(Placeholder, EmptyStreamsAreLeftOut) {
   OmModel model(Utf8("Regression"));
-  EXPECT_EQ(Announcement(model), "[Model: Regression]");
+  EXPECT_EQ(MakePlaceholder(model), "[Model: Regression]");
   model.SetBinaryDataStream("ab", 2);
-  EXPECT_EQ(Announcement(model), "[Model: Regression (binary data: 2 bytes)]");
-  EXPECT_EQ(Announcement(OmAnswerTree(Utf8("Segments"), "")), "[Answer tree: Segments]");
-  EXPECT_EQ(Announcement(OmInteractive(Utf8("Explorer"), "", 1)), "[Interactive item: Explorer]");
+  EXPECT_EQ(MakePlaceholder(model), "[Model: Regression (binary data: 2 bytes)]");
+  EXPECT_EQ(MakePlaceholder(OmAnswerTree(Utf8("Segments"), "")), "[Answer tree: Segments]");
+  EXPECT_EQ(MakePlaceholder(OmInteractive(Utf8("Explorer"), "", 1)),
+            "[Interactive item: Explorer]");
 }
 
 // In a document
 
-TEST(ItemAnnouncement, StandsInADocumentAsABlockOfItsOwn) {
+TEST(Placeholder, StandsInADocumentAsABlockOfItsOwn) {
   OmOutputTree document;
   AppendItem<OmChart>(document.begin(), Utf8("Survival"), "", 1).SetImageSubType(ChartXMLBar);
   AppendItem<OmModel>(document.begin(), Utf8("Regression"));
@@ -127,7 +129,7 @@ after
 )");
 }
 
-TEST(ItemAnnouncement, LabelIsCleanedUpAsOtherTexts) {
+TEST(Placeholder, LabelIsCleanedUpAsOtherTexts) {
   OmOutputTree document;
   AppendItem<OmChart>(document.begin(), Utf8("\x1b[1mBold\tand\nbroken \xff"), "", 1);
   EXPECT_EQ(Rendered(document), R"(
@@ -139,7 +141,7 @@ broken �]
 )");
 }
 
-TEST(ItemAnnouncement, LabelInACodePageStaysReadableWhereItIsAscii) {
+TEST(Placeholder, LabelInACodePageStaysReadableWhereItIsAscii) {
   OmOutputTree document;
   AppendItem<OmChart>(document.begin(), Utf8("Café"), "ISO-8859-1", 1);
   EXPECT_EQ(Rendered(document), R"(

@@ -37,9 +37,9 @@ CsvOptions WithShape(CsvOptions::Shape shape) {
 
 /// Writes a table in all shapes.
 void WriteAll(OmPivotTable& table, std::ostream& out) {
-  CsvRenderer(out, WithShape(CsvOptions::Shape::Long)).Visit(table);
-  CsvRenderer(out, WithShape(CsvOptions::Shape::Display)).Visit(table);
-  MarkdownRenderer(out).Visit(table);
+  RenderCsv(TableDocument(table).Tree(), out, WithShape(CsvOptions::Shape::Long));
+  RenderCsv(TableDocument(table).Tree(), out, WithShape(CsvOptions::Shape::Display));
+  RenderMarkdown(TableDocument(table).Tree(), out);
 }
 
 }  // namespace
@@ -87,6 +87,6 @@ TEST(CsvRendererMemory, DimensionOfAnyDepthCanBeWritten) {
   table.Put({0});
   Sink sink;
   std::ostream out(&sink);
-  CsvRenderer(out).Visit(table);
+  RenderCsv(TableDocument(table).Tree(), out);
   EXPECT_GT(sink.total, kDepth);
 }

@@ -30,7 +30,7 @@ using Fields = std::vector<std::string>;
 
 std::string Written(OmPivotTable& table, CsvOptions const& options) {
   std::ostringstream out;
-  CsvRenderer(out, options).Visit(table);
+  RenderCsv(TableDocument(table).Tree(), out, options);
   return out.str();
 }
 
@@ -226,7 +226,7 @@ RC_GTEST_PROP(CsvRendererProperty, EachTableOfADocumentIsFoundAgainByItsName, ()
     counts.push_back(ReadCsvRecords(Written(table, options)).size() - 1);
   }
   std::ostringstream out;
-  CsvRenderer(out, options).Render(document);
+  RenderCsv(document, out, options);
   CsvRecords const records = ReadCsvRecords(out.str());
   RC_ASSERT(records[0][0] == "table");
   std::set<std::string> names;

@@ -22,7 +22,7 @@ namespace {
 
 std::string Written(OmPivotTable& table, CsvOptions const& options = {}) {
   std::ostringstream out;
-  CsvRenderer(out, options).Visit(table);
+  RenderCsv(TableDocument(table).Tree(), out, options);
   return out.str();
 }
 
@@ -440,7 +440,7 @@ void AppendTables(OmOutputTree& document,
 
 std::string WrittenDocument(OmOutputTree& document, CsvOptions const& options = {}) {
   std::ostringstream out;
-  CsvRenderer(out, options).Render(document);
+  RenderCsv(document, out, options);
   return out.str();
 }
 
@@ -506,6 +506,6 @@ TEST(CsvRenderer, StreamThatFailsTells) {
   Cube cube;
   std::ostringstream out;
   out.setstate(std::ios::badbit);
-  CsvRenderer(out).Visit(cube);
+  RenderCsv(TableDocument(cube).Tree(), out);
   EXPECT_FALSE(out);
 }

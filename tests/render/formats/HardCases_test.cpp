@@ -58,7 +58,7 @@ TEST(HardCases, CanBeShownWithAndWithoutEmptyRows) {
     std::ostringstream out;
     lakresvos::render::TextOptions options;
     options.skipEmpty = skipEmpty;
-    lakresvos::render::TextRenderer(out, options).Render(document);
+    lakresvos::render::RenderText(document, out, options);
     EXPECT_NE(out.str().find("Numbers as texts"), std::string::npos);
     EXPECT_EQ(out.str().find("Hidden table"), std::string::npos);
   }
@@ -71,7 +71,7 @@ TEST(HardCases, LongChainsOfGroupsGrowAsTheSquareOfTheirLevels) {
     lakresvos::render::RenderHtml(document, out);
   };
   auto const text = [](OmOutputTree& document, std::ostream& out) {
-    lakresvos::render::TextRenderer(out).Render(document);
+    lakresvos::render::RenderText(document, out);
   };
   EXPECT_LT(SizeOfChain(1600, html), SizeOfChain(800, html) * 9 / 2);
   EXPECT_LT(SizeOfChain(1600, text), SizeOfChain(800, text) * 9 / 2);

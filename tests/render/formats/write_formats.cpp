@@ -117,7 +117,7 @@ int main(int argc, char** argv) {
     std::ofstream out = file("tables.csv");
     CsvOptions options;
     options.shape = CsvOptions::Shape::Display;
-    CsvRenderer(out, options).Render(document);
+    RenderCsv(document, out, options);
   }
   {
     std::ofstream out = file("document.html");
@@ -127,11 +127,11 @@ int main(int argc, char** argv) {
     std::ofstream out = file("document.json");
     JsonOptions options;
     options.layout = true;
-    JsonRenderer(out, options).Render(document);
+    RenderJson(document, out, options);
   }
   {
     std::ofstream out = file("document.md");
-    MarkdownRenderer(out).Render(document);
+    RenderMarkdown(document, out);
   }
   {
     std::ofstream out = file("document.xlsx");

@@ -46,13 +46,13 @@ void Write(OmOutputTree& document, std::filesystem::path const& directory) {
     std::ofstream out = File(directory / "document.json");
     JsonOptions options;
     options.layout = true;
-    JsonRenderer(out, options).Render(document);
+    RenderJson(document, out, options);
   }
   {
     std::ofstream out = File(directory / "tables.csv");
     CsvOptions options;
     options.shape = CsvOptions::Shape::Display;
-    CsvRenderer(out, options).Render(document);
+    RenderCsv(document, out, options);
   }
   {
     std::ofstream out = File(directory / "document.html");
@@ -63,7 +63,7 @@ void Write(OmOutputTree& document, std::filesystem::path const& directory) {
     RenderXlsx(document, out);
   }
   std::ostringstream markdown;
-  MarkdownRenderer(markdown).Render(document);
+  RenderMarkdown(document, markdown);
   File(directory / "document.md") << markdown.str();
   File(directory / "markdown.json") << TablesOf(markdown.str()).dump();
 }

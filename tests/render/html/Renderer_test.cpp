@@ -21,7 +21,7 @@ using namespace render_tables;
 
 namespace {
 
-std::string Page(OmOutputTree& document, HtmlOptions const& options = {}) {
+std::string Page(OmOutputTree const& document, HtmlOptions const& options = {}) {
   std::ostringstream out;
   RenderHtml(document, out, options);
   return out.str();
@@ -37,11 +37,11 @@ std::string Between(std::string const& text, std::string const& start, std::stri
   return text.substr(behind, text.find(end, behind) - behind);
 }
 
-std::string Main(OmOutputTree& document, HtmlOptions const& options = {}) {
+std::string Main(OmOutputTree const& document, HtmlOptions const& options = {}) {
   return Between(Page(document, options), "<main>\n", "</main>");
 }
 
-std::string Outline(OmOutputTree& document) {
+std::string Outline(OmOutputTree const& document) {
   return Between(Page(document), "<summary>Outline</summary><ul>\n", "</ul></details></nav>");
 }
 

@@ -12,9 +12,10 @@
 /// Short ways from documents to JSON and back.
 namespace json_documents {
 
-inline std::string Written(OmOutputTree& tree, lakresvos::render::JsonOptions const& options = {}) {
+inline std::string Written(OmOutputTree const& tree,
+                           lakresvos::render::JsonOptions const& options = {}) {
   std::ostringstream out;
-  lakresvos::render::JsonRenderer(out, options).Render(tree);
+  lakresvos::render::RenderJson(tree, out, options);
   return out.str();
 }
 

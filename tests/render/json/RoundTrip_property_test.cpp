@@ -13,9 +13,9 @@ namespace {
 using json_documents::Read;
 using json_documents::Written;
 
-std::string Shown(OmOutputTree& tree) {
+std::string Shown(OmOutputTree const& tree) {
   std::ostringstream out;
-  lakresvos::render::TextRenderer(out).Render(tree);
+  lakresvos::render::RenderText(tree, out);
   return out.str();
 }
 

@@ -119,7 +119,7 @@ RC_GTEST_PROP(MarkdownRendererProperty, EveryTextIsShownAsText, ()) {
   OmStringCellUTF8 const caption(texts[12]);
   table.Caption(&caption);
   std::ostringstream out;
-  MarkdownRenderer(out).Render(document);
+  RenderMarkdown(document, out);
   RC_LOG() << out.str();
 
   for (std::string& text : texts) {
@@ -145,10 +145,10 @@ RC_GTEST_PROP(MarkdownRendererProperty, TablesReadBackAsTheGrids, ()) {
   Table table;
   MakeRandomTable(table);
   RelabelWithHostileTexts(table);
-  TableOptions options;
+  MarkdownOptions options;
   options.skipEmpty = *rc::gen::arbitrary<bool>();
   std::ostringstream out;
-  MarkdownRenderer(out, options).Visit(table);
+  RenderMarkdown(TableDocument(table).Tree(), out, options);
   Blocks tables;
   for (MarkdownBlock& block : ReadMarkdown(out.str())) {
     if (block.kind == "table") {

@@ -17,17 +17,17 @@ using namespace render_tables;
 namespace {
 
 /// Behind a line end so that expected texts may start on a new line.
-std::string Rendered(OmPivotTable& table, TableOptions const& options = {}) {
+std::string Rendered(OmPivotTable& table, MarkdownOptions const& options = {}) {
   std::ostringstream out;
   out << '\n';
-  MarkdownRenderer(out, options).Visit(table);
+  RenderMarkdown(TableDocument(table).Tree(), out, options);
   return out.str();
 }
 
-std::string Rendered(OmOutputTree& document) {
+std::string Rendered(OmOutputTree const& document) {
   std::ostringstream out;
   out << '\n';
-  MarkdownRenderer(out).Render(document);
+  RenderMarkdown(document, out);
   return out.str();
 }
 
@@ -186,7 +186,7 @@ TEST(MarkdownRenderer, LayersFollowEachOtherAndFootnotesStandBelow) {
 
 [^t1n1]: Estimated.
 )");
-  TableOptions options;
+  MarkdownOptions options;
   options.allLayers = false;
   EXPECT_EQ(Rendered(table, options).find("1667"), std::string::npos);
 }
@@ -206,7 +206,7 @@ TEST(MarkdownRenderer, TableWithoutColumnsIsItsTitleAndCaption) {
   Table table;
   table.Add("A");
   table.Place({}, {0});
-  TableOptions options;
+  MarkdownOptions options;
   options.skipEmpty = false;
   OmStringCellUTF8 const caption("below");
   table.Caption(&caption);

@@ -65,6 +65,24 @@ Part& AppendItem(OmOutputTree::Node const& parent, Arguments&&... arguments) {
   return static_cast<Part&>(*parent.AppendChild(part.release()).Value());
 }
 
+/// A document of one table, which it does not own, and nothing else.
+class TableDocument {
+ public:
+  explicit TableDocument(OmPivotTable& table) {
+    OmOutputTree::Node root = tree_.begin();
+    tree_.Erase(root);
+    tree_.Append(&table);
+  }
+  TableDocument(TableDocument const&) = delete;
+  TableDocument& operator=(TableDocument const&) = delete;
+  ~TableDocument() { tree_.Unlink(tree_.begin()); }
+
+  OmOutputTree const& Tree() const { return tree_; }
+
+ private:
+  OmOutputTree tree_;
+};
+
 /// The subscripts of all stored cells.
 inline std::vector<std::vector<int>> StoredCells(OmPivotTable const& table) {
   std::vector<std::vector<int>> indexes;

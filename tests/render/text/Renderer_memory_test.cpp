@@ -9,8 +9,8 @@
 #include "render/support/RenderTables.h"
 #include "support/FailingNew.h"
 
+using lakresvos::render::RenderText;
 using lakresvos::render::TextOptions;
-using lakresvos::render::TextRenderer;
 using namespace render_tables;
 
 namespace {
@@ -64,7 +64,7 @@ TEST(TextRendererMemory, EveryFailedAllocationLeavesNothingBehind) {
       [&] {
         TextOptions options;
         options.maxColumnWidth = 4;
-        TextRenderer(out, options).Render(document);
+        RenderText(document, out, options);
       },
       [] {});
   EXPECT_GT(failures, 100U);
@@ -85,7 +85,7 @@ TEST(TextRendererMemory, CellsAreRenderedTwiceEachHoweverManyThereAre) {
     Sink sink;
     std::ostream out(&sink);
     CountedNumber::rendered = 0;
-    TextRenderer(out).Visit(table);
+    RenderText(TableDocument(table).Tree(), out);
     EXPECT_EQ(CountedNumber::rendered, rows * 100 * 2);
   }
 }

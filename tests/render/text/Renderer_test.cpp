@@ -10,24 +10,24 @@
 
 #include "render/support/RenderTables.h"
 
+using lakresvos::render::RenderText;
 using lakresvos::render::TextOptions;
-using lakresvos::render::TextRenderer;
 using namespace render_tables;
 
 namespace {
 
 /// A document behind a line end so that expected texts may start on a new line.
-std::string Rendered(OmOutputTree& document, TextOptions const& options = {}) {
+std::string Rendered(OmOutputTree const& document, TextOptions const& options = {}) {
   std::ostringstream out;
   out << '\n';
-  TextRenderer(out, options).Render(document);
+  RenderText(document, out, options);
   return out.str();
 }
 
 std::string Rendered(OmPivotTable& table, TextOptions const& options = {}) {
   std::ostringstream out;
   out << '\n';
-  TextRenderer(out, options).Visit(table);
+  RenderText(TableDocument(table).Tree(), out, options);
   return out.str();
 }
 
@@ -442,6 +442,6 @@ TEST(TextRenderer, RenderingLeavesTheTableAsItWas) {
 TEST(TextRenderer, StreamThatFailsIsReportedByItsState) {
   Layered table;
   std::ostream out(nullptr);
-  TextRenderer(out).Visit(table);
+  RenderText(TableDocument(table).Tree(), out);
   EXPECT_FALSE(out.good());
 }

@@ -38,27 +38,27 @@ std::vector<std::string> Render(OmOutputTree& document, Options const& options, 
       auto text = With<render::TextOptions>(options);
       text.ascii = options.ascii;
       text.width = WidthOf(options);
-      render::TextRenderer(out, text).Render(document);
+      render::RenderText(document, out, text);
       break;
     }
     case OutputFormat::Html:
       render::RenderHtml(document, out, With<render::HtmlOptions>(options));
       break;
     case OutputFormat::Markdown:
-      render::MarkdownRenderer(out, With<render::TableOptions>(options)).Render(document);
+      render::RenderMarkdown(document, out, With<render::MarkdownOptions>(options));
       break;
     case OutputFormat::Csv: {
       auto csv = With<render::CsvOptions>(options);
       using Shape = render::CsvOptions::Shape;
       csv.shape = options.csvDisplay ? Shape::Display : Shape::Long;
       csv.safe = options.csvSafe;
-      render::CsvRenderer(out, csv).Render(document);
+      render::RenderCsv(document, out, csv);
       break;
     }
     case OutputFormat::Json: {
       auto json = With<render::JsonOptions>(options);
       json.layout = options.jsonLayout;
-      render::JsonRenderer(out, json).Render(document);
+      render::RenderJson(document, out, json);
       break;
     }
     case OutputFormat::Xlsx: {

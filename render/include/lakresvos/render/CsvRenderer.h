@@ -2,9 +2,7 @@
 #define LAKRESVOS_RENDER_CSVRENDERER_H
 
 #include <ostream>
-#include <vector>
 
-#include <lakresvos/OmOutputPart.h>
 #include <lakresvos/render/Export.h>
 #include <lakresvos/render/TableOptions.h>
 
@@ -63,31 +61,10 @@ struct CsvOptions : TableOptions {
 /// Writing takes time linear in the displayed and stored cells; memory grows with the categories
 /// only.
 ///
-/// Thread safety: none; one thread at a time uses a renderer, its stream and the document.
-class LAKRESVOS_RENDER_EXPORT CsvRenderer : public OmOutputPart::Visitor {
- public:
-  /// @param out where to write; must outlive the renderer. Its state tells whether writing failed.
-  explicit CsvRenderer(std::ostream& out, CsvOptions const& options = {});
-
-  /// Writes all tables of `tree`; those of several calls are apart by an empty line.
-  void Render(OmOutputTree& tree);
-
-  /// Writes one table.
-  void Visit(OmPivotTable& table) override;
-  void Visit(OmHeading& /*heading*/) override {}
-  void Visit(OmTextBlock& /*block*/) override {}
-  void Visit(OmChart& /*chart*/) override {}
-  void Visit(OmAnswerTree& /*tree*/) override {}
-  void Visit(OmModel& /*model*/) override {}
-  void Visit(OmInteractive& /*item*/) override {}
-
- private:
-  void Write(std::vector<OmPivotTable*> const& tables);
-
-  std::ostream& out_;
-  CsvOptions options_;
-  bool started_ = false;
-};
+/// @param tree the document; neither it nor its items are changed.
+/// @param out where to write. Its state tells whether writing failed.
+LAKRESVOS_RENDER_EXPORT void RenderCsv(OmOutputTree const& tree, std::ostream& out,
+                                       CsvOptions const& options = {});
 
 }  // namespace lakresvos::render
 

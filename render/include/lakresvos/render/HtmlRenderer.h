@@ -51,8 +51,9 @@ struct HtmlOptions : TableOptions {
 /// Writing takes time linear in the displayed and stored cells; beside the headings of one layer no
 /// memory grows with the number of cells.
 ///
+/// @param tree the document; neither it nor its items are changed.
 /// @param out where to write. Its state tells whether writing failed.
-LAKRESVOS_RENDER_EXPORT void RenderHtml(OmOutputTree& tree, std::ostream& out,
+LAKRESVOS_RENDER_EXPORT void RenderHtml(OmOutputTree const& tree, std::ostream& out,
                                         HtmlOptions const& options = {});
 
 }  // namespace lakresvos::render

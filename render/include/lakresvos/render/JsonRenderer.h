@@ -34,19 +34,10 @@ struct JsonOptions : TableOptions {
 /// Writing takes time linear in the stored cells, and in the displayed ones with the layout; memory
 /// beyond the document grows with its depths only, and with the headings of one layer.
 ///
-/// Thread safety: none; one thread at a time uses a renderer, its stream and the document.
-class LAKRESVOS_RENDER_EXPORT JsonRenderer {
- public:
-  /// @param out where to write; must outlive the renderer. Its state tells whether writing failed.
-  explicit JsonRenderer(std::ostream& out, JsonOptions const& options = {});
-
-  /// Writes `tree`, one item, node or cell a line.
-  void Render(OmOutputTree& tree);
-
- private:
-  std::ostream& out_;
-  JsonOptions options_;
-};
+/// @param tree the document; neither it nor its items are changed.
+/// @param out where to write. Its state tells whether writing failed.
+LAKRESVOS_RENDER_EXPORT void RenderJson(OmOutputTree const& tree, std::ostream& out,
+                                        JsonOptions const& options = {});
 
 }  // namespace lakresvos::render
 

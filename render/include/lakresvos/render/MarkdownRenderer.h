@@ -1,17 +1,17 @@
 #ifndef LAKRESVOS_RENDER_MARKDOWNRENDERER_H
 #define LAKRESVOS_RENDER_MARKDOWNRENDERER_H
 
-#include <cstddef>
 #include <ostream>
-#include <string>
 
-#include <lakresvos/OmOutputPart.h>
 #include <lakresvos/render/Export.h>
 #include <lakresvos/render/TableOptions.h>
 
 class OmOutputTree;
 
 namespace lakresvos::render {
+
+/// How a document is written as Markdown.
+struct MarkdownOptions : TableOptions {};
 
 /// Writes a document as Markdown the way GitHub reads it, in UTF-8.
 ///
@@ -33,38 +33,10 @@ namespace lakresvos::render {
 /// Writing takes time linear in the displayed and stored cells; beside the headings of one layer no
 /// memory grows with the number of cells.
 ///
-/// Thread safety: none; one thread at a time uses a renderer, its stream and the document.
-class LAKRESVOS_RENDER_EXPORT MarkdownRenderer : public OmOutputPart::Visitor {
- public:
-  /// @param out where to write; must outlive the renderer. Its state tells whether writing failed.
-  explicit MarkdownRenderer(std::ostream& out, TableOptions const& options = {});
-
-  /// Writes all items of `tree`.
-  void Render(OmOutputTree& tree);
-
-  // Single items; a heading shows as one at the depth of the item that Render() met last, at first
-  // 0.
-
-  void Visit(OmPivotTable& table) override;
-  void Visit(OmProcedure& procedure) override;
-  void Visit(OmHeading& heading) override;
-  void Visit(OmTextBlock& block) override;
-  void Visit(OmPageTitle& title) override;
-  void Visit(OmChart& chart) override;
-  void Visit(OmAnswerTree& tree) override;
-  void Visit(OmModel& model) override;
-  void Visit(OmInteractive& item) override;
-
- private:
-  void WriteHeading(std::string const& text);
-  void WriteParagraph(std::string const& markdown);
-
-  std::ostream& out_;
-  TableOptions options_;
-  int depth_ = 0;
-  bool started_ = false;
-  std::size_t tables_ = 0;
-};
+/// @param tree the document; neither it nor its items are changed.
+/// @param out where to write. Its state tells whether writing failed.
+LAKRESVOS_RENDER_EXPORT void RenderMarkdown(OmOutputTree const& tree, std::ostream& out,
+                                            MarkdownOptions const& options = {});
 
 }  // namespace lakresvos::render
 

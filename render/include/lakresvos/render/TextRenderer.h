@@ -2,10 +2,7 @@
 #define LAKRESVOS_RENDER_TEXTRENDERER_H
 
 #include <ostream>
-#include <string>
 
-#include <lakresvos/OmOutputPart.h>
-#include <lakresvos/render/AreaStyle.h>
 #include <lakresvos/render/Export.h>
 #include <lakresvos/render/TableOptions.h>
 
@@ -52,40 +49,10 @@ struct TextOptions : TableOptions {
 /// Writing takes time linear in the displayed and stored cells; beside the headings of one layer no
 /// memory grows with the number of cells.
 ///
-/// Thread safety: none; one thread at a time uses a renderer, its stream and the document.
-class LAKRESVOS_RENDER_EXPORT TextRenderer : public OmOutputPart::Visitor {
- public:
-  /// @param out where to write; must outlive the renderer. Its state tells whether writing failed.
-  explicit TextRenderer(std::ostream& out, TextOptions const& options = {});
-
-  /// Writes all items of `tree`, a blank line between two.
-  void Render(OmOutputTree& tree);
-
-  // Single items; a heading shows as one at the depth of the item that Render() met last, at first
-  // 0.
-
-  void Visit(OmPivotTable& table) override;
-  void Visit(OmProcedure& procedure) override;
-  void Visit(OmHeading& heading) override;
-  void Visit(OmTextBlock& block) override;
-  void Visit(OmPageTitle& title) override;
-  void Visit(OmChart& chart) override;
-  void Visit(OmAnswerTree& tree) override;
-  void Visit(OmModel& model) override;
-  void Visit(OmInteractive& item) override;
-
- private:
-  void StartItem();
-  void WriteHeading(std::string const& text);
-  void Announce(std::string const& announcement);
-  void WriteAligned(std::string const& text, HorizontalAlignment alignment, int width);
-  void WriteLines(std::string const& text, std::string const& indent = {});
-
-  std::ostream& out_;
-  TextOptions options_;
-  int depth_ = 0;
-  bool started_ = false;
-};
+/// @param tree the document; neither it nor its items are changed.
+/// @param out where to write. Its state tells whether writing failed.
+LAKRESVOS_RENDER_EXPORT void RenderText(OmOutputTree const& tree, std::ostream& out,
+                                        TextOptions const& options = {});
 
 }  // namespace lakresvos::render
 

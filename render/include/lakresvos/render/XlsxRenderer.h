@@ -63,11 +63,12 @@ struct XlsxOptions : TableOptions {
 /// Takes time linear in the displayed and stored cells. Beside the headings, memory does not grow
 /// with the rows: they go to temporary files, in the directory that TMPDIR names or else in /tmp.
 ///
+/// @param tree the document; neither it nor its items are changed.
 /// @param out where to write. Its state tells whether writing failed.
 /// @throws std::length_error that names the table when it has more than 1,048,576 rows or 16,384
 ///         columns, and for more than 65,000 sheets; std::runtime_error when there can be no temporary
 ///         file, std::system_error when it cannot be written. Nothing is written to `out` then.
-LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree& tree, std::ostream& out,
+LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree const& tree, std::ostream& out,
                                         XlsxOptions const& options = {});
 
 }  // namespace lakresvos::render

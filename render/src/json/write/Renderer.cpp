@@ -43,11 +43,8 @@ class LayoutWriter : public OmOutputPart::Visitor {
 
 }  // namespace
 
-JsonRenderer::JsonRenderer(std::ostream& out, JsonOptions const& options)
-    : out_(out), options_(options) {}
-
-void JsonRenderer::Render(OmOutputTree& tree) {
-  JsonStream json(out_);
+void RenderJson(OmOutputTree const& tree, std::ostream& out, JsonOptions const& options) {
+  JsonStream json(out);
   json.BeginObject();
   json.Name("format").Text(kDocumentFormat);
   json.Name("version").Number(kDocumentVersion);
@@ -55,16 +52,16 @@ void JsonRenderer::Render(OmOutputTree& tree) {
   ItemWriter items(json);
   VisitAll(tree, items, items.depth);
   json.End();
-  if (options_.layout) {
+  if (options.layout) {
     json.Name("layout").BeginLines();
-    LayoutWriter layouts(json, options_);
+    LayoutWriter layouts(json, options);
     int depth = 0;
     VisitAll(tree, layouts, depth);
     json.End();
   }
   json.End();
   json.Flush();
-  out_ << '\n';
+  out << '\n';
 }
 
 }  // namespace lakresvos::render

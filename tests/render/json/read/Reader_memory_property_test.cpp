@@ -34,20 +34,20 @@ class Sink : public std::streambuf {
   std::streamsize xsputn(char const* /*text*/, std::streamsize count) override { return count; }
 };
 
-void RenderInEveryFormat(OmOutputTree& tree) {
+void RenderInEveryFormat(OmOutputTree const& tree) {
   Sink sink;
   std::ostream out(&sink);
-  TextRenderer(out).Render(tree);
+  RenderText(tree, out);
   RenderHtml(tree, out);
-  MarkdownRenderer(out).Render(tree);
+  RenderMarkdown(tree, out);
   for (auto const shape : {CsvOptions::Shape::Long, CsvOptions::Shape::Display}) {
     CsvOptions options;
     options.shape = shape;
-    CsvRenderer(out, options).Render(tree);
+    RenderCsv(tree, out, options);
   }
   JsonOptions options;
   options.layout = true;
-  JsonRenderer(out, options).Render(tree);
+  RenderJson(tree, out, options);
   try {
     RenderXlsx(tree, out);
   } catch (std::runtime_error const&) {  // workbooks have limits of their own

@@ -278,7 +278,7 @@ TEST(JsonRenderer, TakesAStreamThatFails) {
   AppendTable(tree);
   std::ostringstream out;
   out.setstate(std::ios::badbit);
-  lakresvos::render::JsonRenderer(out).Render(tree);
+  lakresvos::render::RenderJson(tree, out);
   EXPECT_TRUE(out.bad());
   EXPECT_EQ(out.str(), "");
 }
