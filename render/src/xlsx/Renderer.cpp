@@ -10,6 +10,7 @@
 #include "content/Placeholder.h"
 #include "grid/DocumentWalk.h"
 #include "io/LibraryCall.h"
+#include "io/WholeFile.h"
 #include "unicode/CleanText.h"
 #include "unicode/Utf16.h"
 #include "xlsx/Contents.h"
@@ -101,6 +102,13 @@ void RenderXlsx(OmOutputTree const& tree, std::ostream& out, XlsxOptions const& 
     }
   }
   book.Write(out);
+}
+
+void RenderXlsx(OmOutputTree const& tree, std::filesystem::path const& file,
+                XlsxOptions const& options) {
+  WholeFile whole(file);
+  RenderXlsx(tree, whole.Stream(), options);
+  whole.Commit();
 }
 
 }  // namespace lakresvos::render

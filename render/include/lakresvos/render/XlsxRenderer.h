@@ -1,6 +1,7 @@
 #ifndef LAKRESVOS_RENDER_XLSXRENDERER_H
 #define LAKRESVOS_RENDER_XLSXRENDERER_H
 
+#include <filesystem>
 #include <functional>
 #include <ostream>
 #include <string>
@@ -69,6 +70,17 @@ struct XlsxOptions : TableOptions {
 ///         columns, and for more than 65,000 sheets; std::runtime_error when there can be no temporary
 ///         file, std::system_error when it cannot be written. Nothing is written to `out` then.
 LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree const& tree, std::ostream& out,
+                                        XlsxOptions const& options = {});
+
+/// As above, to a file that is there as a whole or not at all: the workbook is written to a file
+/// beside it, which then takes its place. When anything is thrown, nothing of that is left and a
+/// file that was there is as it was.
+///
+/// @param file a file that is there is replaced and keeps its permissions; a symbolic link to one
+///        stays a link.
+/// @throws as above; std::system_error that names the file when it cannot be written or is no
+///         regular file.
+LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree const& tree, std::filesystem::path const& file,
                                         XlsxOptions const& options = {});
 
 }  // namespace lakresvos::render

@@ -1,0 +1,99 @@
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <string>
+
+#include <lakresvos/OmOutputTree.h>
+#include <lakresvos/render/XlsxRenderer.h>
+
+#include "render/support/RenderTables.h"
+#include "support/TemporaryDirectory.h"
+
+using lakresvos::render::RenderXlsx;
+using namespace render_tables;
+namespace fs = std::filesystem;
+
+namespace {
+
+class XlsxFileTest : public testing::Test {
+ protected:
+  void Render() { RenderXlsx(document_, file_); }
+
+  /// Makes a document that no workbook has room for.
+  void AddTableThatIsTooWide() {
+    auto& table = AppendItem<Table>(document_.begin());
+    table.AddFlat("c", 17000);
+    table.Place({}, {0});
+    table.PutAll();
+  }
+
+  /// What writing fails with.
+  std::string Failure() {
+    try {
+      Render();
+    } catch (std::exception const& error) {
+      return error.what();
+    }
+    return "no error";
+  }
+
+  TemporaryDirectory directory_;
+  std::string file_ = directory_.Path("report.xlsx");
+  OmOutputTree document_;
+};
+
+bool IsArchive(std::string const& bytes) {
+  return bytes.compare(0, 4, "PK\x03\x04") == 0;
+}
+
+}  // namespace
+
+TEST_F(XlsxFileTest, HoldsTheWorkbookAndNothingStandsBesideIt) {
+  Render();
+  EXPECT_TRUE(IsArchive(ReadFile(file_)));
+  EXPECT_EQ(directory_.Entries(), 1u);
+}
+
+TEST_F(XlsxFileTest, IsReplacedAndKeepsItsPermissions) {
+  directory_.Write("report.xlsx", "former");
+  fs::permissions(file_, fs::perms::owner_read | fs::perms::owner_write);
+  Render();
+  EXPECT_TRUE(IsArchive(ReadFile(file_)));
+  EXPECT_EQ(fs::status(file_).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(XlsxFileTest, LinkStaysALink) {
+  std::string const target = directory_.Write("target.xlsx", "former");
+  fs::create_symlink("target.xlsx", file_);
+  Render();
+  EXPECT_TRUE(fs::is_symlink(file_));
+  EXPECT_TRUE(IsArchive(ReadFile(target)));
+}
+
+TEST_F(XlsxFileTest, StaysAsItWasWhenTheDocumentHasNoRoom) {
+  directory_.Write("report.xlsx", "former");
+  AddTableThatIsTooWide();
+  EXPECT_THROW(Render(), std::length_error);
+  EXPECT_EQ(ReadFile(file_), "former");
+  EXPECT_EQ(directory_.Entries(), 1u);
+}
+
+TEST_F(XlsxFileTest, IsNotMadeWhenTheDocumentHasNoRoom) {
+  AddTableThatIsTooWide();
+  EXPECT_THROW(Render(), std::length_error);
+  EXPECT_EQ(directory_.Entries(), 0u);
+}
+
+TEST_F(XlsxFileTest, ErrorNamesTheFile) {
+  file_ = directory_.Path("missing/report.xlsx");
+  EXPECT_EQ(Failure(), file_ + ": No such file or directory");
+  file_ = directory_.Path("");
+  EXPECT_EQ(Failure(), file_ + ": Is a directory");
+  EXPECT_EQ(directory_.Entries(), 0u);
+}
+
+TEST_F(XlsxFileTest, WhatIsNoRegularFileIsNotReplaced) {
+  file_ = "/dev/null";
+  EXPECT_EQ(Failure(), "/dev/null: Invalid argument");
+  EXPECT_TRUE(fs::is_character_file(file_));
+}
