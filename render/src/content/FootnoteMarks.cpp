@@ -45,13 +45,13 @@ std::string Raised(std::string const& mark) {
 
 }  // namespace
 
-FootnoteMarks::FootnoteMarks(OmPivotTable const& table, bool ascii)
-    : footnotes_(table), ascii_(ascii) {}
+FootnoteMarks::FootnoteMarks(OmPivotTable const& table, LabelTexts& labels, bool ascii)
+    : footnotes_(table, labels), ascii_(ascii) {}
 
-std::string FootnoteMarks::Of(OmCellText const& text) const {
+std::string FootnoteMarks::Find(OmCellText const& text) const {
   std::string shown;
   bool open = false;  // whether a bracket is
-  for (std::size_t const footnote : footnotes_.Of(text)) {
+  for (std::size_t const footnote : footnotes_.Find(text)) {
     std::string const& mark = footnotes_.Mark(footnote);
     std::string const raised = RaisedForm(mark);
     shown += open && !raised.empty() ? "]" : "";

@@ -16,13 +16,14 @@ namespace lakresvos::render {
 /// form at its note and wherever it refers to that.
 class FootnoteMarks {
  public:
-  /// @param table must outlive the object.
-  /// @param ascii shows all marks in brackets.
-  FootnoteMarks(OmPivotTable const& table, bool ascii);
+  /// @param table  must outlive the object.
+  /// @param labels must outlive the object.
+  /// @param ascii  shows all marks in brackets.
+  FootnoteMarks(OmPivotTable const& table, LabelTexts& labels, bool ascii);
 
   /// What to put behind a text: the marks of its footnotes, joined by commas, neighbours in
   /// brackets within the same ones; empty when it has none. Numbers that are no footnote of the table are left out.
-  std::string Of(OmCellText const& text) const;
+  std::string Find(OmCellText const& text) const;
 
   /// A footnote after its mark, by its position in the table's list.
   std::string Note(std::size_t footnote) const;
@@ -47,9 +48,15 @@ struct MarkedText {
   std::string marks;  ///< to be put right behind the text
 };
 
+/// Nothing for a null cell.
+inline MarkedText ShowCell(OmCellText const* cell, FootnoteMarks const& marks) {
+  return cell != nullptr ? MarkedText{cell->GetText(), marks.Find(*cell)} : MarkedText{};
+}
+
 /// Nothing for a null label.
-inline MarkedText ShownText(OmCellText const* label, FootnoteMarks const& marks) {
-  return label != nullptr ? MarkedText{label->GetText(), marks.Of(*label)} : MarkedText{};
+inline MarkedText ShowLabel(OmCellText const* label, FootnoteMarks const& marks) {
+  return label != nullptr ? MarkedText{marks.Footnotes().Labels().Text(label), marks.Find(*label)}
+                          : MarkedText{};
 }
 
 }  // namespace lakresvos::render

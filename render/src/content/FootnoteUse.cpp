@@ -6,7 +6,7 @@
 namespace lakresvos::render {
 
 void FootnoteUse::Show(OmCellText const& text) {
-  for (std::size_t const footnote : footnotes_.Of(text)) {
+  for (std::size_t const footnote : footnotes_.Find(text)) {
     if (std::exchange(lastPart_[footnote], part_) != part_) {
       used_.push_back(footnote);
     }

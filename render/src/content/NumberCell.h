@@ -17,6 +17,9 @@ struct ShownNumber {
 /// OmNumber and by a numeric data value that is not shown by its label.
 std::optional<ShownNumber> NumberOf(OmCellText& cell);
 
+/// Whether a cell holds a number, whatever it shows.
+bool IsNumeric(OmCellText const& cell);
+
 }  // namespace lakresvos::render
 
 #endif

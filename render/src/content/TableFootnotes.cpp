@@ -3,8 +3,6 @@
 #include <set>
 #include <utility>
 
-#include "content/CellText.h"
-
 namespace lakresvos::render {
 
 namespace {
@@ -20,14 +18,15 @@ std::string Letters(std::size_t number) {
 
 }  // namespace
 
-TableFootnotes::TableFootnotes(OmPivotTable const& table) : table_(table) {
+TableFootnotes::TableFootnotes(OmPivotTable const& table, LabelTexts& labels)
+    : table_(table), labels_(labels) {
   std::set<std::string> taken;
   for (OmFootnote const& footnote : table.Footnotes().Elements()) {
-    taken.insert(TextOf(footnote.marker));
+    taken.insert(labels.Text(footnote.marker));
   }
   std::size_t next = 0;
   for (OmFootnote const& footnote : table.Footnotes().Elements()) {
-    std::string mark = TextOf(footnote.marker);
+    std::string mark = labels.Text(footnote.marker);
     while (mark.empty()) {
       std::string letters = Letters(next++);
       if (taken.count(letters) == 0) {
@@ -38,11 +37,11 @@ TableFootnotes::TableFootnotes(OmPivotTable const& table) : table_(table) {
   }
 }
 
-std::string TableFootnotes::Text(std::size_t footnote) const {
-  return TextOf(table_.Footnotes()[footnote].text);
+std::string const& TableFootnotes::Text(std::size_t footnote) const {
+  return labels_.Text(table_.Footnotes()[footnote].text);
 }
 
-std::vector<std::size_t> TableFootnotes::Of(OmCellText const& text) const {
+std::vector<std::size_t> TableFootnotes::Find(OmCellText const& text) const {
   std::vector<std::size_t> footnotes;
   if (OmCellMetaData const* meta = text.getMeta()) {
     for (unsigned int const number : meta->getFootnotes()) {
@@ -56,7 +55,7 @@ std::vector<std::size_t> TableFootnotes::Of(OmCellText const& text) const {
 
 std::string TableFootnotes::Marks(OmCellText const& text) const {
   std::string marks;
-  for (std::size_t const footnote : Of(text)) {
+  for (std::size_t const footnote : Find(text)) {
     marks += (marks.empty() ? "" : ",") + Mark(footnote);
   }
   return marks;

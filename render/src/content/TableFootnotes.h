@@ -7,6 +7,8 @@
 
 #include <lakresvos/OmPivotTable.h>
 
+#include "content/LabelTexts.h"
+
 namespace lakresvos::render {
 
 /// The footnotes of a table and the marks that refer to them.
@@ -15,8 +17,9 @@ namespace lakresvos::render {
 /// the order of the table's list, without the letters that are markers of other footnotes.
 class TableFootnotes {
  public:
-  /// @param table must outlive the object and keep its footnotes.
-  explicit TableFootnotes(OmPivotTable const& table);
+  /// @param table  must outlive the object and keep its footnotes.
+  /// @param labels must outlive the object.
+  TableFootnotes(OmPivotTable const& table, LabelTexts& labels);
 
   std::size_t Count() const { return marks_.size(); }
 
@@ -24,17 +27,21 @@ class TableFootnotes {
   std::string const& Mark(std::size_t footnote) const { return marks_[footnote]; }
 
   /// The text of a footnote.
-  std::string Text(std::size_t footnote) const;
+  std::string const& Text(std::size_t footnote) const;
+
+  /// Whose texts the footnotes are shown with.
+  LabelTexts& Labels() const { return labels_; }
 
   /// The footnotes of a text, in the order in which it has them. Numbers that are no footnote of the
   /// table are left out.
-  std::vector<std::size_t> Of(OmCellText const& text) const;
+  std::vector<std::size_t> Find(OmCellText const& text) const;
 
   /// The marks of these footnotes, joined by commas; empty when there are none.
   std::string Marks(OmCellText const& text) const;
 
  private:
   OmPivotTable const& table_;
+  LabelTexts& labels_;
   std::vector<std::string> marks_;
 };
 

@@ -6,11 +6,9 @@
 #include <cells/OmComposite.h>
 #include <lakresvos/OmVectorTreeWalk.h>
 
-#include "content/CellText.h"
-
 namespace lakresvos::render {
 
-CategoryColumns::CategoryColumns(OmDimension const& dimension) {
+CategoryColumns::CategoryColumns(OmDimension const& dimension, LabelTexts& labels) {
   OmVectorTreeWalk<OmDimension::ConstNode> walk(dimension.Root());
   while (walk.Next()) {
     if (!walk.Current().Value().group) {
@@ -42,20 +40,20 @@ CategoryColumns::CategoryColumns(OmDimension const& dimension) {
     OmCellMetaData const* const meta = node.label != nullptr ? node.label->getMeta() : nullptr;
     totals_.push_back(meta != nullptr && meta->isTotal());
   }
-  Name(dimension);
+  NameLevels(dimension, labels);
 }
 
-void CategoryColumns::Name(OmDimension const& dimension) {
+void CategoryColumns::NameLevels(OmDimension const& dimension, LabelTexts& labels) {
   OmCellText const* const label = dimension.value.label;
   auto const* const composite = dynamic_cast<OmComposite const*>(label);
   if (levels_ > 1 && composite != nullptr && composite->Parts().Root().NChildren() == levels_) {
     for (std::size_t level = 0; level < levels_; ++level) {
-      names_.push_back(TextOf(composite->Parts().Root()[level].Value()));
+      names_.push_back(labels.Text(composite->Parts().Root()[level].Value()));
     }
     return;
   }
   for (std::size_t level = 1; level <= levels_; ++level) {
-    names_.push_back(TextOf(label) + (levels_ > 1 ? " " + std::to_string(level) : ""));
+    names_.push_back(labels.Text(label) + (levels_ > 1 ? " " + std::to_string(level) : ""));
   }
 }
 

@@ -8,6 +8,8 @@
 
 #include <lakresvos/OmDimension.h>
 
+#include "content/LabelTexts.h"
+
 namespace lakresvos::render {
 
 /// The categories of a dimension as columns of labels: one for each level of its tree below the root.
@@ -18,7 +20,8 @@ namespace lakresvos::render {
 /// has a level for each part of a composite label, and one otherwise.
 class CategoryColumns {
  public:
-  explicit CategoryColumns(OmDimension const& dimension);
+  /// @param labels keeps the texts of labels.
+  CategoryColumns(OmDimension const& dimension, LabelTexts& labels);
 
   std::size_t Levels() const { return levels_; }
 
@@ -48,7 +51,7 @@ class CategoryColumns {
   bool HasTotal() const;
 
  private:
-  void Name(OmDimension const& dimension);
+  void NameLevels(OmDimension const& dimension, LabelTexts& labels);
 
   std::size_t levels_ = 0;
   std::vector<std::string> names_;

@@ -5,19 +5,11 @@
 #include <string_view>
 #include <system_error>
 
-#include <cells/OmDataValue.h>
-#include <cells/OmNumber.h>
-
-#include "content/CellText.h"
+#include "content/NumberCell.h"
 
 namespace lakresvos::render {
 
 namespace {
-
-bool IsNumeric(OmCellText const& label) {
-  return dynamic_cast<OmNumDataValue const*>(&label) != nullptr ||
-         dynamic_cast<OmNumber const*>(&label) != nullptr;
-}
 
 /// Whether all of it is a number in digits, which may have a sign, a decimal point and an exponent.
 bool IsPlainNumber(std::string_view text) {
@@ -33,8 +25,7 @@ bool IsPlainNumber(std::string_view text) {
 
 }  // namespace
 
-std::string CsvLabel(CsvRecord const& record, OmCellText const* label) {
-  std::string text = TextOf(label);
+std::string EncodeLabel(CsvRecord const& record, OmCellText const* label, std::string const& text) {
   bool const isNumber = label != nullptr && IsNumeric(*label) && IsPlainNumber(text);
   return isNumber ? text : record.Encoded(text);
 }

@@ -11,7 +11,9 @@ namespace lakresvos::render {
 
 /// The field of a category or another text, as it is written; a null one is empty. A numeric value
 /// that shows as a plain number is a number, whatever its label calls it.
-std::string CsvLabel(CsvRecord const& record, OmCellText const* label);
+///
+/// @param text what the label shows.
+std::string EncodeLabel(CsvRecord const& record, OmCellText const* label, std::string const& text);
 
 }  // namespace lakresvos::render
 

@@ -6,15 +6,16 @@
 
 namespace lakresvos::render {
 
-LongHeader::LongHeader(CsvRecord const& record, std::vector<OmPivotTable*> const& tables)
+LongHeader::LongHeader(CsvRecord const& record, std::vector<OmPivotTable*> const& tables,
+                       LabelTexts& labels)
     : hasTables_(tables.size() > 1) {
   UniqueNames names;
   if (hasTables_) {
     table_ = names.Next("table");
   }
   for (OmPivotTable const* const table : tables) {
-    std::vector<CategoryColumns> const dimensions = CategoriesOf(*table);
-    for (Key const& key : KeysOf(record, dimensions)) {
+    std::vector<CategoryColumns> const dimensions = FindCategories(*table, labels);
+    for (Key const& key : MakeKeys(record, dimensions)) {
       if (columns_.emplace(key, levels_.size()).second) {
         levels_.push_back(names.Next(key.first));
       }
@@ -49,17 +50,17 @@ void LongHeader::Write(CsvRecord& record) const {
   record.End();
 }
 
-std::vector<std::size_t> LongHeader::ColumnsOf(
+std::vector<std::size_t> LongHeader::FindColumns(
     CsvRecord const& record, std::vector<CategoryColumns> const& dimensions) const {
   std::vector<std::size_t> columns;
-  for (Key const& key : KeysOf(record, dimensions)) {
+  for (Key const& key : MakeKeys(record, dimensions)) {
     columns.push_back(columns_.at(key));
   }
   return columns;
 }
 
-std::vector<LongHeader::Key> LongHeader::KeysOf(CsvRecord const& record,
-                                                std::vector<CategoryColumns> const& dimensions) {
+std::vector<LongHeader::Key> LongHeader::MakeKeys(CsvRecord const& record,
+                                                  std::vector<CategoryColumns> const& dimensions) {
   std::vector<Key> keys;
   std::map<std::string, std::size_t> counts;
   for (CategoryColumns const& dimension : dimensions) {
@@ -72,11 +73,11 @@ std::vector<LongHeader::Key> LongHeader::KeysOf(CsvRecord const& record,
   return keys;
 }
 
-std::vector<CategoryColumns> CategoriesOf(OmPivotTable const& table) {
+std::vector<CategoryColumns> FindCategories(OmPivotTable const& table, LabelTexts& labels) {
   std::vector<CategoryColumns> dimensions;
   dimensions.reserve(static_cast<std::size_t>(table.NDimensions()));
   for (int d = 0; d < table.NDimensions(); ++d) {
-    dimensions.emplace_back(table.Dimension(d));
+    dimensions.emplace_back(table.Dimension(d), labels);
   }
   return dimensions;
 }

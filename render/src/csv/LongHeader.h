@@ -9,6 +9,7 @@
 
 #include <lakresvos/OmPivotTable.h>
 
+#include "content/LabelTexts.h"
 #include "csv/CategoryColumns.h"
 #include "csv/Record.h"
 
@@ -19,7 +20,7 @@ namespace lakresvos::render {
 class LongHeader {
  public:
   /// @param record knows how names are shown.
-  LongHeader(CsvRecord const& record, std::vector<OmPivotTable*> const& tables);
+  LongHeader(CsvRecord const& record, std::vector<OmPivotTable*> const& tables, LabelTexts& labels);
 
   void Write(CsvRecord& record) const;
 
@@ -35,8 +36,8 @@ class LongHeader {
   bool HasFootnotes() const { return hasFootnotes_; }
 
   /// For each level of these dimensions of one table, the column that it has.
-  std::vector<std::size_t> ColumnsOf(CsvRecord const& record,
-                                     std::vector<CategoryColumns> const& dimensions) const;
+  std::vector<std::size_t> FindColumns(CsvRecord const& record,
+                                       std::vector<CategoryColumns> const& dimensions) const;
 
   /// The name of a level's column.
   std::string const& Name(std::size_t column) const { return levels_[column]; }
@@ -44,8 +45,8 @@ class LongHeader {
  private:
   using Key = std::pair<std::string, std::size_t>;  // a name, and which of that name in its table
 
-  static std::vector<Key> KeysOf(CsvRecord const& record,
-                                 std::vector<CategoryColumns> const& dimensions);
+  static std::vector<Key> MakeKeys(CsvRecord const& record,
+                                   std::vector<CategoryColumns> const& dimensions);
 
   std::map<Key, std::size_t> columns_;
   bool hasTables_;
@@ -59,7 +60,7 @@ class LongHeader {
 };
 
 /// The categories of a table's dimensions.
-std::vector<CategoryColumns> CategoriesOf(OmPivotTable const& table);
+std::vector<CategoryColumns> FindCategories(OmPivotTable const& table, LabelTexts& labels);
 
 }  // namespace lakresvos::render
 

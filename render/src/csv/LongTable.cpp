@@ -29,14 +29,15 @@ struct CategoryFields {
 
 class LongTable {
  public:
-  LongTable(CsvRecord& record, LongHeader const& header, OmPivotTable const& table)
+  LongTable(CsvRecord& record, LongHeader const& header, OmPivotTable const& table,
+            LabelTexts& labels)
       : record_(record),
         header_(header),
         table_(table),
-        footnotes_(table),
-        dimensions_(CategoriesOf(table)),
+        footnotes_(table, labels),
+        dimensions_(FindCategories(table, labels)),
         positions_(dimensions_.size(), 0) {
-    Fill(header.ColumnsOf(record, dimensions_));
+    Fill(header.FindColumns(record, dimensions_));
     for (int d = 0; d < table.NDimensions(); ++d) {
       AddFootnotes(table.Dimension(d).value.label, tableFootnotes_);
     }
@@ -86,16 +87,17 @@ class LongTable {
         AppendItem(names, header_.Name(column));
       }
       names_.push_back(std::move(names));
-      fields_.push_back(FieldsOf(dimensions_[d]));
+      fields_.push_back(MakeFields(dimensions_[d]));
     }
   }
 
-  std::vector<CategoryFields> FieldsOf(CategoryColumns const& dimension) const {
+  std::vector<CategoryFields> MakeFields(CategoryColumns const& dimension) const {
     std::vector<CategoryFields> fields(dimension.Count());
     for (std::size_t position = 0; position < dimension.Count(); ++position) {
       for (std::size_t level = 0; level < dimension.Levels(); ++level) {
         OmCellText const* const label = dimension.Label(position, level);
-        fields[position].levels.push_back(CsvLabel(record_, label));
+        fields[position].levels.push_back(
+            EncodeLabel(record_, label, footnotes_.Labels().Text(label)));
         AddFootnotes(label, fields[position].footnotes);
       }
     }
@@ -104,7 +106,7 @@ class LongTable {
 
   void AddFootnotes(OmCellText const* text, std::vector<std::size_t>& footnotes) const {
     if (text != nullptr) {
-      for (std::size_t const footnote : footnotes_.Of(*text)) {
+      for (std::size_t const footnote : footnotes_.Find(*text)) {
         footnotes.push_back(footnote);
       }
     }
@@ -145,7 +147,7 @@ class LongTable {
     }
     WriteValue(cell);
     if (header_.HasFootnotes()) {
-      record_.Text(FootnotesOf(cell));
+      record_.Text(ListFootnotes(cell));
     }
     record_.End();
   }
@@ -159,7 +161,7 @@ class LongTable {
       }
       record_.Number(value_);
     } else if (cell != nullptr) {
-      record_.Add(CsvLabel(record_, cell));
+      record_.Add(EncodeLabel(record_, cell, cell->GetText()));
     } else {
       record_.Empty();
     }
@@ -177,7 +179,7 @@ class LongTable {
   }
 
   /// The texts that the cell refers to, then those that its labels do, each once.
-  std::string FootnotesOf(OmCellText const* cell) {
+  std::string ListFootnotes(OmCellText const* cell) {
     shownFootnotes_.clear();
     AddFootnotes(cell, shownFootnotes_);
     auto const add = [this](std::vector<std::size_t> const& more) {
@@ -212,19 +214,19 @@ class LongTable {
 };
 
 /// @throws std::length_error for more combinations of categories than an int can count.
-void CheckCombinations(OmPivotTable const& table) {
-  constexpr std::size_t kMost = std::numeric_limits<int>::max();
+void CheckCombinations(OmPivotTable const& table, LabelTexts& labels) {
+  constexpr std::size_t kMax = std::numeric_limits<int>::max();
   std::size_t combinations = 1;
   bool tooMany = false;
-  for (CategoryColumns const& dimension : CategoriesOf(table)) {
+  for (CategoryColumns const& dimension : FindCategories(table, labels)) {
     if (dimension.Count() == 0) {
       return;
     }
-    tooMany = tooMany || dimension.Count() > kMost / combinations;
+    tooMany = tooMany || dimension.Count() > kMax / combinations;
     combinations *= tooMany ? 1 : dimension.Count();
   }
   if (tooMany) {
-    throw std::length_error("table '" + TextOf(HeadlineOf(table)) +
+    throw std::length_error("table '" + labels.Text(HeadlineOf(table)) +
                             "' has more combinations of categories than can be written");
   }
 }
@@ -232,19 +234,19 @@ void CheckCombinations(OmPivotTable const& table) {
 }  // namespace
 
 void WriteLongTables(CsvRecord& record, std::vector<OmPivotTable*> const& tables,
-                     std::vector<std::string> const& names, bool all) {
+                     std::vector<std::string> const& names, LabelTexts& labels, bool all) {
   for (OmPivotTable const* const table : tables) {
     if (all) {
-      CheckCombinations(*table);
+      CheckCombinations(*table, labels);
     }
   }
-  LongHeader const header(record, tables);
+  LongHeader const header(record, tables, labels);
   header.Write(record);
   for (std::size_t i = 0; i < tables.size(); ++i) {
     if (header.HasTables()) {
       record.Lead(names[i]);
     }
-    LongTable writer(record, header, *tables[i]);
+    LongTable writer(record, header, *tables[i], labels);
     if (all) {
       writer.WriteAll();
     } else {

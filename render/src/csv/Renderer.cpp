@@ -11,7 +11,7 @@
 #include "csv/Record.h"
 #include "csv/UniqueNames.h"
 #include "grid/LayerLine.h"
-#include "grid/RepeatedFrame.h"
+#include "grid/RepeatedHeadings.h"
 #include "io/OutputBuffer.h"
 
 namespace lakresvos::render {
@@ -24,25 +24,27 @@ void WriteCell(CsvRecord& record, OmCellText* cell) {
   } else if (NumberOf(*cell).has_value()) {
     record.Number(cell->GetText());
   } else {
-    record.Add(CsvLabel(record, cell));
+    record.Add(EncodeLabel(record, cell, cell->GetText()));
   }
 }
 
-void WriteGrid(CsvRecord& record, DisplayGrid const& grid) {
-  std::string const layer = LayerLine(grid.LayerLabels(), TextOf);
+void WriteGrid(CsvRecord& record, DisplayGrid const& grid, LabelTexts& labels) {
+  std::string const layer =
+      LayerLine(grid.LayerLabels(), [&](OmCellText const* label) { return labels.Text(label); });
   if (!layer.empty()) {
     record.Text(layer);
     record.End();
   }
-  RepeatedFrame frame(grid);
+  RepeatedHeadings frame(grid);
   while (grid.Columns() > 0 && frame.Next()) {
-    int const labels = frame.InHeading() ? grid.Columns() : grid.HeadingColumns();
-    for (int column = 0; column < labels; ++column) {
-      record.Add(CsvLabel(record, frame.Label(column)));
+    int const headings = frame.InHeading() ? grid.Columns() : grid.HeadingColumns();
+    for (int column = 0; column < headings; ++column) {
+      OmCellText const* const label = frame.Label(column);
+      record.Add(EncodeLabel(record, label, labels.Text(label)));
     }
     if (!frame.InHeading()) {
       DisplayGrid::BodyRow row = grid.Body(frame.Row());
-      for (int column = labels; column < grid.Columns(); ++column) {
+      for (int column = headings; column < grid.Columns(); ++column) {
         WriteCell(record, row.Cell(column));
       }
     }
@@ -51,9 +53,9 @@ void WriteGrid(CsvRecord& record, DisplayGrid const& grid) {
 }
 
 /// What shows of a table without any cell: which categories it could have.
-void WriteDimensionNames(CsvRecord& record, OmPivotTable const& table) {
+void WriteDimensionNames(CsvRecord& record, OmPivotTable const& table, LabelTexts& labels) {
   bool written = false;
-  for (CategoryColumns const& dimension : CategoriesOf(table)) {
+  for (CategoryColumns const& dimension : FindCategories(table, labels)) {
     for (std::string const& name : dimension.Names()) {
       record.Text(name);
       written = true;
@@ -64,15 +66,16 @@ void WriteDimensionNames(CsvRecord& record, OmPivotTable const& table) {
   }
 }
 
-void WriteDisplay(CsvRecord& record, OmPivotTable& table, CsvOptions const& options) {
-  LayerGrids layers(table, {options.skipEmpty, true});
+void WriteDisplay(CsvRecord& record, OmPivotTable& table, CsvOptions const& options,
+                  LabelTexts& labels) {
+  LayerGrids layers(table, options);
   DisplayGrid const* grid = layers.Next();
   if (grid == nullptr || grid->Columns() == 0) {
-    WriteDimensionNames(record, table);
+    WriteDimensionNames(record, table, labels);
   }
   while (grid != nullptr) {
-    WriteGrid(record, *grid);
-    grid = options.allLayers ? layers.Next() : nullptr;
+    WriteGrid(record, *grid, labels);
+    grid = layers.Next();
   }
 }
 
@@ -91,13 +94,13 @@ std::vector<OmPivotTable*> WrittenTables(OmOutputTree const& tree) {
   return tables;
 }
 
-std::vector<std::string> NamesOf(std::vector<OmPivotTable*> const& tables,
-                                 CsvRecord const& record) {
+std::vector<std::string> MakeNames(std::vector<OmPivotTable*> const& tables,
+                                   CsvRecord const& record, LabelTexts& labels) {
   UniqueNames unique;
   std::vector<std::string> names;
   names.reserve(tables.size());
   for (OmPivotTable const* const table : tables) {
-    names.push_back(unique.Next(record.Shown(TextOf(HeadlineOf(*table)))));
+    names.push_back(unique.Next(record.Shown(labels.Text(HeadlineOf(*table)))));
   }
   return names;
 }
@@ -111,16 +114,17 @@ void RenderCsv(OmOutputTree const& tree, std::ostream& out, CsvOptions const& op
   }
   OutputBuffer buffer(out);
   CsvRecord record(buffer, options.safe);
-  std::vector<std::string> const names = NamesOf(tables, record);
+  LabelTexts labels;
+  std::vector<std::string> const names = MakeNames(tables, record, labels);
   if (options.shape == CsvOptions::Shape::Long) {
-    WriteLongTables(record, tables, names, !options.skipEmpty);
+    WriteLongTables(record, tables, names, labels, !options.skipEmpty);
   } else {
     for (std::size_t i = 0; i < tables.size(); ++i) {
       buffer << (i > 0 ? "\r\n" : "");
       if (tables.size() > 1) {
         record.Lead(names[i]);
       }
-      WriteDisplay(record, *tables[i], options);
+      WriteDisplay(record, *tables[i], options, labels);
     }
   }
   buffer.Flush();

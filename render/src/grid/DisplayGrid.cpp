@@ -60,14 +60,14 @@ std::vector<int> TableDimensions(Heading const& heading, OmPivotTable const& tab
 
 // Construction
 
-DisplayGrid::DisplayGrid(OmDisplayLayerHeading& layers, GridOptions const& options)
-    : table_(layers.Table()), rowHeading_(layers, options.skipEmpty, options.dimNamesInCorner) {
-  OmDisplayColumnHeading const columns(layers, options.skipEmpty);
+DisplayGrid::DisplayGrid(OmDisplayLayerHeading& layers, bool skipEmpty, bool dimNamesInCorner)
+    : table_(layers.Table()), rowHeading_(layers, skipEmpty, dimNamesInCorner) {
+  OmDisplayColumnHeading const columns(layers, skipEmpty);
   headingColumns_ = rowHeading_.NColumns();
   headingRows_ = std::max(columns.NRows(), HasCornerText() ? 1 : 0);
   columns_ = Extent(headingColumns_, columns.NColumns(), table_, "columns");
   rows_ = Extent(headingRows_, rowHeading_.NRows(), table_, "rows");
-  BuildFrame(columns);
+  BuildHeadings(columns);
   ReadLayer(layers);
   ReadColumns(columns);
 }
@@ -78,11 +78,11 @@ bool DisplayGrid::HasCornerText() const {
                      [](OmCellText const* label) { return label != nullptr; });
 }
 
-void DisplayGrid::BuildFrame(OmDisplayColumnHeading const& columns) {
+void DisplayGrid::BuildHeadings(OmDisplayColumnHeading const& columns) {
   std::vector<bool> const startsDimension =
       DimensionStarts(headingColumns_, rowHeading_.NDimensions(),
                       [this](int j) { return rowHeading_.VisibleWidth(j); });
-  frameStarts_.assign(static_cast<std::size_t>(rows_) + 1, 0);
+  headingStarts_.assign(static_cast<std::size_t>(rows_) + 1, 0);
   if (headingRows_ > 0) {
     AddCorner(startsDimension);
     AddColumnHeadings(columns);
@@ -99,10 +99,10 @@ void DisplayGrid::AddCorner(std::vector<bool> const& startsDimension) {
   for (std::size_t column = 0; column < labels.size(); ++column) {
     bool const starts = startsDimension[column] && !oneText;
     if (column == 0 || starts || labels[column] != nullptr) {
-      frame_.push_back({GridRole::Corner, labels[column], nullptr, 0, static_cast<int>(column),
-                        headingRows_, 1});
+      headings_.push_back({GridRole::Corner, labels[column], nullptr, 0, static_cast<int>(column),
+                           headingRows_, 1});
     } else {
-      ++frame_.back().columnSpan;
+      ++headings_.back().columnSpan;
     }
   }
 }
@@ -112,11 +112,11 @@ void DisplayGrid::AddColumnHeadings(OmDisplayColumnHeading const& columns) {
   std::size_t row = 0;
   auto const startRowsUpTo = [&](std::size_t last) {
     while (row < last) {
-      frameStarts_[++row] = frame_.size();
+      headingStarts_[++row] = headings_.size();
     }
   };
   if (columns.NRows() == 0 && bodyColumns > 0) {
-    frame_.push_back(
+    headings_.push_back(
         {GridRole::ColumnHeading, nullptr, nullptr, 0, headingColumns_, headingRows_, bodyColumns});
   }
   std::vector<bool> const startsDimension = DimensionStarts(
@@ -124,8 +124,8 @@ void DisplayGrid::AddColumnHeadings(OmDisplayColumnHeading const& columns) {
   auto const levelNodes = [&](int level) { return columns.Row(level); };
   for (HeadingSpan const& span : MergeHeading(bodyColumns, startsDimension, levelNodes)) {
     startRowsUpTo(static_cast<std::size_t>(span.level));
-    frame_.push_back({GridRole::ColumnHeading, LabelOf(span.node), span.node, span.level,
-                      headingColumns_ + span.first, span.levels, span.count});
+    headings_.push_back({GridRole::ColumnHeading, LabelOf(span.node), span.node, span.level,
+                         headingColumns_ + span.first, span.levels, span.count});
   }
   startRowsUpTo(static_cast<std::size_t>(headingRows_));
 }
@@ -136,18 +136,18 @@ void DisplayGrid::AddRowHeadings(std::vector<bool> const& startsDimension) {
   auto const levelNodes = [this](int level) { return rowHeading_.Column(level); };
   std::vector<HeadingSpan> const spans =
       MergeHeading(rows_ - headingRows_, startsDimension, levelNodes);
-  std::size_t* const starts = frameStarts_.data() + headingRows_;
+  std::size_t* const starts = headingStarts_.data() + headingRows_;
   for (HeadingSpan const& span : spans) {
     ++starts[span.first + 1];
   }
-  starts[0] = frame_.size();
+  starts[0] = headings_.size();
   for (int r = headingRows_; r < rows_; ++r) {
-    frameStarts_[static_cast<std::size_t>(r) + 1] += frameStarts_[static_cast<std::size_t>(r)];
+    headingStarts_[static_cast<std::size_t>(r) + 1] += headingStarts_[static_cast<std::size_t>(r)];
   }
-  frame_.resize(frame_.size() + spans.size());
+  headings_.resize(headings_.size() + spans.size());
   std::vector<std::size_t> next(starts, starts + (rows_ - headingRows_));
   for (HeadingSpan const& span : spans) {
-    frame_[next[static_cast<std::size_t>(span.first)]++] = {
+    headings_[next[static_cast<std::size_t>(span.first)]++] = {
         GridRole::RowHeading, LabelOf(span.node), span.node,  headingRows_ + span.first,
         span.level,           span.count,         span.levels};
   }
@@ -198,12 +198,12 @@ void DisplayGrid::ReadColumns(OmDisplayColumnHeading const& columns) {
 
 // Reading
 
-GridCells DisplayGrid::Frame(int row) const {
+GridCells DisplayGrid::Headings(int row) const {
   if (row < 0 || row >= rows_) {
     return {nullptr, nullptr};
   }
   auto const at = static_cast<std::size_t>(row);
-  return {frame_.data() + frameStarts_[at], frame_.data() + frameStarts_[at + 1]};
+  return {headings_.data() + headingStarts_[at], headings_.data() + headingStarts_[at + 1]};
 }
 
 DisplayGrid::BodyRow DisplayGrid::Body(int row) const {

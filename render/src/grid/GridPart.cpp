@@ -9,18 +9,18 @@ GridPart::GridPart(DisplayGrid const& grid, int first, int last)
   int const begin = HeadingColumns() + first;
   int const end = HeadingColumns() + last;
   for (int row = 0; row < HeadingRows(); ++row) {
-    GridCells const cells = grid.Frame(row);
+    GridCells const cells = grid.Headings(row);
     auto const* const corner = std::find_if(cells.begin(), cells.end(), [](GridCell const& cell) {
       return cell.role != GridRole::Corner;
     });
-    heading_.insert(heading_.end(), cells.begin(), corner);
+    columnHeadings_.insert(columnHeadings_.end(), cells.begin(), corner);
     auto const* cell = std::partition_point(corner, cells.end(), [begin](GridCell const& before) {
       return before.column + before.columnSpan <= begin;
     });
     for (; cell != cells.end() && cell->column < end; ++cell) {
-      heading_.push_back(Cut(*cell));
+      columnHeadings_.push_back(Cut(*cell));
     }
-    starts_.push_back(heading_.size());
+    starts_.push_back(columnHeadings_.size());
   }
 }
 
@@ -32,12 +32,12 @@ GridCell GridPart::Cut(GridCell cell) const {
   return cell;
 }
 
-GridCells GridPart::Frame(int row) const {
+GridCells GridPart::Headings(int row) const {
   if (row >= HeadingRows()) {
-    return grid_->Frame(row);
+    return grid_->Headings(row);
   }
   auto const at = static_cast<std::size_t>(row);
-  return {heading_.data() + starts_[at], heading_.data() + starts_[at + 1]};
+  return {columnHeadings_.data() + starts_[at], columnHeadings_.data() + starts_[at + 1]};
 }
 
 GridPart::BodyRow GridPart::Body(int row) const {

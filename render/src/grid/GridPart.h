@@ -26,11 +26,14 @@ class GridPart {
   int Rows() const { return grid_->Rows(); }
   int Columns() const { return HeadingColumns() + last_ - first_; }
 
+  /// Which column of the whole grid a column of the body is.
+  int FindWholeColumn(int column) const { return column + first_; }
+
   /// The corner and the column headings, by the row and then by the column in which they start.
-  std::vector<GridCell> const& Heading() const { return heading_; }
+  std::vector<GridCell> const& ColumnHeadings() const { return columnHeadings_; }
 
   /// The cells of the frame that start in grid row `row`, from 0 up to Rows().
-  GridCells Frame(int row) const;
+  GridCells Headings(int row) const;
 
   /// The cells of one row of the body.
   BodyRow Body(int row) const;
@@ -41,7 +44,7 @@ class GridPart {
   DisplayGrid const* grid_;
   int first_;
   int last_;
-  std::vector<GridCell> heading_;
+  std::vector<GridCell> columnHeadings_;
   std::vector<std::size_t> starts_;  // per heading row, where its cells start; and the end
 };
 

@@ -2,13 +2,15 @@
 
 namespace lakresvos::render {
 
-LayerGrids::LayerGrids(OmPivotTable& table, GridOptions const& options)
+LayerGrids::LayerGrids(OmPivotTable& table, TableOptions const& options)
     : options_(options), layers_(table, options.skipEmpty) {}
 
 DisplayGrid const* LayerGrids::Next() {
   grid_.reset();
-  if (layers_.NextLayer()) {
-    grid_ = std::make_unique<DisplayGrid>(layers_, options_);
+  ended_ = ended_ || !layers_.NextLayer();
+  if (!ended_) {
+    grid_ = std::make_unique<DisplayGrid>(layers_, options_.skipEmpty);
+    ended_ = !options_.allLayers;
   }
   return grid_.get();
 }

@@ -2,21 +2,30 @@
 
 #include <utility>
 
-#include "content/CellText.h"
 #include "html/Text.h"
 
 namespace lakresvos::render {
 
-void HtmlNotes::Append(std::string& out, OmCellText const* label) {
-  if (label == nullptr) {
-    return;
+void HtmlNotes::AppendLabel(std::string& out, OmCellText const* label) {
+  if (label != nullptr) {
+    AppendHtml(out, Text(label));
+    AppendMarks(out, *label);
   }
-  AppendHtml(out, label->GetText());
-  if (footnotes_.Count() == 0 || !label->hasMeta()) {
+}
+
+void HtmlNotes::AppendCell(std::string& out, OmCellText const* cell) {
+  if (cell != nullptr) {
+    AppendHtml(out, cell->GetText());
+    AppendMarks(out, *cell);
+  }
+}
+
+void HtmlNotes::AppendMarks(std::string& out, OmCellText const& label) {
+  if (footnotes_.Count() == 0 || !label.hasMeta()) {
     return;
   }
   char const* before = "<sup>";
-  for (std::size_t const footnote : footnotes_.Of(*label)) {
+  for (std::size_t const footnote : footnotes_.Find(label)) {
     firstMarks_.emplace(footnote, ++marks_);
     out += std::exchange(before, ",");
     out += "<a role=\"doc-noteref\" id=\"" + prefix_ + "m" + std::to_string(marks_) +

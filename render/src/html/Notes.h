@@ -18,8 +18,14 @@ class HtmlNotes {
   HtmlNotes(TableFootnotes const& footnotes, std::string const& prefix)
       : footnotes_(footnotes), prefix_(prefix) {}
 
-  /// Appends a label or cell with its marks; nothing for a null one.
-  void Append(std::string& out, OmCellText const* label);
+  /// Appends a label with its marks; nothing for a null one.
+  void AppendLabel(std::string& out, OmCellText const* label);
+
+  /// Appends a cell of the body with its marks; nothing for a null one.
+  void AppendCell(std::string& out, OmCellText const* cell);
+
+  /// The text of a label, without its marks.
+  std::string const& Text(OmCellText const* label) const { return footnotes_.Labels().Text(label); }
 
   /// Appends the list of the notes that were marked, each with a link back to its first mark, and
   /// sets their entries in `listed`; nothing without any.
@@ -29,6 +35,8 @@ class HtmlNotes {
   void AppendOthers(std::string& out, std::vector<bool> const& listed) const;
 
  private:
+  void AppendMarks(std::string& out, OmCellText const& label);
+
   /// @param firstMark the number of the mark to link back to; 0 for none.
   void AppendNote(std::string& out, std::size_t footnote, std::size_t firstMark) const;
 

@@ -31,7 +31,7 @@ namespace lakresvos::render {
 namespace {
 
 constexpr char kUsualTitle[] = "Output";
-constexpr int kMostMarkRoom = 12;  // in characters; longer marks reach into the next column
+constexpr int kMaxMarkRoom = 12;  // in characters; longer marks reach into the next column
 
 std::string PartId(std::size_t part) {
   return "part-" + std::to_string(part);
@@ -61,17 +61,19 @@ class HeadVisitor : public PartVisitor {
  public:
   using PartVisitor::Visit;
 
+  explicit HeadVisitor(LabelTexts& labels) : labels_(labels) {}
+
   void Visit(OmPivotTable& table) override {
     if (table.Show()) {
       css += HtmlStyle(table, "#" + PartId(part_)) + MarkRoom(table);
       language = language.empty() ? LanguageOf(table.TableLocale()) : language;
-      Take(tableTitle_, table.GetTableTitle());
+      UseTitle(tableTitle_, table.GetTableTitle());
     }
   }
   void Visit(OmProcedure& /*procedure*/) override { hasHeading = true; }
   void Visit(OmHeading& heading) override {
     hasHeading = true;
-    Take(heading_, heading.Label());
+    UseTitle(heading_, heading.Label());
   }
   void Visit(OmPageTitle& title) override {
     pageTitle_ = pageTitle_.empty() ? title.Text() : pageTitle_;
@@ -95,7 +97,7 @@ class HeadVisitor : public PartVisitor {
  private:
   /// Beside the numbers of a table, room for the most marks that any of them has.
   std::string MarkRoom(OmPivotTable& table) const {
-    TableFootnotes const footnotes(table);
+    TableFootnotes const footnotes(table, labels_);
     if (footnotes.Count() == 0) {
       return {};
     }
@@ -107,17 +109,19 @@ class HeadVisitor : public PartVisitor {
         most = std::max(most, TextWidth(PrintableLines(marks).front()));
       }
     }
-    most = std::min(most, kMostMarkRoom);
+    most = std::min(most, kMaxMarkRoom);
     return most == 0 ? "" : "#" + PartId(part_) + "{--marks:" + std::to_string(most) + "}\n";
   }
 
-  static void Take(std::string& title, OmCellText const* label) {
+  void UseTitle(std::string& title, OmCellText const* label) {
     auto const* const word = dynamic_cast<OmStringCell const*>(label);
-    if (title.empty() && !IsBlank(TextOf(label)) && (word == nullptr || !word->IsTranslatable())) {
-      title = TextOf(label);
+    std::string const& text = labels_.Text(label);
+    if (title.empty() && !IsBlank(text) && (word == nullptr || !word->IsTranslatable())) {
+      title = text;
     }
   }
 
+  LabelTexts& labels_;
   std::string pageTitle_;
   std::string heading_;
   std::string tableTitle_;
@@ -127,42 +131,44 @@ class OutlineVisitor : public PartVisitor {
  public:
   using PartVisitor::Visit;
 
-  explicit OutlineVisitor(OutputBuffer& out) : outline_(out) {}
+  OutlineVisitor(OutputBuffer& out, LabelTexts& labels) : labels_(labels), outline_(out) {}
 
   void Visit(OmPivotTable& table) override {
     if (table.Show()) {
-      Add(TextOf(HeadlineOf(table)));
+      Add(labels_.Text(HeadlineOf(table)));
     }
   }
   void Visit(OmProcedure& procedure) override { Add(procedure.OutlineText()); }
-  void Visit(OmHeading& heading) override { Add(TextOf(heading.Label())); }
+  void Visit(OmHeading& heading) override { Add(labels_.Text(heading.Label())); }
   void Visit(OmChart& chart) override {
-    std::string const label = TextOf(chart.Label());
+    std::string const label = labels_.Text(chart.Label());
     Add(IsBlank(label) ? "Chart" : "Chart: " + label);
   }
-  void Visit(OmAnswerTree& tree) override { Add(TextOf(tree.Label())); }
-  void Visit(OmModel& model) override { Add(TextOf(model.Label())); }
-  void Visit(OmInteractive& item) override { Add(TextOf(item.Label())); }
+  void Visit(OmAnswerTree& tree) override { Add(labels_.Text(tree.Label())); }
+  void Visit(OmModel& model) override { Add(labels_.Text(model.Label())); }
+  void Visit(OmInteractive& item) override { Add(labels_.Text(item.Label())); }
 
   void Finish() { outline_.Finish(); }
 
  private:
   void Add(std::string const& text) { outline_.Add(text, part_, depth_); }
 
+  LabelTexts& labels_;
   HtmlOutline outline_;
 };
 
 class MainVisitor : public PartVisitor {
  public:
-  MainVisitor(OutputBuffer& out, HtmlOptions const& options, std::string const& language)
-      : out_(out), options_(options), language_(language) {}
+  MainVisitor(OutputBuffer& out, HtmlOptions const& options, std::string const& language,
+              LabelTexts& labels)
+      : out_(out), options_(options), language_(language), labels_(labels) {}
 
-  void Visit(OmHeading& heading) override { WriteHeading(TextOf(heading.Label())); }
+  void Visit(OmHeading& heading) override { WriteHeading(labels_.Text(heading.Label())); }
   void Visit(OmProcedure& procedure) override { WriteHeading(procedure.OutlineText()); }
 
   void Visit(OmTextBlock& block) override {
     out_ << "<div class=\"text\" id=\"" << PartId(part_) << "\">";
-    std::string const label = HtmlText(TextOf(block.Label()));
+    std::string const label = HtmlText(labels_.Text(block.Label()));
     if (!label.empty()) {
       out_ << "<p class=\"label\">" << label << "</p>";
     }
@@ -215,9 +221,9 @@ class MainVisitor : public PartVisitor {
   }
 
   void WriteLayers(OmPivotTable& table) {
-    TableFootnotes const footnotes(table);
+    TableFootnotes const footnotes(table, labels_);
     std::vector<bool> listed(footnotes.Count());
-    LayerGrids layers(table, {options_.skipEmpty, true});
+    LayerGrids layers(table, options_);
     DisplayGrid const* grid = layers.Next();
     bool const first = grid != nullptr && !grid->LayerLabels().empty() && !options_.allLayers;
     HtmlNotes notes(footnotes, PartId(part_));
@@ -227,7 +233,7 @@ class MainVisitor : public PartVisitor {
     }
     for (int layer = 0; grid != nullptr; ++layer) {
       WriteLayer(table, *grid, footnotes, layer, listed);
-      grid = options_.allLayers ? layers.Next() : nullptr;
+      grid = layers.Next();
     }
     if (!first) {
       notes.AppendOthers(out_.Text(), listed);
@@ -238,7 +244,8 @@ class MainVisitor : public PartVisitor {
                   TableFootnotes const& footnotes, int layer, std::vector<bool>& listed) {
     std::string const prefix = "t" + std::to_string(part_) + "l" + std::to_string(layer);
     HtmlNotes notes(footnotes, prefix);
-    std::string const name = HtmlText(LayerLine(grid.LayerLabels(), TextOf));
+    std::string const name = HtmlText(LayerLine(
+        grid.LayerLabels(), [&notes](OmCellText const* label) { return notes.Text(label); }));
     out_ << "<div class=\"layer\" data-name=\"" << name << "\"><div class=\"heading\" id=\""
          << prefix << "t\"><span class=\"title\">" << Shown(notes, HeadlineOf(table)) << "</span>";
     if (!name.empty()) {
@@ -268,7 +275,7 @@ class MainVisitor : public PartVisitor {
 
   static std::string Shown(HtmlNotes& notes, OmCellText const* label) {
     std::string html;
-    notes.Append(html, label);
+    notes.AppendLabel(html, label);
     return html;
   }
 
@@ -280,6 +287,7 @@ class MainVisitor : public PartVisitor {
   OutputBuffer& out_;
   HtmlOptions const& options_;
   std::string const& language_;
+  LabelTexts& labels_;
   int level_ = 0;
 };
 
@@ -287,7 +295,8 @@ class MainVisitor : public PartVisitor {
 
 void RenderHtml(OmOutputTree const& tree, std::ostream& out, HtmlOptions const& options) {
   OutputBuffer buffer(out);
-  HeadVisitor head;
+  LabelTexts labels;
+  HeadVisitor head(labels);
   head.VisitAll(tree);
   std::string const title = HtmlText(options.title.empty() ? head.Title() : options.title);
   std::string const language = head.language.empty() ? "en" : head.language;
@@ -297,14 +306,14 @@ void RenderHtml(OmOutputTree const& tree, std::ostream& out, HtmlOptions const& 
          << title << "</title>\n<style>" << kPageCss << head.css
          << "</style>\n</head>\n<body>\n<nav id=\"outline\" aria-label=\"Outline\"><details open>"
             "<summary>Outline</summary><ul>\n";
-  OutlineVisitor outline(buffer);
+  OutlineVisitor outline(buffer, labels);
   outline.VisitAll(tree);
   outline.Finish();
   buffer << "</ul></details></nav>\n<main>\n";
   if (!head.hasHeading) {
     buffer << "<h1>" << title << "</h1>\n";
   }
-  MainVisitor(buffer, options, language).VisitAll(tree);
+  MainVisitor(buffer, options, language, labels).VisitAll(tree);
   buffer << "</main>\n<script>" << kPageScript << "</script>\n</body>\n</html>\n";
   buffer.Flush();
 }

@@ -8,7 +8,7 @@
 
 #include "content/CellText.h"
 #include "content/NumberCell.h"
-#include "html/Frame.h"
+#include "html/Headings.h"
 #include "html/Text.h"
 
 namespace lakresvos::render {
@@ -48,9 +48,9 @@ class HtmlTable {
     return data != nullptr && data->getUseAltRowColors();
   }
 
-  static bool IsHeader(GridCell const& cell) { return !IsBlank(TextOf(cell.label)); }
+  bool IsHeader(GridCell const& cell) const { return !IsBlank(notes_.Text(cell.label)); }
 
-  std::string IdOf(GridCell const& cell) const {
+  std::string MakeId(GridCell const& cell) const {
     return prefix_ + "r" + std::to_string(cell.row) + "c" + std::to_string(cell.column);
   }
 
@@ -61,7 +61,7 @@ class HtmlTable {
       WriteColumnGroup(grid_.Columns() - grid_.HeadingColumns());
       return;
     }
-    for (GridCell const& cell : grid_.Frame(0)) {
+    for (GridCell const& cell : grid_.Headings(0)) {
       if (cell.role == GridRole::ColumnHeading) {
         WriteColumnGroup(cell.columnSpan);
       }
@@ -69,8 +69,8 @@ class HtmlTable {
   }
 
   void WriteColumnGroup(int columns) {
-    for (; columns > 0; columns -= kMostHtmlColumns) {
-      out_ << "<colgroup span=\"" << std::min(columns, kMostHtmlColumns) << "\"></colgroup>";
+    for (; columns > 0; columns -= kMaxHtmlColumns) {
+      out_ << "<colgroup span=\"" << std::min(columns, kMaxHtmlColumns) << "\"></colgroup>";
     }
   }
 
@@ -88,7 +88,7 @@ class HtmlTable {
         }
         if (named_ && cell.role == GridRole::ColumnHeading && IsHeader(cell)) {
           for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
-            columnHeaders_[static_cast<std::size_t>(c)] += " " + IdOf(cell);
+            columnHeaders_[static_cast<std::size_t>(c)] += " " + MakeId(cell);
           }
         }
       }
@@ -100,9 +100,9 @@ class HtmlTable {
   void WriteHeading(GridCell const& cell, char const* scope) {
     bool const header = IsHeader(cell);
     out_ << (header ? "<th" : "<td");
-    WriteClasses(ClassesOf(cell), cell.label);
+    WriteClasses(MakeClasses(cell), cell.label);
     if (header && named_) {
-      out_ << " id=\"" << IdOf(cell) << '"';
+      out_ << " id=\"" << MakeId(cell) << '"';
     }
     if (header) {
       out_ << " scope=\"" << scope << '"';
@@ -113,12 +113,12 @@ class HtmlTable {
     bool const reaches = header && ((cell.role == GridRole::ColumnHeading && cell.columnSpan > 1) ||
                                     (cell.role == GridRole::RowHeading && cell.rowSpan > 1));
     out_ << (reaches ? "<span class=\"stay\">" : "");
-    notes_.Append(out_.Text(), cell.label);
+    notes_.AppendLabel(out_.Text(), cell.label);
     out_ << (reaches ? "</span>" : "") << (header ? "</th>" : "</td>");
   }
 
   /// hN: the heading column, edge: the last one, foot: the end of the head, t: a total, wide: has a wide word.
-  std::string ClassesOf(GridCell const& cell) const {
+  std::string MakeClasses(GridCell const& cell) const {
     std::string classes = cell.role == GridRole::Corner ? "corner " : "";
     if (cell.role != GridRole::ColumnHeading) {
       classes += "h" + std::to_string(cell.column);
@@ -131,7 +131,7 @@ class HtmlTable {
     if (IsTotal(cell.label)) {
       classes += classes.empty() ? "t" : " t";
     }
-    if (HasWideWord(TextOf(cell.label))) {
+    if (HasWideWord(notes_.Text(cell.label))) {
       classes += classes.empty() ? "wide" : " wide";
     }
     return classes;
@@ -160,7 +160,7 @@ class HtmlTable {
   }
 
   bool StartsGroup(int row) {
-    GridCells const cells = grid_.Frame(row);
+    GridCells const cells = grid_.Headings(row);
     if (cells.begin() == cells.end() || cells.begin()->column != 0) {
       return false;
     }
@@ -175,7 +175,7 @@ class HtmlTable {
         bool const first = c == cell.column;
         rowTotals_[static_cast<std::size_t>(c)] = first && IsTotal(cell.label);
         rowHeaders_[static_cast<std::size_t>(c)] =
-            named_ && first && IsHeader(cell) ? " " + IdOf(cell) : "";
+            named_ && first && IsHeader(cell) ? " " + MakeId(cell) : "";
       }
     }
     WriteRowStart(row);
@@ -224,7 +224,7 @@ class HtmlTable {
       }
     }
     out += '>';
-    notes_.Append(out, cell);
+    notes_.AppendCell(out, cell);
     out += "</td>";
   }
 
@@ -241,7 +241,7 @@ class HtmlTable {
 
   OutputBuffer& out_;
   DisplayGrid const& grid_;
-  HtmlFrame frame_;
+  HtmlHeadings frame_;
   HtmlNotes& notes_;
   std::string const& prefix_;
   int groupRows_ = 1;                       // how many rows the newest outermost heading has

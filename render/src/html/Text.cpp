@@ -60,13 +60,13 @@ bool IsBlank(std::string_view text) {
 }
 
 bool HasWideWord(std::string_view text) {
-  constexpr std::ptrdiff_t kMostNarrow = 12;  // in characters, as what page.css has room for
-  constexpr std::ptrdiff_t kMostWhole = 24;
+  constexpr std::ptrdiff_t kMaxNarrow = 12;  // in characters, as what page.css has room for
+  constexpr std::ptrdiff_t kMaxWhole = 24;
   auto const starts = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
   while (!text.empty()) {
     std::string_view const word = text.substr(0, text.find_first_of(kSpaces));
     auto const length = std::count_if(word.begin(), word.end(), starts);
-    if (length > kMostNarrow && length <= kMostWhole) {
+    if (length > kMaxNarrow && length <= kMaxWhole) {
       return true;
     }
     text.remove_prefix(std::min(word.size() + 1, text.size()));

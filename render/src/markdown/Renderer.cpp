@@ -46,6 +46,7 @@ class MarkdownVisitor : public OmOutputPart::Visitor {
 
   std::ostream& out_;
   MarkdownOptions const& options_;
+  LabelTexts labels_;
   bool started_ = false;
   std::size_t tables_ = 0;
 };
@@ -63,10 +64,10 @@ void MarkdownVisitor::Visit(OmPivotTable& table) {
   if (!table.Show()) {
     return;
   }
-  MarkdownNotes notes(table, ++tables_);
-  auto const shown = [&notes](OmCellText const* label) { return notes.Marked(label); };
+  MarkdownNotes notes(table, labels_, ++tables_);
+  auto const shown = [&notes](OmCellText const* label) { return notes.MarkLabel(label); };
   WriteParagraph(Between("**", shown(HeadlineOf(table))));
-  LayerGrids layers(table, {options_.skipEmpty, true});
+  LayerGrids layers(table, options_);
   DisplayGrid const* grid = layers.Next();
   while (grid != nullptr) {
     WriteParagraph(Between("*", LayerLine(grid->LayerLabels(), shown)));
@@ -77,7 +78,7 @@ void MarkdownVisitor::Visit(OmPivotTable& table) {
       WriteMarkdownTable(buffer, *grid, notes);
       buffer.Flush();
     }
-    grid = options_.allLayers ? layers.Next() : nullptr;
+    grid = layers.Next();
   }
   if (table.showCaption()) {
     WriteParagraph(AtLineStart(shown(table.Caption())));

@@ -3,9 +3,8 @@
 #include <vector>
 
 #include "content/AreaAlignment.h"
-#include "content/CellText.h"
 #include "content/NumberCell.h"
-#include "grid/RepeatedFrame.h"
+#include "grid/RepeatedHeadings.h"
 #include "markdown/Text.h"
 
 namespace lakresvos::render {
@@ -18,14 +17,14 @@ class MarkdownTable {
       : out_(out), grid_(grid), notes_(notes) {}
 
   void Write() {
-    RepeatedFrame frame(grid_);
+    RepeatedHeadings frame(grid_);
     std::vector<std::string> headings(static_cast<std::size_t>(grid_.Columns()));
     std::vector<GridCell const*> last(headings.size(), nullptr);
     while (frame.Row() + 1 < grid_.HeadingRows() && frame.Next()) {
       for (std::size_t column = 0; column < headings.size(); ++column) {
         auto const at = static_cast<int>(column);
         GridCell const& cell = frame.At(at);
-        std::string const text = &cell != last[column] ? notes_.Marked(frame.Label(at)) : "";
+        std::string const text = &cell != last[column] ? notes_.MarkLabel(frame.Label(at)) : "";
         headings[column] += (headings[column].empty() || text.empty() ? "" : " / ") + text;
         last[column] = &cell;
       }
@@ -34,11 +33,11 @@ class MarkdownTable {
     WriteAlignments();
     while (frame.Next()) {
       for (int column = 0; column < grid_.HeadingColumns(); ++column) {
-        WriteField(notes_.Marked(frame.Label(column)));
+        WriteField(notes_.MarkLabel(frame.Label(column)));
       }
       DisplayGrid::BodyRow row = grid_.Body(frame.Row());
       for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
-        WriteField(notes_.Marked(row.Cell(column)));
+        WriteField(notes_.MarkCell(row.Cell(column)));
       }
       EndRow();
     }
@@ -117,15 +116,21 @@ std::string MarkdownNotes::Mark(std::size_t footnote) const {
   return "[^t" + std::to_string(number_) + "n" + std::to_string(footnote + 1) + "]";
 }
 
-std::string MarkdownNotes::Marked(OmCellText const* label) {
-  std::string marked = MarkdownText(TextOf(label));
-  if (label != nullptr) {
-    for (std::size_t const footnote : footnotes_.Of(*label)) {
-      marked += Mark(footnote);
-      used_.insert(footnote);
-    }
+std::string MarkdownNotes::AddMarks(OmCellText const& label, std::string const& text) {
+  std::string marked = MarkdownText(text);
+  for (std::size_t const footnote : footnotes_.Find(label)) {
+    marked += Mark(footnote);
+    used_.insert(footnote);
   }
   return marked;
+}
+
+std::string MarkdownNotes::MarkLabel(OmCellText const* label) {
+  return label != nullptr ? AddMarks(*label, footnotes_.Labels().Text(label)) : std::string();
+}
+
+std::string MarkdownNotes::MarkCell(OmCellText const* cell) {
+  return cell != nullptr ? AddMarks(*cell, cell->GetText()) : std::string();
 }
 
 std::string MarkdownNotes::Definitions() const {

@@ -16,12 +16,16 @@ namespace lakresvos::render {
 class MarkdownNotes {
  public:
   /// @param table  must outlive the object and keep its footnotes.
+  /// @param labels must outlive the object.
   /// @param number the table's number in the document.
-  MarkdownNotes(OmPivotTable const& table, std::size_t number)
-      : footnotes_(table), number_(number) {}
+  MarkdownNotes(OmPivotTable const& table, LabelTexts& labels, std::size_t number)
+      : footnotes_(table, labels), number_(number) {}
 
-  /// A label or cell with the marks of its footnotes; nothing for a null one.
-  std::string Marked(OmCellText const* label);
+  /// A label with the marks of its footnotes; nothing for a null one.
+  std::string MarkLabel(OmCellText const* label);
+
+  /// A cell of the body with the marks of its footnotes; nothing for a null one.
+  std::string MarkCell(OmCellText const* cell);
 
   /// The notes that have been referred to, one per line.
   std::string Definitions() const;
@@ -31,6 +35,7 @@ class MarkdownNotes {
 
  private:
   std::string Mark(std::size_t footnote) const;
+  std::string AddMarks(OmCellText const& label, std::string const& text);
 
   TableFootnotes footnotes_;
   std::size_t number_;

@@ -16,12 +16,12 @@ namespace {
 
 constexpr int kBetweenColumns = 3;  // a blank, a line and a blank
 constexpr int kFrame = 4;           // a line and a blank on either side
-constexpr int kNarrowest = 6;       // what a column is left at least, wherever it would be wider
+constexpr int kMinWidth = 6;        // what a column is left at least, wherever it would be wider
 
-class Measurer {
+class LayoutBuilder {
  public:
-  Measurer(DisplayGrid const& grid, FootnoteMarks const& marks, int limit)
-      : grid_(grid), marks_(marks), limit_(limit) {
+  LayoutBuilder(DisplayGrid const& grid, FootnoteMarks const& marks, int limit, BodyTexts& texts)
+      : grid_(grid), marks_(marks), texts_(texts), limit_(limit) {
     layout_.columns.resize(static_cast<std::size_t>(grid.Columns()));
   }
 
@@ -44,7 +44,7 @@ class Measurer {
   // The columns of the whole grid, without what headings over several columns of the body add
 
   void MeasureColumns() {
-    for (GridCell const& cell : grid_.Frame()) {
+    for (GridCell const& cell : grid_.Headings()) {
       MeasureLabel(cell);
     }
     std::vector<int> numbers(layout_.columns.size(), 0);
@@ -53,12 +53,14 @@ class Measurer {
       for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
         if (OmCellText* cell = body.Cell(column)) {
           MeasureCell(*cell, At(column), numbers[static_cast<std::size_t>(column)]);
+        } else {
+          texts_.Add({});
         }
       }
     }
     MakeRoomForMarks(numbers);
     // Inner headings first: what they add to their columns is room for the outer ones.
-    std::for_each(grid_.Frame().rbegin(), grid_.Frame().rend(), [this](GridCell const& cell) {
+    std::for_each(grid_.Headings().rbegin(), grid_.Headings().rend(), [this](GridCell const& cell) {
       if (cell.role != GridRole::ColumnHeading && cell.columnSpan > 1) {
         Widen(layout_, cell);
       }
@@ -79,7 +81,7 @@ class Measurer {
     if (cell.columnSpan > 1) {
       return;
     }
-    MarkedText const shown = ShownText(cell.label, marks_);
+    MarkedText const shown = ShowLabel(cell.label, marks_);
     bool tall = false;
     TextColumn& column = At(cell.column);
     column.width = std::max(column.width, Wrapped(shown.text + shown.marks, tall));
@@ -87,7 +89,8 @@ class Measurer {
   }
 
   void MeasureCell(OmCellText& cell, TextColumn& column, int& numbers) {
-    MarkedText shown = ShownText(&cell, marks_);
+    MarkedText shown = ShowCell(&cell, marks_);
+    texts_.Add(shown.text);
     if (NumberOf(cell).has_value()) {
       numbers = std::max(numbers, Wrapped(shown.text, layout_.tall));
       if (shown.marks.empty()) {
@@ -118,7 +121,7 @@ class Measurer {
       return;
     }
     int const room = layout.Width(cell.column, cell.columnSpan);
-    MarkedText const shown = ShownText(cell.label, marks_);
+    MarkedText const shown = ShowLabel(cell.label, marks_);
     int const missing = WidestLine(Wrap(shown.text + shown.marks, std::max(room, limit_))) - room;
     auto const columns = layout.columns.begin() + cell.column;
     for (int i = 0; i < cell.columnSpan && missing > 0; ++i) {
@@ -135,7 +138,7 @@ class Measurer {
     part.layout.tall = layout_.tall;
     part.layout.columns.assign(layout_.columns.begin(), headings);
     part.layout.columns.insert(part.layout.columns.end(), headings + first, headings + last);
-    std::vector<GridCell> const& cells = part.grid.Heading();
+    std::vector<GridCell> const& cells = part.grid.ColumnHeadings();
     std::for_each(cells.rbegin(), cells.rend(), [&](GridCell const& cell) {
       if (cell.role == GridRole::ColumnHeading) {
         Widen(part.layout, cell);
@@ -158,7 +161,7 @@ class Measurer {
       Limit(At(column), headingLimit);
       left -= At(column).width;
     }
-    limit_ = std::clamp(left, std::min(kNarrowest, limit_), limit_);
+    limit_ = std::clamp(left, std::min(kMinWidth, limit_), limit_);
     for (int column = headings; column < grid_.Columns(); ++column) {
       Limit(At(column), limit_);
     }
@@ -167,10 +170,10 @@ class Measurer {
   /// How wide a heading column may be so that all of them together are no wider than `room`.
   int LimitOfHeadings(int room) const {
     auto const end = layout_.columns.begin() + grid_.HeadingColumns();
-    int widest = kNarrowest;
+    int widest = kMinWidth;
     std::for_each(layout_.columns.begin(), end,
                   [&](TextColumn const& column) { widest = std::max(widest, column.width); });
-    int fits = kNarrowest;
+    int fits = kMinWidth;
     while (fits < widest) {
       int const limit = fits + (widest - fits + 1) / 2;
       long total = 0;
@@ -232,6 +235,7 @@ class Measurer {
 
   DisplayGrid const& grid_;
   FootnoteMarks const& marks_;
+  BodyTexts& texts_;
   int limit_;
   TextLayout layout_;
 };
@@ -252,8 +256,8 @@ int TextLayout::Extent() const {
 }
 
 std::vector<TextPart> LayOutText(DisplayGrid const& grid, FootnoteMarks const& marks, int limit,
-                                 int width) {
-  return Measurer(grid, marks, limit).Run(width);
+                                 int width, BodyTexts& texts) {
+  return LayoutBuilder(grid, marks, limit, texts).Run(width);
 }
 
 }  // namespace lakresvos::render

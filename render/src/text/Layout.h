@@ -7,6 +7,7 @@
 
 #include "content/FootnoteMarks.h"
 #include "grid/GridPart.h"
+#include "text/BodyTexts.h"
 
 namespace lakresvos::render {
 
@@ -43,9 +44,9 @@ struct TextPart {
 /// of the body as fit, at least one, next to all of the row headings. Columns that leave no room for
 /// that wrap earlier, but not below a few characters, so that a part may still be too wide.
 ///
-/// Looks at every cell of the grid once and keeps none.
+/// Looks at every cell of the grid once and adds the texts of the body to `texts`.
 std::vector<TextPart> LayOutText(DisplayGrid const& grid, FootnoteMarks const& marks, int limit,
-                                 int width);
+                                 int width, BodyTexts& texts);
 
 }  // namespace lakresvos::render
 

@@ -38,13 +38,13 @@ std::string Repeat(std::string_view text, int count) {
 
 /// The lines of a text behind an indent, wrapped at a width; 0: only at its own line ends.
 std::vector<TextLine> WrappedAt(int width, std::string const& text, std::size_t indent = 0) {
-  constexpr int kNarrowest = 2;
-  constexpr int kNowhere = std::numeric_limits<int>::max() - kNarrowest;
-  return Wrap(text, width > 0 ? std::max(width - static_cast<int>(indent), kNarrowest) : kNowhere);
+  constexpr int kMinWidth = 2;
+  constexpr int kNowhere = std::numeric_limits<int>::max() - kMinWidth;
+  return Wrap(text, width > 0 ? std::max(width - static_cast<int>(indent), kMinWidth) : kNowhere);
 }
 
 std::string Marked(OmCellText const* label, FootnoteMarks const& marks) {
-  MarkedText const shown = ShownText(label, marks);
+  MarkedText const shown = ShowLabel(label, marks);
   return shown.text + shown.marks;
 }
 
@@ -73,6 +73,7 @@ class TextVisitor : public OmOutputPart::Visitor {
 
   std::ostream& out_;
   TextOptions const& options_;
+  LabelTexts labels_;
   bool started_ = false;
 };
 
@@ -122,11 +123,11 @@ void TextVisitor::Visit(OmPivotTable& table) {
     return;
   }
   StartItem();
-  FootnoteMarks const marks(table, options_.ascii);
+  FootnoteMarks const marks(table, labels_, options_.ascii);
   auto const shown = [&marks](OmCellText const* label) { return Marked(label, marks); };
   std::string const title = shown(HeadlineOf(table));
   HorizontalAlignment const titleAlignment = AlignmentOf(table, FormatArea::AreaTitle);
-  LayerGrids layers(table, {options_.skipEmpty, true});
+  LayerGrids layers(table, options_);
   DisplayGrid const* grid = layers.Next();
   if (grid == nullptr) {
     WriteAligned(title, titleAlignment, 0);
@@ -145,7 +146,7 @@ void TextVisitor::Visit(OmPivotTable& table) {
       WriteLines(layer);
     }
     text.Write(out_);
-    grid = options_.allLayers ? layers.Next() : nullptr;
+    grid = layers.Next();
   }
   for (std::string const& note : marks.Notes()) {
     WriteLines(note);

@@ -21,13 +21,13 @@ void TextSlot::WriteLine(std::string& out, int width) {
   out.append(static_cast<std::size_t>(blanks - before), ' ');
 }
 
-std::vector<std::vector<TextSlot>> TextSlots::Heading() const {
+std::vector<std::vector<TextSlot>> TextSlots::MakeHeadingRows() const {
   auto const rows = static_cast<std::size_t>(grid_.HeadingRows());
   std::vector<std::vector<TextSlot>> starting(rows);
   std::vector<std::vector<TextSlot*>> ending(rows);
   for (std::size_t row = 0; row < rows; ++row) {
-    for (GridCell const& cell : grid_.Frame(static_cast<int>(row))) {
-      starting[row].push_back(Frame(cell));
+    for (GridCell const& cell : grid_.Headings(static_cast<int>(row))) {
+      starting[row].push_back(MakeHeading(cell));
     }
     for (TextSlot& slot : starting[row]) {
       ending[static_cast<std::size_t>(slot.rowEnd) - 1].push_back(&slot);
@@ -50,8 +50,8 @@ std::vector<std::vector<TextSlot>> TextSlots::Heading() const {
   return starting;
 }
 
-TextSlot TextSlots::Frame(GridCell const& cell) const {
-  MarkedText const shown = ShownText(cell.label, marks_);
+TextSlot TextSlots::MakeHeading(GridCell const& cell) const {
+  MarkedText const shown = ShowLabel(cell.label, marks_);
   TextSlot slot{cell.column, cell.columnSpan, cell.row, cell.row + cell.rowSpan};
   slot.align = AlignOf(cell);
   slot.lines = Wrap(shown.text + shown.marks, layout_.Width(cell.column, cell.columnSpan));
@@ -74,7 +74,7 @@ HorizontalAlignment TextSlots::AlignOf(GridCell const& cell) const {
   return Or(columnLabels_, numbers ? HorizontalAlignment::Right : HorizontalAlignment::Left);
 }
 
-std::vector<TextSlot> TextSlots::Body() const {
+std::vector<TextSlot> TextSlots::MakeBody() const {
   std::vector<TextSlot> slots;
   slots.reserve(static_cast<std::size_t>(grid_.Columns() - grid_.HeadingColumns()));
   for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
@@ -83,21 +83,21 @@ std::vector<TextSlot> TextSlots::Body() const {
   return slots;
 }
 
-void TextSlots::Fill(TextSlot& slot, OmCellText* cell) const {
+void TextSlots::Fill(TextSlot& slot, OmCellText* cell, std::string const& text) const {
   slot.next = 0;
   slot.lines.clear();
   if (cell == nullptr) {
     return;
   }
-  MarkedText const shown = ShownText(cell, marks_);
+  std::string const marks = marks_.Find(*cell);
   TextColumn const& column = layout_.columns[static_cast<std::size_t>(slot.column)];
   bool const number = NumberOf(*cell).has_value();
   slot.align = Or(data_, number ? HorizontalAlignment::Right : HorizontalAlignment::Left);
   slot.behind = 0;
   if (number && column.marks > 0) {
-    slot.behind = column.marks - TextWidth(PrintableLines(shown.marks).front());
+    slot.behind = column.marks - TextWidth(PrintableLines(marks).front());
   }
-  slot.lines = Wrap(shown.text + shown.marks, column.width);
+  slot.lines = Wrap(text + marks, column.width);
 }
 
 }  // namespace lakresvos::render

@@ -47,16 +47,16 @@ class TextSlots {
 
   /// The slots that start in each heading row, their texts moved down to the last lines that they
   /// cross.
-  std::vector<std::vector<TextSlot>> Heading() const;
+  std::vector<std::vector<TextSlot>> MakeHeadingRows() const;
 
   /// The slot of one cell of the frame, its text at the top.
-  TextSlot Frame(GridCell const& cell) const;
+  TextSlot MakeHeading(GridCell const& cell) const;
 
   /// Empty slots for the cells of one body row.
-  std::vector<TextSlot> Body() const;
+  std::vector<TextSlot> MakeBody() const;
 
-  /// Gives a body slot another cell, which may be null.
-  void Fill(TextSlot& slot, OmCellText* cell) const;
+  /// Gives a body slot another cell, which may be null, and its text.
+  void Fill(TextSlot& slot, OmCellText* cell, std::string const& text) const;
 
  private:
   HorizontalAlignment AlignOf(GridCell const& cell) const;

@@ -15,14 +15,16 @@ namespace {
 
 class Drawing {
  public:
-  Drawing(std::ostream& out, TextPart const& part, FootnoteMarks const& marks, bool ascii)
+  Drawing(std::ostream& out, TextPart const& part, BodyTexts const& texts,
+          FootnoteMarks const& marks, bool ascii)
       : out_(out),
+        texts_(texts),
         grid_(part.grid),
         layout_(part.layout),
         box_(ascii),
         slots_(part.grid, marks, part.layout),
-        heading_(slots_.Heading()),
-        body_(slots_.Body()) {}
+        headingRows_(slots_.MakeHeadingRows()),
+        body_(slots_.MakeBody()) {}
 
   void Run() {
     std::vector<bool> above;
@@ -36,14 +38,14 @@ class Drawing {
       WriteRow(row);
       above = std::move(below);
     }
-    frame_.clear();
+    headings_.clear();
     WriteRule(grid_.Rows(), above, {});
   }
 
  private:
   /// Whether outer row headings change before this row of the body, not the innermost ones alone.
   bool StartsGroup(int row) const {
-    GridCells const starting = grid_.Frame(row);
+    GridCells const starting = grid_.Headings(row);
     if (starting.begin() == starting.end()) {
       return false;
     }
@@ -51,30 +53,31 @@ class Drawing {
     auto const reachesBody = [this](auto const& cell) {
       return cell.column + cell.columnSpan == grid_.HeadingColumns();
     };
-    auto const before = std::find_if(frame_.begin(), frame_.end(), [column](TextSlot const& slot) {
-      return slot.column == column;
-    });
-    return !reachesBody(*starting.begin()) || before == frame_.end() || !reachesBody(*before);
+    auto const before =
+        std::find_if(headings_.begin(), headings_.end(),
+                     [column](TextSlot const& slot) { return slot.column == column; });
+    return !reachesBody(*starting.begin()) || before == headings_.end() || !reachesBody(*before);
   }
 
   /// Drops the slots that end before grid row `row` and adds those that start in it.
   void StartRow(int row) {
     auto const done = [row](TextSlot const& slot) { return slot.rowEnd <= row; };
-    frame_.erase(std::remove_if(frame_.begin(), frame_.end(), done), frame_.end());
-    auto const kept = std::ssize(frame_);
+    headings_.erase(std::remove_if(headings_.begin(), headings_.end(), done), headings_.end());
+    auto const kept = std::ssize(headings_);
     if (row < grid_.HeadingRows()) {
-      std::vector<TextSlot>& starting = heading_[static_cast<std::size_t>(row)];
-      std::move(starting.begin(), starting.end(), std::back_inserter(frame_));
+      std::vector<TextSlot>& starting = headingRows_[static_cast<std::size_t>(row)];
+      std::move(starting.begin(), starting.end(), std::back_inserter(headings_));
     } else {
-      for (GridCell const& cell : grid_.Frame(row)) {
-        frame_.push_back(slots_.Frame(cell));
+      for (GridCell const& cell : grid_.Headings(row)) {
+        headings_.push_back(slots_.MakeHeading(cell));
       }
       GridPart::BodyRow cells = grid_.Body(row);
       for (TextSlot& slot : body_) {
-        slots_.Fill(slot, cells.Cell(slot.column));
+        slots_.Fill(slot, cells.Cell(slot.column),
+                    texts_.Text(row, grid_.FindWholeColumn(slot.column)));
       }
     }
-    std::inplace_merge(frame_.begin(), frame_.begin() + kept, frame_.end(),
+    std::inplace_merge(headings_.begin(), headings_.begin() + kept, headings_.end(),
                        [](TextSlot const& a, TextSlot const& b) { return a.column < b.column; });
   }
 
@@ -82,7 +85,7 @@ class Drawing {
   std::vector<bool> Edges(int row) const {
     std::vector<bool> edges(layout_.columns.size() + 1, row >= grid_.HeadingRows());
     std::fill_n(edges.begin(), grid_.HeadingColumns(), false);
-    for (TextSlot const& slot : frame_) {
+    for (TextSlot const& slot : headings_) {
       edges[static_cast<std::size_t>(slot.column)] = true;
     }
     edges.back() = true;
@@ -91,7 +94,7 @@ class Drawing {
 
   int Height(int row) const {
     int height = 1;
-    for (TextSlot const& slot : frame_) {
+    for (TextSlot const& slot : headings_) {
       if (slot.rowEnd == row + 1) {
         height = std::max(height, slot.LinesLeft());
       }
@@ -107,7 +110,7 @@ class Drawing {
   void WriteRow(int row) {
     for (int line = Height(row); line > 0; --line) {
       line_.clear();
-      for (TextSlot& slot : frame_) {
+      for (TextSlot& slot : headings_) {
         line_ += box_.Vertical();
         WriteSlot(slot);
       }
@@ -133,13 +136,13 @@ class Drawing {
   void WriteRule(int row, std::vector<bool> const& above, std::vector<bool> const& below) {
     bool const strong = row > 0 && row == grid_.HeadingRows() && row < grid_.Rows();
     std::size_t const columns = layout_.columns.size();
-    auto slot = frame_.begin();
+    auto slot = headings_.begin();
     auto const crossing = [&](std::size_t column) {
-      while (slot != frame_.end() &&
+      while (slot != headings_.end() &&
              (slot->row == row || static_cast<std::size_t>(slot->column) < column)) {
         ++slot;
       }
-      return slot != frame_.end() && static_cast<std::size_t>(slot->column) == column;
+      return slot != headings_.end() && static_cast<std::size_t>(slot->column) == column;
     };
     bool left = false;
     line_.clear();
@@ -168,12 +171,13 @@ class Drawing {
   }
 
   std::ostream& out_;
+  BodyTexts const& texts_;
   GridPart const& grid_;
   TextLayout const& layout_;
   BoxDrawing box_;
   TextSlots slots_;
-  std::vector<std::vector<TextSlot>> heading_;  // what starts in the heading rows still to come
-  std::vector<TextSlot> frame_;                 // what of the frame stands in the present row
+  std::vector<std::vector<TextSlot>> headingRows_;  // what starts in the heading rows still to come
+  std::vector<TextSlot> headings_;                  // what of the frame stands in the present row
   std::vector<TextSlot> body_;
   std::string line_;
 };
@@ -182,9 +186,9 @@ class Drawing {
 
 TextTable::TextTable(DisplayGrid const& grid, FootnoteMarks const& marks,
                      TextOptions const& options)
-    : marks_(marks), ascii_(options.ascii) {
+    : marks_(marks), ascii_(options.ascii), texts_(grid) {
   if (grid.Rows() > 0 && grid.Columns() > 0) {
-    parts_ = LayOutText(grid, marks, std::max(options.maxColumnWidth, 2), options.width);
+    parts_ = LayOutText(grid, marks, std::max(options.maxColumnWidth, 2), options.width, texts_);
   }
 }
 
@@ -201,7 +205,7 @@ void TextTable::Write(std::ostream& out) const {
     if (&part != &parts_.front()) {
       out << '\n';
     }
-    Drawing(out, part, marks_, ascii_).Run();
+    Drawing(out, part, texts_, marks_, ascii_).Run();
   }
 }
 

@@ -28,6 +28,7 @@ class TextTable {
  private:
   FootnoteMarks const& marks_;
   bool ascii_;
+  BodyTexts texts_;
   std::vector<TextPart> parts_;  // none when there is nothing to draw
 };
 

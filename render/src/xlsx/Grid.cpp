@@ -90,7 +90,7 @@ class XlsxGrid {
 
   void WriteRow(int row) {
     ruleStart_ = RuleStart(row);
-    for (GridCell const& cell : grid_.Frame(row)) {
+    for (GridCell const& cell : grid_.Headings(row)) {
       Above const above{&cell, WantsMerge(cell) && sheet_.Merge(top_ + row, cell.column,
                                                                 cell.rowSpan, cell.columnSpan)};
       for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
@@ -141,7 +141,7 @@ class XlsxGrid {
     if (StartsGroup(row)) {
       return 0;
     }
-    GridCells const starting = grid_.Frame(row);
+    GridCells const starting = grid_.Headings(row);
     auto const total = std::find_if(starting.begin(), starting.end(), [](GridCell const& cell) {
       return cell.role == GridRole::RowHeading && IsTotal(cell.label);
     });
@@ -154,7 +154,7 @@ class XlsxGrid {
       return false;
     }
     GridCell const& before = *above_.front().cell;
-    GridCells const starting = grid_.Frame(row);
+    GridCells const starting = grid_.Headings(row);
     return before.row + before.rowSpan == row &&
            (before.rowSpan > 1 || starting.begin()->rowSpan > 1);
   }
@@ -265,7 +265,7 @@ void SetUpXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, int top) {
   worksheet_outline_settings(sheet.Handle(), LXW_TRUE, LXW_FALSE, LXW_FALSE, LXW_FALSE);
   std::vector<int> levels(static_cast<std::size_t>(grid.Columns()), 0);
   for (int row = 0; row < grid.HeadingRows(); ++row) {
-    for (GridCell const& cell : grid.Frame(row)) {
+    for (GridCell const& cell : grid.Headings(row)) {
       bool const group = IsGroup(cell, GridRole::ColumnHeading);
       for (int c = cell.column + 1; group && c < cell.column + cell.columnSpan; ++c) {
         ++levels[static_cast<std::size_t>(c)];

@@ -14,7 +14,7 @@ MarkedText XlsxNotes::Plain(OmCellText const* label) {
   if (label != nullptr) {
     use_.Show(*label);
   }
-  return ShownText(label, marks_);
+  return ShowCell(label, marks_);
 }
 
 std::vector<std::string> XlsxNotes::EndSheet(bool last) {

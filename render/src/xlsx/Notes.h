@@ -13,7 +13,8 @@ namespace lakresvos::render {
 class XlsxNotes {
  public:
   /// @param table must outlive the object.
-  explicit XlsxNotes(OmPivotTable const& table) : marks_(table, false), use_(marks_.Footnotes()) {}
+  explicit XlsxNotes(OmPivotTable const& table)
+      : marks_(table, labels_, false), use_(marks_.Footnotes()) {}
   XlsxNotes(XlsxNotes const&) = delete;
   XlsxNotes& operator=(XlsxNotes const&) = delete;
 
@@ -28,6 +29,7 @@ class XlsxNotes {
   std::vector<std::string> EndSheet(bool last);
 
  private:
+  LabelTexts labels_;
   FootnoteMarks marks_;
   FootnoteUse use_;
 };

@@ -19,14 +19,14 @@ class TableSheets {
       : table_(table), contents_(contents), options_(options), notes_(table) {}
 
   void Write() {
-    LayerGrids layers(table_, {options_.skipEmpty, true});
+    LayerGrids layers(table_, options_);
     DisplayGrid const* grid = layers.Next();
     do {
       Start(grid);
       for (bool first = true; grid != nullptr && (first || !options_.layersAsSheets);
            first = false) {
         WriteLayer(*grid, first);
-        grid = options_.allLayers ? layers.Next() : nullptr;
+        grid = layers.Next();
       }
       End(grid == nullptr);
     } while (grid != nullptr);

@@ -7,6 +7,7 @@
 #include "render/support/RenderTables.h"
 
 using lakresvos::render::FootnoteMarks;
+using lakresvos::render::LabelTexts;
 using namespace render_tables;
 
 namespace {
@@ -14,7 +15,8 @@ namespace {
 std::string MarksOf(OmPivotTable const& table, std::initializer_list<unsigned int> numbers,
                     bool ascii = false) {
   OmNumber cell(1);
-  return FootnoteMarks(table, ascii).Of(WithFootnotes(cell, numbers));
+  LabelTexts labels;
+  return FootnoteMarks(table, labels, ascii).Find(WithFootnotes(cell, numbers));
 }
 
 using Texts = std::vector<std::string>;
@@ -22,27 +24,30 @@ using Texts = std::vector<std::string>;
 }  // namespace
 
 TEST(FootnoteMarks, CellWithoutFootnotesHasNoMark) {
+  LabelTexts labels;
   Table table;
   AddFootnote(table, "note");
-  EXPECT_EQ(FootnoteMarks(table, false).Of(OmNumber(1)), "");
+  EXPECT_EQ(FootnoteMarks(table, labels, false).Find(OmNumber(1)), "");
   EXPECT_EQ(MarksOf(table, {}), "");
 }
 
 TEST(FootnoteMarks, FootnotesWithoutMarkerGetRaisedLettersInTableOrder) {
+  LabelTexts labels;
   Table table;
   AddFootnote(table, "first");
   AddFootnote(table, "second");
   EXPECT_EQ(MarksOf(table, {0}), "ᵃ");
   EXPECT_EQ(MarksOf(table, {1}), "ᵇ");
-  EXPECT_EQ(FootnoteMarks(table, false).Notes(), (Texts{"ᵃ first", "ᵇ second"}));
+  EXPECT_EQ(FootnoteMarks(table, labels, false).Notes(), (Texts{"ᵃ first", "ᵇ second"}));
 }
 
 TEST(FootnoteMarks, AsciiMarksStandInBrackets) {
+  LabelTexts labels;
   Table table;
   AddFootnote(table, "first");
   AddFootnote(table, "second", "*");
   EXPECT_EQ(MarksOf(table, {0, 1}, true), "[a,*]");
-  EXPECT_EQ(FootnoteMarks(table, true).Notes(), (Texts{"[a] first", "[*] second"}));
+  EXPECT_EQ(FootnoteMarks(table, labels, true).Notes(), (Texts{"[a] first", "[*] second"}));
 }
 
 TEST(FootnoteMarks, SeveralMarksAreJoinedByCommasInTheOrderOfTheCell) {
@@ -102,6 +107,7 @@ TEST(FootnoteMarks, LettersGoOnWithTwoAfterTheTwentySixth) {
 }
 
 TEST(FootnoteMarks, MarksAfterTheTwentySixthArePlainInEveryPlace) {
+  LabelTexts labels;
   Table table;
   for (unsigned int i = 0; i < 60; ++i) {
     AddFootnote(table, "note");
@@ -110,18 +116,19 @@ TEST(FootnoteMarks, MarksAfterTheTwentySixthArePlainInEveryPlace) {
   EXPECT_EQ(MarksOf(table, {26}), "[aa]");
   EXPECT_EQ(MarksOf(table, {42, 43}), "[aq,ar]");
   EXPECT_EQ(MarksOf(table, {25, 26, 0}), "ᶻ,[aa],ᵃ");
-  Texts const notes = FootnoteMarks(table, false).Notes();
+  Texts const notes = FootnoteMarks(table, labels, false).Notes();
   for (unsigned int i = 0; i < 60; ++i) {
     EXPECT_EQ(notes[i], MarksOf(table, {i}) + " note");
   }
 }
 
 TEST(FootnoteMarks, MarkIsShownTheSameBesideAnyOther) {
+  LabelTexts labels;
   Table table;
   for (char const* marker : {"", "*", "q", "A", "10", "ab", "†"}) {
     AddFootnote(table, "note", marker);
   }
-  Texts const notes = FootnoteMarks(table, false).Notes();
+  Texts const notes = FootnoteMarks(table, labels, false).Notes();
   auto const unbracketed = [](std::string text) {
     std::erase_if(text, [](char c) { return c == '[' || c == ']'; });
     return text;
@@ -147,6 +154,7 @@ TEST(FootnoteMarks, NumbersThatAreNoFootnoteAreLeftOut) {
 }
 
 TEST(FootnoteMarks, TableWithoutFootnotesHasNoNotes) {
+  LabelTexts labels;
   Table const table;
-  EXPECT_TRUE(FootnoteMarks(table, false).Notes().empty());
+  EXPECT_TRUE(FootnoteMarks(table, labels, false).Notes().empty());
 }

@@ -8,6 +8,7 @@
 #include "render/support/RenderTables.h"
 
 using lakresvos::render::FootnoteUse;
+using lakresvos::render::LabelTexts;
 using lakresvos::render::TableFootnotes;
 using namespace render_tables;
 
@@ -20,7 +21,8 @@ TEST(FootnoteUse, APartListsEachOfItsFootnotesOnce) {
   AddFootnote(table, "of nothing");
   OmStringCellUTF8 both("");
   WithFootnotes(both, {second, first, 7});
-  TableFootnotes const footnotes(table);
+  LabelTexts labels;
+  TableFootnotes const footnotes(table, labels);
   FootnoteUse use(footnotes);
   use.Show(both);
   use.Show(both);
@@ -35,7 +37,8 @@ TEST(FootnoteUse, ThousandsOfPartsListWhatTheyUseAndNoMore) {
   for (unsigned int i = 0; i < kMany; ++i) {
     AddFootnote(table, "note");
   }
-  TableFootnotes const footnotes(table);
+  LabelTexts labels;
+  TableFootnotes const footnotes(table, labels);
   FootnoteUse use(footnotes);
   std::size_t listed = 0;
   for (unsigned int i = 0; i < kMany; ++i) {
@@ -54,7 +57,8 @@ RC_GTEST_PROP(FootnoteUse, ListsWhatASlowModelDoes, ()) {
   for (std::size_t i = 0; i < kFootnotes; ++i) {
     AddFootnote(table, "note");
   }
-  TableFootnotes const footnotes(table);
+  LabelTexts labels;
+  TableFootnotes const footnotes(table, labels);
   FootnoteUse use(footnotes);
   std::set<std::size_t> unused = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
   for (std::size_t part = 0; part < parts.size(); ++part) {

@@ -118,7 +118,7 @@ bool IsNumber(std::string const& text) {
 }
 
 bool ShowsCells(OmPivotTable& table, CsvOptions const& options) {
-  LayerGrids layers(table, {options.skipEmpty, true});
+  LayerGrids layers(table, options);
   DisplayGrid const* const grid = layers.Next();
   return grid != nullptr && grid->Columns() > 0;
 }
@@ -270,7 +270,7 @@ RC_GTEST_PROP(CsvRendererProperty, DisplayShapeReadsBackAsTheGrids, ()) {
   CsvRecords const records = ReadCsvRecords(Written(table, options));
   bool const namesDimensions = !ShowsCells(table, options);
   std::size_t next = namesDimensions && !records.empty() ? 1 : 0;
-  LayerGrids layers(table, {options.skipEmpty, true});
+  LayerGrids layers(table, options);
   while (DisplayGrid const* grid = layers.Next()) {
     PlainGrid const plain(*grid);
     next += plain.NamesLayer() ? 1 : 0;

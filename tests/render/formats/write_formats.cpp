@@ -14,7 +14,7 @@
 
 #include "content/CellText.h"
 #include "grid/LayerLine.h"
-#include "grid/RepeatedFrame.h"
+#include "grid/RepeatedHeadings.h"
 #include "render/support/HardCases.h"
 #include "unicode/CleanText.h"
 
@@ -32,7 +32,7 @@ std::string Clean(OmCellText const* label) {
 
 json RowsOf(DisplayGrid const& grid) {
   json rows = json::array();
-  RepeatedFrame frame(grid);
+  RepeatedHeadings frame(grid);
   while (frame.Next()) {
     json row = json::array();
     int const labels = frame.InHeading() ? grid.Columns() : grid.HeadingColumns();
@@ -53,7 +53,7 @@ json RowsOf(DisplayGrid const& grid) {
 /// The cells of the frame that reach over others: row, column, and how many of each.
 json SpansOf(DisplayGrid const& grid) {
   json spans = json::array();
-  for (GridCell const& cell : grid.Frame()) {
+  for (GridCell const& cell : grid.Headings()) {
     if (cell.rowSpan > 1 || cell.columnSpan > 1) {
       spans.push_back({cell.row, cell.column, cell.rowSpan, cell.columnSpan});
     }
@@ -63,7 +63,7 @@ json SpansOf(DisplayGrid const& grid) {
 
 json LayersOf(OmPivotTable& table) {
   json layers = json::array();
-  LayerGrids grids(table, {});
+  LayerGrids grids(table);
   while (DisplayGrid const* grid = grids.Next()) {
     layers.push_back({{"name", LayerLine(grid->LayerLabels(), Clean)},
                       {"headingRows", grid->HeadingRows()},

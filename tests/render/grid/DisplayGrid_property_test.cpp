@@ -9,7 +9,6 @@
 
 using lakresvos::render::DisplayGrid;
 using lakresvos::render::GridCell;
-using lakresvos::render::GridOptions;
 using lakresvos::render::GridRole;
 
 namespace {
@@ -28,7 +27,7 @@ void CheckFrame(DisplayGrid const& grid, GridModel const& model) {
   auto const columns = static_cast<std::size_t>(grid.Columns());
   std::vector<std::vector<GridCell const*>> owners(rows, std::vector<GridCell const*>(columns));
   GridCell const* before = nullptr;
-  for (GridCell const& cell : grid.Frame()) {
+  for (GridCell const& cell : grid.Headings()) {
     RC_ASSERT((before == nullptr ||
                std::pair(before->row, before->column) < std::pair(cell.row, cell.column)));
     before = &cell;
@@ -65,13 +64,13 @@ void CheckFrame(DisplayGrid const& grid, GridModel const& model) {
 void CheckRows(DisplayGrid const& grid) {
   std::size_t seen = 0;
   for (int row = 0; row < grid.Rows(); ++row) {
-    for (GridCell const& cell : grid.Frame(row)) {
-      RC_ASSERT(&cell == &grid.Frame()[seen]);
+    for (GridCell const& cell : grid.Headings(row)) {
+      RC_ASSERT(&cell == &grid.Headings()[seen]);
       RC_ASSERT(cell.row == row);
       ++seen;
     }
   }
-  RC_ASSERT(seen == grid.Frame().size());
+  RC_ASSERT(seen == grid.Headings().size());
 }
 
 void CheckBody(DisplayGrid const& grid, GridModel const& model) {
@@ -88,13 +87,14 @@ template <class Check>
 void ForRandomGrids(Check check) {
   layout_tables::Table table;
   layout_tables::MakeRandomTable(table);
-  GridOptions const options{*rc::gen::arbitrary<bool>(), *rc::gen::arbitrary<bool>()};
-  OmDisplayLayerHeading layers(table, options.skipEmpty);
+  bool const skipEmpty = *rc::gen::arbitrary<bool>();
+  bool const dimNamesInCorner = *rc::gen::arbitrary<bool>();
+  OmDisplayLayerHeading layers(table, skipEmpty);
   for (int layer = 0; layer < 20 && layers.NextLayer(); ++layer) {
-    GridModel const model(layers, options);
+    GridModel const model(layers, skipEmpty, dimNamesInCorner);
     bool const small = model.Rows() <= kMostRows && model.Columns() <= kMostRows;
     if (small && model.ReadsEveryColumn()) {
-      check(DisplayGrid(layers, options), model);
+      check(DisplayGrid(layers, skipEmpty, dimNamesInCorner), model);
     }
   }
 }

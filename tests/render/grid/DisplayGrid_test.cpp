@@ -10,7 +10,6 @@
 
 using lakresvos::render::DisplayGrid;
 using lakresvos::render::GridCell;
-using lakresvos::render::GridOptions;
 using lakresvos::render::GridRole;
 using namespace render_tables;
 
@@ -22,9 +21,10 @@ using Texts = std::vector<std::string>;
 
 /// A table with the grid of its first layer.
 struct Laid {
-  explicit Laid(Table& table, GridOptions const& options = {}) : layers(table, options.skipEmpty) {
+  explicit Laid(Table& table, bool skipEmpty = true, bool dimNamesInCorner = true)
+      : layers(table, skipEmpty) {
     layers.NextLayer();
-    grid = std::make_unique<DisplayGrid>(layers, options);
+    grid = std::make_unique<DisplayGrid>(layers, skipEmpty, dimNamesInCorner);
   }
   DisplayGrid const* operator->() const { return grid.get(); }
 
@@ -44,7 +44,7 @@ std::string Text(GridCell const& cell) {
 
 Texts Cells(Laid const& laid, GridRole role) {
   Texts texts;
-  for (GridCell const& cell : laid->Frame()) {
+  for (GridCell const& cell : laid->Headings()) {
     if (cell.role == role) {
       texts.push_back(Text(cell));
     }
@@ -223,10 +223,10 @@ TEST(DisplayGrid, CellsKnowTheirNodes) {
   table.Place({0}, {});
   table.PutAll();
   Laid const laid(table);
-  GridCell const& second = laid->Frame().back();
+  GridCell const& second = laid->Headings().back();
   EXPECT_EQ(second.node->element, dimension.Root().Child(1).element);
   EXPECT_EQ(second.label, dimension.Root().Child(1).Value().label);
-  EXPECT_EQ(laid->Frame().front().node, nullptr);
+  EXPECT_EQ(laid->Headings().front().node, nullptr);
 }
 
 TEST(DisplayGrid, PathsStayRightAfterACategoryIsDeletedBeforeThem) {
@@ -287,7 +287,7 @@ TEST(DisplayGrid, CornerTextReachesOverTheWholeCorner) {
   table.PutAll();
   OmStringCell const corner("corner");
   table.CornerText(&corner);
-  Laid const laid(table, {true, false});
+  Laid const laid(table, true, false);
   EXPECT_EQ(Cells(laid, GridRole::Corner), (Texts{"corner@0,0+2x4"}));
 }
 
@@ -297,7 +297,7 @@ TEST(DisplayGrid, CornerWithoutTextIsOneBlankCell) {
   table.AddFlat("B", 1);
   table.Place({0}, {1});
   table.PutAll();
-  Laid const laid(table, {true, false});
+  Laid const laid(table, true, false);
   EXPECT_EQ(Cells(laid, GridRole::Corner), (Texts{"-@0,0+2x2"}));
 }
 
@@ -306,7 +306,7 @@ TEST(DisplayGrid, DimensionNamesAreAHeadingLevelWhenNotInTheCorner) {
   table.AddFlat("A", 2);
   table.Place({0}, {});
   table.PutAll();
-  Laid const laid(table, {true, false});
+  Laid const laid(table, true, false);
   EXPECT_EQ(laid->HeadingRows(), 0);
   EXPECT_EQ(Cells(laid, GridRole::RowHeading), (Texts{"A@0,0+2x1", "A0@0,1", "A1@1,1"}));
 }
@@ -360,13 +360,13 @@ TEST(DisplayGrid, NoDimensionsOnEitherAxisGiveASingleCell) {
   Laid const laid(table);
   EXPECT_EQ(laid->Rows(), 1);
   EXPECT_EQ(laid->Columns(), 1);
-  EXPECT_TRUE(laid->Frame().empty());
+  EXPECT_TRUE(laid->Headings().empty());
   EXPECT_NE(laid->Body(0).Cell(0), nullptr);
 }
 
 TEST(DisplayGrid, TableWithoutDimensionsIsOnePositionWithoutCell) {
   Table table;
-  Laid const laid(table, {false, true});
+  Laid const laid(table, false);
   EXPECT_EQ(laid->Rows(), 1);
   EXPECT_EQ(laid->Columns(), 1);
   EXPECT_EQ(laid->Body(0).Cell(0), nullptr);
@@ -377,7 +377,7 @@ TEST(DisplayGrid, DimensionWithoutCategoriesGivesNoRows) {
   table.Add("A");
   table.AddFlat("B", 2);
   table.Place({0}, {1});
-  Laid const laid(table, {false, true});
+  Laid const laid(table, false);
   EXPECT_EQ(laid->Rows(), laid->HeadingRows());
   EXPECT_EQ(laid->HeadingRows(), 2);
   EXPECT_EQ(laid->Columns(), 2);
@@ -402,7 +402,7 @@ TEST(DisplayGrid, EmptyRowsAndColumnsAreKeptOnRequest) {
   table.AddFlat("B", 3);
   table.Place({0}, {1});
   table.Put({1, 2});
-  Laid const laid(table, {false, true});
+  Laid const laid(table, false);
   EXPECT_EQ(laid->Rows(), 5);
   EXPECT_EQ(laid->Columns(), 4);
   EXPECT_EQ(laid->Body(3).Cell(1), nullptr);
@@ -414,7 +414,7 @@ TEST(DisplayGrid, PlacesWithoutACategoryHaveNoCell) {
   table.AddWide("A", 4, 1);
   table.Place({0}, {});
   table.Put({0});
-  Laid const laid(table, {false, true});
+  Laid const laid(table, false);
   EXPECT_EQ(laid->Rows(), 5);
   EXPECT_NE(laid->Body(1).Cell(1), nullptr);
   for (int row = 2; row < 5; ++row) {
@@ -429,7 +429,7 @@ TEST(DisplayGrid, FrameOfARowOutsideTheGridIsEmpty) {
   table.PutAll();
   Laid const laid(table);
   for (int row : {-1, 2, 1 << 30}) {
-    EXPECT_EQ(laid->Frame(row).begin(), laid->Frame(row).end()) << row;
+    EXPECT_EQ(laid->Headings(row).begin(), laid->Headings(row).end()) << row;
   }
 }
 
@@ -443,9 +443,9 @@ TEST(DisplayGrid, HundredThousandRowsAndColumnsAreLaidOut) {
   table.PutAll();
   Laid const rows(table);
   EXPECT_EQ(rows->Rows(), 200'001);
-  EXPECT_EQ(rows->Frame().size(), 3U + 300'000U);
+  EXPECT_EQ(rows->Headings().size(), 3U + 300'000U);
   table.Place({}, {1, 0});
   Laid const columns(table);
   EXPECT_EQ(columns->Columns(), 200'000);
-  EXPECT_EQ(columns->Frame().size(), 1U + 100'000U + 100'000U + 200'000U);
+  EXPECT_EQ(columns->Headings().size(), 1U + 100'000U + 100'000U + 200'000U);
 }

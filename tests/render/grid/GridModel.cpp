@@ -39,10 +39,8 @@ void Forget(Heading const& heading, int position, std::vector<int>& index) {
 
 }  // namespace
 
-GridModel::GridModel(OmDisplayLayerHeading& layers, lakresvos::render::GridOptions const& options)
-    : layers_(layers),
-      rows_(layers, options.skipEmpty, options.dimNamesInCorner),
-      columns_(layers, options.skipEmpty) {
+GridModel::GridModel(OmDisplayLayerHeading& layers, bool skipEmpty, bool dimNamesInCorner)
+    : layers_(layers), rows_(layers, skipEmpty, dimNamesInCorner), columns_(layers, skipEmpty) {
   for (int r = 0; r < rows_.NRows(); ++r) {
     rowHeading_.nodes.push_back(Constant(rows_.Row(r)));
   }

@@ -25,7 +25,7 @@ class GridModel {
     }
   };
 
-  GridModel(OmDisplayLayerHeading& layers, lakresvos::render::GridOptions const& options);
+  GridModel(OmDisplayLayerHeading& layers, bool skipEmpty, bool dimNamesInCorner);
 
   int HeadingRows() const;
   int HeadingColumns() const { return rows_.NColumns(); }

@@ -28,7 +28,7 @@ std::string Text(std::vector<LayerLabel> const& labels) {
 
 std::vector<std::string> LayersOf(Table& table, bool skipEmpty) {
   std::vector<std::string> texts;
-  LayerGrids layers(table, {skipEmpty, true});
+  LayerGrids layers(table, lakresvos::render::TableOptions{skipEmpty, true});
   while (DisplayGrid const* grid = layers.Next()) {
     texts.push_back(Text(grid->LayerLabels()));
   }
@@ -60,7 +60,7 @@ TEST(LayerGrids, NextGivesNullAgainAfterTheLastLayer) {
   table.AddFlat("A", 1);
   table.Place({0}, {});
   table.PutAll();
-  LayerGrids layers(table, {});
+  LayerGrids layers(table);
   EXPECT_NE(layers.Next(), nullptr);
   EXPECT_EQ(layers.Next(), nullptr);
   EXPECT_EQ(layers.Next(), nullptr);
@@ -120,7 +120,7 @@ TEST(LayerGrids, GridShowsTheCellsOfItsLayer) {
   table.Cell({0, 0}, OmNumber(10));
   table.Cell({0, 1}, OmNumber(20));
   std::vector<std::string> texts;
-  LayerGrids layers(table, {});
+  LayerGrids layers(table);
   while (DisplayGrid const* grid = layers.Next()) {
     texts.push_back(grid->Body(grid->HeadingRows()).Cell(grid->HeadingColumns())->GetText());
   }
@@ -133,7 +133,7 @@ TEST(LayerGrids, LayerPlaceWithoutACategoryHasNoCells) {
   table.AddWide("B", 3, 1);
   table.Place({0}, {}, {1});
   table.Cell({0, 0}, OmNumber(1));
-  LayerGrids layers(table, {false, true});
+  LayerGrids layers(table, lakresvos::render::TableOptions{false, true});
   int filled = 0;
   int count = 0;
   while (DisplayGrid const* grid = layers.Next()) {

@@ -77,7 +77,7 @@ MarkdownBlock Expected(DisplayGrid const& grid) {
   for (int column = 0; column < grid.Columns(); ++column) {
     std::string heading;
     for (int row = 0; row < grid.HeadingRows(); ++row) {
-      if (plain.Frame(row, column)->row == row) {
+      if (plain.Heading(row, column)->row == row) {
         heading = Joined(heading, " / ", Seen(plain.TextOnce(row, column)));
       }
     }
@@ -156,7 +156,7 @@ RC_GTEST_PROP(MarkdownRendererProperty, TablesReadBackAsTheGrids, ()) {
     }
   }
   Blocks expected;
-  LayerGrids layers(table, {options.skipEmpty, true});
+  LayerGrids layers(table, options);
   while (DisplayGrid const* grid = layers.Next()) {
     if (grid->Columns() > 0) {
       expected.push_back(Expected(*grid));

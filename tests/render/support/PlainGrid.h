@@ -26,25 +26,25 @@ class PlainGrid {
     });
   }
 
-  /// The cell of the frame that covers a position; null in the body.
-  lakresvos::render::GridCell const* Frame(int row, int column) const {
+  /// The cell of the headings that covers a position; null in the body.
+  lakresvos::render::GridCell const* Heading(int row, int column) const {
     auto const covers = [&](lakresvos::render::GridCell const& cell) {
       return row >= cell.row && row < cell.row + cell.rowSpan && column >= cell.column &&
              column < cell.column + cell.columnSpan;
     };
-    auto const found = std::find_if(grid_.Frame().begin(), grid_.Frame().end(), covers);
-    return found != grid_.Frame().end() ? &*found : nullptr;
+    auto const found = std::find_if(grid_.Headings().begin(), grid_.Headings().end(), covers);
+    return found != grid_.Headings().end() ? &*found : nullptr;
   }
 
   /// What formats without spans show: a label over several columns of row headings in the first.
   std::string TextOnce(int row, int column) const {
-    auto const* const cell = Frame(row, column);
+    auto const* const cell = Heading(row, column);
     bool const again = cell != nullptr && column < grid_.HeadingColumns() && column > cell->column;
     return again ? "" : Text(row, column);
   }
 
   std::string Text(int row, int column) const {
-    if (auto const* const cell = Frame(row, column)) {
+    if (auto const* const cell = Heading(row, column)) {
       return cell->label != nullptr ? cell->label->GetText() : "";
     }
     OmCellText const* const cell = grid_.Body(row).Cell(column);
@@ -53,7 +53,7 @@ class PlainGrid {
 
   /// Whether the body shows a number there.
   bool IsNumber(int row, int column) const {
-    if (Frame(row, column) != nullptr) {
+    if (Heading(row, column) != nullptr) {
       return false;
     }
     OmCellText* const cell = grid_.Body(row).Cell(column);

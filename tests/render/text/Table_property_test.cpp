@@ -105,18 +105,17 @@ void ForRandomDrawings(TextOptions options, Check check) {
   options.skipEmpty = *rc::gen::arbitrary<bool>();
   options.maxColumnWidth = OneOf(0, 2, 3, 10, 40);
   options.width = OneOf(0, 1, 20, 60);
-  FootnoteMarks const marks(table, options.ascii);
-  LayerGrids layers(table, {options.skipEmpty, *rc::gen::arbitrary<bool>()});
-  for (int layer = 0; layer < 5; ++layer) {
-    DisplayGrid const* const grid = layers.Next();
-    if (grid == nullptr) {
-      break;
-    }
-    if (static_cast<double>(grid->Rows()) * grid->Columns() > 4000) {
+  LabelTexts labels;
+  FootnoteMarks const marks(table, labels, options.ascii);
+  bool const dimNamesInCorner = *rc::gen::arbitrary<bool>();
+  OmDisplayLayerHeading layers(table, options.skipEmpty);
+  for (int layer = 0; layer < 5 && layers.NextLayer(); ++layer) {
+    DisplayGrid const grid(layers, options.skipEmpty, dimNamesInCorner);
+    if (static_cast<double>(grid.Rows()) * grid.Columns() > 4000) {
       continue;
     }
     std::ostringstream out;
-    TextTable(*grid, marks, options).Write(out);
+    TextTable(grid, marks, options).Write(out);
     for (std::vector<std::string> const& frame : Frames(out.str())) {
       check(frame);
     }
@@ -178,28 +177,34 @@ RC_GTEST_PROP(TextTableProperty, PartsFitAndShowEveryColumnInOrder, ()) {
   layout_tables::MakeRandomTable(table);
   Relabel(table);
   Restore(table);
-  FootnoteMarks const marks(table, false);
-  LayerGrids layers(table, {*rc::gen::arbitrary<bool>(), *rc::gen::arbitrary<bool>()});
-  DisplayGrid const* const grid = layers.Next();
-  if (grid == nullptr || static_cast<double>(grid->Rows()) * grid->Columns() > 4000) {
+  LabelTexts labels;
+  FootnoteMarks const marks(table, labels, false);
+  bool const skipEmpty = *rc::gen::arbitrary<bool>();
+  OmDisplayLayerHeading layers(table, skipEmpty);
+  if (!layers.NextLayer()) {
+    return;
+  }
+  auto const grid = std::make_unique<DisplayGrid>(layers, skipEmpty, *rc::gen::arbitrary<bool>());
+  if (static_cast<double>(grid->Rows()) * grid->Columns() > 4000) {
     return;
   }
   int const headings = grid->HeadingColumns();
   int const width = OneOf(1, 20, 40, 100);
   bool const canFit = width >= 4 + (6 + 3) * headings + 6;
   PlainGrid const plain(*grid);
+  BodyTexts texts(*grid);
   int shown = headings;
-  for (TextPart const& part : LayOutText(*grid, marks, OneOf(2, 10, 40), width)) {
+  for (TextPart const& part : LayOutText(*grid, marks, OneOf(2, 10, 40), width, texts)) {
     RC_ASSERT(!canFit || part.layout.Extent() <= width);
     int const skipped = shown - headings;
     shown += part.grid.Columns() - headings;
     RC_ASSERT(part.grid.Rows() == grid->Rows());
     for (int row = 0; row < grid->Rows(); ++row) {
-      for (GridCell const& cell : part.grid.Frame(row)) {
+      for (GridCell const& cell : part.grid.Headings(row)) {
         for (int column = cell.column; column < cell.column + cell.columnSpan; ++column) {
           RC_ASSERT(column < part.grid.Columns());
           GridCell const* const whole =
-              plain.Frame(row, column < headings ? column : column + skipped);
+              plain.Heading(row, column < headings ? column : column + skipped);
           RC_ASSERT((whole->label == cell.label && whole->role == cell.role));
           RC_ASSERT((whole->row == cell.row && whole->rowSpan == cell.rowSpan));
         }

@@ -12,7 +12,7 @@
 
 using lakresvos::render::DisplayGrid;
 using lakresvos::render::FootnoteMarks;
-using lakresvos::render::LayerGrids;
+using lakresvos::render::LabelTexts;
 using lakresvos::render::TextOptions;
 using lakresvos::render::TextTable;
 using namespace render_tables;
@@ -23,10 +23,12 @@ namespace {
 std::string Drawn(Table& table, TextOptions const& options = {}, bool dimNamesInCorner = true) {
   std::ostringstream out;
   out << '\n';
-  LayerGrids layers(table, {options.skipEmpty, dimNamesInCorner});
-  if (DisplayGrid const* grid = layers.Next()) {
-    FootnoteMarks const marks(table, options.ascii);
-    TextTable(*grid, marks, options).Write(out);
+  OmDisplayLayerHeading layers(table, options.skipEmpty);
+  if (layers.NextLayer()) {
+    DisplayGrid const grid(layers, options.skipEmpty, dimNamesInCorner);
+    LabelTexts labels;
+    FootnoteMarks const marks(table, labels, options.ascii);
+    TextTable(grid, marks, options).Write(out);
   }
   return out.str();
 }

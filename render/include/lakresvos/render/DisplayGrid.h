@@ -12,12 +12,6 @@
 
 namespace lakresvos::render {
 
-/// How a table is laid out.
-struct GridOptions {
-  bool skipEmpty = true;         ///< leave out layers, rows and columns without a cell
-  bool dimNamesInCorner = true;  ///< row dimensions' names in the corner, not as a heading level
-};
-
 /// Where in the frame of a grid a cell stands.
 enum class GridRole {
   Corner,         ///< above the row headings
@@ -81,9 +75,13 @@ class LAKRESVOS_RENDER_EXPORT DisplayGrid {
 
   /// Lays out the current layer of `layers`.
   /// Requires: a layer is current.
+  /// @param skipEmpty leave out rows and columns without a cell.
+  /// @param dimNamesInCorner show the names of row dimensions in the corner, not as a level of the
+  ///        row headings.
   /// @throws std::length_error that names the table when there are more rows or columns than an int
   /// can count.
-  DisplayGrid(OmDisplayLayerHeading& layers, GridOptions const& options);
+  explicit DisplayGrid(OmDisplayLayerHeading& layers, bool skipEmpty = true,
+                       bool dimNamesInCorner = true);
   DisplayGrid(DisplayGrid const&) = delete;
   DisplayGrid& operator=(DisplayGrid const&) = delete;
 
@@ -96,10 +94,10 @@ class LAKRESVOS_RENDER_EXPORT DisplayGrid {
   int Columns() const { return columns_; }  ///< those of the headings included
 
   /// The corner and both headings, by the row and then by the column in which they start.
-  std::vector<GridCell> const& Frame() const { return frame_; }
+  std::vector<GridCell> const& Headings() const { return headings_; }
 
   /// Those of them that start in grid row `row`; none for a row outside the grid.
-  GridCells Frame(int row) const;
+  GridCells Headings(int row) const;
 
   /// The cells of one row of the body; see BodyRow.
   /// Requires: `row` is at least HeadingRows() and below Rows().
@@ -109,7 +107,7 @@ class LAKRESVOS_RENDER_EXPORT DisplayGrid {
   std::vector<LayerLabel> const& LayerLabels() const { return layerLabels_; }
 
  private:
-  void BuildFrame(OmDisplayColumnHeading const& columns);
+  void BuildHeadings(OmDisplayColumnHeading const& columns);
   void AddCorner(std::vector<bool> const& startsDimension);
   void AddColumnHeadings(OmDisplayColumnHeading const& columns);
   void AddRowHeadings(std::vector<bool> const& startsDimension);
@@ -123,8 +121,9 @@ class LAKRESVOS_RENDER_EXPORT DisplayGrid {
   int headingColumns_ = 0;
   int rows_ = 0;
   int columns_ = 0;
-  std::vector<GridCell> frame_;
-  std::vector<std::size_t> frameStarts_;  // per row, where its cells start in frame_; and the end
+  std::vector<GridCell> headings_;
+  std::vector<std::size_t>
+      headingStarts_;  // per row, where its cells start in headings_; and the end
   std::vector<LayerLabel> layerLabels_;
 
   // A full cell index with -1 for each dimension that the row or the column is still to supply, and

@@ -5,6 +5,7 @@
 
 #include <lakresvos/OmPivotTable.h>
 #include <lakresvos/render/DisplayGrid.h>
+#include <lakresvos/render/TableOptions.h>
 
 namespace lakresvos::render {
 
@@ -16,21 +17,22 @@ namespace lakresvos::render {
 ///     }
 ///
 /// A table without layer dimensions has one layer; a table without cells has none when empty layers
-/// are left out.
+/// are left out. Without TableOptions::allLayers, the first layer is the only one.
 ///
 /// The table must outlive the object and must not change while it lives.
 ///
 /// Thread safety: none; one thread at a time uses a table and what lays it out.
 class LAKRESVOS_RENDER_EXPORT LayerGrids {
  public:
-  LayerGrids(OmPivotTable& table, GridOptions const& options);
+  explicit LayerGrids(OmPivotTable& table, TableOptions const& options = {});
 
   /// Lays out the next layer, first the first one; null when there is none left. The grid belongs
   /// to this object and is valid until the next call.
   DisplayGrid const* Next();
 
  private:
-  GridOptions options_;
+  TableOptions options_;
+  bool ended_ = false;
   OmDisplayLayerHeading layers_;
   std::unique_ptr<DisplayGrid> grid_;
 };

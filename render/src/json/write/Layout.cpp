@@ -43,7 +43,7 @@ void WriteLayers(JsonStream& json, DisplayGrid const& grid) {
 
 void WriteFrame(JsonStream& json, DisplayGrid const& grid) {
   json.Name("frame").BeginLines();
-  for (GridCell const& cell : grid.Frame()) {
+  for (GridCell const& cell : grid.Headings()) {
     json.BeginObject();
     json.Name("role").Text(NameOf(cell.role));
     json.Name("row").Number(cell.row);
@@ -77,7 +77,7 @@ void WriteBody(JsonStream& json, DisplayGrid const& grid) {
 
 void WriteLayout(JsonStream& json, OmPivotTable& table, TableOptions const& options) {
   json.BeginLines();
-  LayerGrids layers(table, {options.skipEmpty, true});
+  LayerGrids layers(table, options);
   while (DisplayGrid const* const grid = layers.Next()) {
     json.BeginObject();
     WriteLayers(json, *grid);
@@ -88,9 +88,6 @@ void WriteLayout(JsonStream& json, OmPivotTable& table, TableOptions const& opti
     WriteFrame(json, *grid);
     WriteBody(json, *grid);
     json.End();
-    if (!options.allLayers) {
-      break;
-    }
   }
   json.End();
 }

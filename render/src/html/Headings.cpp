@@ -1,31 +1,31 @@
-#include "html/Frame.h"
+#include "html/Headings.h"
 
 #include <algorithm>
 
 namespace lakresvos::render {
 
-std::vector<GridCell> const& HtmlFrame::Row(int row) {
+std::vector<GridCell> const& HtmlHeadings::Row(int row) {
   TakeStarting(row);
   pieces_.clear();
   for (GridCell cell : starting_) {
-    if (cell.rowSpan > kMostHtmlRows) {
+    if (cell.rowSpan > kMaxHtmlRows) {
       GridCell rest = cell;
-      rest.row += kMostHtmlRows;
-      rest.rowSpan -= kMostHtmlRows;
+      rest.row += kMaxHtmlRows;
+      rest.rowSpan -= kMaxHtmlRows;
       below_.push_back(rest);
-      cell.rowSpan = kMostHtmlRows;
+      cell.rowSpan = kMaxHtmlRows;
     }
     int const end = cell.column + cell.columnSpan;
-    for (; cell.column < end; cell.column += kMostHtmlColumns) {
-      cell.columnSpan = std::min(end - cell.column, kMostHtmlColumns);
+    for (; cell.column < end; cell.column += kMaxHtmlColumns) {
+      cell.columnSpan = std::min(end - cell.column, kMaxHtmlColumns);
       pieces_.push_back(cell);
     }
   }
   return pieces_;
 }
 
-void HtmlFrame::TakeStarting(int row) {
-  GridCells const cells = grid_.Frame(row);
+void HtmlHeadings::TakeStarting(int row) {
+  GridCells const cells = grid_.Headings(row);
   starting_.assign(cells.begin(), cells.end());
   auto const due = std::partition(below_.begin(), below_.end(),
                                   [row](GridCell const& cell) { return cell.row != row; });

@@ -1,5 +1,5 @@
-#ifndef LAKRESVOS_RENDER_HTML_FRAME_H
-#define LAKRESVOS_RENDER_HTML_FRAME_H
+#ifndef LAKRESVOS_RENDER_HTML_HEADINGS_H
+#define LAKRESVOS_RENDER_HTML_HEADINGS_H
 
 #include <vector>
 
@@ -8,15 +8,15 @@
 namespace lakresvos::render {
 
 /// How far a cell of an HTML table can reach; browsers cut off what is more.
-constexpr int kMostHtmlColumns = 1000;
-constexpr int kMostHtmlRows = 65'534;
+constexpr int kMaxHtmlColumns = 1000;
+constexpr int kMaxHtmlRows = 65'534;
 
 /// The frame of a grid in cells that are no larger than HTML allows: a larger cell comes in several
 /// pieces with the same label.
-class HtmlFrame {
+class HtmlHeadings {
  public:
   /// @param grid must outlive the object.
-  explicit HtmlFrame(DisplayGrid const& grid) : grid_(grid) {}
+  explicit HtmlHeadings(DisplayGrid const& grid) : grid_(grid) {}
 
   /// The cells that start in grid row `row`, left to right; valid until the next call.
   /// Requires: the rows are asked for one by one from the first.

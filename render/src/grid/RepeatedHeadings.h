@@ -1,5 +1,5 @@
-#ifndef LAKRESVOS_RENDER_GRID_REPEATEDFRAME_H
-#define LAKRESVOS_RENDER_GRID_REPEATEDFRAME_H
+#ifndef LAKRESVOS_RENDER_GRID_REPEATEDHEADINGS_H
+#define LAKRESVOS_RENDER_GRID_REPEATEDHEADINGS_H
 
 #include <cstddef>
 #include <vector>
@@ -10,10 +10,10 @@ namespace lakresvos::render {
 
 /// The frame of a grid for formats without spans: row by row, at every position the cell that
 /// reaches over it.
-class RepeatedFrame {
+class RepeatedHeadings {
  public:
   /// Starts before the first row. The grid must outlive the object.
-  explicit RepeatedFrame(DisplayGrid const& grid)
+  explicit RepeatedHeadings(DisplayGrid const& grid)
       : grid_(grid), cells_(static_cast<std::size_t>(grid.Columns()), nullptr) {}
 
   /// Steps to the next row; false behind the last one.
@@ -21,7 +21,7 @@ class RepeatedFrame {
     if (++row_ >= grid_.Rows()) {
       return false;
     }
-    for (GridCell const& cell : grid_.Frame(row_)) {
+    for (GridCell const& cell : grid_.Headings(row_)) {
       for (int column = cell.column; column < cell.column + cell.columnSpan; ++column) {
         cells_[static_cast<std::size_t>(column)] = &cell;
       }
