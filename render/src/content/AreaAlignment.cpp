@@ -2,7 +2,7 @@
 
 namespace lakresvos::render {
 
-HorizontalAlignment AlignmentOf(OmPivotTable const& table, FormatArea::Area area) {
+HorizontalAlignment FindAlignment(OmPivotTable const& table, FormatArea::Area area) {
   FormatArea const* const format = table.getAreaFormat(area);
   int const stored = format != nullptr ? format->getHorizontalAlignment() : -1;
   bool const known = stored >= static_cast<int>(HorizontalAlignment::Left) &&
@@ -10,12 +10,12 @@ HorizontalAlignment AlignmentOf(OmPivotTable const& table, FormatArea::Area area
   return known ? static_cast<HorizontalAlignment>(stored) : HorizontalAlignment::Any;
 }
 
-int BlanksBefore(HorizontalAlignment alignment, int blanks) {
+int CountSpacesBefore(HorizontalAlignment alignment, int spaces) {
   switch (alignment) {
-    case HorizontalAlignment::Centre:
-      return blanks / 2;
+    case HorizontalAlignment::Center:
+      return spaces / 2;
     case HorizontalAlignment::Right:
-      return blanks;
+      return spaces;
     case HorizontalAlignment::Any:
     case HorizontalAlignment::Left:
       break;

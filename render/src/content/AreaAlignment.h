@@ -8,15 +8,15 @@
 namespace lakresvos::render {
 
 /// How a table wants an area to be aligned; Any when it does not say.
-HorizontalAlignment AlignmentOf(OmPivotTable const& table, FormatArea::Area area);
+HorizontalAlignment FindAlignment(OmPivotTable const& table, FormatArea::Area area);
 
 /// What is wanted, or the renderer's choice where anything will do.
-inline HorizontalAlignment Or(HorizontalAlignment wanted, HorizontalAlignment choice) {
+inline HorizontalAlignment ChooseAlignment(HorizontalAlignment wanted, HorizontalAlignment choice) {
   return wanted == HorizontalAlignment::Any ? choice : wanted;
 }
 
-/// How many of the blanks that are free beside a text stand before it. Any counts as Left.
-int BlanksBefore(HorizontalAlignment alignment, int blanks);
+/// How many of the spaces that are free beside a text come before it. Any counts as Left.
+int CountSpacesBefore(HorizontalAlignment alignment, int spaces);
 
 }  // namespace lakresvos::render
 

@@ -12,7 +12,7 @@ namespace lakresvos::render {
 // Texts as the document has them: not yet cleaned or escaped for any format.
 
 /// The text of a label; nothing for a null one.
-inline std::string TextOf(OmCellText const* label) {
+inline std::string GetText(OmCellText const* label) {
   return label != nullptr ? label->GetText() : std::string();
 }
 
@@ -22,7 +22,7 @@ inline bool IsTotal(OmCellText const* label) {
 }
 
 /// What a table is headed by: its title, or its label when it has none.
-inline OmCellText const* HeadlineOf(OmPivotTable const& table) {
+inline OmCellText const* FindHeadline(OmPivotTable const& table) {
   OmCellText const* const title = table.GetTableTitle();
   return title != nullptr ? title : table.Label();
 }

@@ -5,14 +5,14 @@
 
 namespace lakresvos::render {
 
-/// Whether the text is a colour that renderers understand: "#rgb" or "#rrggbb".
-inline bool IsColour(std::string const& text) {
+/// Whether the text is a color that renderers understand: "#rgb" or "#rrggbb".
+inline bool IsColor(std::string const& text) {
   return (text.size() == 4 || text.size() == 7) && text[0] == '#' &&
          text.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string::npos;
 }
 
-/// The colour as "#rrggbb". Requires: IsColour(text).
-inline std::string LongColour(std::string const& text) {
+/// The color as "#rrggbb". Requires: IsColor(text).
+inline std::string LongColor(std::string const& text) {
   return text.size() == 7 ? text
                           : std::string{'#', text[1], text[1], text[2], text[2], text[3], text[3]};
 }

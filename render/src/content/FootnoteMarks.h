@@ -21,7 +21,7 @@ class FootnoteMarks {
   /// @param ascii  shows all marks in brackets.
   FootnoteMarks(OmPivotTable const& table, LabelTexts& labels, bool ascii);
 
-  /// What to put behind a text: the marks of its footnotes, joined by commas, neighbours in
+  /// What to put after a text: the marks of its footnotes, joined by commas, neighbors in
   /// brackets within the same ones; empty when it has none. Numbers that are no footnote of the table are left out.
   std::string Find(OmCellText const& text) const;
 
@@ -35,7 +35,7 @@ class FootnoteMarks {
   TableFootnotes const& Footnotes() const { return footnotes_; }
 
  private:
-  /// Empty for a mark that stands in brackets.
+  /// Empty for a mark in brackets.
   std::string RaisedForm(std::string const& mark) const;
 
   TableFootnotes footnotes_;
@@ -45,7 +45,7 @@ class FootnoteMarks {
 /// What a text renderer shows of a cell or label, not yet made printable.
 struct MarkedText {
   std::string text;
-  std::string marks;  ///< to be put right behind the text
+  std::string marks;  ///< to be put right after the text
 };
 
 /// Nothing for a null cell.

@@ -28,7 +28,7 @@ class NumberVisitor : public OmCellText::Visitor {
 
 }  // namespace
 
-std::optional<ShownNumber> NumberOf(OmCellText& cell) {
+std::optional<ShownNumber> FindNumber(OmCellText& cell) {
   NumberVisitor visitor;
   cell.Accept(visitor);
   return visitor.number;

@@ -15,7 +15,7 @@ struct ShownNumber {
 
 /// The number that a cell shows; nothing when it shows something else. Numbers are shown by an
 /// OmNumber and by a numeric data value that is not shown by its label.
-std::optional<ShownNumber> NumberOf(OmCellText& cell);
+std::optional<ShownNumber> FindNumber(OmCellText& cell);
 
 /// Whether a cell holds a number, whatever it shows.
 bool IsNumeric(OmCellText const& cell);

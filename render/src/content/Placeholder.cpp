@@ -12,7 +12,7 @@ namespace {
 /// "[Kind: label (detail)]".
 std::string Bracketed(char const* kind, OmOutputPart const& item, std::string const& detail) {
   std::string text = std::string("[") + kind;
-  std::string const label = TextOf(item.Label());
+  std::string const label = GetText(item.Label());
   if (!label.empty()) {
     text += ": " + label;
   }
@@ -47,7 +47,7 @@ class Sizes {
   std::string text_;
 };
 
-std::string NameOf(ChartXMLContentSubType type) {
+std::string FindName(ChartXMLContentSubType type) {
   switch (type) {
     case ChartXMLUnspecified:
       return "";
@@ -74,7 +74,7 @@ std::string NameOf(ChartXMLContentSubType type) {
 }  // namespace
 
 std::string MakePlaceholder(OmChart const& chart) {
-  return Bracketed("Chart", chart, NameOf(chart.GetChartSubType()));
+  return Bracketed("Chart", chart, FindName(chart.GetChartSubType()));
 }
 
 std::string MakePlaceholder(OmAnswerTree const& tree) {

@@ -10,7 +10,7 @@
 
 namespace lakresvos::render {
 
-// What stands for an item that has no form as text: its kind and label in brackets, for a chart
+// What takes the place of an item that has no form as text: its kind and label in brackets, for a chart
 // with its sub-type, for the others with the sizes of what they hold, as in
 //
 //     [Chart: Survival (bar)]

@@ -31,7 +31,7 @@ class CategoryColumns {
   /// How many categories there are.
   std::size_t Count() const { return subscripts_.size(); }
 
-  /// The subscript of the category that stands at `position` in the tree's order; negative when no
+  /// The subscript of the category at `position` in the tree's order; negative when no
   /// cell can have it.
   int Subscript(std::size_t position) const { return subscripts_[position]; }
 

@@ -67,7 +67,7 @@ class LongTable {
   }
 
  private:
-  /// What stands in a column: a level of a dimension, or nothing.
+  /// What is in a column: a level of a dimension, or nothing.
   struct Source {
     std::size_t dimension = kNone;
     std::size_t level = 0;
@@ -153,7 +153,7 @@ class LongTable {
   }
 
   void WriteValue(OmCellText* cell) {
-    std::optional<ShownNumber> const number = cell != nullptr ? NumberOf(*cell) : std::nullopt;
+    std::optional<ShownNumber> const number = cell != nullptr ? FindNumber(*cell) : std::nullopt;
     if (number.has_value()) {
       value_.clear();
       if (!std::isnan(number->value)) {
@@ -226,7 +226,7 @@ void CheckCombinations(OmPivotTable const& table, LabelTexts& labels) {
     combinations *= tooMany ? 1 : dimension.Count();
   }
   if (tooMany) {
-    throw std::length_error("table '" + labels.Text(HeadlineOf(table)) +
+    throw std::length_error("table '" + labels.Text(FindHeadline(table)) +
                             "' has more combinations of categories than can be written");
   }
 }

@@ -28,7 +28,7 @@ bool StartsAFormula(std::string_view text) {
 /// The length of what a spreadsheet may take for the end of a field, quoted or not, at the start of
 /// the text: some split at other characters than commas, and then know nothing of the quotes.
 std::size_t FieldEnd(std::string_view text) {
-  // The last one stands where the line end U+0085 was.
+  // The last one is where the line end U+0085 was.
   for (std::string_view const end :
        {std::string_view(","), std::string_view(";"), std::string_view("|"), std::string_view("\t"),
         std::string_view("\n"), std::string_view("\u00A0"), std::string_view("\u2028"),
@@ -87,15 +87,15 @@ void CsvRecord::Add(std::string_view encoded) {
   } else {
     out_ << lead_;
   }
-  blank_ = blank_ && encoded.empty();
+  empty_ = empty_ && encoded.empty();
   out_ << encoded;
 }
 
 void CsvRecord::End() {
-  out_ << (lead_.empty() && fields_ == 1 && blank_ ? "\"\"\r\n" : "\r\n");
+  out_ << (lead_.empty() && fields_ == 1 && empty_ ? "\"\"\r\n" : "\r\n");
   out_.Drain();
   fields_ = 0;
-  blank_ = true;
+  empty_ = true;
 }
 
 }  // namespace lakresvos::render

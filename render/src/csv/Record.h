@@ -11,8 +11,8 @@ namespace lakresvos::render {
 
 /// Writes records of comma-separated values as RFC 4180 has them.
 ///
-/// A field stands in quotes when it holds a comma, a quote or a line end, or starts or ends with a
-/// blank; so does the only field of a record when it is empty, as its line would be an empty one.
+/// A field is in quotes when it holds a comma, a quote or a line end, or starts or ends with a
+/// space; so is the only field of a record when it is empty, as its line would be an empty one.
 class CsvRecord {
  public:
   /// @param safe puts an apostrophe before what spreadsheets would run as a formula, at the start of
@@ -49,7 +49,7 @@ class CsvRecord {
   bool safe_;
   std::string lead_;        // what each record starts with, as it is written
   std::size_t fields_ = 0;  // how often some were added
-  bool blank_ = true;       // whether all fields so far are empty
+  bool empty_ = true;       // whether all fields so far are empty
 };
 
 }  // namespace lakresvos::render

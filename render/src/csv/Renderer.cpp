@@ -21,7 +21,7 @@ namespace {
 void WriteCell(CsvRecord& record, OmCellText* cell) {
   if (cell == nullptr) {
     record.Empty();
-  } else if (NumberOf(*cell).has_value()) {
+  } else if (FindNumber(*cell).has_value()) {
     record.Number(cell->GetText());
   } else {
     record.Add(EncodeLabel(record, cell, cell->GetText()));
@@ -35,15 +35,15 @@ void WriteGrid(CsvRecord& record, DisplayGrid const& grid, LabelTexts& labels) {
     record.Text(layer);
     record.End();
   }
-  RepeatedHeadings frame(grid);
-  while (grid.Columns() > 0 && frame.Next()) {
-    int const headings = frame.InHeading() ? grid.Columns() : grid.HeadingColumns();
+  RepeatedHeadings cells(grid);
+  while (grid.Columns() > 0 && cells.Next()) {
+    int const headings = cells.InHeading() ? grid.Columns() : grid.HeadingColumns();
     for (int column = 0; column < headings; ++column) {
-      OmCellText const* const label = frame.Label(column);
+      OmCellText const* const label = cells.Label(column);
       record.Add(EncodeLabel(record, label, labels.Text(label)));
     }
-    if (!frame.InHeading()) {
-      DisplayGrid::BodyRow row = grid.Body(frame.Row());
+    if (!cells.InHeading()) {
+      DisplayGrid::BodyRow row = grid.Body(cells.Row());
       for (int column = headings; column < grid.Columns(); ++column) {
         WriteCell(record, row.Cell(column));
       }
@@ -100,7 +100,7 @@ std::vector<std::string> MakeNames(std::vector<OmPivotTable*> const& tables,
   std::vector<std::string> names;
   names.reserve(tables.size());
   for (OmPivotTable const* const table : tables) {
-    names.push_back(unique.Next(record.Shown(labels.Text(HeadlineOf(*table)))));
+    names.push_back(unique.Next(record.Shown(labels.Text(FindHeadline(*table)))));
   }
   return names;
 }

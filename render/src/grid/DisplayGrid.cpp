@@ -15,14 +15,14 @@ namespace {
 
 constexpr int kNoCategory = -1;
 
-OmCellText const* LabelOf(PathNode const* node) {
+OmCellText const* FindLabel(PathNode const* node) {
   return node != nullptr ? node->Value().label : nullptr;
 }
 
 /// @param body INT_MAX when there are more than that.
 int Extent(int headings, int body, OmPivotTable const& table, char const* what) {
   if (body > INT_MAX - std::max(headings, 1)) {
-    throw std::length_error("table '" + TextOf(HeadlineOf(table)) + "' has more " + what +
+    throw std::length_error("table '" + GetText(FindHeadline(table)) + "' has more " + what +
                             " than can be shown");
   }
   return headings + body;
@@ -124,7 +124,7 @@ void DisplayGrid::AddColumnHeadings(OmDisplayColumnHeading const& columns) {
   auto const levelNodes = [&](int level) { return columns.Row(level); };
   for (HeadingSpan const& span : MergeHeading(bodyColumns, startsDimension, levelNodes)) {
     startRowsUpTo(static_cast<std::size_t>(span.level));
-    headings_.push_back({GridRole::ColumnHeading, LabelOf(span.node), span.node, span.level,
+    headings_.push_back({GridRole::ColumnHeading, FindLabel(span.node), span.node, span.level,
                          headingColumns_ + span.first, span.levels, span.count});
   }
   startRowsUpTo(static_cast<std::size_t>(headingRows_));
@@ -148,8 +148,8 @@ void DisplayGrid::AddRowHeadings(std::vector<bool> const& startsDimension) {
   std::vector<std::size_t> next(starts, starts + (rows_ - headingRows_));
   for (HeadingSpan const& span : spans) {
     headings_[next[static_cast<std::size_t>(span.first)]++] = {
-        GridRole::RowHeading, LabelOf(span.node), span.node,  headingRows_ + span.first,
-        span.level,           span.count,         span.levels};
+        GridRole::RowHeading, FindLabel(span.node), span.node,  headingRows_ + span.first,
+        span.level,           span.count,           span.levels};
   }
 }
 
@@ -160,9 +160,9 @@ void DisplayGrid::ReadLayer(OmDisplayLayerHeading& layers) {
     LayerLabel label{nullptr, {}};
     for (PathNode const* node : path) {
       if (node != nullptr && node->depth == 0) {
-        label.dimension = LabelOf(node);
-      } else if (LabelOf(node) != nullptr) {
-        label.categories.push_back(LabelOf(node));
+        label.dimension = FindLabel(node);
+      } else if (FindLabel(node) != nullptr) {
+        label.categories.push_back(FindLabel(node));
       }
     }
     layerLabels_.push_back(std::move(label));

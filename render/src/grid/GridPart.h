@@ -32,7 +32,7 @@ class GridPart {
   /// The corner and the column headings, by the row and then by the column in which they start.
   std::vector<GridCell> const& ColumnHeadings() const { return columnHeadings_; }
 
-  /// The cells of the frame that start in grid row `row`, from 0 up to Rows().
+  /// The heading cells that start in grid row `row`, from 0 up to Rows().
   GridCells Headings(int row) const;
 
   /// The cells of one row of the body.

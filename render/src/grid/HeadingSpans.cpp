@@ -6,7 +6,7 @@ namespace lakresvos::render {
 
 namespace {
 
-void const* ElementOf(PathNode const* node) {
+void const* FindElement(PathNode const* node) {
   return node != nullptr ? node->element : nullptr;
 }
 
@@ -22,8 +22,8 @@ std::vector<HeadingSpan> MergeHeading(int places, std::vector<bool> const& start
     nodes.resize(count, nullptr);
     for (std::size_t first = 0, end = 0; first < count; first = end) {
       std::size_t const outer = enclosing[first];
-      void const* const element = ElementOf(nodes[first]);
-      while (end < count && enclosing[end] == outer && ElementOf(nodes[end]) == element) {
+      void const* const element = FindElement(nodes[first]);
+      while (end < count && enclosing[end] == outer && FindElement(nodes[end]) == element) {
         ++end;
       }
       auto const run = static_cast<int>(end - first);

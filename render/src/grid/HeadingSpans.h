@@ -13,7 +13,7 @@ using PathNode = OmDisplayRowHeading::PathNode;
 
 /// One merged cell of a heading, whichever way the heading runs.
 struct HeadingSpan {
-  PathNode const* node;  ///< null in a blank cell
+  PathNode const* node;  ///< null in an empty cell
   int level;             ///< the outermost level that it takes
   int levels;            ///< how many it takes
   int first;             ///< the first display row (or column)

@@ -6,7 +6,7 @@ namespace lakresvos::render {
 
 namespace {
 
-/// Appends `text`, behind `separator` unless one of the two is empty.
+/// Appends `text`, after `separator` unless one of the two is empty.
 void Join(std::string& joined, std::string_view separator, std::string const& text) {
   if (!joined.empty() && !text.empty()) {
     joined += separator;

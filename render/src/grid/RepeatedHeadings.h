@@ -8,7 +8,7 @@
 
 namespace lakresvos::render {
 
-/// The frame of a grid for formats without spans: row by row, at every position the cell that
+/// The headings of a grid for formats without spans: row by row, at every position the cell that
 /// reaches over it.
 class RepeatedHeadings {
  public:
@@ -16,7 +16,7 @@ class RepeatedHeadings {
   explicit RepeatedHeadings(DisplayGrid const& grid)
       : grid_(grid), cells_(static_cast<std::size_t>(grid.Columns()), nullptr) {}
 
-  /// Steps to the next row; false behind the last one.
+  /// Steps to the next row; false after the last one.
   bool Next() {
     if (++row_ >= grid_.Rows()) {
       return false;
@@ -36,7 +36,7 @@ class RepeatedHeadings {
   GridCell const& At(int column) const { return *cells_[static_cast<std::size_t>(column)]; }
 
   /// The label to show at a position: a label of the corner or of a row that reaches over several
-  /// columns stands in the first of them alone, where nobody takes it for several labels.
+  /// columns is in the first of them alone, where nobody takes it for several labels.
   /// Requires: as At().
   OmCellText const* Label(int column) const {
     GridCell const& cell = At(column);

@@ -33,7 +33,7 @@ double LongestRun(std::vector<unsigned int> numbers) {
   return static_cast<double>(longest);
 }
 
-Extent ExtentOf(OmDimension const& dimension) {
+Extent MeasureExtent(OmDimension const& dimension) {
   Extent extent;
   extent.size = dimension.CategoryCount();
   std::vector<unsigned int> subscripts;
@@ -43,7 +43,7 @@ Extent ExtentOf(OmDimension const& dimension) {
     OmDimensionNode const& node = walk.Current().Value();
     labels.resize(walk.Path().size() - 1);
     labels.push_back((labels.empty() ? 0 : labels.back()) +
-                     static_cast<double>(TextOf(node.label).size()));
+                     static_cast<double>(GetText(node.label).size()));
     if (!node.group) {
       subscripts.push_back(static_cast<unsigned int>(node.subscript));
       extent.levels = std::max(extent.levels, static_cast<double>(labels.size()));
@@ -69,8 +69,8 @@ struct AxisCost {
 
 /// A dimension decides where a cell is found once. A further entry of it finds every cell at each of
 /// its categories, and so does any entry when the dimension is on an axis across.
-AxisCost CostOf(std::vector<short> const& axis, std::vector<Extent> const& extents,
-                std::vector<bool> across) {
+AxisCost EstimateCost(std::vector<short> const& axis, std::vector<Extent> const& extents,
+                      std::vector<bool> across) {
   AxisCost cost;
   for (short const entry : axis) {
     cost.levels += 1;
@@ -88,7 +88,8 @@ AxisCost CostOf(std::vector<short> const& axis, std::vector<Extent> const& exten
   return cost;
 }
 
-std::vector<bool> On(std::vector<std::vector<short> const*> const& axes, std::size_t dimensions) {
+std::vector<bool> MarkPlaced(std::vector<std::vector<short> const*> const& axes,
+                             std::size_t dimensions) {
   std::vector<bool> on(dimensions, false);
   for (std::vector<short> const* const axis : axes) {
     for (short const entry : *axis) {
@@ -106,15 +107,16 @@ double ShownCost(OmPivotTable const& table, std::size_t cells) {
   double cost = 0;
   std::vector<Extent> extents;
   for (int d = 0; d < table.NDimensions(); ++d) {
-    Extent const& extent = extents.emplace_back(ExtentOf(table.Dimension(d)));
+    Extent const& extent = extents.emplace_back(MeasureExtent(table.Dimension(d)));
     cost += extent.labels + kHeadingLevel * extent.leaves * extent.levels;
   }
   std::vector<short> const& rows = table.Rows().elements;
   std::vector<short> const& columns = table.Columns().elements;
   std::array<AxisCost, 3> const axes = {
-      CostOf(rows, extents, On({&columns}, extents.size())),
-      CostOf(columns, extents, On({&rows}, extents.size())),
-      CostOf(table.Layers().elements, extents, On({&rows, &columns}, extents.size()))};
+      EstimateCost(rows, extents, MarkPlaced({&columns}, extents.size())),
+      EstimateCost(columns, extents, MarkPlaced({&rows}, extents.size())),
+      EstimateCost(table.Layers().elements, extents,
+                   MarkPlaced({&rows, &columns}, extents.size()))};
   auto const count = static_cast<double>(cells);
   double combinations = 1;
   double repeats = 1;

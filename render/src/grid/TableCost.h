@@ -8,7 +8,7 @@
 namespace lakresvos::render {
 
 /// About how many bytes it takes to show a table without its empty rows, columns and layers, beyond
-/// what stands in its cells: an upper bound that is found without laying the table out.
+/// what its cells hold: an upper bound that is found without laying the table out.
 ///
 /// Counted are the levels of all headings, the labels of the groups that each category repeats, and
 /// the body, the latter only where cells are shown more than once: because categories share a

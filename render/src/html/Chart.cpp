@@ -64,7 +64,7 @@ std::string DataTable(ChartData const& data, std::string const& caption) {
 }  // namespace
 
 std::string HtmlChart(OmChart const& chart) {
-  std::string const label = HtmlText(TextOf(chart.Label()));
+  std::string const label = HtmlText(GetText(chart.Label()));
   std::string const type = ImageType(chart.GetImageData());
   std::optional<ChartData> const data = ReadChartData(chart.GetViZJSONData());
   std::string const name = label.empty() ? "Chart" : label;

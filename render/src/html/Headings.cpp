@@ -5,7 +5,7 @@
 namespace lakresvos::render {
 
 std::vector<GridCell> const& HtmlHeadings::Row(int row) {
-  TakeStarting(row);
+  CollectStarting(row);
   pieces_.clear();
   for (GridCell cell : starting_) {
     if (cell.rowSpan > kMaxHtmlRows) {
@@ -24,7 +24,7 @@ std::vector<GridCell> const& HtmlHeadings::Row(int row) {
   return pieces_;
 }
 
-void HtmlHeadings::TakeStarting(int row) {
+void HtmlHeadings::CollectStarting(int row) {
   GridCells const cells = grid_.Headings(row);
   starting_.assign(cells.begin(), cells.end());
   auto const due = std::partition(below_.begin(), below_.end(),

@@ -11,7 +11,7 @@ namespace lakresvos::render {
 constexpr int kMaxHtmlColumns = 1000;
 constexpr int kMaxHtmlRows = 65'534;
 
-/// The frame of a grid in cells that are no larger than HTML allows: a larger cell comes in several
+/// The headings of a grid in cells that are no larger than HTML allows: a larger cell comes in several
 /// pieces with the same label.
 class HtmlHeadings {
  public:
@@ -23,7 +23,7 @@ class HtmlHeadings {
   std::vector<GridCell> const& Row(int row);
 
  private:
-  void TakeStarting(int row);
+  void CollectStarting(int row);
 
   DisplayGrid const& grid_;
   std::vector<GridCell> starting_;  // cells of any width

@@ -32,8 +32,8 @@ bool IsRegion(std::string_view text) {
   return IsWord(text, 2) || (text.size() == 3 && std::all_of(text.begin(), text.end(), IsDigit));
 }
 
-/// Cuts off what stands before the first separator.
-std::string_view TakePart(std::string_view& text) {
+/// Cuts off what is before the first separator.
+std::string_view CutPart(std::string_view& text) {
   std::string_view const part = text.substr(0, text.find_first_of("-_"));
   text.remove_prefix(std::min(text.size(), part.size() + 1));
   return part;
@@ -60,25 +60,25 @@ bool RunsLeft(std::string_view language, std::string_view next) {
 
 }  // namespace
 
-std::string LanguageOf(std::string const& locale) {
+std::string FindLanguage(std::string const& locale) {
   std::string_view rest = std::string_view(locale).substr(0, locale.find_first_of(".@"));
-  std::string_view part = TakePart(rest);
+  std::string_view part = CutPart(rest);
   if (!IsWord(part, 2) && !IsWord(part, 3)) {
     return {};
   }
   std::string tag = Cased(part, 0);
-  part = TakePart(rest);
+  part = CutPart(rest);
   if (IsWord(part, 4)) {
     tag += "-" + Cased(part, 1);
-    part = TakePart(rest);
+    part = CutPart(rest);
   }
   return IsRegion(part) ? tag + "-" + Cased(part, 2) : tag;
 }
 
 std::string LanguageAttributes(std::string const& language) {
   std::string_view rest = language;
-  std::string_view const primary = TakePart(rest);
-  return " lang=\"" + language + "\" dir=\"" + (RunsLeft(primary, TakePart(rest)) ? "rtl" : "ltr") +
+  std::string_view const primary = CutPart(rest);
+  return " lang=\"" + language + "\" dir=\"" + (RunsLeft(primary, CutPart(rest)) ? "rtl" : "ltr") +
          "\"";
 }
 

@@ -7,9 +7,9 @@ namespace lakresvos::render {
 
 /// The language tag of a locale with its script and region, "en-US" for "en_US.UTF-8"; empty when
 /// the locale names no language.
-std::string LanguageOf(std::string const& locale);
+std::string FindLanguage(std::string const& locale);
 
-/// ` lang="..." dir="..."` for a language tag as LanguageOf() gives it.
+/// ` lang="..." dir="..."` for a language tag as FindLanguage() gives it.
 std::string LanguageAttributes(std::string const& language);
 
 }  // namespace lakresvos::render

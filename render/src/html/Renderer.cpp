@@ -66,7 +66,7 @@ class HeadVisitor : public PartVisitor {
   void Visit(OmPivotTable& table) override {
     if (table.Show()) {
       css += HtmlStyle(table, "#" + PartId(part_)) + MarkRoom(table);
-      language = language.empty() ? LanguageOf(table.TableLocale()) : language;
+      language = language.empty() ? FindLanguage(table.TableLocale()) : language;
       UseTitle(tableTitle_, table.GetTableTitle());
     }
   }
@@ -104,7 +104,7 @@ class HeadVisitor : public PartVisitor {
     int most = 0;
     for (auto at = table.FirstCell(); at.Cell() != nullptr; ++at) {
       OmCellText& cell = *at.Cell();
-      if (cell.hasMeta() && NumberOf(cell)) {
+      if (cell.hasMeta() && FindNumber(cell)) {
         std::string const marks = footnotes.Marks(cell);
         most = std::max(most, TextWidth(PrintableLines(marks).front()));
       }
@@ -135,7 +135,7 @@ class OutlineVisitor : public PartVisitor {
 
   void Visit(OmPivotTable& table) override {
     if (table.Show()) {
-      Add(labels_.Text(HeadlineOf(table)));
+      Add(labels_.Text(FindHeadline(table)));
     }
   }
   void Visit(OmProcedure& procedure) override { Add(procedure.OutlineText()); }
@@ -186,8 +186,8 @@ class MainVisitor : public PartVisitor {
     if (!table.Show()) {
       return;
     }
-    std::string const language = LanguageOf(table.TableLocale());
-    out_ << "<div class=\"pivot" << (HasColours(table) ? " paper" : "") << "\" id=\""
+    std::string const language = FindLanguage(table.TableLocale());
+    out_ << "<div class=\"pivot" << (HasColors(table) ? " paper" : "") << "\" id=\""
          << PartId(part_) << "\"";
     if (!language.empty() && language != language_) {
       out_ << LanguageAttributes(language);
@@ -228,7 +228,7 @@ class MainVisitor : public PartVisitor {
     bool const first = grid != nullptr && !grid->LayerLabels().empty() && !options_.allLayers;
     HtmlNotes notes(footnotes, PartId(part_));
     if (grid == nullptr) {
-      out_ << "<p class=\"title\">" << Shown(notes, HeadlineOf(table)) << "</p>";
+      out_ << "<p class=\"title\">" << Shown(notes, FindHeadline(table)) << "</p>";
       WriteFoot(table, notes, listed);
     }
     for (int layer = 0; grid != nullptr; ++layer) {
@@ -247,7 +247,8 @@ class MainVisitor : public PartVisitor {
     std::string const name = HtmlText(LayerLine(
         grid.LayerLabels(), [&notes](OmCellText const* label) { return notes.Text(label); }));
     out_ << "<div class=\"layer\" data-name=\"" << name << "\"><div class=\"heading\" id=\""
-         << prefix << "t\"><span class=\"title\">" << Shown(notes, HeadlineOf(table)) << "</span>";
+         << prefix << "t\"><span class=\"title\">" << Shown(notes, FindHeadline(table))
+         << "</span>";
     if (!name.empty()) {
       out_ << " <span class=\"layer-line\">" << MarkedLayerLine(grid, notes) << "</span>";
     }

@@ -37,8 +37,8 @@ int Digit(char c) {
   return c <= '9' ? c - '0' : (c | 0x20) - 'a' + 10;
 }
 
-/// The page's own text colour on a light background, else black or white, whichever can be read;
-/// brightness as in ITU-R BT.601. A table with colours stands on a light page.
+/// The page's own text color on a light background, else black or white, whichever can be read;
+/// brightness as in ITU-R BT.601. A table with colors is on a light page.
 char const* Readable(std::string const& background) {
   std::size_t const step = background.size() == 4 ? 1 : 2;
   int const brightness = 299 * Digit(background[1]) + 587 * Digit(background[1 + step]) +
@@ -64,14 +64,14 @@ std::string CssString(std::string_view text) {
   return css + '"';
 }
 
-std::string Colours(std::string const& text, std::string const& background) {
+std::string Colors(std::string const& text, std::string const& background) {
   std::string css;
-  if (IsColour(background)) {
+  if (IsColor(background)) {
     css += "background-color:" + background + ";";
   }
-  if (IsColour(text)) {
+  if (IsColor(text)) {
     css += "color:" + text + ";";
-  } else if (IsColour(background)) {
+  } else if (IsColor(background)) {
     css += std::string("color:") + Readable(background) + ";";
   }
   return css;
@@ -97,7 +97,7 @@ char const* HorizontalCss(int alignment) {
   switch (static_cast<HorizontalAlignment>(alignment)) {
     case HorizontalAlignment::Left:
       return "text-align:left;";
-    case HorizontalAlignment::Centre:
+    case HorizontalAlignment::Center:
       return "text-align:center;";
     case HorizontalAlignment::Right:
       return "text-align:right;";
@@ -137,7 +137,7 @@ std::string Declarations(Format const& format) {
   css += format.getUnderline() ? "text-decoration:underline;" : "";
   css += HorizontalCss(format.getHorizontalAlignment());
   css += VerticalCss(format.getVerticalAlignment());
-  return css + Colours(format.getTextColor(), format.getBackgroundColor());
+  return css + Colors(format.getTextColor(), format.getBackgroundColor());
 }
 
 std::string Padding(FormatArea const& format) {
@@ -156,8 +156,8 @@ std::string Within(std::string const& table, std::string const& selector) {
   return table + " :where(" + selector + ")";
 }
 
-bool HasColour(std::string const& text, std::string const& background) {
-  return IsColour(text) || IsColour(background);
+bool HasColor(std::string const& text, std::string const& background) {
+  return IsColor(text) || IsColor(background);
 }
 
 }  // namespace
@@ -173,7 +173,7 @@ std::string HtmlStyle(OmPivotTable const& table, std::string const& selector) {
     css += Rule(Within(selector, area.selector), Declarations(*format) + padding);
     if (area.area == FormatArea::AreaData && format->getUseAltRowColors()) {
       css += Rule(Within(selector, "tbody tr.alt td:not([class^=h])"),
-                  Colours(format->getAlternateTextColor(), format->getAlternateBackgroundColor()));
+                  Colors(format->getAlternateTextColor(), format->getAlternateBackgroundColor()));
     }
   }
   std::size_t number = 0;
@@ -186,18 +186,18 @@ std::string HtmlStyle(OmPivotTable const& table, std::string const& selector) {
   return css;
 }
 
-bool HasColours(OmPivotTable const& table) {
+bool HasColors(OmPivotTable const& table) {
   for (AreaSelector const& area : kSelectors) {
     FormatArea const* const format = table.getAreaFormat(area.area);
     if (format != nullptr &&
-        (HasColour(format->getTextColor(), format->getBackgroundColor()) ||
+        (HasColor(format->getTextColor(), format->getBackgroundColor()) ||
          (format->getUseAltRowColors() &&
-          HasColour(format->getAlternateTextColor(), format->getAlternateBackgroundColor())))) {
+          HasColor(format->getAlternateTextColor(), format->getAlternateBackgroundColor())))) {
       return true;
     }
   }
   for (OmCellProperties const& style : table.getCellStyles()) {
-    if (HasColour(style.getTextColor(), style.getBackgroundColor())) {
+    if (HasColor(style.getTextColor(), style.getBackgroundColor())) {
       return true;
     }
   }

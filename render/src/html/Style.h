@@ -11,8 +11,8 @@ namespace lakresvos::render {
 /// @param selector selects the element around the table.
 std::string HtmlStyle(OmPivotTable const& table, std::string const& selector);
 
-/// Whether formats or styles of the table set a colour.
-bool HasColours(OmPivotTable const& table);
+/// Whether formats or styles of the table set a color.
+bool HasColors(OmPivotTable const& table);
 
 }  // namespace lakresvos::render
 

@@ -20,7 +20,7 @@ class HtmlTable {
   HtmlTable(OutputBuffer& out, DisplayGrid const& grid, HtmlNotes& notes, std::string const& prefix)
       : out_(out),
         grid_(grid),
-        frame_(grid),
+        headings_(grid),
         notes_(notes),
         prefix_(prefix),
         named_(grid.HeadingRows() > 1 || grid.HeadingColumns() > 1),
@@ -81,7 +81,7 @@ class HtmlTable {
     out_ << "<thead>";
     for (int row = 0; row < grid_.HeadingRows(); ++row) {
       out_ << "<tr>";
-      for (GridCell const& cell : frame_.Row(row)) {
+      for (GridCell const& cell : headings_.Row(row)) {
         WriteHeading(cell, cell.columnSpan > 1 ? "colgroup" : "col");
         for (int c = cell.column; IsTotal(cell.label) && c < cell.column + cell.columnSpan; ++c) {
           columnTotals_[static_cast<std::size_t>(c)] = true;
@@ -169,7 +169,7 @@ class HtmlTable {
   }
 
   void WriteRow(int row) {
-    std::vector<GridCell> const& headings = frame_.Row(row);
+    std::vector<GridCell> const& headings = headings_.Row(row);
     for (GridCell const& cell : headings) {
       for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
         bool const first = c == cell.column;
@@ -207,7 +207,7 @@ class HtmlTable {
   void WriteCell(OmCellText* cell, int column, std::string const& rowHeaders) {
     std::string& out = out_.Text();
     out += "<td";
-    std::string classes = cell != nullptr && NumberOf(*cell) ? "n" : "";
+    std::string classes = cell != nullptr && FindNumber(*cell) ? "n" : "";
     if (columnTotals_[static_cast<std::size_t>(column)]) {
       classes += classes.empty() ? "t" : " t";
     }
@@ -241,7 +241,7 @@ class HtmlTable {
 
   OutputBuffer& out_;
   DisplayGrid const& grid_;
-  HtmlHeadings frame_;
+  HtmlHeadings headings_;
   HtmlNotes& notes_;
   std::string const& prefix_;
   int groupRows_ = 1;                       // how many rows the newest outermost heading has

@@ -6,7 +6,7 @@
 
 namespace lakresvos::render {
 
-/// Appends any text, cleaned and escaped so that it can stand in an element and in an attribute in
+/// Appends any text, cleaned and escaped so that it can be in an element and in an attribute in
 /// double quotes.
 void AppendHtml(std::string& out, std::string_view text);
 

@@ -29,7 +29,7 @@ class MarkdownVisitor : public OmOutputPart::Visitor {
 
   void Visit(OmPivotTable& table) override;
   void Visit(OmProcedure& procedure) override { WriteHeading(procedure.OutlineText()); }
-  void Visit(OmHeading& heading) override { WriteHeading(TextOf(heading.Label())); }
+  void Visit(OmHeading& heading) override { WriteHeading(GetText(heading.Label())); }
   void Visit(OmTextBlock& block) override;
   void Visit(OmPageTitle& title) override;
   void Visit(OmChart& chart) override { WritePlaceholder(MakePlaceholder(chart)); }
@@ -52,7 +52,7 @@ class MarkdownVisitor : public OmOutputPart::Visitor {
 };
 
 void MarkdownVisitor::Visit(OmTextBlock& block) {
-  WriteParagraph(Between("**", MarkdownText(TextOf(block.Label()))));
+  WriteParagraph(Between("**", MarkdownText(GetText(block.Label()))));
   WriteParagraph(MarkdownCode(block.Text()));
 }
 
@@ -66,7 +66,7 @@ void MarkdownVisitor::Visit(OmPivotTable& table) {
   }
   MarkdownNotes notes(table, labels_, ++tables_);
   auto const shown = [&notes](OmCellText const* label) { return notes.MarkLabel(label); };
-  WriteParagraph(Between("**", shown(HeadlineOf(table))));
+  WriteParagraph(Between("**", shown(FindHeadline(table))));
   LayerGrids layers(table, options_);
   DisplayGrid const* grid = layers.Next();
   while (grid != nullptr) {

@@ -17,25 +17,25 @@ class MarkdownTable {
       : out_(out), grid_(grid), notes_(notes) {}
 
   void Write() {
-    RepeatedHeadings frame(grid_);
+    RepeatedHeadings cells(grid_);
     std::vector<std::string> headings(static_cast<std::size_t>(grid_.Columns()));
     std::vector<GridCell const*> last(headings.size(), nullptr);
-    while (frame.Row() + 1 < grid_.HeadingRows() && frame.Next()) {
+    while (cells.Row() + 1 < grid_.HeadingRows() && cells.Next()) {
       for (std::size_t column = 0; column < headings.size(); ++column) {
         auto const at = static_cast<int>(column);
-        GridCell const& cell = frame.At(at);
-        std::string const text = &cell != last[column] ? notes_.MarkLabel(frame.Label(at)) : "";
+        GridCell const& cell = cells.At(at);
+        std::string const text = &cell != last[column] ? notes_.MarkLabel(cells.Label(at)) : "";
         headings[column] += (headings[column].empty() || text.empty() ? "" : " / ") + text;
         last[column] = &cell;
       }
     }
     WriteRow(headings);
     WriteAlignments();
-    while (frame.Next()) {
+    while (cells.Next()) {
       for (int column = 0; column < grid_.HeadingColumns(); ++column) {
-        WriteField(notes_.MarkLabel(frame.Label(column)));
+        WriteField(notes_.MarkLabel(cells.Label(column)));
       }
-      DisplayGrid::BodyRow row = grid_.Body(frame.Row());
+      DisplayGrid::BodyRow row = grid_.Body(cells.Row());
       for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
         WriteField(notes_.MarkCell(row.Cell(column)));
       }
@@ -59,14 +59,14 @@ class MarkdownTable {
   }
 
   void WriteAlignments() {
-    HorizontalAlignment const wanted = AlignmentOf(grid_.Table(), FormatArea::AreaData);
+    HorizontalAlignment const wanted = FindAlignment(grid_.Table(), FormatArea::AreaData);
     std::vector<bool> const numbers = NumberColumns();
     for (int column = 0; column < grid_.Columns(); ++column) {
       bool const body = column >= grid_.HeadingColumns();
       bool const number = numbers[static_cast<std::size_t>(column)];
       HorizontalAlignment const choice =
           number ? HorizontalAlignment::Right : HorizontalAlignment::Any;
-      out_ << Alignment(body ? Or(wanted, choice) : HorizontalAlignment::Any);
+      out_ << Alignment(body ? ChooseAlignment(wanted, choice) : HorizontalAlignment::Any);
     }
     out_ << "|\n";
   }
@@ -75,7 +75,7 @@ class MarkdownTable {
     switch (alignment) {
       case HorizontalAlignment::Left:
         return "| :--- ";
-      case HorizontalAlignment::Centre:
+      case HorizontalAlignment::Center:
         return "| :---: ";
       case HorizontalAlignment::Right:
         return "| ---: ";
@@ -94,7 +94,7 @@ class MarkdownTable {
       for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
         OmCellText* const cell = row.Cell(column);
         if (cell != nullptr) {
-          auto& seen = NumberOf(*cell).has_value() ? numbers : texts;
+          auto& seen = FindNumber(*cell).has_value() ? numbers : texts;
           seen[static_cast<std::size_t>(column)] = true;
         }
       }

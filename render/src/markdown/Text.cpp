@@ -13,8 +13,8 @@ namespace {
 constexpr std::string_view kMarkup = "\\`*_[]<>|~$!";
 constexpr std::string_view kMarksAtStart = "#+-=:";
 
-/// Whether a text starts with a blank or a line end.
-bool StartsBlank(std::string_view text) {
+/// Whether a text starts with a space or a line end.
+bool StartsWithSpace(std::string_view text) {
   std::int32_t const code = FirstCodePoint(text).code;
   return code == '\n' || code == '\t' || utf8proc_category(code) == UTF8PROC_CATEGORY_ZS;
 }
@@ -28,11 +28,11 @@ std::size_t LastCharacter(std::string_view text) {
   return at;
 }
 
-std::string_view WithoutBlanksAround(std::string_view text) {
-  while (!text.empty() && StartsBlank(text)) {
+std::string_view TrimSpaces(std::string_view text) {
+  while (!text.empty() && StartsWithSpace(text)) {
     text.remove_prefix(FirstCodePoint(text).length);
   }
-  while (!text.empty() && StartsBlank(text.substr(LastCharacter(text)))) {
+  while (!text.empty() && StartsWithSpace(text.substr(LastCharacter(text)))) {
     text = text.substr(0, LastCharacter(text));
   }
   return text;
@@ -54,7 +54,7 @@ std::size_t EndOfListNumber(std::string_view text) {
 std::string MarkdownText(std::string_view text) {
   std::string const clean = CleanText(text);
   std::string markdown;
-  for (char const c : WithoutBlanksAround(clean)) {
+  for (char const c : TrimSpaces(clean)) {
     if (c == '\n') {
       markdown += "<br>";
     } else if (c == '&') {

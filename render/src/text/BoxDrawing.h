@@ -23,7 +23,7 @@ class BoxDrawing {
   /// @param strong the line between the column headings and the body.
   std::string_view Horizontal(bool strong) const;
 
-  /// The character where lines meet, a blank when none do.
+  /// The character where lines meet, a space when none do.
   std::string_view Joint(Arms const& arms, bool strong) const;
 
  private:

@@ -14,8 +14,8 @@ namespace lakresvos::render {
 
 namespace {
 
-constexpr int kBetweenColumns = 3;  // a blank, a line and a blank
-constexpr int kFrame = 4;           // a line and a blank on either side
+constexpr int kBetweenColumns = 3;  // a space, a line and a space
+constexpr int kFrame = 4;           // a line and a space on either side
 constexpr int kMinWidth = 6;        // what a column is left at least, wherever it would be wider
 
 class LayoutBuilder {
@@ -27,7 +27,7 @@ class LayoutBuilder {
 
   std::vector<TextPart> Run(int width) {
     MeasureColumns();
-    TextPart whole = Part(0, BodyColumns());
+    TextPart whole = MakePart(0, BodyColumns());
     if (width > 0 && whole.layout.Extent() > width) {
       Narrow(width);
       return Cut(width);
@@ -68,7 +68,7 @@ class LayoutBuilder {
   }
 
   /// The width of the text when wrapped, and whether that takes more than one line.
-  int Wrapped(std::string const& text, bool& tall) const {
+  int MeasureWrapped(std::string const& text, bool& tall) const {
     if (text.size() <= static_cast<std::size_t>(limit_) && IsPlainAscii(text)) {
       return static_cast<int>(text.size());
     }
@@ -84,15 +84,15 @@ class LayoutBuilder {
     MarkedText const shown = ShowLabel(cell.label, marks_);
     bool tall = false;
     TextColumn& column = At(cell.column);
-    column.width = std::max(column.width, Wrapped(shown.text + shown.marks, tall));
+    column.width = std::max(column.width, MeasureWrapped(shown.text + shown.marks, tall));
     layout_.tall = layout_.tall || (tall && cell.role == GridRole::RowHeading && cell.rowSpan == 1);
   }
 
   void MeasureCell(OmCellText& cell, TextColumn& column, int& numbers) {
     MarkedText shown = ShowCell(&cell, marks_);
     texts_.Add(shown.text);
-    if (NumberOf(cell).has_value()) {
-      numbers = std::max(numbers, Wrapped(shown.text, layout_.tall));
+    if (FindNumber(cell).has_value()) {
+      numbers = std::max(numbers, MeasureWrapped(shown.text, layout_.tall));
       if (shown.marks.empty()) {
         return;
       }
@@ -101,10 +101,10 @@ class LayoutBuilder {
       column.numbers = false;
     }
     shown.text += shown.marks;
-    column.width = std::max(column.width, Wrapped(shown.text, layout_.tall));
+    column.width = std::max(column.width, MeasureWrapped(shown.text, layout_.tall));
   }
 
-  /// Lets marks hang behind the numbers, whose digits then stand below one another, where there is
+  /// Lets marks hang after the numbers, whose digits then are below one another, where there is
   /// room.
   void MakeRoomForMarks(std::vector<int> const& numbers) {
     for (std::size_t i = 0; i < numbers.size(); ++i) {
@@ -131,8 +131,8 @@ class LayoutBuilder {
 
   // Parts
 
-  /// The body's columns from `first` up to but not including `last`, behind the row headings.
-  TextPart Part(int first, int last) const {
+  /// The body's columns from `first` up to but not including `last`, after the row headings.
+  TextPart MakePart(int first, int last) const {
     auto const headings = layout_.columns.begin() + grid_.HeadingColumns();
     TextPart part{GridPart(grid_, first, last), {}};
     part.layout.tall = layout_.tall;
@@ -155,7 +155,7 @@ class LayoutBuilder {
     for (int column = headings; column < grid_.Columns(); ++column) {
       widest = std::max(widest, At(column).width);
     }
-    int const headingLimit = LimitOfHeadings(std::max(room - widest, room / 2));
+    int const headingLimit = FindHeadingLimit(std::max(room - widest, room / 2));
     int left = room;
     for (int column = 0; column < headings; ++column) {
       Limit(At(column), headingLimit);
@@ -168,7 +168,7 @@ class LayoutBuilder {
   }
 
   /// How wide a heading column may be so that all of them together are no wider than `room`.
-  int LimitOfHeadings(int room) const {
+  int FindHeadingLimit(int room) const {
     auto const end = layout_.columns.begin() + grid_.HeadingColumns();
     int widest = kMinWidth;
     std::for_each(layout_.columns.begin(), end,
@@ -200,29 +200,29 @@ class LayoutBuilder {
     std::vector<TextPart> parts;
     int first = 0;
     do {
-      parts.push_back(WidestPart(first, width));
+      parts.push_back(MakeWidestPart(first, width));
       first += parts.back().grid.Columns() - grid_.HeadingColumns();
     } while (first < BodyColumns());
     return parts;
   }
 
   /// The part that starts with the body's column `first` and has as many more as fit.
-  TextPart WidestPart(int first, int width) const {
+  TextPart MakeWidestPart(int first, int width) const {
     int fits = std::min(first + 1, BodyColumns());
-    int last = std::max(fits, EndWithoutSpans(first, width));
+    int last = std::max(fits, FindEndWithoutSpans(first, width));
     // Headings over several columns may need more room than these: usually not.
     for (int tried = last; fits < last; tried = fits + (last - fits + 1) / 2) {
-      if (Part(first, tried).layout.Extent() <= width) {
+      if (MakePart(first, tried).layout.Extent() <= width) {
         fits = tried;
       } else {
         last = tried - 1;
       }
     }
-    return Part(first, fits);
+    return MakePart(first, fits);
   }
 
-  /// Behind the last of the body's columns that fit from `first` on, as wide as they are themselves.
-  int EndWithoutSpans(int first, int width) const {
+  /// After the last of the body's columns that fit from `first` on, as wide as they are themselves.
+  int FindEndWithoutSpans(int first, int width) const {
     int const headings = grid_.HeadingColumns();
     auto const body = layout_.columns.begin() + headings;
     int extent = kFrame + layout_.Width(0, headings);

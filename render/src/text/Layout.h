@@ -13,8 +13,8 @@ namespace lakresvos::render {
 
 /// One column of a table as text.
 struct TextColumn {
-  int width = 1;        ///< in terminal columns, without the blank on either side
-  int marks = 0;        ///< how many of these are kept free behind numbers, for their marks
+  int width = 1;        ///< in terminal columns, without the space on either side
+  int marks = 0;        ///< how many of these are kept free after numbers, for their marks
   bool numbers = true;  ///< whether the body shows nothing but numbers in it
 };
 
@@ -23,7 +23,7 @@ struct TextLayout {
   std::vector<TextColumn> columns;  ///< one per grid column
   bool tall = false;                ///< whether some cell of the body takes more than one line
 
-  /// The room that a cell has for its text, with the blanks and lines between the columns it spans.
+  /// The room that a cell has for its text, with the spaces and lines between the columns it spans.
   int Width(int column, int columnSpan) const;
 
   /// How wide the whole frame is.

@@ -36,14 +36,14 @@ std::string Repeat(std::string_view text, int count) {
   return repeated;
 }
 
-/// The lines of a text behind an indent, wrapped at a width; 0: only at its own line ends.
-std::vector<TextLine> WrappedAt(int width, std::string const& text, std::size_t indent = 0) {
+/// The lines of a text after an indent, wrapped at a width; 0: only at its own line ends.
+std::vector<TextLine> WrapAt(int width, std::string const& text, std::size_t indent = 0) {
   constexpr int kMinWidth = 2;
   constexpr int kNowhere = std::numeric_limits<int>::max() - kMinWidth;
   return Wrap(text, width > 0 ? std::max(width - static_cast<int>(indent), kMinWidth) : kNowhere);
 }
 
-std::string Marked(OmCellText const* label, FootnoteMarks const& marks) {
+std::string MarkLabel(OmCellText const* label, FootnoteMarks const& marks) {
   MarkedText const shown = ShowLabel(label, marks);
   return shown.text + shown.marks;
 }
@@ -80,7 +80,7 @@ class TextVisitor : public OmOutputPart::Visitor {
 // Headings and texts
 
 void TextVisitor::Visit(OmHeading& heading) {
-  WriteHeading(TextOf(heading.Label()));
+  WriteHeading(GetText(heading.Label()));
 }
 
 void TextVisitor::Visit(OmProcedure& procedure) {
@@ -89,7 +89,7 @@ void TextVisitor::Visit(OmProcedure& procedure) {
 
 void TextVisitor::Visit(OmTextBlock& block) {
   StartItem();
-  std::string const label = TextOf(block.Label());
+  std::string const label = GetText(block.Label());
   if (label.empty()) {
     WriteLines(block.Text());
   } else {
@@ -101,7 +101,7 @@ void TextVisitor::Visit(OmTextBlock& block) {
 void TextVisitor::Visit(OmPageTitle& title) {
   StartItem();
   std::string const line = Repeat(options_.ascii ? kAsciiPageLine : kPageLine,
-                                  WidestLine(WrappedAt(options_.width, title.Text())));
+                                  WidestLine(WrapAt(options_.width, title.Text())));
   WriteLines(line);
   WriteLines(title.Text());
   WriteLines(line);
@@ -113,7 +113,7 @@ void TextVisitor::WriteHeading(std::string const& text) {
   auto const last = static_cast<int>(lines.size()) - 1;
   WriteLines(text);
   WriteLines(Repeat(lines[static_cast<std::size_t>(std::clamp(depth, 0, last))],
-                    WidestLine(WrappedAt(options_.width, text))));
+                    WidestLine(WrapAt(options_.width, text))));
 }
 
 // Tables
@@ -124,9 +124,9 @@ void TextVisitor::Visit(OmPivotTable& table) {
   }
   StartItem();
   FootnoteMarks const marks(table, labels_, options_.ascii);
-  auto const shown = [&marks](OmCellText const* label) { return Marked(label, marks); };
-  std::string const title = shown(HeadlineOf(table));
-  HorizontalAlignment const titleAlignment = AlignmentOf(table, FormatArea::AreaTitle);
+  auto const shown = [&marks](OmCellText const* label) { return MarkLabel(label, marks); };
+  std::string const title = shown(FindHeadline(table));
+  HorizontalAlignment const titleAlignment = FindAlignment(table, FormatArea::AreaTitle);
   LayerGrids layers(table, options_);
   DisplayGrid const* grid = layers.Next();
   if (grid == nullptr) {
@@ -152,7 +152,7 @@ void TextVisitor::Visit(OmPivotTable& table) {
     WriteLines(note);
   }
   if (table.showCaption() && table.Caption() != nullptr) {
-    WriteAligned(shown(table.Caption()), AlignmentOf(table, FormatArea::AreaCaption), width);
+    WriteAligned(shown(table.Caption()), FindAlignment(table, FormatArea::AreaCaption), width);
   }
 }
 
@@ -171,16 +171,16 @@ void TextVisitor::StartItem() {
 }
 
 void TextVisitor::WriteAligned(std::string const& text, HorizontalAlignment alignment, int width) {
-  std::vector<TextLine> const lines = WrappedAt(options_.width, text);
+  std::vector<TextLine> const lines = WrapAt(options_.width, text);
   int const room = std::max(width, WidestLine(lines));
   for (TextLine const& line : lines) {
-    int const before = line.text.empty() ? 0 : BlanksBefore(alignment, room - line.width);
+    int const before = line.text.empty() ? 0 : CountSpacesBefore(alignment, room - line.width);
     out_ << std::string(static_cast<std::size_t>(before), ' ') << line.text << '\n';
   }
 }
 
 void TextVisitor::WriteLines(std::string const& text, std::string const& indent) {
-  for (TextLine const& line : WrappedAt(options_.width, text, indent.size())) {
+  for (TextLine const& line : WrapAt(options_.width, text, indent.size())) {
     out_ << (line.text.empty() ? std::string() : indent + line.text) << '\n';
   }
 }

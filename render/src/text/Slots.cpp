@@ -14,11 +14,11 @@ void TextSlot::WriteLine(std::string& out, int width) {
     return;
   }
   TextLine const& line = lines[next++];
-  int const blanks = std::max(0, width - line.width);
-  int const before = BlanksBefore(align, std::max(0, blanks - behind));
+  int const spaces = std::max(0, width - line.width);
+  int const before = CountSpacesBefore(align, std::max(0, spaces - after));
   out.append(static_cast<std::size_t>(before), ' ');
   out += line.text;
-  out.append(static_cast<std::size_t>(blanks - before), ' ');
+  out.append(static_cast<std::size_t>(spaces - before), ' ');
 }
 
 std::vector<std::vector<TextSlot>> TextSlots::MakeHeadingRows() const {
@@ -53,25 +53,26 @@ std::vector<std::vector<TextSlot>> TextSlots::MakeHeadingRows() const {
 TextSlot TextSlots::MakeHeading(GridCell const& cell) const {
   MarkedText const shown = ShowLabel(cell.label, marks_);
   TextSlot slot{cell.column, cell.columnSpan, cell.row, cell.row + cell.rowSpan};
-  slot.align = AlignOf(cell);
+  slot.align = AlignCell(cell);
   slot.lines = Wrap(shown.text + shown.marks, layout_.Width(cell.column, cell.columnSpan));
   return slot;
 }
 
-HorizontalAlignment TextSlots::AlignOf(GridCell const& cell) const {
+HorizontalAlignment TextSlots::AlignCell(GridCell const& cell) const {
   switch (cell.role) {
     case GridRole::Corner:
-      return Or(corner_, HorizontalAlignment::Left);
+      return ChooseAlignment(corner_, HorizontalAlignment::Left);
     case GridRole::RowHeading:
-      return Or(rowLabels_, HorizontalAlignment::Left);
+      return ChooseAlignment(rowLabels_, HorizontalAlignment::Left);
     case GridRole::ColumnHeading:
       break;
   }
   if (cell.columnSpan > 1) {
-    return Or(columnLabels_, HorizontalAlignment::Centre);
+    return ChooseAlignment(columnLabels_, HorizontalAlignment::Center);
   }
   bool const numbers = layout_.columns[static_cast<std::size_t>(cell.column)].numbers;
-  return Or(columnLabels_, numbers ? HorizontalAlignment::Right : HorizontalAlignment::Left);
+  return ChooseAlignment(columnLabels_,
+                         numbers ? HorizontalAlignment::Right : HorizontalAlignment::Left);
 }
 
 std::vector<TextSlot> TextSlots::MakeBody() const {
@@ -91,11 +92,12 @@ void TextSlots::Fill(TextSlot& slot, OmCellText* cell, std::string const& text) 
   }
   std::string const marks = marks_.Find(*cell);
   TextColumn const& column = layout_.columns[static_cast<std::size_t>(slot.column)];
-  bool const number = NumberOf(*cell).has_value();
-  slot.align = Or(data_, number ? HorizontalAlignment::Right : HorizontalAlignment::Left);
-  slot.behind = 0;
+  bool const number = FindNumber(*cell).has_value();
+  slot.align =
+      ChooseAlignment(data_, number ? HorizontalAlignment::Right : HorizontalAlignment::Left);
+  slot.after = 0;
   if (number && column.marks > 0) {
-    slot.behind = column.marks - TextWidth(PrintableLines(marks).front());
+    slot.after = column.marks - TextWidth(PrintableLines(marks).front());
   }
   slot.lines = Wrap(text + marks, column.width);
 }

@@ -20,11 +20,11 @@ struct TextSlot {
   int column;
   int columnSpan;
   int row;     ///< the grid row in which it starts
-  int rowEnd;  ///< the grid row behind its last
+  int rowEnd;  ///< the grid row after its last
   HorizontalAlignment align = HorizontalAlignment::Left;
-  int behind = 0;  ///< columns to keep free right behind the text
+  int after = 0;  ///< columns to keep free right after the text
   std::vector<TextLine> lines = {};
-  std::size_t next = 0;  ///< the line to go out next; past the last one, blanks do
+  std::size_t next = 0;  ///< the line to go out next; past the last one, spaces do
 
   int LinesLeft() const { return next < lines.size() ? static_cast<int>(lines.size() - next) : 0; }
 
@@ -40,16 +40,16 @@ class TextSlots {
       : grid_(grid),
         marks_(marks),
         layout_(layout),
-        corner_(AlignmentOf(grid.Table(), FormatArea::AreaCorner)),
-        columnLabels_(AlignmentOf(grid.Table(), FormatArea::AreaColumnLabels)),
-        rowLabels_(AlignmentOf(grid.Table(), FormatArea::AreaRowLabels)),
-        data_(AlignmentOf(grid.Table(), FormatArea::AreaData)) {}
+        corner_(FindAlignment(grid.Table(), FormatArea::AreaCorner)),
+        columnLabels_(FindAlignment(grid.Table(), FormatArea::AreaColumnLabels)),
+        rowLabels_(FindAlignment(grid.Table(), FormatArea::AreaRowLabels)),
+        data_(FindAlignment(grid.Table(), FormatArea::AreaData)) {}
 
   /// The slots that start in each heading row, their texts moved down to the last lines that they
   /// cross.
   std::vector<std::vector<TextSlot>> MakeHeadingRows() const;
 
-  /// The slot of one cell of the frame, its text at the top.
+  /// The slot of one cell of the headings, its text at the top.
   TextSlot MakeHeading(GridCell const& cell) const;
 
   /// Empty slots for the cells of one body row.
@@ -59,7 +59,7 @@ class TextSlots {
   void Fill(TextSlot& slot, OmCellText* cell, std::string const& text) const;
 
  private:
-  HorizontalAlignment AlignOf(GridCell const& cell) const;
+  HorizontalAlignment AlignCell(GridCell const& cell) const;
 
   GridPart const& grid_;
   FootnoteMarks const& marks_;

@@ -177,7 +177,7 @@ class Drawing {
   BoxDrawing box_;
   TextSlots slots_;
   std::vector<std::vector<TextSlot>> headingRows_;  // what starts in the heading rows still to come
-  std::vector<TextSlot> headings_;                  // what of the frame stands in the present row
+  std::vector<TextSlot> headings_;                  // what of the headings crosses the present row
   std::vector<TextSlot> body_;
   std::string line_;
 };

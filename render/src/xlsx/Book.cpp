@@ -43,7 +43,7 @@ void SetAlignments(lxw_format* format, XlsxStyle const& style) {
     case HorizontalAlignment::Left:
       format_set_align(format, LXW_ALIGN_LEFT);
       break;
-    case HorizontalAlignment::Centre:
+    case HorizontalAlignment::Center:
       format_set_align(format, LXW_ALIGN_CENTER);
       break;
     case HorizontalAlignment::Right:

@@ -182,8 +182,9 @@ class XlsxGrid {
         return corner_;
       case GridRole::ColumnHeading: {
         XlsxStyle style = columnLabels_;
-        style.horizontal = Or(style.horizontal, cell.columnSpan > 1 ? HorizontalAlignment::Centre
-                                                                    : HorizontalAlignment::Right);
+        style.horizontal =
+            ChooseAlignment(style.horizontal, cell.columnSpan > 1 ? HorizontalAlignment::Center
+                                                                  : HorizontalAlignment::Right);
         return style;
       }
       case GridRole::RowHeading:
@@ -218,7 +219,7 @@ class XlsxGrid {
     if (number != 0 && number < styles.size()) {
       style = WithProperties(style, styles[number]);
     }
-    std::optional<ShownNumber> const value = NumberOf(*cell);
+    std::optional<ShownNumber> const value = FindNumber(*cell);
     if (value.has_value() && style.horizontal == HorizontalAlignment::Any) {
       style.horizontal = HorizontalAlignment::Right;
     }

@@ -28,12 +28,12 @@ class XlsxVisitor : public OmOutputPart::Visitor {
   XlsxVisitor(XlsxContents& contents, XlsxOptions const& options)
       : contents_(contents), options_(options) {}
 
-  void Visit(OmHeading& heading) override { contents_.Add(TextOf(heading.Label()), true); }
+  void Visit(OmHeading& heading) override { contents_.Add(GetText(heading.Label()), true); }
   void Visit(OmProcedure& procedure) override { contents_.Add(procedure.OutlineText(), true); }
   void Visit(OmPageTitle& title) override { contents_.Add(title.Text(), true); }
 
   void Visit(OmTextBlock& block) override {
-    contents_.Add(TextOf(block.Label()));
+    contents_.Add(GetText(block.Label()));
     ++contents_.Depth();
     contents_.Add(block.Text());
     --contents_.Depth();
@@ -60,7 +60,7 @@ class XlsxVisitor : public OmOutputPart::Visitor {
 
  private:
   void WritePicture(OmChart& chart) {
-    std::string const label = TextOf(chart.Label());
+    std::string const label = GetText(chart.Label());
     auto const sheet = contents_.AddSheet(label, label, "Chart");
     XlsxStyle bold;
     bold.bold = true;

@@ -41,11 +41,11 @@ void SetAlignment(Alignment& alignment, int number) {
 }
 
 void SetColours(XlsxStyle& style, std::string const& text, std::string const& background) {
-  if (IsColour(text)) {
-    style.colour = LongColour(text);
+  if (IsColor(text)) {
+    style.colour = LongColor(text);
   }
-  if (IsColour(background)) {
-    style.background = LongColour(background);
+  if (IsColor(background)) {
+    style.background = LongColor(background);
   }
 }
 

@@ -34,9 +34,9 @@ class TableSheets {
 
  private:
   void Start(DisplayGrid const* grid) {
-    std::string const title = TextOf(HeadlineOf(table_));
+    std::string const title = GetText(FindHeadline(table_));
     std::string const layer =
-        options_.layersAsSheets && grid != nullptr ? LayerLine(grid->LayerLabels(), TextOf) : "";
+        options_.layersAsSheets && grid != nullptr ? LayerLine(grid->LayerLabels(), GetText) : "";
     if (layer.empty()) {
       sheet_ = contents_.AddSheet(title, title, "Table");
     } else {
@@ -45,7 +45,7 @@ class TableSheets {
     row_ = 1;
     XlsxStyle bold;
     bold.bold = true;
-    WriteLines(notes_.Raised(HeadlineOf(table_)), bold, FormatArea::AreaTitle);
+    WriteLines(notes_.Raised(FindHeadline(table_)), bold, FormatArea::AreaTitle);
   }
 
   void WriteLayer(DisplayGrid const& grid, bool first) {

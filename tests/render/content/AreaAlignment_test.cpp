@@ -54,7 +54,7 @@ struct Pets : Table {
 
 TEST(AreaAlignment, WithoutAFormatIsTheRenderersChoice) {
   Pets table;
-  EXPECT_EQ(AlignmentOf(table, FormatArea::AreaData), HorizontalAlignment::Any);
+  EXPECT_EQ(FindAlignment(table, FormatArea::AreaData), HorizontalAlignment::Any);
   EXPECT_EQ(Rendered(table), R"(
 Pets
 ┌──────────┬──────────┬────────────────┐
@@ -78,7 +78,7 @@ TEST(AreaAlignment, NumbersThatMeanNothingAreTheRenderersChoice) {
   for (int const alignment : {-1, -2, 3, 2'147'483'647}) {
     Pets table;
     Align(table, FormatArea::AreaData, alignment);
-    EXPECT_EQ(AlignmentOf(table, FormatArea::AreaData), HorizontalAlignment::Any);
+    EXPECT_EQ(FindAlignment(table, FormatArea::AreaData), HorizontalAlignment::Any);
     EXPECT_EQ(Rendered(table), Rendered(plain));
   }
 }
@@ -88,8 +88,8 @@ TEST(AreaAlignment, EveryAreaIsAlignedOnItsOwn) {
   Align(table, FormatArea::AreaData, HorizontalAlignment::Left);
   Align(table, FormatArea::AreaColumnLabels, HorizontalAlignment::Right);
   Align(table, FormatArea::AreaRowLabels, HorizontalAlignment::Right);
-  Align(table, FormatArea::AreaCorner, HorizontalAlignment::Centre);
-  Align(table, FormatArea::AreaTitle, HorizontalAlignment::Centre);
+  Align(table, FormatArea::AreaCorner, HorizontalAlignment::Center);
+  Align(table, FormatArea::AreaTitle, HorizontalAlignment::Center);
   Align(table, FormatArea::AreaCaption, HorizontalAlignment::Right);
   EXPECT_EQ(Rendered(table), R"(
                   Pets
@@ -109,9 +109,9 @@ TEST(AreaAlignment, EveryAreaIsAlignedOnItsOwn) {
 )");
 }
 
-TEST(AreaAlignment, OddBlankStandsBehindACentredText) {
+TEST(AreaAlignment, OddSpaceComesAfterACenteredText) {
   Pets table;
-  Align(table, FormatArea::AreaData, HorizontalAlignment::Centre);
+  Align(table, FormatArea::AreaData, HorizontalAlignment::Center);
   Align(table, FormatArea::AreaColumnLabels, HorizontalAlignment::Left);
   EXPECT_EQ(Rendered(table), R"(
 Pets
@@ -131,7 +131,7 @@ two doors.
 )");
 }
 
-TEST(AreaAlignment, MarksHangBehindNumbersHoweverTheseAreAligned) {
+TEST(AreaAlignment, MarksHangAfterNumbersHoweverTheseAreAligned) {
   Table table;
   AddCategories(table, "A", {"x", "y"});
   AddCategories(table, "B", {"heading"});
@@ -140,7 +140,7 @@ TEST(AreaAlignment, MarksHangBehindNumbersHoweverTheseAreAligned) {
   OmNumber marked(12);
   table.Cell({0, 0}, WithFootnotes(marked, {0}));
   table.Cell({1, 0}, OmNumber(34));
-  Align(table, FormatArea::AreaData, HorizontalAlignment::Centre);
+  Align(table, FormatArea::AreaData, HorizontalAlignment::Center);
   EXPECT_EQ(Rendered(table), R"(
 table
 ┌───┬─────────┐
@@ -155,7 +155,7 @@ table
 )");
 }
 
-TEST(AreaAlignment, TitleStandsAboveTheFirstFrameAndCaptionBelowTheLast) {
+TEST(AreaAlignment, TitleIsAboveTheFirstFrameAndCaptionBelowTheLast) {
   Table table;
   AddCategories(table, "A", {"x", "y"});
   AddCategories(table, "B", {"u", "a long name"});
@@ -199,7 +199,7 @@ TEST(AreaAlignment, TitleWiderThanTheFrameIsAlignedInItself) {
 TEST(AreaAlignment, TitleWithoutAFrameIsAlignedInItself) {
   Table table;
   table.SetTableTitle(Utf8("Wide line\n見出"));
-  Align(table, FormatArea::AreaTitle, HorizontalAlignment::Centre);
+  Align(table, FormatArea::AreaTitle, HorizontalAlignment::Center);
   EXPECT_EQ(Rendered(table), "\nWide line\n  見出\n");
 }
 
@@ -218,10 +218,10 @@ TEST(AreaAlignment, RestOfAFormatHasNoMeaningInText) {
   EXPECT_EQ(Rendered(table), Rendered(plain));
 }
 
-TEST(BlanksBefore, DependOnTheAlignment) {
-  EXPECT_EQ(BlanksBefore(HorizontalAlignment::Any, 5), 0);
-  EXPECT_EQ(BlanksBefore(HorizontalAlignment::Left, 5), 0);
-  EXPECT_EQ(BlanksBefore(HorizontalAlignment::Centre, 5), 2);
-  EXPECT_EQ(BlanksBefore(HorizontalAlignment::Right, 5), 5);
-  EXPECT_EQ(BlanksBefore(HorizontalAlignment::Centre, 0), 0);
+TEST(CountSpacesBefore, DependOnTheAlignment) {
+  EXPECT_EQ(CountSpacesBefore(HorizontalAlignment::Any, 5), 0);
+  EXPECT_EQ(CountSpacesBefore(HorizontalAlignment::Left, 5), 0);
+  EXPECT_EQ(CountSpacesBefore(HorizontalAlignment::Center, 5), 2);
+  EXPECT_EQ(CountSpacesBefore(HorizontalAlignment::Right, 5), 5);
+  EXPECT_EQ(CountSpacesBefore(HorizontalAlignment::Center, 0), 0);
 }

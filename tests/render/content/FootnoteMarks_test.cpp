@@ -41,7 +41,7 @@ TEST(FootnoteMarks, FootnotesWithoutMarkerGetRaisedLettersInTableOrder) {
   EXPECT_EQ(FootnoteMarks(table, labels, false).Notes(), (Texts{"ᵃ first", "ᵇ second"}));
 }
 
-TEST(FootnoteMarks, AsciiMarksStandInBrackets) {
+TEST(FootnoteMarks, AsciiMarksAreInBrackets) {
   LabelTexts labels;
   Table table;
   AddFootnote(table, "first");
@@ -79,13 +79,13 @@ TEST(FootnoteMarks, DigitsAreRaisedSoThatTheyAreNotReadAsPartOfANumber) {
   EXPECT_EQ(MarksOf(table, {0}), "¹⁰");
 }
 
-TEST(FootnoteMarks, SignsStandAsTheyAre) {
+TEST(FootnoteMarks, SignsStayAsTheyAre) {
   Table table;
   AddFootnote(table, "note", "†");
   EXPECT_EQ(MarksOf(table, {0}), "†");
 }
 
-TEST(FootnoteMarks, MarkersWithoutARaisedFormStandInBrackets) {
+TEST(FootnoteMarks, MarkersWithoutARaisedFormAreInBrackets) {
   Table table;
   AddFootnote(table, "note", "A");
   AddFootnote(table, "note", "q");

@@ -106,7 +106,7 @@ TEST(Placeholder, EmptyStreamsAreLeftOut) {
 
 // In a document
 
-TEST(Placeholder, StandsInADocumentAsABlockOfItsOwn) {
+TEST(Placeholder, IsABlockOfItsOwn) {
   OmOutputTree document;
   AppendItem<OmChart>(document.begin(), Utf8("Survival"), "", 1).SetImageSubType(ChartXMLBar);
   AppendItem<OmModel>(document.begin(), Utf8("Regression"));

@@ -78,7 +78,7 @@ void CollectPaths(OmDimension::ConstNode node, Fields const& path,
   }
 }
 
-/// What stands in the columns of a dimension, by subscript.
+/// What is in the columns of a dimension, by subscript.
 std::map<int, Fields> Columns(OmDimension const& dimension) {
   std::vector<std::pair<int, Fields>> paths;
   CollectPaths(dimension.Root(), {}, paths);

@@ -302,7 +302,7 @@ TEST(CsvRenderer, FootnotesHaveAColumn) {
   EXPECT_EQ(Written(table), "d,value,footnotes\r\na,1,two; one\r\nb,2,\r\n");
 }
 
-TEST(CsvRenderer, FootnotesOfLabelsAndTitleStandWithTheCellsThatTheyAreAbout) {
+TEST(CsvRenderer, FootnotesOfLabelsAndTitleAreWithTheCellsThatTheyAreAbout) {
   Table table;
   for (char const* note : {"of a", "of d", "of the title", "of a cell"}) {
     AddFootnote(table, note);

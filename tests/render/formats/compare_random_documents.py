@@ -62,7 +62,7 @@ def same_number(shown, expected):
 
 
 def row_shows(shown, layer, row):
-    """A label that reaches over several places may stand at the first one only."""
+    """A label that reaches over several places may be at the first one only."""
     return all(
         same(text, expected)
         or (text == "" and (row, column) in layer["continued"])
@@ -86,7 +86,7 @@ def longest(layers):
 
 
 def missing_from_rows(shown, layers):
-    """The layers that do not stand in one long list of rows, in order."""
+    """The layers that are not in one long list of rows, in order."""
     at = 0
     for layer in layers:
         found = next((i for i in range(at, len(shown)) if rows_show(shown, i, layer)), None)
@@ -139,7 +139,7 @@ def missing_from_xlsx(directory, layers):
             if part.endswith((".xml", ".rels")):
                 xml.sax.parseString(book.read(part), xml.sax.ContentHandler())
     sheets = read_xlsx.openpyxl.load_workbook(path).worksheets[1:]
-    # A mark can be raised, and so told from a text, only where it stands beside one.
+    # A mark can be raised, and so told from a text, only where it is beside one.
     layers = [{**layer, "marks_alone": True} for layer in layers]
     end = [[]] * longest(layers)  # a sheet ends with its last text, not with its last row
     return missing_from_rows(

@@ -36,7 +36,7 @@ def expected_records(tables):
 
 
 def with_labels_once(layer):
-    """The rows of a layer; a label over several columns of row headings stands in the first."""
+    """The rows of a layer; a label over several columns of row headings is in the first."""
     rows = [list(row) for row in layer["rows"]]
     for row, column, row_span, column_span in layer["spans"]:
         if column < layer["headingColumns"]:

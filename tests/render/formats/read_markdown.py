@@ -56,7 +56,7 @@ def with_labels_once(layer):
 
 
 def heading_of(layer):
-    """One line of headings: what stands above one another, joined."""
+    """One line of headings: what is above one another, joined."""
     starts = starting_rows(layer)
     heading = []
     for column in range(len(layer["rows"][0])):
@@ -80,5 +80,5 @@ def starting_rows(layer):
 
 
 def body_of(layer):
-    """The other rows; Markdown shows no blanks around a text."""
+    """The other rows; Markdown shows no spaces around a text."""
     return [[text.strip() for text in row] for row in layer["rows"][layer["headingRows"] :]]

@@ -34,7 +34,7 @@ def shown(cell):
 
 
 def expanded(sheet):
-    """All rows, with what stands in merged cells at each of their places."""
+    """All rows, with what is in merged cells at each of their places."""
     rows = [[shown(cell) for cell in row] for row in sheet.iter_rows()]
     for merged in sheet.merged_cells.ranges:
         text = rows[merged.min_row - 1][merged.min_col - 1]

@@ -27,7 +27,7 @@ using namespace lakresvos::render;
 using nlohmann::json;
 
 std::string Clean(OmCellText const* label) {
-  return CleanText(TextOf(label));
+  return CleanText(GetText(label));
 }
 
 json RowsOf(DisplayGrid const& grid) {
@@ -87,7 +87,7 @@ json GridsOf(OmOutputTree& document) {
   for (auto node = document.begin(); !node.AtEnd(); ++node) {
     auto* const table = dynamic_cast<OmPivotTable*>(*node);
     if (table != nullptr && table->Show()) {
-      tables.push_back({{"title", Clean(HeadlineOf(*table))},
+      tables.push_back({{"title", Clean(FindHeadline(*table))},
                         {"dimensions", DimensionsOf(*table)},
                         {"layers", LayersOf(*table)}});
     }

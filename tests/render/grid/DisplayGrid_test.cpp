@@ -113,7 +113,7 @@ TEST(DisplayGrid, EqualLabelsUnderDifferentGroupsAreNotMerged) {
             (Texts{"first@1,0", "same@1,1", "second@2,0", "same@2,1"}));
 }
 
-TEST(DisplayGrid, NeighboursWithEqualLabelsAreNotMerged) {
+TEST(DisplayGrid, NeighborsWithEqualLabelsAreNotMerged) {
   Table table;
   AddCategories(table, "A", {"same", "same", "same"});
   table.Place({0}, {});
@@ -180,7 +180,7 @@ TEST(DisplayGrid, CategoriesBelowAGroupWithHiddenLabelsShareTheCellAbove) {
   EXPECT_EQ(laid->Rows(), 3);
 }
 
-TEST(DisplayGrid, PaddingBesideShownNodesIsABlankCell) {
+TEST(DisplayGrid, PaddingBesideShownNodesIsAnEmptyCell) {
   Table table;
   OmDimension& dimension = table.Add("A");
   auto const outer = Group(dimension, dimension.Root(), "outer");
@@ -197,7 +197,7 @@ TEST(DisplayGrid, PaddingBesideShownNodesIsABlankCell) {
             (Texts{"outer@1,0+3x1", "-@1,1+2x2", "inner@3,1", "z@3,2"}));
 }
 
-TEST(DisplayGrid, CategoriesThatShowNothingAreBlankCells) {
+TEST(DisplayGrid, CategoriesThatShowNothingAreEmptyCells) {
   Table table;
   OmDimension& dimension = table.AddFlat("A", 3);
   dimension.Root().Child(1).Value().hide = true;
@@ -256,7 +256,7 @@ TEST(DisplayGrid, DimensionNamesReachOverTheirHeadingColumns) {
   EXPECT_EQ(Cells(laid, GridRole::Corner), (Texts{"A@0,0+2x2", "B@0,2+2x1"}));
 }
 
-TEST(DisplayGrid, NameOfAHiddenRootLeavesABlankCornerCell) {
+TEST(DisplayGrid, NameOfAHiddenRootLeavesAnEmptyCornerCell) {
   Table table;
   table.AddFlat("A", 1).Root().Value().hide = true;
   table.AddFlat("B", 1);
@@ -268,7 +268,7 @@ TEST(DisplayGrid, NameOfAHiddenRootLeavesABlankCornerCell) {
   EXPECT_EQ(Cells(laid, GridRole::Corner), (Texts{"-@0,0", "B@0,1"}));
 }
 
-TEST(DisplayGrid, HiddenRootBehindANamedDimensionHasABlankCornerCell) {
+TEST(DisplayGrid, HiddenRootAfterANamedDimensionHasAnEmptyCornerCell) {
   Table table;
   table.AddFlat("A", 1);
   table.AddFlat("B", 1).Root().Value().hide = true;
@@ -291,7 +291,7 @@ TEST(DisplayGrid, CornerTextReachesOverTheWholeCorner) {
   EXPECT_EQ(Cells(laid, GridRole::Corner), (Texts{"corner@0,0+2x4"}));
 }
 
-TEST(DisplayGrid, CornerWithoutTextIsOneBlankCell) {
+TEST(DisplayGrid, CornerWithoutTextIsOneEmptyCell) {
   Table table;
   table.AddFlat("A", 1);
   table.AddFlat("B", 1);

@@ -14,7 +14,7 @@
 /// headings, without regard to time.
 class GridModel {
  public:
-  /// What stands at one position of the frame.
+  /// What is at one position of the headings.
   struct Position {
     std::pair<int, int> start;  ///< the row and column in which its cell starts
     OmCellText const* label;
@@ -36,7 +36,7 @@ class GridModel {
   /// columns cut to 32 bits, those of a whole heading row at full width.
   bool ReadsEveryColumn() const;
 
-  /// Requires: the position lies in the frame.
+  /// Requires: the position is in the headings.
   Position At(int row, int column) const;
 
   /// Requires: the position lies in the body.

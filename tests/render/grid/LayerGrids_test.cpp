@@ -76,7 +76,7 @@ TEST(LayerGrids, LayersWithoutCellsAreLeftOut) {
   EXPECT_EQ(LayersOf(table, false), (Texts{"B: B0; ", "B: B1; ", "B: B2; "}));
 }
 
-TEST(LayerGrids, FirstLayerDimensionVariesFastestAndStandsLast) {
+TEST(LayerGrids, FirstLayerDimensionVariesFastestAndIsLast) {
   Table table;
   table.AddFlat("A", 2);
   table.AddFlat("B", 2);

@@ -27,14 +27,14 @@ std::string Page(OmOutputTree const& document, HtmlOptions const& options = {}) 
   return out.str();
 }
 
-/// What stands between two marks, the first of each kind.
+/// What is between two marks, the first of each kind.
 std::string Between(std::string const& text, std::string const& start, std::string const& end) {
   std::size_t const from = text.find(start);
   if (from == std::string::npos) {
     return "nothing starts with " + start;
   }
-  std::size_t const behind = from + start.size();
-  return text.substr(behind, text.find(end, behind) - behind);
+  std::size_t const after = from + start.size();
+  return text.substr(after, text.find(end, after) - after);
 }
 
 std::string Main(OmOutputTree const& document, HtmlOptions const& options = {}) {
@@ -101,20 +101,20 @@ TEST(HtmlText, WordsFromThirteenToTwentyFourCharactersAreWide) {
 }
 
 TEST(HtmlLanguage, TagOfALocale) {
-  EXPECT_EQ(LanguageOf("en_US.UTF-8"), "en-US");
-  EXPECT_EQ(LanguageOf("de"), "de");
-  EXPECT_EQ(LanguageOf("es-419"), "es-419");
-  EXPECT_EQ(LanguageOf("fr_FR@euro"), "fr-FR");
-  EXPECT_EQ(LanguageOf("AR_eg"), "ar-EG");
-  EXPECT_EQ(LanguageOf("zh_hant_TW"), "zh-Hant-TW");
-  EXPECT_EQ(LanguageOf("sr-Latn"), "sr-Latn");
-  EXPECT_EQ(LanguageOf("C"), "");
-  EXPECT_EQ(LanguageOf("english"), "");
-  EXPECT_EQ(LanguageOf("e1"), "");
-  EXPECT_EQ(LanguageOf("de_\"x"), "de");
-  EXPECT_EQ(LanguageOf("de__DE"), "de");
-  EXPECT_EQ(LanguageOf("_DE"), "");
-  EXPECT_EQ(LanguageOf(""), "");
+  EXPECT_EQ(FindLanguage("en_US.UTF-8"), "en-US");
+  EXPECT_EQ(FindLanguage("de"), "de");
+  EXPECT_EQ(FindLanguage("es-419"), "es-419");
+  EXPECT_EQ(FindLanguage("fr_FR@euro"), "fr-FR");
+  EXPECT_EQ(FindLanguage("AR_eg"), "ar-EG");
+  EXPECT_EQ(FindLanguage("zh_hant_TW"), "zh-Hant-TW");
+  EXPECT_EQ(FindLanguage("sr-Latn"), "sr-Latn");
+  EXPECT_EQ(FindLanguage("C"), "");
+  EXPECT_EQ(FindLanguage("english"), "");
+  EXPECT_EQ(FindLanguage("e1"), "");
+  EXPECT_EQ(FindLanguage("de_\"x"), "de");
+  EXPECT_EQ(FindLanguage("de__DE"), "de");
+  EXPECT_EQ(FindLanguage("_DE"), "");
+  EXPECT_EQ(FindLanguage(""), "");
 }
 
 TEST(HtmlLanguage, DirectionOfALanguage) {
@@ -276,7 +276,7 @@ TEST(HtmlRenderer, CellsOfNestedHeadingsNameAllTheirHeaders) {
             "<td class=\"n\" headers=\"t1l0r2c0 t1l0r3c1 t1l0r0c2 t1l0r1c3\">1</td></tr>\n");
 }
 
-TEST(HtmlRenderer, BodyStandsForEachOutermostGroup) {
+TEST(HtmlRenderer, EachOutermostGroupHasABody) {
   OmOutputTree document;
   AddGrouped(document);
   EXPECT_EQ(Count(Main(document), "<tbody>"), 2u);
@@ -292,7 +292,7 @@ TEST(HtmlRenderer, EmptyHeadingIsAPlainCell) {
             std::string::npos);
 }
 
-TEST(HtmlRenderer, HeadingOfBlanksIsAPlainCellWithoutAnId) {
+TEST(HtmlRenderer, HeadingOfSpacesIsAPlainCellWithoutAnId) {
   OmOutputTree document;
   Table& table = AddTable(document);
   AddCategories(table, "A", {" \n", "b"});
@@ -553,7 +553,7 @@ TEST(HtmlRenderer, NoteOfManyCellsLinksBackToTheFirst) {
   EXPECT_EQ(Count(main, "doc-backlink"), 1u);
 }
 
-TEST(HtmlRenderer, CaptionStandsBelowTheTableUnlessHidden) {
+TEST(HtmlRenderer, CaptionIsBelowTheTableUnlessHidden) {
   OmOutputTree document;
   Table& table = AddGrouped(document);
   OmStringCellUTF8 const caption("Source");
@@ -724,7 +724,7 @@ TEST(HtmlChart, DataAreATable) {
             std::string::npos);
 }
 
-TEST(HtmlChart, NameOfBlanksIsAPlainCell) {
+TEST(HtmlChart, NameOfSpacesIsAPlainCell) {
   OmChart chart(Utf8("Bars"), "", 1);
   std::string const json =
       R"({"categories":[" "],"series":[{"name":"","values":[1]},{"name":"s","values":[2]}]})";

@@ -18,7 +18,7 @@ struct MarkdownBlock {
 };
 
 /// Reads Markdown with cmark-gfm, tables, strikethrough and footnotes included. Within texts, `<br>`
-/// is a line end and a footnote's mark is left out; any other markup stands there as the name of
+/// is a line end and a footnote's mark is left out; any other markup is there as the name of
 /// its kind in brackets.
 std::vector<MarkdownBlock> ReadMarkdown(std::string const& markdown);
 

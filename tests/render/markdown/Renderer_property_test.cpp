@@ -41,18 +41,18 @@ std::string Described(Blocks const& blocks) {
   return out.str();
 }
 
-/// A text as a reader sees it: without blanks and line ends around it.
+/// A text as a reader sees it: without spaces and line ends around it.
 std::string Seen(std::string const& text) {
   std::string seen = CleanText(text);
   for (bool found = true; found;) {
     found = false;
-    for (std::string const blank : {" ", "\t", "\n", "\u00A0", "\u3000"}) {
-      if (seen.starts_with(blank)) {
-        seen.erase(0, blank.size());
+    for (std::string const space : {" ", "\t", "\n", "\u00A0", "\u3000"}) {
+      if (seen.starts_with(space)) {
+        seen.erase(0, space.size());
         found = true;
       }
-      if (seen.ends_with(blank)) {
-        seen.erase(seen.size() - blank.size());
+      if (seen.ends_with(space)) {
+        seen.erase(seen.size() - space.size());
         found = true;
       }
     }

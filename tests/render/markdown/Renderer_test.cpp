@@ -16,7 +16,7 @@ using namespace render_tables;
 
 namespace {
 
-/// Behind a line end so that expected texts may start on a new line.
+/// After a line end so that expected texts may start on a new line.
 std::string Rendered(OmPivotTable& table, MarkdownOptions const& options = {}) {
   std::ostringstream out;
   out << '\n';
@@ -47,7 +47,7 @@ TEST(MarkdownText, BrokenTextIsReplaced) {
   EXPECT_EQ(MarkdownText("\xFF\x01"), "\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
-TEST(MarkdownText, BlanksAroundAreLeftOut) {
+TEST(MarkdownText, SpacesAroundAreLeftOut) {
   EXPECT_EQ(MarkdownText(" \t\u00A0a  b\u3000\n "), "a  b");
   EXPECT_EQ(MarkdownText("\u3000\u65E5\u672C"), "\u65E5\u672C");
   EXPECT_EQ(MarkdownText(" \n\u3000"), "");
@@ -70,7 +70,7 @@ TEST(MarkdownText, StartOfALineIsNeitherHeadingNorList) {
   EXPECT_EQ(AtLineStart(""), "");
 }
 
-TEST(MarkdownText, CodeStandsBehindALongerFence) {
+TEST(MarkdownText, CodeComesAfterALongerFence) {
   EXPECT_EQ(MarkdownCode("a"), "```\na\n```");
   EXPECT_EQ(MarkdownCode("a\n"), "```\na\n```");
   EXPECT_EQ(MarkdownCode("a ```` b"), "`````\na ```` b\n`````");
@@ -153,7 +153,7 @@ TEST(MarkdownRenderer, LabelOverTwoHeadingColumnsIsShownOnce) {
 )");
 }
 
-TEST(MarkdownRenderer, LayersFollowEachOtherAndFootnotesStandBelow) {
+TEST(MarkdownRenderer, LayersFollowEachOtherAndFootnotesAreBelow) {
   Table table;
   AddCategories(table, "Age", {"Child", "Adult"});
   AddCategories(table, "Sex", {"Male"});
@@ -223,7 +223,7 @@ TEST(MarkdownRenderer, FootnoteThatLooksLikeAHeadingIsText) {
   EXPECT_NE(Rendered(table).find("\n[^t1n1]: \\# not a heading\n"), std::string::npos);
 }
 
-TEST(MarkdownRenderer, BoldTitleHasNoBlanksAtItsEnds) {
+TEST(MarkdownRenderer, BoldTitleHasNoSpacesAtItsEnds) {
   Table table;
   table.SetTableTitle(Utf8("  Survival "));
   EXPECT_EQ(Rendered(table), "\n**Survival**\n");

@@ -121,7 +121,7 @@ void EqualLabelsUnderDifferentGroups(Table& table) {
   table.PutAll();
 }
 
-void EqualNeighbouringGroups(Table& table) {
+void EqualNeighboringGroups(Table& table) {
   OmDimension& columns = table.Add("columns");
   unsigned long subscript = 0;
   for (int i = 0; i < 2; ++i) {
@@ -372,7 +372,7 @@ Case const kCases[] = {
     {"Hidden caption", HiddenCaption},
     {"Empty labels", EmptyLabels},
     {"Equal labels under different groups", EqualLabelsUnderDifferentGroups},
-    {"Equal neighbouring groups", EqualNeighbouringGroups},
+    {"Equal neighbouring groups", EqualNeighboringGroups},
     {"Paths of different length", PathsOfDifferentLength},
     {"Corner text", CornerText},
     {"Long texts", LongTexts},

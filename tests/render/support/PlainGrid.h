@@ -57,7 +57,7 @@ class PlainGrid {
       return false;
     }
     OmCellText* const cell = grid_.Body(row).Cell(column);
-    return cell != nullptr && lakresvos::render::NumberOf(*cell).has_value();
+    return cell != nullptr && lakresvos::render::FindNumber(*cell).has_value();
   }
 
  private:

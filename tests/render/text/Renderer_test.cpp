@@ -16,7 +16,7 @@ using namespace render_tables;
 
 namespace {
 
-/// A document behind a line end so that expected texts may start on a new line.
+/// A document after a line end so that expected texts may start on a new line.
 std::string Rendered(OmOutputTree const& document, TextOptions const& options = {}) {
   std::ostringstream out;
   out << '\n';
@@ -144,7 +144,7 @@ alone
 )");
 }
 
-TEST(TextRenderer, PageTitleStandsBetweenLines) {
+TEST(TextRenderer, PageTitleIsBetweenLines) {
   OmOutputTree document;
   AppendItem<OmPageTitle>(document.begin(), "Page one");
   EXPECT_EQ(Rendered(document), R"(

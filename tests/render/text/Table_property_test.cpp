@@ -122,7 +122,7 @@ void ForRandomDrawings(TextOptions options, Check check) {
   }
 }
 
-/// What stands in each terminal column of a line; empty in the second one of a wide character.
+/// What is in each terminal column of a line; empty in the second one of a wide character.
 std::vector<std::string> Columns(std::string const& line) {
   std::vector<std::string> columns;
   for (std::string_view rest = line; !rest.empty();) {

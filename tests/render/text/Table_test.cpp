@@ -19,7 +19,7 @@ using namespace render_tables;
 
 namespace {
 
-/// The first layer of a table, behind a line end so that expected drawings may start on a new line.
+/// The first layer of a table, after a line end so that expected drawings may start on a new line.
 std::string Drawn(Table& table, TextOptions const& options = {}, bool dimNamesInCorner = true) {
   std::ostringstream out;
   out << '\n';
@@ -421,7 +421,7 @@ TEST(TextTable, NeitherRowsNorColumnsDrawNothing) {
   EXPECT_EQ(Drawn(table, KeepingEmpty()), "\n");
 }
 
-TEST(TextTable, MissingCellsAreBlank) {
+TEST(TextTable, MissingCellsAreEmpty) {
   Table table;
   AddCategories(table, "A", {"x", "y"});
   AddCategories(table, "B", {"x", "y"});
@@ -442,7 +442,7 @@ TEST(TextTable, MissingCellsAreBlank) {
 
 // Cells
 
-TEST(TextTable, NumbersStandAtTheRightAndTextsAtTheLeft) {
+TEST(TextTable, NumbersAreAtTheRightAndTextsAtTheLeft) {
   Table table;
   AddCategories(table, "A", {"x", "y"});
   AddCategories(table, "B", {"number", "text", "both"});
@@ -531,7 +531,7 @@ TEST(TextTable, HostileTextsCannotBreakTheFrame) {
 
 // Footnotes
 
-TEST(TextTable, MarksHangBehindTheDigitsOfTheirColumn) {
+TEST(TextTable, MarksHangAfterTheDigitsOfTheirColumn) {
   Table table;
   AddCategories(table, "A", {"x", "y", "z"});
   table.Place({0}, {});
@@ -562,7 +562,7 @@ TEST(TextTable, MarksHangBehindTheDigitsOfTheirColumn) {
 )");
 }
 
-TEST(TextTable, MarksStandBehindTextsAndLabels) {
+TEST(TextTable, MarksComeAfterTextsAndLabels) {
   Table table;
   AddFootnote(table, "note");
   OmDimension& dimension = table.Add("A");

@@ -29,7 +29,7 @@ TEST(XlsxStyle, AreaFormatOverridesWhatItSays) {
   EXPECT_FALSE(style.bold);
   EXPECT_TRUE(style.italic);
   EXPECT_TRUE(style.underline);
-  EXPECT_EQ(style.horizontal, HorizontalAlignment::Centre);
+  EXPECT_EQ(style.horizontal, HorizontalAlignment::Center);
   EXPECT_EQ(style.vertical, VerticalAlignment::Top);
   EXPECT_EQ(style.colour, "#aabbcc");
   EXPECT_EQ(style.background, "");

@@ -30,10 +30,10 @@ void WriteLayers(JsonStream& json, DisplayGrid const& grid) {
   json.Name("layer").BeginArray();
   for (LayerLabel const& label : grid.LayerLabels()) {
     json.BeginObject();
-    WriteText(json, "dimension", TextOf(label.dimension));
+    WriteText(json, "dimension", GetText(label.dimension));
     json.Name("categories").BeginArray();
     for (OmCellText const* const category : label.categories) {
-      json.Text(TextOf(category));
+      json.Text(GetText(category));
     }
     json.End();
     json.End();
@@ -50,7 +50,7 @@ void WriteFrame(JsonStream& json, DisplayGrid const& grid) {
     json.Name("column").Number(cell.column);
     WriteNumber(json, "rowSpan", cell.rowSpan, 1);
     WriteNumber(json, "columnSpan", cell.columnSpan, 1);
-    WriteText(json, "text", TextOf(cell.label));
+    WriteText(json, "text", GetText(cell.label));
     json.End();
   }
   json.End();
