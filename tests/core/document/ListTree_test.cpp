@@ -68,6 +68,14 @@ TEST_F(ListTreeTest, KeepsItsElementsInPreorder) {
   EXPECT_EQ(tree_.size(), 7U);
 }
 
+TEST_F(ListTreeTest, ShowsItsElementsWhenItMayNotBeChanged) {
+  std::string listing;
+  for (Tree::Element const& element : std::as_const(tree_).Elements()) {
+    listing += std::to_string(element.value) + "@" + std::to_string(element.depth) + " ";
+  }
+  EXPECT_EQ(listing, Listing(tree_));
+}
+
 // Handles
 
 TEST_F(ListTreeTest, AHandleOfTheEndHasDepthZero) {

@@ -13,24 +13,27 @@ namespace lakresvos::render {
 
 /// What is wrong with a document in JSON, and where.
 ///
-/// Thread safety: an object may be read from several threads.
+/// Thread safety: a plain value; several threads may read it while none writes it.
 class LAKRESVOS_RENDER_EXPORT JsonError : public std::runtime_error {
  public:
+  /// Makes an error whose what() is the place and the problem, or the problem alone.
   /// @param place see Place(); empty for the text as a whole.
+  /// @param problem what is wrong, in one line.
   JsonError(std::string const& place, std::string const& problem);
-  JsonError(JsonError const&) = default;
-  JsonError& operator=(JsonError const&) = default;
+  JsonError(JsonError const&) = default;             ///< copies place and problem
+  JsonError& operator=(JsonError const&) = default;  ///< copies place and problem
   ~JsonError() override;
 
   /// For what is not JSON, "LINE:COLUMN", both from 1 and the column in characters; for what is no
-  /// such document, the JSON Pointer (RFC 6901) of the offending value. What what() begins with.
+  /// such document, the JSON Pointer (RFC 6901) of the offending value. It is what what() begins with,
+  /// and valid as long as the object.
   std::string const& Place() const { return place_; }
 
  private:
   std::string place_;
 };
 
-/// Makes the document that a JsonRenderer wrote. Written again, it gives the same text.
+/// Makes the document that RenderJson() wrote. Written again, it gives the same text.
 ///
 /// The text must be exactly as the format has it: fields that the format does not have, fields that
 /// come twice, and cells that are not in ascending order (the first subscript varying fastest) are
@@ -46,7 +49,12 @@ class LAKRESVOS_RENDER_EXPORT JsonError : public std::runtime_error {
 ///
 /// Reading takes time linear in the text, and memory for a copy of what is in it.
 ///
-/// @throws JsonError; std::bad_alloc. Nothing is left behind then.
+/// Thread safety: none; one thread at a time uses the stream.
+///
+/// @param in where to read, up to its end.
+/// @return the document, which belongs to the caller; never null.
+/// @throws JsonError for a text that is no such document; std::bad_alloc. Nothing is left of the
+///         document then.
 LAKRESVOS_RENDER_EXPORT std::unique_ptr<OmOutputTree> ReadJson(std::istream& in);
 
 }  // namespace lakresvos::render

@@ -12,6 +12,8 @@ namespace lakresvos::render {
 
 /// How a document is written as JSON. The options of tables matter to the layout only: the document
 /// itself is written whole.
+///
+/// Thread safety: a plain value; several threads may read it while none writes it.
 struct JsonOptions : TableOptions {
   bool layout = false;  ///< add what each table shows, for programs that lay out nothing themselves
 };
@@ -34,8 +36,13 @@ struct JsonOptions : TableOptions {
 /// Writing takes time linear in the stored cells, and in the displayed ones with the layout; memory
 /// beyond the document grows with its depths only, and with the headings of one layer.
 ///
+/// Thread safety: none; one thread at a time uses a document and the stream.
+///
 /// @param tree the document; neither it nor its items are changed.
-/// @param out where to write. Its state tells whether writing failed.
+/// @param out where to write; its state tells whether writing failed.
+/// @param options see JsonOptions.
+/// @throws std::length_error that names a table with more rows or columns than an int can count,
+///         with the layout; what comes before it has been written then. std::bad_alloc.
 LAKRESVOS_RENDER_EXPORT void RenderJson(OmOutputTree const& tree, std::ostream& out,
                                         JsonOptions const& options = {});
 

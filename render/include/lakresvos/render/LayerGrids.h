@@ -19,15 +19,19 @@ namespace lakresvos::render {
 /// A table without layer dimensions has one layer; a table without cells has none when empty layers
 /// are left out. Without TableOptions::allLayers, the first layer is the only one.
 ///
-/// The table must outlive the object and must not change while it lives.
-///
 /// Thread safety: none; one thread at a time uses a table and what lays it out.
 class LAKRESVOS_RENDER_EXPORT LayerGrids {
  public:
+  /// Starts before the first layer. With TableOptions::skipEmpty it takes the time in which the
+  /// table's layers with cells are found, see OmDisplayLayerHeading.
+  /// @param table   stays the caller's; it must outlive the object and not change while that lives.
+  /// @param options which layers, rows and columns are laid out; copied.
   explicit LayerGrids(OmPivotTable& table, TableOptions const& options = {});
 
-  /// Lays out the next layer, first the first one; null when there is none left. The grid belongs
-  /// to this object and is valid until the next call.
+  /// Lays out the next layer, first the first one; see DisplayGrid for the time it takes.
+  /// @return the grid, which belongs to this object and is valid until the next call; null when no
+  ///         layer is left.
+  /// @throws std::length_error as DisplayGrid.
   DisplayGrid const* Next();
 
  private:

@@ -14,6 +14,8 @@ class OmOutputTree;
 namespace lakresvos::render {
 
 /// How a document becomes a workbook.
+///
+/// Thread safety: a plain value; several threads may read it while none writes it.
 struct XlsxOptions : TableOptions {
   bool layersAsSheets = false;  ///< a sheet for each layer, not only for each table
   bool mergeRows = true;        ///< row headings that reach over several cells are merged ones
@@ -21,7 +23,7 @@ struct XlsxOptions : TableOptions {
 
   /// Told what the workbook does not hold as the document has it: one line for each kind of loss,
   /// with the count and the place of the first one, before anything is written to the stream. What
-  /// it throws leaves the renderer.
+  /// it throws leaves RenderXlsx(). Empty: nobody is told.
   std::function<void(std::string const&)> onLoss;
 };
 
@@ -36,16 +38,16 @@ struct XlsxOptions : TableOptions {
 ///   and the last one has those too that no layer refers to.
 /// - Numbers are numbers of 16 digits with their decimals as number format, everything else is text,
 ///   never a formula; so are the system-missing value, ".", and numbers above 9.99999999999999e307.
-///   Marks of footnotes stand raised behind texts and, through the number format, behind numbers,
+///   Marks of footnotes are raised after texts and, through the number format, after numbers,
 ///   which are texts where marks are too long for that and after the first 160 such formats, for
 ///   spreadsheets open workbooks with some 200 of them. A text of more than 32,767 characters is left
 ///   out; a note in its place says so.
-/// - Heading cells are merged, or where that is not wanted repeated; so are those behind the first
-///   65,535 of a sheet. The heading of one column stands at its right, as numbers do, that of several
+/// - Heading cells are merged, or where that is not wanted repeated; so are those after the first
+///   65,535 of a sheet. The heading of one column is at its right, as numbers do, that of several
 ///   in their middle. A rule separates the outermost groups of rows. Panes are frozen at the first
-///   data cell, groups are outlined behind their first row or column: for the columns and on the
+///   data cell, groups are outlined after their first row or column: for the columns and on the
 ///   screen as the first layer of a sheet wants it. Columns are as wide as their widest number or
-///   text, headings over several columns left out, up to a limit behind which texts wrap.
+///   text, headings over several columns left out, up to a limit beyond which texts wrap.
 /// - Sheets are printed on the width of one page, down to half their size; those that are too wide
 ///   have pages on the side, and when they are too wide even so, they go over several pages at half
 ///   their size. Heading rows and columns are repeated on every printed page of the first 32,768
@@ -53,19 +55,22 @@ struct XlsxOptions : TableOptions {
 ///   are, and only the columns on a sheet that goes over several pages side by side.
 /// - Area formats and the styles of cells become cell formats, margins left out; see AreaStyle.h. A
 ///   cell whose metadata name style number n has entry n of the table's cell styles; number 0 is no
-///   style. Behind the first 64,000 different looks cells are plain.
+///   style. After the first 64,000 different looks cells are plain.
 /// - A chart with a PNG or JPEG image is a sheet with the picture, which has the start of the label
 ///   as its description; where the picture is damaged or of an unknown kind, a note that says so.
-///   Charts with an SVG image or none, models, answer trees and interactive items are announced in
-///   the contents.
+///   Charts with an SVG image or none, models, answer trees and interactive items have a
+///   placeholder in the contents.
 ///
 /// Bytes that are not UTF-8 and control characters become U+FFFD.
 ///
-/// Takes time linear in the displayed and stored cells. Beside the headings, memory does not grow
+/// Writing takes time linear in the displayed and stored cells. Beside the headings, memory does not grow
 /// with the rows: they go to temporary files, in the directory that TMPDIR names or else in /tmp.
 ///
+/// Thread safety: none; one thread at a time uses a document and the stream.
+///
 /// @param tree the document; neither it nor its items are changed.
-/// @param out where to write. Its state tells whether writing failed.
+/// @param out where to write; its state tells whether writing failed.
+/// @param options see XlsxOptions.
 /// @throws std::length_error that names the table when it has more than 1,048,576 rows or 16,384
 ///         columns, and for more than 65,000 sheets; std::runtime_error when there can be no temporary
 ///         file, std::system_error when it cannot be written. Nothing is written to `out` then.
@@ -76,8 +81,10 @@ LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree const& tree, std::ostream& 
 /// beside it, which then takes its place. When anything is thrown, nothing of that is left and a
 /// file that was there is as it was.
 ///
+/// @param tree the document; neither it nor its items are changed.
 /// @param file a file that is there is replaced and keeps its permissions; a symbolic link to one
 ///        stays a link.
+/// @param options see XlsxOptions.
 /// @throws as above; std::system_error that names the file when it cannot be written or is no
 ///         regular file.
 LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree const& tree, std::filesystem::path const& file,
