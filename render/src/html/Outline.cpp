@@ -8,7 +8,7 @@ namespace lakresvos::render {
 
 namespace {
 
-constexpr int kDeepest = 6;
+constexpr int kMaxLevel = 6;
 
 }  // namespace
 
@@ -16,7 +16,7 @@ void HtmlOutline::Add(std::string const& text, std::size_t part, int depth) {
   if (IsBlank(text)) {
     return;
   }
-  int const level = std::min(depth, kDeepest);
+  int const level = std::min(depth, kMaxLevel);
   WritePending(level > depth_);
   while (!open_.empty() && open_.back() >= level) {
     out_ << "</ul></details></li>\n";

@@ -6,7 +6,7 @@
 #include <lakresvos/render/DisplayGrid.h>
 
 #include "content/FootnoteMarks.h"
-#include "grid/GridPart.h"
+#include "grid/Part.h"
 #include "text/BodyTexts.h"
 
 namespace lakresvos::render {

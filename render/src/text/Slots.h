@@ -8,7 +8,7 @@
 
 #include "content/AreaAlignment.h"
 #include "content/FootnoteMarks.h"
-#include "grid/GridPart.h"
+#include "grid/Part.h"
 #include "text/Layout.h"
 #include "unicode/Wrap.h"
 

@@ -12,8 +12,8 @@ using namespace render_tables;
 
 namespace {
 
-std::string MarksOf(OmPivotTable const& table, std::initializer_list<unsigned int> numbers,
-                    bool ascii = false) {
+std::string FindMarks(OmPivotTable const& table, std::initializer_list<unsigned int> numbers,
+                      bool ascii = false) {
   OmNumber cell(1);
   LabelTexts labels;
   return FootnoteMarks(table, labels, ascii).Find(WithFootnotes(cell, numbers));
@@ -28,7 +28,7 @@ TEST(FootnoteMarks, CellWithoutFootnotesHasNoMark) {
   Table table;
   AddFootnote(table, "note");
   EXPECT_EQ(FootnoteMarks(table, labels, false).Find(OmNumber(1)), "");
-  EXPECT_EQ(MarksOf(table, {}), "");
+  EXPECT_EQ(FindMarks(table, {}), "");
 }
 
 TEST(FootnoteMarks, FootnotesWithoutMarkerGetRaisedLettersInTableOrder) {
@@ -36,8 +36,8 @@ TEST(FootnoteMarks, FootnotesWithoutMarkerGetRaisedLettersInTableOrder) {
   Table table;
   AddFootnote(table, "first");
   AddFootnote(table, "second");
-  EXPECT_EQ(MarksOf(table, {0}), "ᵃ");
-  EXPECT_EQ(MarksOf(table, {1}), "ᵇ");
+  EXPECT_EQ(FindMarks(table, {0}), "ᵃ");
+  EXPECT_EQ(FindMarks(table, {1}), "ᵇ");
   EXPECT_EQ(FootnoteMarks(table, labels, false).Notes(), (Texts{"ᵃ first", "ᵇ second"}));
 }
 
@@ -46,7 +46,7 @@ TEST(FootnoteMarks, AsciiMarksAreInBrackets) {
   Table table;
   AddFootnote(table, "first");
   AddFootnote(table, "second", "*");
-  EXPECT_EQ(MarksOf(table, {0, 1}, true), "[a,*]");
+  EXPECT_EQ(FindMarks(table, {0, 1}, true), "[a,*]");
   EXPECT_EQ(FootnoteMarks(table, labels, true).Notes(), (Texts{"[a] first", "[*] second"}));
 }
 
@@ -54,35 +54,35 @@ TEST(FootnoteMarks, SeveralMarksAreJoinedByCommasInTheOrderOfTheCell) {
   Table table;
   AddFootnote(table, "first");
   AddFootnote(table, "second");
-  EXPECT_EQ(MarksOf(table, {1, 0}), "ᵇ,ᵃ");
+  EXPECT_EQ(FindMarks(table, {1, 0}), "ᵇ,ᵃ");
 }
 
 TEST(FootnoteMarks, MarkerOfTheFootnoteGoesBeforeALetter) {
   Table table;
   AddFootnote(table, "first", "*");
   AddFootnote(table, "second");
-  EXPECT_EQ(MarksOf(table, {0}), "*");
-  EXPECT_EQ(MarksOf(table, {1}), "ᵃ");
+  EXPECT_EQ(FindMarks(table, {0}), "*");
+  EXPECT_EQ(FindMarks(table, {1}), "ᵃ");
 }
 
 TEST(FootnoteMarks, LettersThatAreMarkersAreNotGivenTwice) {
   Table table;
   AddFootnote(table, "first");
   AddFootnote(table, "second", "a");
-  EXPECT_EQ(MarksOf(table, {0}), "ᵇ");
-  EXPECT_EQ(MarksOf(table, {1}), "ᵃ");
+  EXPECT_EQ(FindMarks(table, {0}), "ᵇ");
+  EXPECT_EQ(FindMarks(table, {1}), "ᵃ");
 }
 
 TEST(FootnoteMarks, DigitsAreRaisedSoThatTheyAreNotReadAsPartOfANumber) {
   Table table;
   AddFootnote(table, "note", "10");
-  EXPECT_EQ(MarksOf(table, {0}), "¹⁰");
+  EXPECT_EQ(FindMarks(table, {0}), "¹⁰");
 }
 
 TEST(FootnoteMarks, SignsStayAsTheyAre) {
   Table table;
   AddFootnote(table, "note", "†");
-  EXPECT_EQ(MarksOf(table, {0}), "†");
+  EXPECT_EQ(FindMarks(table, {0}), "†");
 }
 
 TEST(FootnoteMarks, MarkersWithoutARaisedFormAreInBrackets) {
@@ -90,9 +90,9 @@ TEST(FootnoteMarks, MarkersWithoutARaisedFormAreInBrackets) {
   AddFootnote(table, "note", "A");
   AddFootnote(table, "note", "q");
   AddFootnote(table, "note", "(1)");
-  EXPECT_EQ(MarksOf(table, {0}), "[A]");
-  EXPECT_EQ(MarksOf(table, {1}), "[q]");
-  EXPECT_EQ(MarksOf(table, {2}), "[(1)]");
+  EXPECT_EQ(FindMarks(table, {0}), "[A]");
+  EXPECT_EQ(FindMarks(table, {1}), "[q]");
+  EXPECT_EQ(FindMarks(table, {2}), "[(1)]");
 }
 
 TEST(FootnoteMarks, LettersGoOnWithTwoAfterTheTwentySixth) {
@@ -100,10 +100,10 @@ TEST(FootnoteMarks, LettersGoOnWithTwoAfterTheTwentySixth) {
   for (int i = 0; i < 53; ++i) {
     AddFootnote(table, std::to_string(i));
   }
-  EXPECT_EQ(MarksOf(table, {25}, true), "[z]");
-  EXPECT_EQ(MarksOf(table, {26}, true), "[aa]");
-  EXPECT_EQ(MarksOf(table, {51}, true), "[az]");
-  EXPECT_EQ(MarksOf(table, {52}, true), "[ba]");
+  EXPECT_EQ(FindMarks(table, {25}, true), "[z]");
+  EXPECT_EQ(FindMarks(table, {26}, true), "[aa]");
+  EXPECT_EQ(FindMarks(table, {51}, true), "[az]");
+  EXPECT_EQ(FindMarks(table, {52}, true), "[ba]");
 }
 
 TEST(FootnoteMarks, MarksAfterTheTwentySixthArePlainInEveryPlace) {
@@ -112,13 +112,13 @@ TEST(FootnoteMarks, MarksAfterTheTwentySixthArePlainInEveryPlace) {
   for (unsigned int i = 0; i < 60; ++i) {
     AddFootnote(table, "note");
   }
-  EXPECT_EQ(MarksOf(table, {25}), "ᶻ");
-  EXPECT_EQ(MarksOf(table, {26}), "[aa]");
-  EXPECT_EQ(MarksOf(table, {42, 43}), "[aq,ar]");
-  EXPECT_EQ(MarksOf(table, {25, 26, 0}), "ᶻ,[aa],ᵃ");
+  EXPECT_EQ(FindMarks(table, {25}), "ᶻ");
+  EXPECT_EQ(FindMarks(table, {26}), "[aa]");
+  EXPECT_EQ(FindMarks(table, {42, 43}), "[aq,ar]");
+  EXPECT_EQ(FindMarks(table, {25, 26, 0}), "ᶻ,[aa],ᵃ");
   Texts const notes = FootnoteMarks(table, labels, false).Notes();
   for (unsigned int i = 0; i < 60; ++i) {
-    EXPECT_EQ(notes[i], MarksOf(table, {i}) + " note");
+    EXPECT_EQ(notes[i], FindMarks(table, {i}) + " note");
   }
 }
 
@@ -135,9 +135,9 @@ TEST(FootnoteMarks, MarkIsShownTheSameBesideAnyOther) {
   };
   for (unsigned int i = 0; i < 7; ++i) {
     for (unsigned int j = 0; j < 7; ++j) {
-      std::string const both = MarksOf(table, {i, j});
-      std::string const one = MarksOf(table, {i});
-      std::string const other = MarksOf(table, {j});
+      std::string const both = FindMarks(table, {i, j});
+      std::string const one = FindMarks(table, {i});
+      std::string const other = FindMarks(table, {j});
       bool const bracketed = one.back() == ']' && other.front() == '[';
       EXPECT_EQ(bracketed ? unbracketed(both) : both,
                 bracketed ? unbracketed(one + "," + other) : one + "," + other);
@@ -149,8 +149,8 @@ TEST(FootnoteMarks, MarkIsShownTheSameBesideAnyOther) {
 TEST(FootnoteMarks, NumbersThatAreNoFootnoteAreLeftOut) {
   Table table;
   AddFootnote(table, "note");
-  EXPECT_EQ(MarksOf(table, {7, 0, 4294967295U}), "ᵃ");
-  EXPECT_EQ(MarksOf(table, {7}), "");
+  EXPECT_EQ(FindMarks(table, {7, 0, 4294967295U}), "ᵃ");
+  EXPECT_EQ(FindMarks(table, {7}), "");
 }
 
 TEST(FootnoteMarks, TableWithoutFootnotesHasNoNotes) {

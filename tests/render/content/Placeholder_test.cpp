@@ -15,7 +15,7 @@ using namespace render_tables;
 
 namespace {
 
-std::string ChartOf(ChartXMLContentSubType type) {
+std::string DescribeChart(ChartXMLContentSubType type) {
   OmChart chart(Utf8("Survival"), "", 1);
   chart.SetImageSubType(type);
   return MakePlaceholder(chart);
@@ -33,23 +33,23 @@ std::string Rendered(OmOutputTree const& document) {
 // Charts
 
 TEST(Placeholder, NamesEverySubTypeOfChart) {
-  EXPECT_EQ(ChartOf(ChartXMLBar), "[Chart: Survival (bar)]");
-  EXPECT_EQ(ChartOf(ChartXMLLine), "[Chart: Survival (line)]");
-  EXPECT_EQ(ChartOf(ChartXMLArea), "[Chart: Survival (area)]");
-  EXPECT_EQ(ChartOf(ChartXMLPie), "[Chart: Survival (pie)]");
-  EXPECT_EQ(ChartOf(ChartXMLScatter), "[Chart: Survival (scatter)]");
-  EXPECT_EQ(ChartOf(ChartXMLHistogram), "[Chart: Survival (histogram)]");
-  EXPECT_EQ(ChartOf(ChartXMLBoxplot), "[Chart: Survival (boxplot)]");
-  EXPECT_EQ(ChartOf(ChartXMLMap), "[Chart: Survival (map)]");
+  EXPECT_EQ(DescribeChart(ChartXMLBar), "[Chart: Survival (bar)]");
+  EXPECT_EQ(DescribeChart(ChartXMLLine), "[Chart: Survival (line)]");
+  EXPECT_EQ(DescribeChart(ChartXMLArea), "[Chart: Survival (area)]");
+  EXPECT_EQ(DescribeChart(ChartXMLPie), "[Chart: Survival (pie)]");
+  EXPECT_EQ(DescribeChart(ChartXMLScatter), "[Chart: Survival (scatter)]");
+  EXPECT_EQ(DescribeChart(ChartXMLHistogram), "[Chart: Survival (histogram)]");
+  EXPECT_EQ(DescribeChart(ChartXMLBoxplot), "[Chart: Survival (boxplot)]");
+  EXPECT_EQ(DescribeChart(ChartXMLMap), "[Chart: Survival (map)]");
 }
 
 TEST(Placeholder, UnspecifiedSubTypeIsLeftOut) {
-  EXPECT_EQ(ChartOf(ChartXMLUnspecified), "[Chart: Survival]");
+  EXPECT_EQ(DescribeChart(ChartXMLUnspecified), "[Chart: Survival]");
 }
 
 TEST(Placeholder, UnknownSubTypeIsShownByItsNumber) {
-  EXPECT_EQ(ChartOf(static_cast<ChartXMLContentSubType>(9)), "[Chart: Survival (type 9)]");
-  EXPECT_EQ(ChartOf(static_cast<ChartXMLContentSubType>(-1)), "[Chart: Survival (type -1)]");
+  EXPECT_EQ(DescribeChart(static_cast<ChartXMLContentSubType>(9)), "[Chart: Survival (type 9)]");
+  EXPECT_EQ(DescribeChart(static_cast<ChartXMLContentSubType>(-1)), "[Chart: Survival (type -1)]");
 }
 
 TEST(Placeholder, EmptyLabelIsLeftOut) {

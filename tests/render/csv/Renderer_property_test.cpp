@@ -138,7 +138,7 @@ void CheckNothingIsRun(std::string const& written, char separator) {
   }
 }
 
-double ValueOf(OmCellText* cell) {
+double FindValue(OmCellText* cell) {
   auto const* number = dynamic_cast<OmNumber const*>(cell);
   return number != nullptr ? number->Value() : dynamic_cast<OmNumDataValue const&>(*cell).Value();
 }
@@ -150,11 +150,11 @@ void CheckValue(std::string const& field, OmCellText* cell, bool safe) {
     std::string const text = CleanText(cell->GetText());
     RC_ASSERT(Shows(field, text, safe));
     RC_ASSERT(!(safe && MayBeRun(field)));
-  } else if (std::isnan(ValueOf(cell))) {
+  } else if (std::isnan(FindValue(cell))) {
     RC_ASSERT(field.empty());
   } else {
     char* end = nullptr;
-    RC_ASSERT(std::strtod(field.c_str(), &end) == ValueOf(cell));
+    RC_ASSERT(std::strtod(field.c_str(), &end) == FindValue(cell));
     RC_ASSERT(*end == '\0');
   }
 }

@@ -30,7 +30,7 @@ std::string Clean(OmCellText const* label) {
   return CleanText(GetText(label));
 }
 
-json RowsOf(DisplayGrid const& grid) {
+json ListRows(DisplayGrid const& grid) {
   json rows = json::array();
   RepeatedHeadings frame(grid);
   while (frame.Next()) {
@@ -51,7 +51,7 @@ json RowsOf(DisplayGrid const& grid) {
 }
 
 /// The cells of the frame that reach over others: row, column, and how many of each.
-json SpansOf(DisplayGrid const& grid) {
+json FindSpans(DisplayGrid const& grid) {
   json spans = json::array();
   for (GridCell const& cell : grid.Headings()) {
     if (cell.rowSpan > 1 || cell.columnSpan > 1) {
@@ -61,20 +61,20 @@ json SpansOf(DisplayGrid const& grid) {
   return spans;
 }
 
-json LayersOf(OmPivotTable& table) {
+json ListLayers(OmPivotTable& table) {
   json layers = json::array();
   LayerGrids grids(table);
   while (DisplayGrid const* grid = grids.Next()) {
     layers.push_back({{"name", LayerLine(grid->LayerLabels(), Clean)},
                       {"headingRows", grid->HeadingRows()},
                       {"headingColumns", grid->HeadingColumns()},
-                      {"spans", SpansOf(*grid)},
-                      {"rows", RowsOf(*grid)}});
+                      {"spans", FindSpans(*grid)},
+                      {"rows", ListRows(*grid)}});
   }
   return layers;
 }
 
-json DimensionsOf(OmPivotTable const& table) {
+json ListDimensions(OmPivotTable const& table) {
   json labels = json::array();
   for (int d = 0; d < table.NDimensions(); ++d) {
     labels.push_back(Clean(table.Dimension(d).value.label));
@@ -82,14 +82,14 @@ json DimensionsOf(OmPivotTable const& table) {
   return labels;
 }
 
-json GridsOf(OmOutputTree& document) {
+json ListGrids(OmOutputTree& document) {
   json tables = json::array();
   for (auto node = document.begin(); !node.AtEnd(); ++node) {
     auto* const table = dynamic_cast<OmPivotTable*>(*node);
     if (table != nullptr && table->Show()) {
       tables.push_back({{"title", Clean(FindHeadline(*table))},
-                        {"dimensions", DimensionsOf(*table)},
-                        {"layers", LayersOf(*table)}});
+                        {"dimensions", ListDimensions(*table)},
+                        {"layers", ListLayers(*table)}});
     }
   }
   return tables;
@@ -112,7 +112,7 @@ int main(int argc, char** argv) {
   };
   OmOutputTree document;
   AppendHardCases(document);
-  file("grids.json") << GridsOf(document).dump();
+  file("grids.json") << ListGrids(document).dump();
   {
     std::ofstream out = file("tables.csv");
     CsvOptions options;

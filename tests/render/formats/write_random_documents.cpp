@@ -30,7 +30,7 @@ std::ofstream File(std::filesystem::path const& path) {
   return out;
 }
 
-nlohmann::json TablesOf(std::string const& markdown) {
+nlohmann::json ListTables(std::string const& markdown) {
   nlohmann::json tables = nlohmann::json::array();
   for (MarkdownBlock const& block : ReadMarkdown(markdown)) {
     if (block.kind == "table") {
@@ -65,7 +65,7 @@ void Write(OmOutputTree& document, std::filesystem::path const& directory) {
   std::ostringstream markdown;
   RenderMarkdown(document, markdown);
   File(directory / "document.md") << markdown.str();
-  File(directory / "markdown.json") << TablesOf(markdown.str()).dump();
+  File(directory / "markdown.json") << ListTables(markdown.str()).dump();
 }
 
 }  // namespace

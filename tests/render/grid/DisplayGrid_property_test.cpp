@@ -13,7 +13,7 @@ using lakresvos::render::GridRole;
 
 namespace {
 
-constexpr int kMostRows = 300;  // the model takes time cubic in this
+constexpr int kMaxRows = 300;  // the model takes time cubic in this
 
 GridRole RoleAt(GridModel const& model, GridCell const& cell) {
   if (cell.row >= model.HeadingRows()) {
@@ -92,7 +92,7 @@ void ForRandomGrids(Check check) {
   OmDisplayLayerHeading layers(table, skipEmpty);
   for (int layer = 0; layer < 20 && layers.NextLayer(); ++layer) {
     GridModel const model(layers, skipEmpty, dimNamesInCorner);
-    bool const small = model.Rows() <= kMostRows && model.Columns() <= kMostRows;
+    bool const small = model.Rows() <= kMaxRows && model.Columns() <= kMaxRows;
     if (small && model.ReadsEveryColumn()) {
       check(DisplayGrid(layers, skipEmpty, dimNamesInCorner), model);
     }

@@ -26,7 +26,7 @@ std::string Text(std::vector<LayerLabel> const& labels) {
   return text;
 }
 
-std::vector<std::string> LayersOf(Table& table, bool skipEmpty) {
+std::vector<std::string> ListLayers(Table& table, bool skipEmpty) {
   std::vector<std::string> texts;
   LayerGrids layers(table, lakresvos::render::TableOptions{skipEmpty, true});
   while (DisplayGrid const* grid = layers.Next()) {
@@ -44,15 +44,15 @@ TEST(LayerGrids, TableWithoutLayerDimensionsHasOneLayerWithoutLabels) {
   table.AddFlat("A", 2);
   table.Place({0}, {});
   table.PutAll();
-  EXPECT_EQ(LayersOf(table, true), Texts{""});
+  EXPECT_EQ(ListLayers(table, true), Texts{""});
 }
 
 TEST(LayerGrids, TableWithoutCellsHasNoLayerWhenEmptyOnesAreLeftOut) {
   Table table;
   table.AddFlat("A", 2);
   table.Place({0}, {});
-  EXPECT_EQ(LayersOf(table, true), Texts{});
-  EXPECT_EQ(LayersOf(table, false), Texts{""});
+  EXPECT_EQ(ListLayers(table, true), Texts{});
+  EXPECT_EQ(ListLayers(table, false), Texts{""});
 }
 
 TEST(LayerGrids, NextGivesNullAgainAfterTheLastLayer) {
@@ -72,8 +72,8 @@ TEST(LayerGrids, LayersWithoutCellsAreLeftOut) {
   table.AddFlat("B", 3);
   table.Place({0}, {}, {1});
   table.Put({0, 2});
-  EXPECT_EQ(LayersOf(table, true), Texts{"B: B2; "});
-  EXPECT_EQ(LayersOf(table, false), (Texts{"B: B0; ", "B: B1; ", "B: B2; "}));
+  EXPECT_EQ(ListLayers(table, true), Texts{"B: B2; "});
+  EXPECT_EQ(ListLayers(table, false), (Texts{"B: B0; ", "B: B1; ", "B: B2; "}));
 }
 
 TEST(LayerGrids, FirstLayerDimensionVariesFastestAndIsLast) {
@@ -82,7 +82,7 @@ TEST(LayerGrids, FirstLayerDimensionVariesFastestAndIsLast) {
   table.AddFlat("B", 2);
   table.Place({}, {}, {0, 1});
   table.PutAll();
-  EXPECT_EQ(LayersOf(table, true),
+  EXPECT_EQ(ListLayers(table, true),
             (Texts{"B: B0; A: A0; ", "B: B0; A: A1; ", "B: B1; A: A0; ", "B: B1; A: A1; "}));
 }
 
@@ -95,9 +95,9 @@ TEST(LayerGrids, LabelsLeaveOutWhatIsHidden) {
   Category(dimension, hidden, "leaf", 0);
   table.Place({}, {}, {0});
   table.PutAll();
-  EXPECT_EQ(LayersOf(table, true), Texts{"A: outer leaf; "});
+  EXPECT_EQ(ListLayers(table, true), Texts{"A: outer leaf; "});
   dimension.Root().Value().hide = true;
-  EXPECT_EQ(LayersOf(table, true), Texts{"-: outer leaf; "});
+  EXPECT_EQ(ListLayers(table, true), Texts{"-: outer leaf; "});
 }
 
 TEST(LayerGrids, LabelsEndAboveAGroupWithHiddenLabels) {
@@ -109,7 +109,7 @@ TEST(LayerGrids, LabelsEndAboveAGroupWithHiddenLabels) {
   Category(dimension, silent, "leaf", 0);
   table.Place({}, {}, {0});
   table.PutAll();
-  EXPECT_EQ(LayersOf(table, true), Texts{"A: outer; "});
+  EXPECT_EQ(ListLayers(table, true), Texts{"A: outer; "});
 }
 
 TEST(LayerGrids, GridShowsTheCellsOfItsLayer) {

@@ -7,7 +7,7 @@
 namespace {
 
 /// The reader has no names of its own for footnotes.
-std::string KindOf(cmark_node* node) {
+std::string FindKind(cmark_node* node) {
   switch (cmark_node_get_type(node)) {
     case CMARK_NODE_FOOTNOTE_DEFINITION:
       return "footnote_definition";
@@ -18,7 +18,7 @@ std::string KindOf(cmark_node* node) {
   }
 }
 
-std::string LiteralOf(cmark_node* node) {
+std::string FindLiteral(cmark_node* node) {
   char const* const literal = cmark_node_get_literal(node);
   return literal != nullptr ? literal : "";
 }
@@ -26,10 +26,10 @@ std::string LiteralOf(cmark_node* node) {
 std::string TextIn(cmark_node* parent) {
   std::string text;
   for (auto* node = cmark_node_first_child(parent); node != nullptr; node = cmark_node_next(node)) {
-    std::string const kind = KindOf(node);
+    std::string const kind = FindKind(node);
     if (kind == "text") {
-      text += LiteralOf(node);
-    } else if (kind == "html_inline" && LiteralOf(node) == "<br>") {
+      text += FindLiteral(node);
+    } else if (kind == "html_inline" && FindLiteral(node) == "<br>") {
       text += '\n';
     } else if (kind != "footnote_reference") {
       text += "[" + kind + "]" + TextIn(node);
@@ -44,11 +44,11 @@ cmark_node* OnlyChild(cmark_node* node) {
 }
 
 MarkdownBlock Read(cmark_node* node) {
-  MarkdownBlock block{KindOf(node), "", {}};
+  MarkdownBlock block{FindKind(node), "", {}};
   if (block.kind == "heading") {
     block.kind += std::to_string(cmark_node_get_heading_level(node));
   } else if (block.kind == "code_block") {
-    block.text = LiteralOf(node);
+    block.text = FindLiteral(node);
     return block;
   } else if (block.kind == "table") {
     for (auto* row = cmark_node_first_child(node); row != nullptr; row = cmark_node_next(row)) {
@@ -62,7 +62,7 @@ MarkdownBlock Read(cmark_node* node) {
   }
   cmark_node* inlines = node;
   if (cmark_node* const child = OnlyChild(node)) {
-    std::string const kind = KindOf(child);
+    std::string const kind = FindKind(child);
     bool const whole = block.kind == "paragraph" && (kind == "strong" || kind == "emph");
     bool const note = block.kind == "footnote_definition" && kind == "paragraph";
     block.kind = whole ? kind : block.kind;

@@ -1,5 +1,5 @@
-#ifndef LAKRESVOS_RENDER_GRID_GRIDPART_H
-#define LAKRESVOS_RENDER_GRID_GRIDPART_H
+#ifndef LAKRESVOS_RENDER_GRID_PART_H
+#define LAKRESVOS_RENDER_GRID_PART_H
 
 #include <cstddef>
 #include <utility>

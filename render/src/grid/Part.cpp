@@ -1,4 +1,4 @@
-#include "grid/GridPart.h"
+#include "grid/Part.h"
 
 #include <algorithm>
 
