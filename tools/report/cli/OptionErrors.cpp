@@ -12,84 +12,64 @@ namespace lakresvos::report {
 
 namespace {
 
-std::string JoinedWith(std::string const& separator, std::vector<std::string> const& values) {
-  std::string joined;
-  for (std::string const& value : values) {
-    joined += (joined.empty() ? "" : separator) + value;
-  }
-  return joined;
-}
-
 bool IsFlag(CLI::Option const& option) {
   return option.get_items_expected_max() == 0;
 }
 
-[[noreturn]] void RefuseWithoutValue(CLI::Option const& option) {
-  throw tabulate::InputError(option.get_name() + " needs a value");
+[[noreturn]] void RefuseMissingValue(CLI::Option const& option) {
+  throw tabulate::InputError(option.get_positional() ? "operand " + option.get_name() + " is empty"
+                                                     : option.get_name() + " needs a value");
 }
 
-/// @param left what the parser found no use for.
+/// @param left the arguments that the parser did not recognise.
 [[noreturn]] void RefuseArgument(std::vector<std::string> const& left) {
-  bool const noOptions = left.size() > 1 && left.front() == "--";
-  std::string const& argument = left[noOptions ? 1 : 0];
-  if (!noOptions && argument.starts_with('-')) {
+  bool const afterOptions = left.size() > 1 && left.front() == "--";
+  std::string const& argument = left[afterOptions ? 1 : 0];
+  if (!afterOptions && argument.starts_with('-')) {
     throw tabulate::InputError("unknown option " +
                                tabulate::Quoted(argument.substr(0, argument.find('='))));
   }
   throw tabulate::InputError("unexpected argument " + tabulate::Quoted(argument));
 }
 
-/// Looks for two options that exclude one another.
-void RefuseExcluded(CLI::App const& app) {
-  for (CLI::Option const* const option : app.get_options()) {
-    for (CLI::Option const* const other : option->get_excludes()) {
-      // Of the two, the one that excludes all others is the better reason.
-      if (option->count() != 0 && other->count() != 0 &&
-          option->get_excludes().size() <= other->get_excludes().size()) {
-        throw tabulate::InputError(option->get_name() + " cannot be used with " +
-                                   other->get_name());
-      }
-    }
-  }
-}
-
-/// Looks for an option with too many values, or for the one without any that the parser names first.
+/// Refuses an option with too many values, or the one without a value that the parser complains of.
 void RefuseCount(CLI::App const& app, std::string_view parserWords) {
   for (CLI::Option const* const option : app.get_options()) {
-    auto const most = static_cast<std::size_t>(option->get_items_expected_max());
-    if (!IsFlag(*option) && option->results().size() > most) {
+    auto const max = static_cast<std::size_t>(option->get_items_expected_max());
+    if (!IsFlag(*option) && option->results().size() > max) {
       throw tabulate::InputError(option->get_name() + " is given more than once");
     }
   }
   for (CLI::Option const* const option : app.get_options()) {
     if (parserWords.starts_with(option->get_name() + ":")) {
-      RefuseWithoutValue(*option);
+      RefuseMissingValue(*option);
     }
   }
 }
 
 }  // namespace
 
-CLI::Validator OneOf(std::vector<std::string> const& values) {
+CLI::Validator AllowValues(std::vector<std::string> const& values) {
   auto const check = [values](std::string const& value) {
     bool const isKnown = std::find(values.begin(), values.end(), value) != values.end();
-    return isKnown
-               ? ""
-               : "expected one of " + JoinedWith(", ", values) + ", not " + tabulate::Quoted(value);
+    return isKnown ? ""
+                   : "expected one of " + CLI::detail::join(values, ", ") + ", not " +
+                         tabulate::Quoted(value);
   };
-  return {check, "{" + JoinedWith(",", values) + "}"};
+  return {check, ""};
 }
 
-CLI::Validator WholeNumber(int least, int most) {
-  std::string const range = std::to_string(least) + " to " + std::to_string(most);
-  auto const check = [least, most, range](std::string const& value) {
+CLI::Validator AllowRange(int min, int max) {
+  auto const check = [min, max](std::string const& value) {
     int number = 0;
     char const* const end = value.data() + value.size();
     auto const [last, error] = std::from_chars(value.data(), end, number);
-    bool const fits = last == end && error == std::errc() && number >= least && number <= most;
-    return fits ? "" : "expected a whole number from " + range + ", not " + tabulate::Quoted(value);
+    bool const fits = last == end && error == std::errc() && number >= min && number <= max;
+    return fits ? ""
+                : "expected a whole number from " + std::to_string(min) + " to " +
+                      std::to_string(max) + ", not " + tabulate::Quoted(value);
   };
-  return {check, range};
+  return {check, ""};
 }
 
 void CheckAssignments(CLI::App const& app, int argc, char const* const* argv) {
@@ -106,7 +86,7 @@ void CheckAssignments(CLI::App const& app, int argc, char const* const* argv) {
     } else if (IsFlag(*option)) {
       throw tabulate::InputError(option->get_name() + " takes no value");
     } else if (sign + 1 == argument.size()) {
-      RefuseWithoutValue(*option);
+      RefuseMissingValue(*option);
     }
   }
 }
@@ -115,7 +95,7 @@ void RefuseEmptyValues(CLI::App const& app) {
   for (CLI::Option const* const option : app.get_options()) {
     std::vector<std::string> const& values = option->results();
     if (std::find(values.begin(), values.end(), "") != values.end()) {
-      RefuseWithoutValue(*option);
+      RefuseMissingValue(*option);
     }
   }
 }
@@ -123,17 +103,14 @@ void RefuseEmptyValues(CLI::App const& app) {
 void Refuse(CLI::App const& app, CLI::ParseError const& error) {
   RefuseEmptyValues(app);
   if (dynamic_cast<CLI::ValidationError const*>(&error) != nullptr) {
-    throw tabulate::InputError(
-        error.what());  // the name of the option and the words of its validator
+    // The name of the option and the words of its validator.
+    throw tabulate::InputError(error.what());
   }
   if (dynamic_cast<CLI::ExtrasError const*>(&error) != nullptr) {
     RefuseArgument(app.remaining());
   }
-  if (dynamic_cast<CLI::ExcludesError const*>(&error) != nullptr) {
-    RefuseExcluded(app);
-  }
   RefuseCount(app, error.what());
-  throw tabulate::InputError("the command line cannot be understood");
+  throw tabulate::InputError("invalid command line");
 }
 
 }  // namespace lakresvos::report

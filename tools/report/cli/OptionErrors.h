@@ -7,23 +7,24 @@
 
 namespace lakresvos::report {
 
-// What the program has to say of command lines instead of the library that parses them.
+// The program's own words for command lines that the parsing library would refuse in others.
 
-/// Takes one of these values only.
-CLI::Validator OneOf(std::vector<std::string> const& values);
+/// Accepts these values only.
+CLI::Validator AllowValues(std::vector<std::string> const& values);
 
-/// Takes whole numbers of this range only.
-CLI::Validator WholeNumber(int least, int most);
+/// Accepts whole numbers from `min` to `max` only.
+CLI::Validator AllowRange(int min, int max);
 
-/// Checks what the parser takes otherwise than the user meant it: `--name=` would get the argument
-/// after it as its value, and a flag would take a value.
+/// Refuses what the parser would misread: `--name=`, which would get the next argument as its value,
+/// and a flag with a value.
 /// @throws InputError for the first such argument.
 void CheckAssignments(CLI::App const& app, int argc, char const* const* argv);
 
-/// @throws InputError for an option with an empty value, which no option has a use for.
+/// @throws InputError for an option with an empty value, which is never of use.
 void RefuseEmptyValues(CLI::App const& app);
 
-/// @throws InputError for what the parser refused.
+/// Says in the program's own words what the parser refused.
+/// @throws InputError always.
 [[noreturn]] void Refuse(CLI::App const& app, CLI::ParseError const& error);
 
 }  // namespace lakresvos::report

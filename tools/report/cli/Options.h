@@ -6,6 +6,12 @@
 #include <string>
 #include <vector>
 
+#include <lakresvos/render/CsvRenderer.h>
+#include <lakresvos/render/HtmlRenderer.h>
+#include <lakresvos/render/JsonRenderer.h>
+#include <lakresvos/render/MarkdownRenderer.h>
+#include <lakresvos/render/TextRenderer.h>
+#include <lakresvos/render/XlsxRenderer.h>
 #include <lakresvos/tabulate/CrossTable.h>
 #include <lakresvos/tabulate/Statistic.h>
 
@@ -16,7 +22,7 @@ enum class OutputFormat { Text, Html, Markdown, Csv, Json, Xlsx };
 
 /// What the program is asked to do.
 struct Options {
-  std::string command;       ///< the whole command line, as a shell would have to be given it
+  std::string command;       ///< the whole command line, quoted for a shell
   std::string dataFile;      ///< empty: a saved document is given instead
   std::string documentFile;  ///< empty: data are given instead
   std::vector<tabulate::TableRequest> tables;
@@ -24,27 +30,27 @@ struct Options {
   std::string weight;  ///< a column; empty: every row counts once
   bool totals = false;
   std::vector<tabulate::Grouping> groupings;
-  std::vector<std::string> textColumns;  ///< whose categories are texts, whatever they look like
-  bool charts = false;    ///< one behind each table with one or two dimensions and no layers
-  std::string styleFile;  ///< empty: none
-  OutputFormat format = OutputFormat::Text;
+  std::vector<std::string> textColumns;  ///< whose categories are texts, even if they are numeric
+  bool charts = false;     ///< one after each table with one or two dimensions and no layers
+  std::string styleFile;   ///< empty: none
   std::string outputFile;  ///< empty: standard output
-  bool strict = false;     ///< nothing is written when anything would be left out
-  bool allLayers = true;
-  bool keepEmpty = false;
-  bool ascii = false;
-  std::optional<int> width;  ///< of text; none: the terminal's, or else the usual one
-  bool csvDisplay = false;   ///< the shape of the tables as they are shown
-  bool csvSafe = false;
-  bool jsonLayout = false;  ///< with what each table shows
-  bool xlsxLayersAsSheets = false;
-  bool xlsxMergeRows = true;
-  bool xlsxMergeColumns = true;
+  bool strict = false;     ///< write nothing when anything would be left out
+  OutputFormat format = OutputFormat::Text;
+
+  // What the renderer of each format is asked for; the choices about tables are the same for all.
+
+  render::TextOptions text;
+  render::HtmlOptions html;
+  render::MarkdownOptions markdown;
+  render::CsvOptions csv;
+  render::JsonOptions json;
+  render::XlsxOptions xlsx;
 };
 
-/// Reads the command line. When it asks for help or for the version, writes that to `out` and gives
-/// nothing.
-/// @throws InputError for a command line that cannot be carried out.
+/// Reads the command line.
+/// @param out gets the help or the version when the command line asks for it.
+/// @return nothing when help or the version was written.
+/// @throws InputError for an invalid command line.
 std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::ostream& out);
 
 }  // namespace lakresvos::report

@@ -68,7 +68,7 @@ class StandardOutput {
 };
 
 /// Has what the system refuses name the output.
-std::vector<std::string> RenderTo(std::string const& name, OmOutputTree& document,
+std::vector<std::string> RenderTo(std::string const& name, OmOutputTree const& document,
                                   Options const& options, std::ostream& out) {
   try {
     return Render(document, options, out);
@@ -78,7 +78,7 @@ std::vector<std::string> RenderTo(std::string const& name, OmOutputTree& documen
 }
 
 /// Gives back what the format could not hold; with --strict nothing is written when that is anything.
-std::vector<std::string> Write(OmOutputTree& document, Options const& options,
+std::vector<std::string> Write(OmOutputTree const& document, Options const& options,
                                StandardOutput& out) {
   if (options.outputFile.empty()) {
     std::ostringstream held;

@@ -4,7 +4,7 @@
 
 namespace lakresvos::report {
 
-std::string ShellWord(std::string_view text) {
+std::string QuoteShellWord(std::string_view text) {
   auto const safe = [](char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
            std::string_view("_-./,:=%@+").find(c) != std::string_view::npos;

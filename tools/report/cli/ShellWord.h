@@ -6,8 +6,9 @@
 
 namespace lakresvos::report {
 
-/// The text as a shell would have to be given it: as it stands where that is safe, else quoted.
-std::string ShellWord(std::string_view text);
+/// The text as a word of a shell command: unchanged when no character in it is special, else in
+/// single quotes.
+std::string QuoteShellWord(std::string_view text);
 
 }  // namespace lakresvos::report
 

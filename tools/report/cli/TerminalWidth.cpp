@@ -4,11 +4,10 @@
 
 namespace lakresvos::report {
 
-int TerminalWidth(int descriptor) {
-  constexpr int kUsual = 100;
+int GetTerminalWidth(int descriptor) {
   winsize size{};
   // Only a terminal answers this.
-  return ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : kUsual;
+  return ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : kUsualWidth;
 }
 
 }  // namespace lakresvos::report

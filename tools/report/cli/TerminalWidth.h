@@ -3,9 +3,12 @@
 
 namespace lakresvos::report {
 
-/// How many columns the terminal has that a file descriptor leads to; 100 when it leads elsewhere or
-/// the terminal does not tell.
-int TerminalWidth(int descriptor);
+/// Where lines of text end when no terminal says otherwise, in columns.
+constexpr int kUsualWidth = 100;
+
+/// The width of the terminal that a file descriptor is open on, in columns; kUsualWidth when it is
+/// open on something else or the terminal does not tell.
+int GetTerminalWidth(int descriptor);
 
 }  // namespace lakresvos::report
 

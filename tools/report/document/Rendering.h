@@ -11,9 +11,10 @@
 
 namespace lakresvos::report {
 
-/// Writes a document in the format that is asked for.
-/// @return a line for each kind of thing that the format could not hold.
-std::vector<std::string> Render(OmOutputTree& document, Options const& options, std::ostream& out);
+/// Writes a document in the format that the options name.
+/// @return a line for each kind of content that the format could not hold.
+std::vector<std::string> Render(OmOutputTree const& document, Options const& options,
+                                std::ostream& out);
 
 }  // namespace lakresvos::report
 

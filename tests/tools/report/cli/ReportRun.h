@@ -22,7 +22,7 @@ inline ReportRun RunReport(std::vector<std::string> const& arguments) {
   std::string command = LAKRESVOS_REPORT_PROGRAM;
   for (std::string const& argument : arguments) {
     command += ' ';
-    command += lakresvos::report::ShellWord(argument);
+    command += lakresvos::report::QuoteShellWord(argument);
   }
   command += " >" + directory.Path("out") + " 2>" + directory.Path("err");
   int const status = std::system(command.c_str());

@@ -5,12 +5,12 @@
 using namespace lakresvos::report;
 
 TEST(ShellWord, LeavesSafeWordsAlone) {
-  EXPECT_EQ(ShellWord("--format=text"), "--format=text");
-  EXPECT_EQ(ShellWord("data/a.csv"), "data/a.csv");
+  EXPECT_EQ(QuoteShellWord("--format=text"), "--format=text");
+  EXPECT_EQ(QuoteShellWord("data/a.csv"), "data/a.csv");
 }
 
 TEST(ShellWord, QuotesWhatAShellWouldReadOtherwise) {
-  EXPECT_EQ(ShellWord(""), "''");
-  EXPECT_EQ(ShellWord("A ~ B"), "'A ~ B'");
-  EXPECT_EQ(ShellWord("it's"), "'it'\\''s'");
+  EXPECT_EQ(QuoteShellWord(""), "''");
+  EXPECT_EQ(QuoteShellWord("A ~ B"), "'A ~ B'");
+  EXPECT_EQ(QuoteShellWord("it's"), "'it'\\''s'");
 }

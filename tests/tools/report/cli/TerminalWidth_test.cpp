@@ -4,7 +4,7 @@
 #include <pty.h>
 #include <unistd.h>
 
-using lakresvos::report::TerminalWidth;
+using lakresvos::report::GetTerminalWidth;
 
 namespace {
 
@@ -14,7 +14,7 @@ int WidthWith(unsigned short columns) {
   int terminal = -1;
   int program = -1;
   EXPECT_EQ(openpty(&terminal, &program, nullptr, nullptr, &size), 0);
-  int const width = TerminalWidth(program);
+  int const width = GetTerminalWidth(program);
   close(program);
   close(terminal);
   return width;
@@ -29,10 +29,10 @@ TEST(TerminalWidth, IsWhatTheTerminalSays) {
 
 TEST(TerminalWidth, IsTheUsualOneElsewhere) {
   EXPECT_EQ(WidthWith(0), 100);
-  EXPECT_EQ(TerminalWidth(-1), 100);
+  EXPECT_EQ(GetTerminalWidth(-1), 100);
   int ends[2];
   ASSERT_EQ(pipe(ends), 0);
-  EXPECT_EQ(TerminalWidth(ends[1]), 100);
+  EXPECT_EQ(GetTerminalWidth(ends[1]), 100);
   close(ends[0]);
   close(ends[1]);
 }

@@ -1,0 +1,91 @@
+#include "cli/Help.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include "cli/Options.h"
+
+namespace {
+
+constexpr char kHelp[] = R"(Usage: lakresvos-report DATA [OPTION]...
+       lakresvos-report --from DOCUMENT [OPTION]...
+
+Tabulates the data of a CSV file and writes the tables for a terminal, the web,
+a spreadsheet or another program.
+
+Input:
+  DATA                CSV file whose first line names the columns
+  --from DOCUMENT     document saved with --format json, instead of DATA
+  --weight COLUMN     count each row as often as COLUMN says
+  --text COLUMN       treat the categories of COLUMN as text (repeatable)
+
+Tables:
+  --table FORMULA     add a table, 'ROWS ~ COLUMNS | LAYERS' (repeatable)
+  --statistics LIST   what each cell shows (default: count)
+  --totals            add a Total to each row and column dimension
+  --group GROUP       group categories, 'COLUMN: NAME = A, B' (repeatable)
+  --title TEXT        title of each table in turn (repeatable)
+  --caption TEXT      caption of each table in turn (repeatable)
+  --chart             add a bar chart to tables of one or two dimensions
+  --style FILE        JSON file with fonts, colours, alignment
+  --layers WHICH      layers to show: all (default) or first
+  --keep-empty        show rows, columns and layers without cells too
+
+Output:
+  --format FORMAT     write text (default), html, markdown, csv, json or xlsx
+  -o FILE             write to FILE (default: standard output)
+  --strict            write nothing and exit with 1 if anything is skipped
+
+Text:
+  --width N           wrap lines at N columns (default: the terminal's, or 100)
+  --ascii             draw tables with ASCII characters
+
+CSV:
+  --csv-shape SHAPE   a record per cell or per row: long (default) or display
+  --csv-safe          put ' before texts that a spreadsheet would run
+
+JSON:
+  --json-layout       add the layout of each table
+
+XLSX:
+  --xlsx-layers HOW   a sheet per table or per layer: blocks (default) or sheets
+  --xlsx-merge AXES   headings to merge: both (default), rows, columns or none
+
+Other:
+  -h, --help          print this help and exit
+  --version           print the version and exit
+
+A formula is ROWS ~ COLUMNS or ROWS ~ COLUMNS | LAYERS. Each of the three is a
+list of columns joined by '*', or empty. A/B nests the values of B in groups
+of A. A name with spaces or any of ~ | * / goes in backquotes: `Solar R`.
+
+Statistics: count, row%, column%, total%, and of the numbers in a column X:
+mean:X, sd:X, sum:X, min:X, max:X.
+
+Examples:
+  lakresvos-report titanic.csv --weight Freq --table 'Class ~ Survived | Age'
+  lakresvos-report airquality.csv --table 'Month ~' --statistics mean:Ozone
+  lakresvos-report titanic.csv --table 'Sex ~ Age' --format html -o titanic.html
+
+Exit status: 0 success, 1 something was skipped and --strict forbids it, 2 error
+)";
+
+std::string PrintHelp() {
+  char const* const arguments[] = {"lakresvos-report", "--help"};
+  std::ostringstream out;
+  lakresvos::report::ParseCommandLine(2, arguments, out);
+  return out.str();
+}
+
+}  // namespace
+
+TEST(Help, ListsTheOptionsByGroup) {
+  EXPECT_EQ(PrintHelp(), kHelp);
+}
+
+TEST(Help, FitsANarrowTerminal) {
+  std::istringstream lines(PrintHelp());
+  for (std::string line; std::getline(lines, line);) {
+    EXPECT_LE(line.size(), 80u) << line;
+  }
+}
