@@ -6,7 +6,7 @@
 
 namespace lakresvos::report {
 
-/// Owns the number of an open file; -1 when there is none.
+/// Owns a file descriptor and closes it; -1 when there is none.
 class Descriptor {
  public:
   explicit Descriptor(int number = -1) : number_(number) {}

@@ -6,15 +6,15 @@
 
 namespace lakresvos::report {
 
-/// Writes to an open file and remembers the system's reason when it cannot.
+/// A stream buffer that writes to a file descriptor and keeps the error when it cannot.
 ///
 /// What is not flushed is lost.
 class DescriptorBuffer : public std::streambuf {
  public:
-  /// @param descriptor an open file, which stays the caller's.
+  /// @param descriptor open for writing; the caller keeps it and closes it.
   explicit DescriptorBuffer(int descriptor);
 
-  /// The error number of the first write that failed; 0 when none has.
+  /// The error number of the first write that failed; 0 when none failed.
   int Error() const { return error_; }
 
  protected:

@@ -21,7 +21,7 @@ namespace lakresvos::report {
 
 namespace {
 
-/// Values that are read further once the whole command line is known.
+/// Values as they are written, which are read once the whole command line is known.
 struct RawValues {
   std::vector<std::string> formulas;
   std::vector<std::string> titles;
@@ -145,7 +145,7 @@ void DeclareOther(OptionBuilder& builder, CLI::App& app) {
                        "print the version and exit");
 }
 
-/// Gives all renderers the same choices about tables.
+/// Sets the same choices about tables for all renderers.
 void SetTableOptions(Options& options, render::TableOptions const& tables) {
   for (render::TableOptions* const each :
        std::initializer_list<render::TableOptions*>{&options.text, &options.html, &options.markdown,
@@ -154,7 +154,7 @@ void SetTableOptions(Options& options, render::TableOptions const& tables) {
   }
 }
 
-/// Gives each table its own of the texts that `option` was used for.
+/// Assigns the values of a repeated option to the tables in turn.
 void AssignTexts(std::vector<std::string> const& texts, char const* option,
                  std::string tabulate::TableRequest::*member,
                  std::vector<tabulate::TableRequest>& tables) {
@@ -176,7 +176,7 @@ std::string QuoteCommand(int argc, char const* const* argv) {
   return command;
 }
 
-/// Reads what is more than a text or a flag, but for the texts that belong to tables.
+/// Reads the raw values but for those that belong to single tables.
 void ReadValues(RawValues const& raw, Options& options) {
   for (std::string const& formula : raw.formulas) {
     options.tables.push_back({tabulate::ParseFormula(formula), "", ""});

@@ -21,15 +21,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMostLinks = 40;  // as many as the system follows
-constexpr int kMostDrafts = 1000;
-constexpr mode_t kAccess = 07777;
+constexpr int kMaxLinks = 40;  // as many as the system follows
+constexpr int kMaxTemporaries = 1000;
+constexpr mode_t kPermissionBits = 07777;
 
-/// The path that a symbolic link leads to in the end, whether or not anything is there; nothing when
-/// links go in a circle.
-std::optional<fs::path> BehindLinks(fs::path path) {
+/// Finds the path that a symbolic link leads to in the end, whether or not anything is there; nothing
+/// when links form a loop.
+std::optional<fs::path> FollowLinks(fs::path path) {
   std::error_code error;
-  for (int links = 0; links <= kMostLinks; ++links) {
+  for (int links = 0; links <= kMaxLinks; ++links) {
     fs::path const next = fs::read_symlink(path, error);
     if (error) {
       return path;
@@ -39,42 +39,43 @@ std::optional<fs::path> BehindLinks(fs::path path) {
   return std::nullopt;
 }
 
-/// Runs an action that no signal can end halfway.
+/// Runs an action that no signal can interrupt.
 template <class Action>
-auto Undisturbed(Action action) {
+auto RunUninterrupted(Action action) {
   sigset_t all;
-  sigset_t former;
+  sigset_t previous;
   sigfillset(&all);
-  pthread_sigmask(SIG_BLOCK, &all, &former);
+  pthread_sigmask(SIG_BLOCK, &all, &previous);
   auto result = action();
-  pthread_sigmask(SIG_SETMASK, &former, nullptr);
+  pthread_sigmask(SIG_SETMASK, &previous, nullptr);
   return result;
 }
 
-/// Tries names beside the target, for the moment in which one is needed, until `make` does not say
-/// EEXIST; gives the name and what it said.
+/// Tries temporary names until `make` returns anything but EEXIST; returns the last name and the
+/// result of `make` for it.
 template <class Make>
-std::pair<std::string, int> MakeDraft(Make make) {
+std::pair<std::string, int> MakeTemporary(Make make) {
   std::string const start = ".lakresvos-" + std::to_string(::getpid()) + "-";
   std::string name;
   int error = EEXIST;
-  for (int number = 0; error == EEXIST && number < kMostDrafts; ++number) {
+  for (int number = 0; error == EEXIST && number < kMaxTemporaries; ++number) {
     name = start + std::to_string(number);
     error = make(name.c_str());
   }
   return {name, error};
 }
 
-Descriptor Create(int directory, char const* name) {
+Descriptor CreateFile(int directory, char const* name) {
   return Descriptor(::openat(directory, name, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
 }
 
-int ErrorUnless(bool done) {
+/// Zero, or the error of the system call that failed.
+int GetError(bool done) {
   return done ? 0 : errno;
 }
 
-/// Copies a whole file with its permissions; 0 or the reason why not.
-int Copy(int from, int to) {
+/// Copies a whole file with its permissions; 0 or the error.
+int CopyFile(int from, int to) {
   std::array<char, 1 << 16> piece{};
   off_t at = 0;
   while (ssize_t const count = ::pread(from, piece.data(), piece.size(), at)) {
@@ -84,20 +85,20 @@ int Copy(int from, int to) {
     at += count;
   }
   struct stat state {};
-  return ErrorUnless(::fstat(from, &state) == 0 && ::fchmod(to, state.st_mode & kAccess) == 0);
+  return GetError(::fstat(from, &state) == 0 && ::fchmod(to, state.st_mode & kPermissionBits) == 0);
 }
 
-/// Some file systems say only on closing that there was no room.
-int CloseCopyOf(int descriptor) {
-  return ErrorUnless(::close(::dup(descriptor)) == 0);
+/// Closes a duplicate, as some file systems report only on closing that there was no room.
+int CloseDuplicate(int descriptor) {
+  return GetError(::close(::dup(descriptor)) == 0);
 }
 
-/// Puts the draft in the target's place or, if it cannot be there, removes it.
-int Rename(int directory, std::string const& draft, std::string const& target) {
+/// Renames a temporary file to the target, or removes it when that fails.
+int RenameFile(int directory, std::string const& temporary, std::string const& target) {
   int const error =
-      ErrorUnless(::renameat(directory, draft.c_str(), directory, target.c_str()) == 0);
+      GetError(::renameat(directory, temporary.c_str(), directory, target.c_str()) == 0);
   if (error != 0) {
-    ::unlinkat(directory, draft.c_str(), 0);
+    ::unlinkat(directory, temporary.c_str(), 0);
   }
   return error;
 }
@@ -108,8 +109,8 @@ OutputFile::OutputFile(std::string const& name)
     : name_(name), file_(Open()), buffer_(file_.Number()), stream_(&buffer_) {}
 
 Descriptor OutputFile::Open() {
-  struct stat former {};
-  bool const exists = ::stat(name_.c_str(), &former) == 0;
+  struct stat previous {};
+  bool const exists = ::stat(name_.c_str(), &previous) == 0;
   if (!exists && errno != ENOENT) {
     Fail(errno);
   }
@@ -117,24 +118,25 @@ Descriptor OutputFile::Open() {
     Fail(errno);
   }
   Descriptor file;
-  if (exists && !S_ISREG(former.st_mode)) {
+  if (exists && !S_ISREG(previous.st_mode)) {
     file = Descriptor(::open(name_.c_str(), O_WRONLY | O_CLOEXEC));
   } else {
-    file = OpenBeside();
+    file = OpenUnnamed();
   }
   if (!file.IsOpen()) {
     Fail(errno);
   }
   if (exists && directory_.IsOpen()) {
-    static_cast<void>(::fchmod(file.Number(), former.st_mode & kAccess));  // where there are any
+    static_cast<void>(::fchmod(file.Number(),
+                               previous.st_mode & kPermissionBits));  // where there are permissions
   }
   return file;
 }
 
-/// Opens a file without a name in the target's directory. Where the file system has no such files,
-/// it loses its name at once.
-Descriptor OutputFile::OpenBeside() {
-  std::optional<fs::path> const path = BehindLinks(name_);
+/// Opens a file without a name in the target's directory. On a file system that has no such files,
+/// removes the name at once.
+Descriptor OutputFile::OpenUnnamed() {
+  std::optional<fs::path> const path = FollowLinks(name_);
   if (!path.has_value()) {
     Fail(ELOOP);
   }
@@ -149,14 +151,14 @@ Descriptor OutputFile::OpenBeside() {
   if (file.IsOpen()) {
     return file;
   }
-  return Undisturbed([directory] {
+  return RunUninterrupted([directory] {
     Descriptor named;
-    auto const [draft, error] = MakeDraft([&](char const* name) {
-      named = Create(directory, name);
-      return ErrorUnless(named.IsOpen());
+    auto const [temporary, error] = MakeTemporary([&](char const* name) {
+      named = CreateFile(directory, name);
+      return GetError(named.IsOpen());
     });
     if (error == 0) {
-      ::unlinkat(directory, draft.c_str(), 0);
+      ::unlinkat(directory, temporary.c_str(), 0);
     }
     errno = error;
     return named;
@@ -167,51 +169,51 @@ void OutputFile::Commit() {
   if (!stream_.flush()) {
     Fail(buffer_.Error());
   }
-  int error = CloseCopyOf(file_.Number());
+  int error = CloseDuplicate(file_.Number());
   if (error == 0 && directory_.IsOpen()) {
-    error = Undisturbed([this] { return PutInPlace(); });
+    error = RunUninterrupted([this] { return PutInPlace(); });
   }
   if (error != 0) {
     Fail(error);
   }
 }
 
-/// Gives the file its name; 0 or the reason why it cannot have it.
+/// Gives the file the name of the target; 0 or the error.
 int OutputFile::PutInPlace() const {
   std::string const file = "/proc/self/fd/" + std::to_string(file_.Number());
   int const directory = directory_.Number();
   auto const link = [&](char const* name) {
-    return ErrorUnless(::linkat(AT_FDCWD, file.c_str(), directory, name, AT_SYMLINK_FOLLOW) == 0);
+    return GetError(::linkat(AT_FDCWD, file.c_str(), directory, name, AT_SYMLINK_FOLLOW) == 0);
   };
   int error = link(target_.c_str());
   if (error == EEXIST) {
-    auto const [draft, found] = MakeDraft(link);
+    auto const [temporary, found] = MakeTemporary(link);
     if (found == 0) {
-      return Rename(directory, draft, target_);
+      return RenameFile(directory, temporary, target_);
     }
     error = found;
   }
   return error == 0 ? 0 : CopyInPlace();
 }
 
-/// For a file system on which a file without a name cannot get one.
+/// Replaces the target by a copy, for file systems on which a file without a name cannot get one.
 int OutputFile::CopyInPlace() const {
   int const directory = directory_.Number();
   Descriptor copy;
-  auto const [draft, found] = MakeDraft([&](char const* name) {
-    copy = Create(directory, name);
-    return ErrorUnless(copy.IsOpen());
+  auto const [temporary, found] = MakeTemporary([&](char const* name) {
+    copy = CreateFile(directory, name);
+    return GetError(copy.IsOpen());
   });
   if (found != 0) {
     return found;
   }
-  int error = Copy(file_.Number(), copy.Number());
-  error = error == 0 ? CloseCopyOf(copy.Number()) : error;
+  int error = CopyFile(file_.Number(), copy.Number());
+  error = error == 0 ? CloseDuplicate(copy.Number()) : error;
   if (error != 0) {
-    ::unlinkat(directory, draft.c_str(), 0);
+    ::unlinkat(directory, temporary.c_str(), 0);
     return error;
   }
-  return Rename(directory, draft, target_);
+  return RenameFile(directory, temporary, target_);
 }
 
 void OutputFile::Fail(int error) const {

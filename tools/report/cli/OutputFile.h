@@ -9,15 +9,15 @@
 
 namespace lakresvos::report {
 
-/// A file that is there as a whole or not at all.
+/// A file that is written as a whole or not at all.
 ///
-/// What is written goes to a file without a name in the target's directory, which takes the target's
-/// place in one step with Commit(), and its permissions if there was one. So nothing is left of it
-/// when the program ends before, in whatever way. Without Commit() the target stays as it was.
+/// What is written goes to a file without a name in the target's directory. Commit() replaces the
+/// target with it in one step, and keeps the target's permissions. So nothing is left over when the
+/// program ends earlier, in whatever way, and without Commit() the target stays as it was.
 ///
-/// A target that is no regular file (a terminal, a pipe) is written to directly. A symbolic link
-/// stays and what it names is written, whether or not that is there yet. A file that may not be
-/// written is not replaced.
+/// A target that is no regular file (a terminal, a pipe) is written to directly. A symbolic link is
+/// kept and what it names is replaced, or made if it does not exist. A file without write permission
+/// is not replaced.
 class OutputFile {
  public:
   /// @throws InputError when the file cannot be written.
@@ -27,20 +27,20 @@ class OutputFile {
 
   std::ostream& Stream() { return stream_; }
 
-  /// Puts the file in its place.
+  /// Replaces the target.
   /// @throws InputError when any of it could not be written.
   void Commit();
 
  private:
   [[noreturn]] void Fail(int error) const;
   Descriptor Open();
-  Descriptor OpenBeside();
+  Descriptor OpenUnnamed();
   int PutInPlace() const;
   int CopyInPlace() const;
 
   std::string name_;
-  std::string target_;    // its name in its directory
-  Descriptor directory_;  // of the target; none when it is written to directly
+  std::string target_;    // its name in the directory
+  Descriptor directory_;  // of the target; not open when that is written to directly
   Descriptor file_;
   DescriptorBuffer buffer_;
   std::ostream stream_;

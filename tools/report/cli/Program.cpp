@@ -33,10 +33,10 @@ namespace {
 
 constexpr char kStandardOutput[] = "standard output";
 
-void RefuseToReplace(std::string const& input, char const* what, std::string const& outputFile) {
+void RefuseToOverwrite(std::string const& input, char const* what, std::string const& outputFile) {
   std::error_code ignored;
   if (std::filesystem::equivalent(input, outputFile, ignored)) {
-    throw tabulate::InputError(outputFile + ": the output would replace the " + what);
+    throw tabulate::InputError(outputFile + ": refusing to overwrite the " + what);
   }
 }
 
@@ -49,7 +49,7 @@ std::unique_ptr<OmOutputTree> MakeDocument(Options const& options, tabulate::War
   return document;
 }
 
-/// Standard output, which tells why it cannot be written.
+/// Standard output; says why it cannot be written.
 class StandardOutput {
  public:
   std::ostream& Stream() { return stream_; }
@@ -67,7 +67,7 @@ class StandardOutput {
   std::ostream stream_{&buffer_};
 };
 
-/// Has what the system refuses name the output.
+/// Renders the document; an error of the system names the output.
 std::vector<std::string> RenderTo(std::string const& name, OmOutputTree const& document,
                                   Options const& options, std::ostream& out) {
   try {
@@ -77,7 +77,9 @@ std::vector<std::string> RenderTo(std::string const& name, OmOutputTree const& d
   }
 }
 
-/// Gives back what the format could not hold; with --strict nothing is written when that is anything.
+/// Writes the document to where it belongs, but not with --strict when the format cannot hold all of
+/// it.
+/// @return what the format could not hold.
 std::vector<std::string> Write(OmOutputTree const& document, Options const& options,
                                StandardOutput& out) {
   if (options.outputFile.empty()) {
@@ -90,9 +92,9 @@ std::vector<std::string> Write(OmOutputTree const& document, Options const& opti
     out.Flush();
     return losses;
   }
-  RefuseToReplace(options.dataFile, "data", options.outputFile);
-  RefuseToReplace(options.documentFile, "document", options.outputFile);
-  RefuseToReplace(options.styleFile, "style", options.outputFile);
+  RefuseToOverwrite(options.dataFile, "data file", options.outputFile);
+  RefuseToOverwrite(options.documentFile, "saved document", options.outputFile);
+  RefuseToOverwrite(options.styleFile, "style file", options.outputFile);
   OutputFile file(options.outputFile);
   std::vector<std::string> losses = RenderTo(options.outputFile, document, options, file.Stream());
   if (!options.strict || losses.empty()) {
@@ -101,14 +103,13 @@ std::vector<std::string> Write(OmOutputTree const& document, Options const& opti
   return losses;
 }
 
-void Complain(std::string_view what) {
-  std::cerr << "lakresvos-report: " << tabulate::Shortened(tabulate::OneLine(what)) << '\n';
+void PrintMessage(std::string_view message) {
+  std::cerr << "lakresvos-report: " << tabulate::Shortened(tabulate::OneLine(message)) << '\n';
 }
 
 int Run(Options const& options, StandardOutput& out) {
   if (options.format == OutputFormat::Xlsx && options.outputFile.empty() && isatty(STDOUT_FILENO)) {
-    throw tabulate::InputError(
-        "--format xlsx: a workbook is nothing for a terminal; name a file with -o");
+    throw tabulate::InputError("refusing to write a workbook to a terminal; use -o FILE");
   }
   tabulate::WarningLog skipped;
   std::unique_ptr<OmOutputTree> const document = MakeDocument(options, skipped);
@@ -116,22 +117,22 @@ int Run(Options const& options, StandardOutput& out) {
   if (!refused) {
     std::vector<std::string> const losses = Write(*document, options, out);
     for (std::string const& loss : losses) {
-      Complain(loss);
+      PrintMessage(loss);
     }
     refused = options.strict && !losses.empty();
   }
-  for (std::string const& message : SkipMessages(skipped, options.dataFile)) {
-    Complain(message);
+  for (std::string const& message : MakeSkipMessages(skipped, options.dataFile)) {
+    PrintMessage(message);
   }
   return refused ? 1 : 0;
 }
 
-/// A file that is opened later must not be taken for standard output; writing to what is opened here
-/// fails as writing to nothing does.
-void OccupyStandardFiles() {
+/// Opens those of the three standard files that are closed, so that no file that is opened later
+/// passes for one of them. Writing to them still fails.
+void OpenStandardFiles() {
   for (int const file : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (::fcntl(file, F_GETFD) < 0) {
-      static_cast<void>(::open("/dev/null", O_RDONLY));  // takes the lowest number that is free
+      static_cast<void>(::open("/dev/null", O_RDONLY));  // gets the lowest free number
     }
   }
 }
@@ -139,8 +140,8 @@ void OccupyStandardFiles() {
 }  // namespace
 
 int RunProgram(int argc, char const* const* argv) {
-  OccupyStandardFiles();
-  std::signal(SIGXFSZ, SIG_IGN);  // writing fails then, which is reported
+  OpenStandardFiles();
+  std::signal(SIGXFSZ, SIG_IGN);  // so that the write fails, which is reported
   try {
     StandardOutput out;
     if (std::optional<Options> const options = ParseCommandLine(argc, argv, out.Stream())) {
@@ -149,11 +150,11 @@ int RunProgram(int argc, char const* const* argv) {
     out.Flush();
     return 0;
   } catch (std::bad_alloc const&) {
-    Complain("out of memory");
+    PrintMessage("out of memory");
   } catch (std::system_error const& error) {
-    Complain(error.code().message());
+    PrintMessage(error.code().message());
   } catch (std::exception const& error) {
-    Complain(error.what());
+    PrintMessage(error.what());
   }
   return 2;
 }

@@ -3,9 +3,10 @@
 
 namespace lakresvos::report {
 
-/// The whole program: carries out the command line, writes to standard output and standard error,
-/// and gives the exit code: 0; 1 when data were skipped that must not be; or 2 after one line on
-/// standard error.
+/// Runs the whole program: carries out the command line and writes to standard output and standard
+/// error.
+/// @return the exit status: 0 for success; 1 when something was skipped and --strict forbids it; 2
+///         for an error, after one line on standard error.
 int RunProgram(int argc, char const* const* argv);
 
 }  // namespace lakresvos::report

@@ -6,13 +6,13 @@ namespace lakresvos::report {
 
 namespace {
 
-/// What became of one, and of several.
+/// The words that follow a count.
 struct Wording {
-  char const* one;
-  char const* several;
+  char const* singular;
+  char const* plural;
 };
 
-Wording WordingOf(tabulate::Skipped kind) {
+Wording ChooseWording(tabulate::Skipped kind) {
   switch (kind) {
     case tabulate::Skipped::Lines:
       return {"line with too few or too many fields was skipped",
@@ -20,8 +20,8 @@ Wording WordingOf(tabulate::Skipped kind) {
     case tabulate::Skipped::Weights:
       return {"row without a weight was skipped", "rows without a weight were skipped"};
     case tabulate::Skipped::Texts:
-      return {"text counts as missing where a number is needed",
-              "texts count as missing where numbers are needed"};
+      return {"value that is not a number was treated as missing",
+              "values that are not numbers were treated as missing"};
     case tabulate::Skipped::Rows:
       return {"row with missing values was left out of a table",
               "rows with missing values were left out of a table"};
@@ -34,14 +34,15 @@ Wording WordingOf(tabulate::Skipped kind) {
 
 }  // namespace
 
-std::vector<std::string> SkipMessages(tabulate::WarningLog const& log, std::string const& file) {
+std::vector<std::string> MakeSkipMessages(tabulate::WarningLog const& log,
+                                          std::string const& file) {
   std::vector<std::string> messages;
   for (tabulate::Skipped const kind : tabulate::kAllSkipped) {
     tabulate::SkipCount const& count = log.Of(kind);
     if (count.count != 0) {
-      Wording const wording = WordingOf(kind);
+      Wording const wording = ChooseWording(kind);
       messages.push_back(file + ": " + std::to_string(count.count) + " " +
-                         (count.count == 1 ? wording.one : wording.several) +
+                         (count.count == 1 ? wording.singular : wording.plural) +
                          ", the first on line " + std::to_string(count.line) + ", column " +
                          tabulate::Quoted(count.column));
     }

@@ -8,9 +8,9 @@
 
 namespace lakresvos::report {
 
-/// A line for each kind of what was passed over in a data file: how much of it, and where the first
-/// stands.
-std::vector<std::string> SkipMessages(tabulate::WarningLog const& log, std::string const& file);
+/// Describes what was skipped in a data file: a line for each kind, with the count and the place of
+/// the first one.
+std::vector<std::string> MakeSkipMessages(tabulate::WarningLog const& log, std::string const& file);
 
 }  // namespace lakresvos::report
 

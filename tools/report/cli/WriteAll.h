@@ -7,7 +7,8 @@
 
 namespace lakresvos::report {
 
-/// Writes all of the bytes to an open file; whether that was possible, else errno says why not.
+/// Writes all of the bytes to a file descriptor.
+/// @return false when that failed; errno says why.
 inline bool WriteAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
     ssize_t const written = ::write(descriptor, bytes.data(), bytes.size());

@@ -28,8 +28,7 @@ namespace lakresvos::report {
 
 namespace {
 
-/// The columns that stand in formulas.
-std::vector<tabulate::ColumnWish> FormulaColumns(
+std::vector<tabulate::ColumnWish> CollectFormulaColumns(
     std::vector<tabulate::TableRequest> const& tables) {
   std::vector<tabulate::ColumnWish> columns;
   for (tabulate::TableRequest const& table : tables) {
@@ -44,17 +43,18 @@ std::vector<tabulate::ColumnWish> FormulaColumns(
   return columns;
 }
 
-std::vector<tabulate::ColumnWish> WishesOf(Options const& options) {
-  std::vector<tabulate::ColumnWish> wishes = FormulaColumns(options.tables);
+/// Lists the columns that the options name, with who names them.
+std::vector<tabulate::ColumnWish> CollectColumns(Options const& options) {
+  std::vector<tabulate::ColumnWish> columns = CollectFormulaColumns(options.tables);
   for (tabulate::Statistic const& statistic : options.statistics) {
     if (tabulate::NeedsColumn(statistic.measure)) {
-      wishes.push_back({statistic.column.name, "--statistics", "", statistic.column.position});
+      columns.push_back({statistic.column.name, "--statistics", "", statistic.column.position});
     }
   }
   if (!options.weight.empty()) {
-    wishes.push_back({options.weight, "--weight"});
+    columns.push_back({options.weight, "--weight"});
   }
-  return wishes;
+  return columns;
 }
 
 /// @throws InputError for a column that is in no formula.
@@ -63,8 +63,7 @@ void CheckTextColumns(std::vector<std::string> const& columns,
   for (std::string const& column : columns) {
     if (std::none_of(formulaColumns.begin(), formulaColumns.end(),
                      [&](tabulate::ColumnWish const& wish) { return wish.name == column; })) {
-      throw tabulate::InputError("--text: the column " + tabulate::Quoted(column) +
-                                 " is in no table");
+      throw tabulate::InputError("--text: column " + tabulate::Quoted(column) + " is in no table");
     }
   }
 }
@@ -84,7 +83,7 @@ void WarnOfTexts(tabulate::DataSet const& data, std::vector<tabulate::Statistic>
   }
 }
 
-/// Counts the rows that miss a value in any of these columns and have a weight all the same.
+/// Counts the rows with a weight but without a value in one of these columns.
 void CountMissing(tabulate::DataSet const& data, tabulate::RowWeights const& weights,
                   std::vector<std::string> const& columns, tabulate::Skipped kind,
                   tabulate::WarningLog& warnings) {
@@ -104,14 +103,14 @@ void CountMissing(tabulate::DataSet const& data, tabulate::RowWeights const& wei
   }
 }
 
-/// Counts what tables and their statistics leave out.
+/// Counts the rows that tables and their statistics leave out.
 void CountMissing(tabulate::DataSet const& data, tabulate::RowWeights const& weights,
                   Options const& options, tabulate::WarningLog& warnings) {
   if (options.tables.empty()) {
     return;
   }
   std::vector<std::string> columns;
-  for (tabulate::ColumnWish const& wish : FormulaColumns(options.tables)) {
+  for (tabulate::ColumnWish const& wish : CollectFormulaColumns(options.tables)) {
     columns.push_back(wish.name);
   }
   CountMissing(data, weights, columns, tabulate::Skipped::Rows, warnings);
@@ -152,10 +151,11 @@ Node Append(Node const& parent, Item item) {
 tabulate::WarningLog AppendReport(OmOutputTree& document, Options const& options) {
   StyleSheet const style =
       options.styleFile.empty() ? StyleSheet() : ReadStyleSheet(options.styleFile);
-  tabulate::CheckGroupings(options.groupings, FormulaColumns(options.tables));
-  CheckTextColumns(options.textColumns, FormulaColumns(options.tables));
+  tabulate::CheckGroupings(options.groupings, CollectFormulaColumns(options.tables));
+  CheckTextColumns(options.textColumns, CollectFormulaColumns(options.tables));
   tabulate::WarningLog warnings;
-  tabulate::DataSet data = tabulate::ReadDataSet(options.dataFile, WishesOf(options), warnings);
+  tabulate::DataSet data =
+      tabulate::ReadDataSet(options.dataFile, CollectColumns(options), warnings);
   for (std::string const& column : options.textColumns) {
     data.columns[data.Find(column)].text = true;
   }

@@ -9,10 +9,10 @@
 namespace lakresvos::report {
 
 /// Reads the data and appends to the document, below a procedure: the command as a text block
-/// "Log", a table "Notes" about the data, the tables that are asked for, and, when the data gave
-/// cause, a table "Warnings".
-/// @return what was passed over in the data.
-/// @throws InputError for bad data. Whatever is thrown, the document is then as it was.
+/// "Log", a table "Notes" about the data, the tables that are asked for, each with its chart after
+/// it, and a table "Warnings" when anything in the data was skipped with a warning.
+/// @return what was skipped in the data.
+/// @throws InputError for bad data. Whatever is thrown, the document is unchanged.
 tabulate::WarningLog AppendReport(OmOutputTree& document, Options const& options);
 
 }  // namespace lakresvos::report

@@ -8,9 +8,9 @@ namespace lakresvos::report {
 
 namespace {
 
-class NotesTableMaker {
+class NotesTableBuilder {
  public:
-  NotesTableMaker()
+  NotesTableBuilder()
       : table_(std::make_unique<OmPivotTable>(OmStringCell("Notes", true),
                                               OmStringCell("Notes", true), false)),
         dimension_(table_->AddDimension(OmStringCell("Contents", true))) {
@@ -33,7 +33,7 @@ class NotesTableMaker {
     table_->Cell({next_++}, cell);
   }
 
-  std::unique_ptr<OmPivotTable> Result() {
+  std::unique_ptr<OmPivotTable> Build() {
     table_->EndTable();
     return std::move(table_);
   }
@@ -44,7 +44,7 @@ class NotesTableMaker {
   int next_ = 0;
 };
 
-OmNumber Count(std::size_t count) {
+OmNumber MakeCount(std::size_t count) {
   return OmNumber(static_cast<double>(count), 0);
 }
 
@@ -52,21 +52,21 @@ OmNumber Count(std::size_t count) {
 
 std::unique_ptr<OmPivotTable> MakeNotesTable(tabulate::DataSet const& data,
                                              std::string const& weight) {
-  NotesTableMaker notes;
+  NotesTableBuilder notes;
   notes.Add("Data file", OmStringCell(data.file));
-  notes.Add("Rows read", Count(data.records));
+  notes.Add("Rows read", MakeCount(data.records));
   if (weight.empty()) {
-    notes.Add("Rows used", Count(data.Rows()));
+    notes.Add("Rows used", MakeCount(data.Rows()));
     notes.Add("Weight", OmStringCell("None", true));
   } else {
-    notes.Add("Rows used", Count(data.Rows() - data.columns[data.Find(weight)].missing));
+    notes.Add("Rows used", MakeCount(data.Rows() - data.columns[data.Find(weight)].missing));
     notes.Add("Weight", OmVariable(weight, ""));
   }
   OmDimension::Node const group = notes.AddGroup("Missing values");
   for (tabulate::DataColumn const& column : data.columns) {
-    notes.Add(group, OmVariable(column.name, ""), Count(column.missing));
+    notes.Add(group, OmVariable(column.name, ""), MakeCount(column.missing));
   }
-  return notes.Result();
+  return notes.Build();
 }
 
 }  // namespace lakresvos::report

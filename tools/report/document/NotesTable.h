@@ -9,9 +9,9 @@
 
 namespace lakresvos::report {
 
-/// Makes the table "Notes": the file, how many rows were read and how many of them count, the
-/// weight, and how many values are missing in each column.
-/// @param weight the weight's column; empty when there is none.
+/// Makes the table "Notes": the data file, the numbers of rows read and rows used, the weight, and
+/// the number of missing values in each column.
+/// @param weight the column of weights; empty when there is none.
 std::unique_ptr<OmPivotTable> MakeNotesTable(tabulate::DataSet const& data,
                                              std::string const& weight);
 

@@ -9,7 +9,7 @@
 namespace lakresvos::report {
 
 /// Reads a document that was saved as JSON.
-/// @throws InputError that names the file and the place in it.
+/// @throws InputError that names the file and the place in it when it cannot be read.
 std::unique_ptr<OmOutputTree> ReadDocument(std::string const& file);
 
 }  // namespace lakresvos::report

@@ -8,8 +8,8 @@
 
 namespace lakresvos::report {
 
-/// Makes the table "Warnings": line, column and problem of the first warnings. A caption tells how
-/// many more there are.
+/// Makes the table "Warnings": line, column and problem of the first warnings, with a caption that
+/// says how many more there are.
 std::unique_ptr<OmPivotTable> MakeWarningsTable(tabulate::WarningLog const& warnings);
 
 }  // namespace lakresvos::report

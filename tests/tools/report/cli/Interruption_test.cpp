@@ -1,4 +1,4 @@
-// What is left of runs of the program that a signal ends.
+// What runs of the program leave when a signal ends them.
 
 #include <csignal>
 #include <cstdio>
@@ -30,7 +30,7 @@ class Run {
 
   void Send(int signal) const { kill(process_, signal); }
 
-  /// Waits for the end and gives the status.
+  /// Waits for the end and returns the status.
   int End() const {
     int status = 0;
     waitpid(process_, &status, 0);
@@ -50,7 +50,7 @@ std::string Data() {
   return data;
 }
 
-/// Ends runs with signals at moments all over their time.
+/// Ends runs with signals at moments spread over their duration.
 void InterruptRuns(std::string const& format, bool replaces) {
   TemporaryDirectory const inputs;
   TemporaryDirectory const outputs;

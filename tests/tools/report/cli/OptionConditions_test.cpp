@@ -15,7 +15,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// The command line that asks for these tables in a format, and for more.
+/// A command line that asks for these tables in a format, followed by more words.
 Words Tabulate(Words const& formulas, std::string const& format, Words const& more = {}) {
   Words words{"lakresvos-report", "a.csv", "--format", format};
   for (std::string const& formula : formulas) {
@@ -27,7 +27,7 @@ Words Tabulate(Words const& formulas, std::string const& format, Words const& mo
 
 Words const kFormats{"text", "html", "markdown", "csv", "json", "xlsx"};
 
-/// What is wrong with the command line once it has an option too, with a value that it takes.
+/// The error of the command line once it has one more option, with a valid value.
 std::string ErrorIn(Words words, std::string const& option) {
   static std::map<std::string, Words> const kValues{
       {"--width", {"80"}},        {"--csv-shape", {"display"}}, {"--xlsx-layers", {"sheets"}},

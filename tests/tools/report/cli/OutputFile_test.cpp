@@ -25,7 +25,7 @@ FileSystem fileSystem = FileSystem::Whole;
 
 }  // namespace
 
-// These stand before those of the C library, to do without what some file systems lack.
+// These override those of the C library, to test without what some file systems lack.
 extern "C" int openat(int directory, char const* name, int flags, ...) {
   if (fileSystem == FileSystem::WithoutUnnamedFiles && (flags & O_TMPFILE) == O_TMPFILE) {
     errno = EOPNOTSUPP;
@@ -67,7 +67,7 @@ TEST(OutputFile, LeavesNothingWithoutCommit) {
   EXPECT_EQ(directory.Entries(), 0u);
 }
 
-TEST(OutputFile, LeavesTheFormerFileWithoutCommit) {
+TEST(OutputFile, KeepsTheOldFileWithoutCommit) {
   TemporaryDirectory const directory;
   directory.Write("out.txt", "before");
   {
@@ -78,7 +78,7 @@ TEST(OutputFile, LeavesTheFormerFileWithoutCommit) {
   EXPECT_EQ(directory.Entries(), 1u);
 }
 
-TEST(OutputFile, TakesThePermissionsOfTheFormerFile) {
+TEST(OutputFile, KeepsThePermissionsOfTheOldFile) {
   TemporaryDirectory const directory;
   std::string const path = directory.Write("out.txt", "before");
   fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
@@ -90,7 +90,7 @@ TEST(OutputFile, TakesThePermissionsOfTheFormerFile) {
             fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
 }
 
-TEST(OutputFile, WritesBehindALink) {
+TEST(OutputFile, WritesWhatALinkNames) {
   TemporaryDirectory const directory;
   std::string const path = directory.Write("out.txt", "before");
   fs::create_symlink(path, directory.Path("link.txt"));
@@ -121,7 +121,7 @@ TEST(OutputFile, HasNoNameBeforeCommit) {
   EXPECT_EQ(directory.Entries(), 0u);
 }
 
-TEST(OutputFile, TakesTheLongestNames) {
+TEST(OutputFile, AcceptsTheLongestNames) {
   TemporaryDirectory const directory;
   std::string const path = directory.Path(std::string(255, 'n'));
   for (char const* text : {"new", "replaced"}) {
@@ -133,7 +133,7 @@ TEST(OutputFile, TakesTheLongestNames) {
   EXPECT_EQ(directory.Entries(), 1u);
 }
 
-TEST(OutputFile, IsNotStoppedByDraftsOfOthers) {
+TEST(OutputFile, IgnoresTemporaryFilesOfOthers) {
   TemporaryDirectory const directory;
   directory.Write(".lakresvos-" + std::to_string(::getpid()) + "-0", "left by another");
   std::string const path = directory.Write("out.txt", "before");
@@ -144,9 +144,9 @@ TEST(OutputFile, IsNotStoppedByDraftsOfOthers) {
   EXPECT_EQ(directory.Entries(), 2u);
 }
 
-// File systems without files that have no name
+// File systems that have no files without names
 
-TEST(OutputFile, WorksWhereNoFileIsWithoutAName) {
+TEST(OutputFile, WorksWithoutUnnamedFiles) {
   for (FileSystem const lack : {FileSystem::WithoutUnnamedFiles, FileSystem::WithoutLinking}) {
     TemporaryDirectory const directory;
     std::string const path = directory.Path("out.txt");
@@ -195,7 +195,7 @@ TEST(OutputFileErrors, AFileThatMayNotBeWritten) {
   EXPECT_EQ(directory.Entries(), 1u);
 }
 
-TEST(OutputFileErrors, LinksInACircle) {
+TEST(OutputFileErrors, LoopOfLinks) {
   TemporaryDirectory const directory;
   fs::create_symlink("b", directory.Path("a"));
   fs::create_symlink("a", directory.Path("b"));

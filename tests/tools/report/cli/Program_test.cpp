@@ -19,7 +19,7 @@ using namespace lakresvos::tabulate;
 
 namespace {
 
-/// What the program says to this file and these options, which have to end it with exit code 2,
+/// The message for this file and these options, which must end the program with exit status 2,
 /// nothing printed and the output file as it was.
 std::string Complaint(std::string const& bytes, std::vector<std::string> arguments) {
   TemporaryDirectory const directory;
@@ -212,7 +212,7 @@ TEST(Program, SaysWhatItSkippedInEveryFormat) {
                   "column 'x'\n" +
                   start + "1 row without a weight was skipped, the first on line 6, column 'w'\n" +
                   start +
-                  "2 texts count as missing where numbers are needed, the first on line 4, "
+                  "2 values that are not numbers were treated as missing, the first on line 4, "
                   "column 'x'\n" +
                   start +
                   "1 row with missing values was left out of a table, the first on line 5, "
@@ -225,7 +225,7 @@ TEST(Program, SaysWhatItSkippedInEveryFormat) {
   }
 }
 
-TEST(Program, WritesNothingWhenItIsStrictAndSkippedAnything) {
+TEST(Program, WritesNothingWhenItIsStrictAndSkippedSomething) {
   TemporaryDirectory const directory;
   std::string const file = directory.Write("a.csv", "a,b\nx,1\ny\n");
   std::string const output = directory.Write("out", "as it was");
@@ -244,7 +244,7 @@ TEST(Program, WritesNothingWhenItIsStrictAndSkippedAnything) {
   EXPECT_EQ(ReadFile(output), "as it was");
 }
 
-TEST(Program, IsAsEverWhenItIsStrictAndSkippedNothing) {
+TEST(Program, WritesAsUsualWhenItIsStrictAndSkippedNothing) {
   std::vector<std::string> arguments{DataPath("titanic.csv"), "--table", "Class ~", "--format",
                                      "csv"};
   std::string const usual = RunReport(arguments).out;
@@ -435,19 +435,19 @@ TEST(ProgramErrors, BadStyle) {
             style + ": /data: expected an object");
 }
 
-TEST(ProgramErrors, OutputThatWouldReplaceTheStyle) {
+TEST(ProgramErrors, OutputThatWouldOverwriteTheStyle) {
   TemporaryDirectory const directory;
   std::string const file = directory.Write("a.csv", "a\n1\n");
   std::string const style = directory.Write("style.json", "{}");
   ReportRun const run = RunReport({file, "--style", style, "-o", style});
   EXPECT_EQ(run.exitCode, 2);
-  EXPECT_EQ(run.err, "lakresvos-report: " + style + ": the output would replace the style\n");
+  EXPECT_EQ(run.err, "lakresvos-report: " + style + ": refusing to overwrite the style file\n");
   EXPECT_EQ(ReadFile(style), "{}");
 }
 
 TEST(ProgramErrors, ColumnOfTextsInNoTable) {
   EXPECT_EQ(Complaint("a,b\nx,1\n", {"--table", "a ~", "--text", "b"}),
-            "--text: the column 'b' is in no table");
+            "--text: column 'b' is in no table");
 }
 
 TEST(ProgramErrors, EmptyValue) {
@@ -518,8 +518,7 @@ TEST(ProgramErrors, WorkbookOnATerminal) {
       "script -q -e -c '" + command + "' /dev/null >" + directory.Path("out") + " </dev/null";
   EXPECT_EQ(WEXITSTATUS(std::system(terminal.c_str())), 2);
   EXPECT_EQ(ReadFile(directory.Path("out")),
-            "lakresvos-report: --format xlsx: a workbook is nothing for a terminal; name a file "
-            "with -o\r\n");
+            "lakresvos-report: refusing to write a workbook to a terminal; use -o FILE\r\n");
 }
 
 TEST(ProgramErrors, WorkbookThatTakesTooMuchRoom) {
@@ -609,12 +608,12 @@ TEST(ProgramErrors, StrictRunRefusesAWorkbookThatCannotHoldAText) {
   EXPECT_EQ(ReadFile(old), "old");
 }
 
-TEST(ProgramErrors, OutputThatWouldReplaceTheData) {
+TEST(ProgramErrors, OutputThatWouldOverwriteTheData) {
   TemporaryDirectory const directory;
   std::string const file = directory.Write("a.csv", "a\n1\n");
   ReportRun const run = RunReport({file, "-o", file});
   EXPECT_EQ(run.exitCode, 2);
-  EXPECT_EQ(run.err, "lakresvos-report: " + file + ": the output would replace the data\n");
+  EXPECT_EQ(run.err, "lakresvos-report: " + file + ": refusing to overwrite the data file\n");
   EXPECT_EQ(ReadFile(file), "a\n1\n");
 }
 
@@ -680,7 +679,7 @@ TEST(Program, ShowsASavedDocumentAsItShowsTheOneThatWasSaved) {
   ReportRun const direct = RunReport(arguments);
   ReportRun const loaded = RunReport({"--from", saved});
   EXPECT_EQ(loaded.err, "");
-  // The command stands in the document, and it was another one.
+  // The document holds the command, which was another one.
   auto const afterCommand = [](std::string const& text) { return text.substr(text.find("Notes")); };
   EXPECT_EQ(afterCommand(loaded.out), afterCommand(direct.out));
   EXPECT_NE(loaded.out.find("Survival"), std::string::npos);
@@ -696,12 +695,12 @@ TEST(Program, WritesASavedDocumentAsItWas) {
   EXPECT_EQ(RunReport({"--from", saved, "--format", "json"}).out, ReadFile(saved));
 }
 
-TEST(Program, WillNotReplaceTheSavedDocument) {
+TEST(Program, WillNotOverwriteTheSavedDocument) {
   TemporaryDirectory const directory;
   std::string const document = R"({"format":"lakresvos-document","version":1,"parts":[]})";
   std::string const file = directory.Write("saved.json", document);
   EXPECT_EQ(RunReport({"--from", file, "-o", file}).err,
-            "lakresvos-report: " + file + ": the output would replace the document\n");
+            "lakresvos-report: " + file + ": refusing to overwrite the saved document\n");
   EXPECT_EQ(ReadFile(file), document);
 }
 

@@ -9,7 +9,7 @@
 #include "cli/ShellWord.h"
 #include "support/TemporaryDirectory.h"
 
-/// What became of one run of the program.
+/// The result of one run of the program.
 struct ReportRun {
   int exitCode;
   std::string out;
@@ -30,7 +30,7 @@ inline ReportRun RunReport(std::vector<std::string> const& arguments) {
           ReadFile(directory.Path("err"))};
 }
 
-/// The path of a data file of the project.
+/// The path of a data set that comes with the project.
 inline std::string DataPath(std::string const& name) {
   return std::string(LAKRESVOS_DATA_DIRECTORY) + "/" + name;
 }

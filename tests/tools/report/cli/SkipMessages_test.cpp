@@ -9,7 +9,7 @@ using namespace lakresvos::tabulate;
 using Messages = std::vector<std::string>;
 
 TEST(SkipMessages, ThereAreNoneWhenNothingWasSkipped) {
-  EXPECT_EQ(SkipMessages(WarningLog(), "a.csv"), Messages());
+  EXPECT_EQ(MakeSkipMessages(WarningLog(), "a.csv"), Messages());
 }
 
 TEST(SkipMessages, OneLineForEachKindWithItsCountAndFirstPlace) {
@@ -21,10 +21,10 @@ TEST(SkipMessages, OneLineForEachKindWithItsCountAndFirstPlace) {
   log.Count(Skipped::Rows, 5, "a");
   log.Count(Skipped::Rows, 6, "b");
   EXPECT_EQ(
-      SkipMessages(log, "a.csv"),
+      MakeSkipMessages(log, "a.csv"),
       (Messages{"a.csv: 1 line with too few or too many fields was skipped, the first on line "
                 "7, column '3'",
-                "a.csv: 3 texts count as missing where numbers are needed, the first on line "
+                "a.csv: 3 values that are not numbers were treated as missing, the first on line "
                 "4, column 'y'",
                 "a.csv: 2 rows with missing values were left out of a table, the first on "
                 "line 5, column 'a'"}));
@@ -35,7 +35,7 @@ TEST(SkipMessages, EveryKindHasWordsOfItsOwn) {
   for (Skipped const kind : kAllSkipped) {
     log.Count(kind, 1, "x");
   }
-  Messages messages = SkipMessages(log, "a.csv");
+  Messages messages = MakeSkipMessages(log, "a.csv");
   ASSERT_EQ(messages.size(), kAllSkipped.size());
   std::sort(messages.begin(), messages.end());
   EXPECT_EQ(std::unique(messages.begin(), messages.end()), messages.end());

@@ -8,7 +8,7 @@ using lakresvos::report::GetTerminalWidth;
 
 namespace {
 
-/// The width of a terminal that says it has so many columns.
+/// The width found for a terminal that has this many columns.
 int WidthWith(unsigned short columns) {
   winsize const size{24, columns, 0, 0};
   int terminal = -1;

@@ -125,7 +125,7 @@ TEST(Document, NeedsNoTable) {
   EXPECT_EQ(document.size(), 4u);
 }
 
-TEST(Document, EndsWithWarningsWhenTheDataGaveCause) {
+TEST(Document, EndsWithWarningsWhenDataWereSkipped) {
   TemporaryDirectory const directory;
   Options options = OptionsFor(directory.Write("a.csv", "a,x,w\n1,2,1\n1,y,1\n1\n2,3,\n"), {"a ~"});
   options.weight = "w";
@@ -172,7 +172,7 @@ TEST(Document, SaysWhoAskedForAColumnThatIsNotThere) {
             file + ":1: there is no column 'w', which --weight asks for");
 }
 
-TEST(Document, ChartStandsBehindItsTable) {
+TEST(Document, ChartFollowsItsTable) {
   TemporaryDirectory const directory;
   Options options = OptionsFor(directory.Write("a.csv", "a,b,c\n1,2,3\n1,1,3\n"),
                                {"a ~", "a ~ b", "a ~ b | c", "a * b ~ c", "~"});
