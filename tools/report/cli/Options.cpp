@@ -68,7 +68,7 @@ void DeclareTables(OptionBuilder& builder, Options& options, RawValues& raw) {
       .Requires(kDataGiven)
       .Requires(kNotCsvFormat)
       .Requires(kTableWithChart);
-  builder.AddText("--style", "FILE", options.styleFile, "JSON file with fonts, colours, alignment")
+  builder.AddText("--style", "FILE", options.styleFile, "JSON file with fonts, colors, alignment")
       .Requires(kDataGiven)
       .Requires(kNotCsvFormat);
   builder

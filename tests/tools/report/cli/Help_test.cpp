@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 #include <sstream>
+#include <string>
 
 #include "cli/Options.h"
+#include "support/TemporaryDirectory.h"
 
 namespace {
 
@@ -27,7 +29,7 @@ Tables:
   --title TEXT        title of each table in turn (repeatable)
   --caption TEXT      caption of each table in turn (repeatable)
   --chart             add a bar chart to tables of one or two dimensions
-  --style FILE        JSON file with fonts, colours, alignment
+  --style FILE        JSON file with fonts, colors, alignment
   --layers WHICH      layers to show: all (default) or first
   --keep-empty        show rows, columns and layers without cells too
 
@@ -88,4 +90,20 @@ TEST(Help, FitsANarrowTerminal) {
   for (std::string line; std::getline(lines, line);) {
     EXPECT_LE(line.size(), 80u) << line;
   }
+}
+
+TEST(Help, NamesNoOptionThatTheManualLeavesOut) {
+  std::string const manual = ReadFile(LAKRESVOS_REPORT_MANUAL);
+  std::istringstream lines(PrintHelp());
+  std::size_t options = 0;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with("  -")) {
+      std::istringstream words(line.substr(line.starts_with("  -h, ") ? 6 : 2));
+      std::string option;
+      words >> option;
+      EXPECT_NE(manual.find(option), std::string::npos) << option;
+      ++options;
+    }
+  }
+  EXPECT_EQ(options, 25u);
 }
