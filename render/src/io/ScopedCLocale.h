@@ -8,18 +8,18 @@ namespace lakresvos::render {
 
 /// As long as it lives, the C library writes numbers in this thread as programs read them, whatever
 /// the locale of the process.
-class CLocale {
+class ScopedCLocale {
  public:
   /// @throws std::bad_alloc.
-  CLocale() : locale_(newlocale(LC_ALL_MASK, "C", nullptr)) {
+  ScopedCLocale() : locale_(newlocale(LC_ALL_MASK, "C", nullptr)) {
     if (locale_ == nullptr) {
       throw std::bad_alloc();
     }
     former_ = uselocale(locale_);
   }
-  CLocale(CLocale const&) = delete;
-  CLocale& operator=(CLocale const&) = delete;
-  ~CLocale() {
+  ScopedCLocale(ScopedCLocale const&) = delete;
+  ScopedCLocale& operator=(ScopedCLocale const&) = delete;
+  ~ScopedCLocale() {
     uselocale(former_);
     freelocale(locale_);
   }

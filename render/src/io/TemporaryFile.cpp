@@ -35,8 +35,8 @@ TemporaryFile::TemporaryFile() {
   std::string const directory = wish != nullptr && *wish != '\0' ? wish : "/tmp";
   descriptor_ = OpenWithoutName(directory);
   if (descriptor_ < 0) {
-    throw std::runtime_error(
-        directory + ": there can be no temporary file: " + std::generic_category().message(errno));
+    throw std::runtime_error("cannot create a temporary file in " + directory + ": " +
+                             std::generic_category().message(errno));
   }
 }
 

@@ -1,28 +1,32 @@
 #include "xlsx/Book.h"
 
+#include <array>
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <new>
 #include <stdexcept>
+#include <string_view>
+#include <sys/mman.h>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
-#include <vector>
 
 #include "io/LibraryCall.h"
+#include "xlsx/Archive.h"
 
 namespace lakresvos::render {
 
 namespace {
 
-constexpr int kMostSheets = 65'000;  // each takes one of the 65,530 links of the contents
+constexpr int kMaxSheets = 65'000;  // each takes one of the 65,530 links of the contents
 constexpr lxw_color_t kGroupRuleColour = 0xB4BBC5;
-constexpr std::size_t kMostFormats = 64'000;
+constexpr std::size_t kMaxFormats = 64'000;
 // Spreadsheets open workbooks with some 200 number formats; those without marks take up to 31.
-constexpr std::size_t kMostMarkedNumberFormats = 160;
+constexpr std::size_t kMaxMarkedNumberFormats = 160;
 
-constexpr char kFailure[] = "the workbook cannot be written";
+constexpr char kFailure[] = "cannot write the workbook";
 
 [[noreturn]] void Fail(std::string const& why) {
   throw std::runtime_error(std::string(kFailure) + ": " + why);
@@ -32,8 +36,58 @@ constexpr char kFailure[] = "the workbook cannot be written";
   throw std::system_error(error, std::generic_category(), kFailure);
 }
 
+/// Whether an error is one of writing. The library tells nothing of rows that it could not write to
+/// their file: this is the one sign of them.
+bool IsWriteError(int error) {
+  return error == ENOSPC || error == EFBIG || error == EDQUOT || error == EIO;
+}
+
+/// Fails when the process cannot open a few more files. Without any, the library could not complete
+/// a workbook and would leave the files of its sheets open.
+void KeepFilesFree(TemporaryFile const& file) {
+  std::array<int, 8> spare{};
+  for (int& each : spare) {
+    each = fcntl(file.Descriptor(), F_DUPFD_CLOEXEC, 0);
+  }
+  int const error = errno;
+  bool const enough = spare.back() >= 0;
+  for (int const each : spare) {
+    if (each >= 0) {
+      close(each);
+    }
+  }
+  if (!enough) {
+    Fail(error);
+  }
+}
+
+/// The bytes of a file in the address space.
+class FileView {
+ public:
+  explicit FileView(TemporaryFile const& file) {
+    struct stat status {};
+    if (fstat(file.Descriptor(), &status) != 0) {
+      Fail(errno);
+    }
+    size_ = static_cast<std::size_t>(status.st_size);
+    bytes_ = mmap(nullptr, size_, PROT_READ, MAP_PRIVATE, file.Descriptor(), 0);
+    if (bytes_ == MAP_FAILED) {
+      Fail(errno);
+    }
+  }
+  FileView(FileView const&) = delete;
+  FileView& operator=(FileView const&) = delete;
+  ~FileView() { munmap(bytes_, size_); }
+
+  std::string_view Bytes() const { return {static_cast<char const*>(bytes_), size_}; }
+
+ private:
+  void* bytes_;
+  std::size_t size_;
+};
+
 /// The library takes 0 for no colour.
-lxw_color_t ColourOf(std::string const& colour) {
+lxw_color_t ParseColour(std::string const& colour) {
   auto const number = static_cast<lxw_color_t>(std::strtoul(colour.c_str() + 1, nullptr, 16));
   return number != 0 ? number : static_cast<lxw_color_t>(LXW_COLOR_BLACK);
 }
@@ -86,13 +140,13 @@ void SetFont(lxw_format* format, XlsxStyle const& style) {
     format_set_font_script(format, LXW_FONT_SUPERSCRIPT);
   }
   if (!style.colour.empty()) {
-    format_set_font_color(format, ColourOf(style.colour));
+    format_set_font_color(format, ParseColour(style.colour));
   }
 }
 
 }  // namespace
 
-std::string Quoted(std::string const& sheet) {
+std::string QuoteName(std::string const& sheet) {
   std::string quoted = "'";
   for (char const c : sheet) {
     quoted += c == '\'' ? "''" : std::string(1, c);
@@ -104,14 +158,19 @@ void Check(lxw_error error) {
   if (error == LXW_ERROR_MEMORY_MALLOC_FAILED) {
     throw std::bad_alloc();
   }
+  if (IsWriteError(errno)) {
+    Fail(errno);
+  }
   if (error != LXW_NO_ERROR) {
     Fail("a part of it is refused with error " + std::to_string(error));
   }
 }
 
-XlsxBook::XlsxBook() {
+// The library gives a workbook without sheets one of its own when it is closed, with a file that
+// stays open; so there is no workbook before there is a sheet.
+void XlsxBook::Open() {
   lxw_workbook_options options = {};
-  options.constant_memory = LXW_TRUE;
+  options.constant_memory = rows_ == XlsxRows::InFiles ? LXW_TRUE : LXW_FALSE;
   book_ = workbook_new_opt(file_.Path().c_str(), &options);
   if (book_ == nullptr) {
     throw std::bad_alloc();
@@ -120,25 +179,30 @@ XlsxBook::XlsxBook() {
 
 XlsxBook::~XlsxBook() {
   if (book_ != nullptr) {
-    lxw_workbook_free(book_);
+    LibraryCall const call;
+    workbook_close(book_);  // nothing else closes the files of the sheets
   }
 }
 
 lxw_worksheet* XlsxBook::AddSheet(std::string const& name) {
-  if (sheets_ >= kMostSheets) {
-    throw std::length_error("the document takes more than " + std::to_string(kMostSheets) +
+  if (sheets_ >= kMaxSheets) {
+    throw std::length_error("the document takes more than " + std::to_string(kMaxSheets) +
                             " sheets");
   }
-  std::FILE* const rows = rows_.Open();
+  if (book_ == nullptr) {
+    Open();
+  }
+  if (rows_ == XlsxRows::InFiles) {
+    KeepFilesFree(file_);
+  }
   LibraryCall const call;
+  errno = 0;
   lxw_worksheet* const sheet = workbook_add_worksheet(book_, name.c_str());
   if (sheet == nullptr) {
-    Fail("there can be no further sheet");
+    Fail(errno != 0 ? errno : EIO);
   }
-  // The library opens a file for each sheet, of which a process can have a few hundred only.
-  std::fclose(sheet->optimize_tmpfile);
-  sheet->file = rows;
-  sheet->optimize_tmpfile = rows;
+  // The file of a sheet without rows would stay open, too.
+  Check(worksheet_set_row(sheet, 0, LXW_DEF_ROW_HEIGHT, nullptr));
   ++sheets_;
   return sheet;
 }
@@ -148,7 +212,7 @@ void XlsxBook::DefineName(std::string const& name, std::string const& reference)
 }
 
 bool XlsxBook::HasRoomFor(std::string const& markedNumberFormat) {
-  if (markedNumberFormats_.size() < kMostMarkedNumberFormats) {
+  if (markedNumberFormats_.size() < kMaxMarkedNumberFormats) {
     markedNumberFormats_.insert(markedNumberFormat);
   }
   return markedNumberFormats_.count(markedNumberFormat) != 0;
@@ -159,7 +223,7 @@ lxw_format* XlsxBook::Format(XlsxStyle const& style) {
   if (known != formats_.end()) {
     return known->second;
   }
-  if (formats_.size() >= kMostFormats) {
+  if (formats_.size() >= kMaxFormats) {
     return nullptr;
   }
   lxw_format* const format = workbook_add_format(book_);
@@ -169,7 +233,7 @@ lxw_format* XlsxBook::Format(XlsxStyle const& style) {
   SetFont(format, style);
   SetAlignments(format, style);
   if (!style.background.empty()) {
-    format_set_bg_color(format, ColourOf(style.background));
+    format_set_bg_color(format, ParseColour(style.background));
   }
   if (!style.numberFormat.empty()) {
     format_set_num_format(format, style.numberFormat.c_str());
@@ -198,21 +262,18 @@ void XlsxBook::Close() {
   if (error == LXW_ERROR_MEMORY_MALLOC_FAILED) {
     throw std::bad_alloc();
   }
-  int const reason = rows_.Error() != 0 ? rows_.Error() : errno;
-  if (error != LXW_NO_ERROR || rows_.Error() != 0) {
-    Fail(reason != 0 ? reason : EIO);
+  if (error != LXW_NO_ERROR || IsWriteError(errno)) {
+    Fail(errno != 0 ? errno : EIO);
   }
 }
 
 void XlsxBook::Write(std::ostream& out) {
   Close();
-  std::vector<char> piece(1 << 16);
-  while (ssize_t const count = read(file_.Descriptor(), piece.data(), piece.size())) {
-    if (count < 0) {
-      Fail(errno);
-    }
-    out.write(piece.data(), count);
+  FileView const file(file_);
+  if (!HasWholeParts(file.Bytes())) {
+    Fail("there is no room for a temporary file");
   }
+  out.write(file.Bytes().data(), static_cast<std::streamsize>(file.Bytes().size()));
 }
 
 }  // namespace lakresvos::render

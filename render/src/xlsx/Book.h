@@ -8,7 +8,6 @@
 #include <xlsxwriter.h>
 
 #include "io/ScopedCLocale.h"
-#include "io/SpillFile.h"
 #include "io/TemporaryFile.h"
 #include "xlsx/Losses.h"
 #include "xlsx/SheetNames.h"
@@ -16,11 +15,21 @@
 
 namespace lakresvos::render {
 
-/// A workbook that is being written to temporary files.
+/// Where the rows of a workbook are until it is complete.
+///
+/// A table can have millions of cells, and in memory each takes some two hundred bytes beside the
+/// document, so rows go to files as they are written. The XLSX library has a file for each sheet and
+/// keeps it open to the end, and a process can have a few hundred open files only. It also lets go
+/// of a row for good: cells can be merged down from the row that is being written, not in one above
+/// it. So documents of many sheets are held in memory, and so are those with a title that goes across
+/// merged columns, whose widths are known below the table only.
+enum class XlsxRows { InFiles, InMemory };
+
+/// A workbook that is being written to a temporary file.
 class XlsxBook {
  public:
   /// @throws std::runtime_error when there can be no temporary file.
-  XlsxBook();
+  explicit XlsxBook(XlsxRows rows) : rows_(rows) {}
   XlsxBook(XlsxBook const&) = delete;
   XlsxBook& operator=(XlsxBook const&) = delete;
   ~XlsxBook();
@@ -35,6 +44,8 @@ class XlsxBook {
   lxw_worksheet* AddSheet(std::string const& name);
 
   int Sheets() const { return sheets_; }
+
+  XlsxRows Rows() const { return rows_; }
 
   /// Gives a reference a name, which may start with the name of a sheet without an apostrophe.
   void DefineName(std::string const& name, std::string const& reference);
@@ -52,12 +63,13 @@ class XlsxBook {
   void Write(std::ostream& out);
 
  private:
+  void Open();
   void Close();
 
-  CLocale locale_;
-  ScratchFile rows_;  // of all sheets
+  ScopedCLocale locale_;
+  XlsxRows rows_;
   TemporaryFile file_;
-  lxw_workbook* book_ = nullptr;
+  lxw_workbook* book_ = nullptr;  // null before the first sheet and after Close()
   SheetNames names_;
   int sheets_ = 0;
   std::map<XlsxStyle, lxw_format*> formats_;
@@ -66,9 +78,11 @@ class XlsxBook {
 };
 
 /// The name of a sheet as references to cells have it.
-std::string Quoted(std::string const& sheet);
+std::string QuoteName(std::string const& sheet);
 
-/// @throws std::runtime_error if `error` is one, std::bad_alloc if it says that memory ran out.
+/// To be called after each call that writes.
+/// @throws std::system_error when a row could not be written to its file, std::runtime_error if
+///         `error` is one, std::bad_alloc if it says that memory ran out.
 void Check(lxw_error error);
 
 }  // namespace lakresvos::render

@@ -6,7 +6,7 @@ namespace lakresvos::render {
 
 namespace {
 
-constexpr int kDeepestIndent = 15;
+constexpr int kMaxIndent = 15;
 
 XlsxStyle LinkStyle() {
   XlsxStyle style;
@@ -33,7 +33,7 @@ std::unique_ptr<XlsxSheet> XlsxContents::AddSheet(std::string const& entry,
 }
 
 XlsxStyle XlsxContents::Indented(XlsxStyle style) const {
-  style.indent = std::clamp(depth_, 0, kDeepestIndent);
+  style.indent = std::clamp(depth_, 0, kMaxIndent);
   style.wrap = true;
   return style;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -16,15 +17,15 @@ namespace lakresvos::render {
 
 namespace {
 
-constexpr double kLargest = 9.99999999999999e307;  // what a cell can hold
+constexpr double kMaxNumber = 9.99999999999999e307;  // what a cell can hold
 
-/// The number format for so many decimals, "0.00" for two, with the marks of footnotes behind;
+/// The number format for so many decimals, "0.00" for two, followed by the marks of footnotes;
 /// empty for the general one, nothing when there is no room for the marks.
 std::optional<std::string> NumberFormat(int decimals, std::string const& marks) {
-  constexpr int kMostDecimals = 30;
-  constexpr std::size_t kLongest = 127;
+  constexpr int kMaxDecimals = 30;
+  constexpr std::size_t kMaxLength = 127;
   std::string format;
-  if (decimals >= 0 && decimals <= kMostDecimals) {
+  if (decimals >= 0 && decimals <= kMaxDecimals) {
     format = "0" + (decimals > 0 ? "." + std::string(static_cast<std::size_t>(decimals), '0') : "");
   }
   if (marks.empty()) {
@@ -35,10 +36,10 @@ std::optional<std::string> NumberFormat(int decimals, std::string const& marks) 
     format += c == '"' ? '\'' : c == '\n' ? ' ' : c;
   }
   format += '"';
-  return format.size() <= kLongest ? std::optional(format) : std::nullopt;
+  return format.size() <= kMaxLength ? std::optional(format) : std::nullopt;
 }
 
-/// Whether a heading cell outlines what stands beside it.
+/// Whether a heading cell outlines what is beside it.
 bool IsGroup(GridCell const& cell, GridRole role) {
   return cell.role == role && cell.node != nullptr;
 }
@@ -64,13 +65,13 @@ class XlsxGrid {
     XlsxStyle corner = heading;
     corner.rule = true;
     corner.vertical = VerticalAlignment::Bottom;
-    corner_ = WithArea(corner, table, FormatArea::AreaCorner);
-    columnLabels_ = WithArea(columnHeading, table, FormatArea::AreaColumnLabels);
-    rowLabels_ = WithArea(heading, table, FormatArea::AreaRowLabels);
+    corner_ = ApplyArea(corner, table, FormatArea::AreaCorner);
+    columnLabels_ = ApplyArea(columnHeading, table, FormatArea::AreaColumnLabels);
+    rowLabels_ = ApplyArea(heading, table, FormatArea::AreaRowLabels);
     XlsxStyle total;
     total.bold = true;
-    data_ = WithArea(XlsxStyle(), table, FormatArea::AreaData);
-    totals_ = WithArea(total, table, FormatArea::AreaData);
+    data_ = ApplyArea(XlsxStyle(), table, FormatArea::AreaData);
+    totals_ = ApplyArea(total, table, FormatArea::AreaData);
   }
 
   int Write() {
@@ -86,13 +87,16 @@ class XlsxGrid {
   struct Above {
     GridCell const* cell = nullptr;
     bool merged = false;
+    std::shared_ptr<MarkedText const> text;
   };
 
   void WriteRow(int row) {
     ruleStart_ = RuleStart(row);
     for (GridCell const& cell : grid_.Headings(row)) {
-      Above const above{&cell, WantsMerge(cell) && sheet_.Merge(top_ + row, cell.column,
-                                                                cell.rowSpan, cell.columnSpan)};
+      Above const above{
+          &cell,
+          WantsMerge(cell) && sheet_.Merge(top_ + row, cell.column, cell.rowSpan, cell.columnSpan),
+          std::make_shared<MarkedText const>(notes_.Raised(cell.label))};
       for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
         above_[static_cast<std::size_t>(c)] = above;
         if (cell.role == GridRole::ColumnHeading && IsTotal(cell.label)) {
@@ -102,7 +106,7 @@ class XlsxGrid {
     }
     bool const heading = row < grid_.HeadingRows();
     int const labels = heading ? grid_.Columns() : grid_.HeadingColumns();
-    if (int const level = heading ? 0 : RowLevelOf(row); level > 0) {
+    if (int const level = heading ? 0 : GroupsAround(row); level > 0) {
       sheet_.RowLevel(top_ + row, level);
     }
     for (int column = 0; column < labels; ++column) {
@@ -124,8 +128,8 @@ class XlsxGrid {
   XlsxStyle InRow(XlsxStyle style, int row) const {
     style.groupRule = ruleStart_ < grid_.Columns();
     bool const alternate = (row - grid_.HeadingRows()) % 2 == 1;
-    return alternate ? WithAlternateColours(std::move(style),
-                                            grid_.Table().getAreaFormat(FormatArea::AreaData))
+    return alternate ? ApplyAlternateColours(std::move(style),
+                                             grid_.Table().getAreaFormat(FormatArea::AreaData))
                      : style;
   }
 
@@ -165,9 +169,9 @@ class XlsxGrid {
     return wanted && (cell.rowSpan > 1 || cell.columnSpan > 1);
   }
 
-  /// In how many groups the row stands without being their first row, which stays in sight when the
+  /// In how many groups the row is without being their first row, which stays in sight when the
   /// group is folded.
-  int RowLevelOf(int row) const {
+  int GroupsAround(int row) const {
     int level = 0;
     for (int column = 0; column < grid_.HeadingColumns(); ++column) {
       GridCell const& cell = *above_[static_cast<std::size_t>(column)].cell;
@@ -176,7 +180,7 @@ class XlsxGrid {
     return level;
   }
 
-  XlsxStyle StyleOf(GridCell const& cell) const {
+  XlsxStyle LabelStyle(GridCell const& cell) const {
     switch (cell.role) {
       case GridRole::Corner:
         return corner_;
@@ -196,13 +200,13 @@ class XlsxGrid {
   void WriteLabel(int row, int column) {
     Above const& above = above_[static_cast<std::size_t>(column)];
     GridCell const& cell = *above.cell;
-    XlsxStyle style = StyleOf(cell);
+    XlsxStyle style = LabelStyle(cell);
     style.groupRule = column >= ruleStart_;
     bool const first = cell.row == row && cell.column == column;
     if (above.merged && !first) {
       sheet_.Blank(top_ + row, column, style);
     } else {
-      sheet_.Text(top_ + row, column, notes_.Raised(cell.label), style, cell.columnSpan == 1);
+      sheet_.Text(top_ + row, column, *above.text, style, cell.columnSpan == 1);
     }
   }
 
@@ -217,21 +221,23 @@ class XlsxGrid {
     auto const& styles = grid_.Table().getCellStyles();
     std::size_t const number = cell->hasMeta() ? cell->getMeta()->getStyle() : 0;
     if (number != 0 && number < styles.size()) {
-      style = WithProperties(style, styles[number]);
+      style = ApplyProperties(style, styles[number]);
     }
     std::optional<ShownNumber> const value = FindNumber(*cell);
     if (value.has_value() && style.horizontal == HorizontalAlignment::Any) {
       style.horizontal = HorizontalAlignment::Right;
     }
-    if (value.has_value() && std::fabs(value->value) <= kLargest) {
+    if (value.has_value() && std::fabs(value->value) <= kMaxNumber) {
       MarkedText const shown = notes_.Plain(cell);
       auto const format = NumberFormat(value->decimals, shown.marks);
       if (format.has_value() && (shown.marks.empty() || sheet_.HasRoomFor(*format))) {
         style.numberFormat = *format;
         sheet_.Number(top_ + row, column, value->value, shown.text + shown.marks, style);
-        return;
+      } else {
+        sheet_.Lose(XlsxLoss::MarkedNumber, top_ + row, column);
+        sheet_.Text(top_ + row, column, {shown.text, notes_.RaisedMarks(cell)}, style);
       }
-      sheet_.Lose(XlsxLoss::MarkedNumber, top_ + row, column);
+      return;
     }
     sheet_.Text(top_ + row, column, notes_.Raised(cell), style);
   }

@@ -12,12 +12,12 @@ namespace lakresvos::render {
 /// Writes a grid into a sheet, with a rule above each outermost group of rows and above each total,
 /// whose cells are bold. Rows below the first one of a group are outlined.
 /// @param top the sheet's row of the grid's first one.
-/// @return the row behind the last.
+/// @return the row after the last.
 int WriteXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, XlsxNotes& notes,
                   XlsxOptions const& options, int top);
 
 /// Freezes panes, repeats headings in print and outlines columns as the grid at row `top` needs it:
-/// columns behind the first one of a group are outlined.
+/// columns after the first one of a group are outlined.
 void SetUpXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, int top);
 
 }  // namespace lakresvos::render

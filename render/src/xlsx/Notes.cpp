@@ -1,13 +1,19 @@
 #include "xlsx/Notes.h"
 
+#include "content/CellText.h"
+
 namespace lakresvos::render {
 
 MarkedText XlsxNotes::Raised(OmCellText const* label) {
+  return {GetText(label), RaisedMarks(label)};
+}
+
+std::string XlsxNotes::RaisedMarks(OmCellText const* label) {
   if (label == nullptr) {
     return {};
   }
   use_.Show(*label);
-  return {label->GetText(), marks_.Footnotes().Marks(*label)};
+  return marks_.Footnotes().Marks(*label);
 }
 
 MarkedText XlsxNotes::Plain(OmCellText const* label) {

@@ -21,6 +21,9 @@ class XlsxNotes {
   /// A label or cell with its marks as they are, to be raised; nothing for a null one.
   MarkedText Raised(OmCellText const* label);
 
+  /// The marks of a label or cell as they are, to be raised; none for a null one.
+  std::string RaisedMarks(OmCellText const* label);
+
   /// A label or cell with its marks as a text that needs no raising; nothing for a null one.
   MarkedText Plain(OmCellText const* label);
 

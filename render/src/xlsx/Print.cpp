@@ -7,14 +7,14 @@ namespace lakresvos::render {
 
 namespace {
 
-constexpr int kLeastPercent = 50;
+constexpr int kMinPercent = 50;
 constexpr int kUprightPixels = 659;   // between the margins of an A4 page, narrower than Letter
 constexpr int kSidewaysPixels = 921;  // of a Letter page on its side, narrower than A4
-constexpr int kLastNumber = 32'767;   // of a sheet, in the names that the library defines
-constexpr std::size_t kLongestReference = LXW_DEFINED_NAME_LENGTH - 1;
+constexpr int kMaxNumber = 32'767;    // of a sheet, in the names that the library defines
+constexpr std::size_t kMaxReference = LXW_DEFINED_NAME_LENGTH - 1;
 
 bool Fits(int pixels, int page) {
-  return pixels <= page * 100 / kLeastPercent;
+  return pixels <= page * 100 / kMinPercent;
 }
 
 /// What the library writes to repeat headings.
@@ -23,10 +23,10 @@ std::string Reference(std::string const& sheet, XlsxHeadings const& headings) {
   if (headings.columns > 0) {
     char last[LXW_MAX_COL_NAME_LENGTH];
     lxw_col_to_name(last, static_cast<lxw_col_t>(headings.columns - 1), LXW_TRUE);
-    reference = Quoted(sheet) + "!$A:" + last;
+    reference = QuoteName(sheet) + "!$A:" + last;
   }
   if (headings.rows > 0) {
-    reference += (reference.empty() ? "" : ",") + Quoted(sheet) + "!$" +
+    reference += (reference.empty() ? "" : ",") + QuoteName(sheet) + "!$" +
                  std::to_string(headings.firstRow + 1) + ":$" +
                  std::to_string(headings.firstRow + headings.rows);
   }
@@ -46,7 +46,7 @@ void Repeat(XlsxBook& book, lxw_worksheet* sheet, std::string const& name,
   if (IsLeftPlain(name)) {
     std::string const reference = Reference(name, headings);
     if (!reference.empty()) {
-      book.DefineName(Quoted(name) + "!_xlnm.Print_Titles", reference);
+      book.DefineName(QuoteName(name) + "!_xlnm.Print_Titles", reference);
     }
     return;
   }
@@ -72,13 +72,13 @@ void SetUpPrinting(XlsxBook& book, lxw_worksheet* sheet, std::string const& name
   if (onePage) {
     worksheet_fit_to_pages(sheet, 1, 0);
   } else {
-    worksheet_set_print_scale(sheet, kLeastPercent);
+    worksheet_set_print_scale(sheet, kMinPercent);
   }
   XlsxHeadings repeated = headings;
-  if (Reference(name, repeated).size() > kLongestReference) {
+  if (Reference(name, repeated).size() > kMaxReference) {
     (onePage ? repeated.columns : repeated.rows) = 0;
   }
-  if (number <= kLastNumber) {
+  if (number <= kMaxNumber) {
     Repeat(book, sheet, name, repeated);
   }
 }

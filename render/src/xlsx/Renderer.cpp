@@ -14,6 +14,7 @@
 #include "unicode/CleanText.h"
 #include "unicode/Utf16.h"
 #include "xlsx/Contents.h"
+#include "xlsx/Plan.h"
 #include "xlsx/Table.h"
 
 namespace lakresvos::render {
@@ -21,12 +22,12 @@ namespace lakresvos::render {
 namespace {
 
 /// What the library has room for, in UTF-16 units, which take at most three bytes each.
-constexpr std::size_t kLongestDescription = (LXW_MAX_ATTRIBUTE_LENGTH - 1) / 3;
+constexpr std::size_t kMaxDescription = (LXW_MAX_ATTRIBUTE_LENGTH - 1) / 3;
 
 class XlsxVisitor : public OmOutputPart::Visitor {
  public:
-  XlsxVisitor(XlsxContents& contents, XlsxOptions const& options)
-      : contents_(contents), options_(options) {}
+  XlsxVisitor(XlsxContents& contents, XlsxPlan const& plan, XlsxOptions const& options)
+      : contents_(contents), plan_(plan), options_(options) {}
 
   void Visit(OmHeading& heading) override { contents_.Add(GetText(heading.Label()), true); }
   void Visit(OmProcedure& procedure) override { contents_.Add(procedure.OutlineText(), true); }
@@ -41,7 +42,7 @@ class XlsxVisitor : public OmOutputPart::Visitor {
 
   void Visit(OmPivotTable& table) override {
     if (table.Show()) {
-      WriteXlsxTable(table, contents_, options_);
+      WriteXlsxTable(table, plan_.Title(table), contents_, options_);
     }
   }
 
@@ -66,7 +67,7 @@ class XlsxVisitor : public OmOutputPart::Visitor {
     bold.bold = true;
     int const row = sheet->Lines(1, {label, ""}, bold);
     std::string const& image = chart.GetImageData();
-    std::string description(Utf16Prefix(CleanText(label), kLongestDescription));
+    std::string description(Utf16Prefix(CleanText(label), kMaxDescription));
     lxw_image_options options = {};
     options.description = description.data();
     auto const insert = [&] {
@@ -85,15 +86,17 @@ class XlsxVisitor : public OmOutputPart::Visitor {
   }
 
   XlsxContents& contents_;
+  XlsxPlan const& plan_;
   XlsxOptions const& options_;
 };
 
 }  // namespace
 
 void RenderXlsx(OmOutputTree const& tree, std::ostream& out, XlsxOptions const& options) {
-  XlsxBook book;
+  XlsxPlan const plan(tree, options);
+  XlsxBook book(plan.Rows());
   XlsxContents contents(book);
-  XlsxVisitor visitor(contents, options);
+  XlsxVisitor visitor(contents, plan, options);
   VisitAll(tree, visitor, contents.Depth());
   contents.Finish();
   for (std::string const& loss : book.Losses().Lines()) {

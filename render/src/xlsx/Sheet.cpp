@@ -1,8 +1,6 @@
 #include "xlsx/Sheet.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <new>
 #include <stdexcept>
 #include <string_view>
 
@@ -16,29 +14,29 @@ namespace lakresvos::render {
 
 namespace {
 
-constexpr int kMostRows = 1'048'576;
-constexpr int kMostColumns = 16'384;
-constexpr std::size_t kMostUnits = 32'767;
-constexpr int kMostMerged = 65'535;
-constexpr int kNarrowest = 8;
-constexpr int kWidest = 60;
+constexpr int kMaxRows = 1'048'576;
+constexpr int kMaxColumns = 16'384;
+constexpr std::size_t kMaxUnits = 32'767;
+constexpr int kMaxMerged = 65'535;
+constexpr int kMinWidth = 8;
+constexpr int kMaxWidth = 60;
 constexpr int kMargin = 2;
-constexpr int kLeastLineWidth = 88;  // of the columns under a text across a page
-constexpr int kLineWidth = 82;       // of a text across a page, in characters
+constexpr int kMinLineWidth = 88;  // of the columns under a text across a page
+constexpr int kLineWidth = 82;     // of a text across a page, in characters
 constexpr int kIndentWidth = 2;
-constexpr std::size_t kMostUnitsOfLine = 1'000;  // which take at most 27 lines across a page
-constexpr double kUsualSize = 11;                // of the workbook's own font, in points
-constexpr double kHighest = 409;                 // of rows, in points
-constexpr int kPixelsPerCharacter = 7;           // of the workbook's own font
-constexpr int kPixelsPerCell = 5;                // around them
-constexpr int kMostLevels = 7;
+constexpr std::size_t kMaxUnitsInLine = 1'000;  // which take at most 27 lines across a page
+constexpr double kUsualSize = 11;               // of the workbook's own font, in points
+constexpr double kMaxHeight = 409;              // of rows, in points
+constexpr int kPixelsPerCharacter = 7;          // of the workbook's own font
+constexpr int kPixelsPerCell = 5;               // around them
+constexpr int kMaxLevels = 7;
 
 bool IsHex(char c) {
   return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
 /// Spreadsheets read "_x0041_" as the character with that code, wherever it stands.
-std::string Escaped(std::string const& text) {
+std::string EscapeCodes(std::string const& text) {
   std::string escaped;
   std::size_t copied = 0;
   for (std::size_t at = text.find("_x"); at != std::string::npos; at = text.find("_x", at + 1)) {
@@ -54,19 +52,30 @@ std::string Escaped(std::string const& text) {
 
 /// Whether there is room in a cell for a clean text and its marks, written as the library counts.
 bool FitsCell(std::string const& text, std::string const& marks) {
-  constexpr std::size_t kMostGrowth = 2;  // of a code that is escaped
-  return (text.size() + marks.size()) * kMostGrowth <= kMostUnits ||
-         Utf16Length(Escaped(text)) + Utf16Length(Escaped(marks)) <= kMostUnits;
+  constexpr std::size_t kMaxGrowth = 2;  // of a code that is escaped
+  return (text.size() + marks.size()) * kMaxGrowth <= kMaxUnits ||
+         Utf16Length(EscapeCodes(text)) + Utf16Length(EscapeCodes(marks)) <= kMaxUnits;
+}
+
+/// How much larger than usual the font of a style is.
+double FontScale(XlsxStyle const& style) {
+  return style.size > 0 ? style.size / kUsualSize : 1;
+}
+
+/// How many lines a clean text across a page takes.
+std::size_t CountLines(std::string const& text, XlsxStyle const& style) {
+  double const room = (kLineWidth - style.indent * kIndentWidth) / FontScale(style);
+  return Wrap(text, std::max(static_cast<int>(room), 1)).size();
 }
 
 /// The lines of a clean text, those that are too long for the highest row in several pieces.
-std::vector<std::string_view> Pieces(std::string_view text) {
+std::vector<std::string_view> SplitLines(std::string_view text) {
   std::vector<std::string_view> pieces;
   while (true) {
     std::size_t const end = text.find('\n');
     std::string_view line = text.substr(0, end);
     do {
-      pieces.push_back(Utf16Prefix(line, kMostUnitsOfLine));
+      pieces.push_back(Utf16Prefix(line, kMaxUnitsInLine));
       line.remove_prefix(pieces.back().size());
     } while (!line.empty());
     if (end == std::string_view::npos || end + 1 == text.size()) {
@@ -86,10 +95,10 @@ XlsxSheet::XlsxSheet(XlsxBook& book, std::string const& content, std::string con
       content_(content) {}
 
 void XlsxSheet::CheckPlace(int row, int column) const {
-  if (row >= kMostRows || column >= kMostColumns) {
+  if (row >= kMaxRows || column >= kMaxColumns) {
     throw std::length_error("'" + content_ + "' is too large for a sheet, which has " +
-                            std::to_string(kMostRows) + " rows and " +
-                            std::to_string(kMostColumns) + " columns");
+                            std::to_string(kMaxRows) + " rows and " + std::to_string(kMaxColumns) +
+                            " columns");
   }
 }
 
@@ -102,13 +111,13 @@ int XlsxSheet::Widen(int column, std::string const& text) {
       width = std::max(width, TextWidth(line));
     }
   }
-  SetLeastWidth(column, std::min(width + kMargin, kWidest));
+  SetLeastWidth(column, std::min(width + kMargin, kMaxWidth));
   return width;
 }
 
 void XlsxSheet::SetLeastWidth(int column, int width) {
   auto const at = static_cast<std::size_t>(column);
-  widths_.resize(std::max(widths_.size(), at + 1), kNarrowest);
+  widths_.resize(std::max(widths_.size(), at + 1), kMinWidth);
   widths_[at] = std::max(widths_[at], width);
 }
 
@@ -127,10 +136,18 @@ void XlsxSheet::Text(int row, int column, MarkedText const& text, XlsxStyle cons
   }
   XlsxStyle wrapped = style;
   wrapped.wrap = style.wrap || clean.find('\n') != std::string::npos;
-  if (wide && Widen(column, clean + marks) > kWidest) {
+  if (wide && Widen(column, clean + marks) > kMaxWidth) {
     wrapped.wrap = true;
   }
   WriteText(row, column, clean, marks, wrapped);
+}
+
+bool XlsxSheet::WrapsAcrossPage(std::string const& text, XlsxStyle const& style) {
+  std::string const clean = CleanText(text);
+  std::vector<std::string_view> const lines = SplitLines(clean);
+  return std::any_of(lines.begin(), lines.end(), [&](std::string_view line) {
+    return CountLines(std::string(line), style) > 1;
+  });
 }
 
 int XlsxSheet::Lines(int row, MarkedText const& text, XlsxStyle const& style) {
@@ -138,25 +155,27 @@ int XlsxSheet::Lines(int row, MarkedText const& text, XlsxStyle const& style) {
   if (clean.empty() && text.marks.empty()) {
     return row;
   }
-  std::vector<std::string_view> const pieces = Pieces(clean);
-  for (std::string_view const& piece : pieces) {
-    bool const last = &piece == &pieces.back();
-    Line(row++, {std::string(piece), last ? text.marks : ""}, style);
+  std::vector<std::string_view> const lines = SplitLines(clean);
+  for (std::string_view const& line : lines) {
+    bool const last = &line == &lines.back();
+    Line(row++, {std::string(line), last ? text.marks : ""}, style);
   }
   return row;
 }
 
 void XlsxSheet::Line(int row, MarkedText const& text, XlsxStyle style) {
-  double const scale = style.size > 0 ? style.size / kUsualSize : 1;
-  int const room = static_cast<int>((kLineWidth - style.indent * kIndentWidth) / scale);
-  std::size_t const lines = Wrap(text.text + text.marks, std::max(room, 1)).size();
+  std::size_t const lines = CountLines(text.text + text.marks, style);
   if (lines > 1) {
     CheckPlace(row, 0);
     style.wrap = true;
     double const height =
-        std::min(static_cast<double>(lines) * LXW_DEF_ROW_HEIGHT * scale, kHighest);
+        std::min(static_cast<double>(lines) * LXW_DEF_ROW_HEIGHT * FontScale(style), kMaxHeight);
     Check(worksheet_set_row(sheet_, static_cast<lxw_row_t>(row), height, nullptr));
-    wrappedRows_.push_back(row);
+    if (book_.Rows() == XlsxRows::InMemory) {
+      wrappedRows_.push_back(row);
+    } else {
+      MergeAcrossPage(row);
+    }
   }
   Text(row, 0, text, style, false);
 }
@@ -171,8 +190,8 @@ void XlsxSheet::WriteText(int row, int column, std::string const& text, std::str
   }
   XlsxStyle raised = style;
   raised.raised = true;
-  std::string escapedText = Escaped(text);
-  std::string escapedMarks = Escaped(marks);
+  std::string escapedText = EscapeCodes(text);
+  std::string escapedMarks = EscapeCodes(marks);
   if (text.empty() || marks.empty()) {
     Check(worksheet_write_string(sheet_, rowNumber, columnNumber,
                                  (escapedText + escapedMarks).c_str(),
@@ -209,29 +228,22 @@ void XlsxSheet::Blank(int row, int column, XlsxStyle const& style) {
 void XlsxSheet::Link(int row, std::string const& sheet, std::string const& text,
                      XlsxStyle const& style) {
   CheckPlace(row, 0);
-  std::string const target = "internal:" + Quoted(sheet) + "!A1";
+  std::string const target = "internal:" + QuoteName(sheet) + "!A1";
   Check(worksheet_write_url(sheet_, static_cast<lxw_row_t>(row), 0, target.c_str(),
                             book_.Format(style)));
   Line(row, {text, ""}, style);
 }
 
-// The library's own merging writes all cells of the range at once, which sheets that are written
-// row by row do not bear; so the range goes into its list directly.
+// What the library would write into the range, a text and empty cells with a format, would end the
+// present row. An empty text and no format leave nothing to write, so that only the range is noted.
 bool XlsxSheet::Merge(int row, int column, int rows, int columns) {
   CheckPlace(row + rows - 1, column + columns - 1);
-  if (merged_ >= kMostMerged) {
+  if (merged_ >= kMaxMerged) {
     return false;
   }
-  auto* const range = static_cast<lxw_merged_range*>(std::calloc(1, sizeof(lxw_merged_range)));
-  if (range == nullptr) {
-    throw std::bad_alloc();
-  }
-  range->first_row = static_cast<lxw_row_t>(row);
-  range->last_row = static_cast<lxw_row_t>(row + rows - 1);
-  range->first_col = static_cast<lxw_col_t>(column);
-  range->last_col = static_cast<lxw_col_t>(column + columns - 1);
-  STAILQ_INSERT_TAIL(sheet_->merged_ranges, range, list_pointers);
-  ++sheet_->merged_range_count;
+  Check(worksheet_merge_range(sheet_, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
+                              static_cast<lxw_row_t>(row + rows - 1),
+                              static_cast<lxw_col_t>(column + columns - 1), "", nullptr));
   ++merged_;
   return true;
 }
@@ -239,13 +251,13 @@ bool XlsxSheet::Merge(int row, int column, int rows, int columns) {
 void XlsxSheet::Lose(XlsxLoss kind, int row, int column) {
   char cell[LXW_MAX_CELL_NAME_LENGTH];
   lxw_rowcol_to_cell(cell, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column));
-  book_.Losses().Add(kind, Quoted(name_) + '!' + cell);
+  book_.Losses().Add(kind, QuoteName(name_) + '!' + cell);
 }
 
 void XlsxSheet::RowLevel(int row, int level) {
   CheckPlace(row, 0);
   lxw_row_col_options options = {};
-  options.level = static_cast<std::uint8_t>(std::min(level, kMostLevels));
+  options.level = static_cast<std::uint8_t>(std::min(level, kMaxLevels));
   Check(worksheet_set_row_opt(sheet_, static_cast<lxw_row_t>(row), LXW_DEF_ROW_HEIGHT, nullptr,
                               &options));
 }
@@ -253,25 +265,25 @@ void XlsxSheet::RowLevel(int row, int level) {
 void XlsxSheet::ColumnLevel(int column, int level) {
   auto const at = static_cast<std::size_t>(column);
   levels_.resize(std::max(levels_.size(), at + 1), 0);
-  levels_[at] = std::min(level, kMostLevels);
+  levels_[at] = std::min(level, kMaxLevels);
 }
 
-void XlsxSheet::MergeWrappedRows() {
+void XlsxSheet::MergeAcrossPage(int row) {
   int columns = 0;
-  for (int width = 0; !wrappedRows_.empty() && width < kLeastLineWidth; ++columns) {
-    SetLeastWidth(columns, kNarrowest);
+  for (int width = 0; width < kMinLineWidth; ++columns) {
+    SetLeastWidth(columns, kMinWidth);
     width += widths_[static_cast<std::size_t>(columns)];
   }
-  for (int const row : wrappedRows_) {
-    if (columns > 1) {
-      Merge(row, 0, 1, columns);
-    }
+  if (columns > 1) {
+    Merge(row, 0, 1, columns);
   }
 }
 
 void XlsxSheet::Finish() {
-  MergeWrappedRows();
-  widths_.resize(std::max(widths_.size(), levels_.size()), kNarrowest);
+  for (int const row : wrappedRows_) {
+    MergeAcrossPage(row);
+  }
+  widths_.resize(std::max(widths_.size(), levels_.size()), kMinWidth);
   levels_.resize(widths_.size(), 0);
   int pixels = 0;
   for (std::size_t column = 0; column < widths_.size(); ++column) {

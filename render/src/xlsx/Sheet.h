@@ -12,7 +12,7 @@ namespace lakresvos::render {
 
 /// One sheet of a workbook, written row by row: what has left a row cannot go back to it.
 ///
-/// Texts are cleaned; the marks of footnotes stand raised behind them.
+/// Texts are cleaned and followed by the raised marks of their footnotes.
 class XlsxSheet {
  public:
   /// @param content what the sheet shows, for its name and for errors.
@@ -24,16 +24,20 @@ class XlsxSheet {
   lxw_worksheet* Handle() { return sheet_; }
   std::string const& Name() const { return name_; }
 
-  /// Writes a text. The column will be wide enough for it, up to a limit behind which it wraps,
+  /// Writes a text. The column will be wide enough for it, up to a limit beyond which it wraps,
   /// unless `wide` is off.
-  /// In place of one that is longer than a cell can hold, a note stands that says so.
+  /// One that is longer than a cell can hold is replaced by a note that says so.
   /// @throws std::length_error, as all that write, when the place is outside a sheet.
   void Text(int row, int column, MarkedText const& text, XlsxStyle const& style, bool wide = true);
 
   /// Writes a text line by line from the first column on, nothing for an empty one. Lines that are
-  /// wider than a page wrap, very long ones go over several rows. The columns do not get wider.
-  /// @return the row behind the last.
+  /// wider than a page wrap across merged columns that are as wide as a page or wider; very long ones
+  /// go over several rows. The columns do not get wider.
+  /// @return the row after the last.
   int Lines(int row, MarkedText const& text, XlsxStyle const& style);
+
+  /// Whether Lines() would wrap a line of the text.
+  static bool WrapsAcrossPage(std::string const& text, XlsxStyle const& style);
 
   /// Writes a number; `shown` is the text that it will show.
   void Number(int row, int column, double value, std::string const& shown, XlsxStyle const& style);
@@ -44,8 +48,8 @@ class XlsxSheet {
   /// Writes a line, as Lines() does, that leads to another sheet.
   void Link(int row, std::string const& sheet, std::string const& text, XlsxStyle const& style);
 
-  /// Merges cells, whose contents are written one by one. A sheet cannot hold more than 65,535
-  /// merged cells; false, and nothing done, when it does.
+  /// Merges cells, whose contents are written one by one, from the present row on down. A sheet
+  /// cannot hold more than 65,535 merged cells; false, and nothing done, when it does.
   bool Merge(int row, int column, int rows, int columns);
 
   /// The outline level of a row; before any of its cells. Levels above 7 count as 7.
@@ -77,7 +81,7 @@ class XlsxSheet {
  private:
   int Widen(int column, std::string const& text);
   void Line(int row, MarkedText const& text, XlsxStyle style);
-  void MergeWrappedRows();
+  void MergeAcrossPage(int row);
   void WriteText(int row, int column, std::string const& text, std::string const& marks,
                  XlsxStyle const& style);
 
@@ -87,7 +91,7 @@ class XlsxSheet {
   lxw_worksheet* sheet_;
   std::string content_;
   int merged_ = 0;
-  std::vector<int> wrappedRows_;  // those of lines across the page
+  std::vector<int> wrappedRows_;  // lines across the page that are still to be merged
   XlsxHeadings headings_;
   std::vector<int> widths_;  // per column, in characters
   std::vector<int> levels_;  // per column

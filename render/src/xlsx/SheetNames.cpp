@@ -14,18 +14,18 @@ namespace lakresvos::render {
 
 namespace {
 
-constexpr std::size_t kMostUnits = 31;
+constexpr std::size_t kMaxUnits = 31;
 constexpr std::string_view kForbidden = "[]:*?/\\\n\t";
 constexpr std::string_view kReserved = "history";
 
-std::string_view Trimmed(std::string_view text) {
+std::string_view Trim(std::string_view text) {
   std::size_t const first = text.find_first_not_of(" '");
   std::size_t const last = text.find_last_not_of(" '");
   return first == std::string_view::npos ? "" : text.substr(first, last - first + 1);
 }
 
-/// A text with single blanks for what a name cannot have, and so long that `suffix` fits behind it.
-std::string Legal(std::string const& text, std::string const& suffix) {
+/// A text with single spaces for what a name cannot have, and no longer than leaves room for `suffix`.
+std::string MakeLegal(std::string const& text, std::string const& suffix) {
   std::string legal;
   for (char const c : CleanText(text)) {
     char const allowed = kForbidden.find(c) != std::string_view::npos ? ' ' : c;
@@ -33,10 +33,10 @@ std::string Legal(std::string const& text, std::string const& suffix) {
       legal += allowed;
     }
   }
-  return std::string(Trimmed(Utf16Prefix(Trimmed(legal), kMostUnits - suffix.size())));
+  return std::string(Trim(Utf16Prefix(Trim(legal), kMaxUnits - suffix.size())));
 }
 
-std::string Folded(std::string const& name) {
+std::string FoldCase(std::string const& name) {
   std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> const folded(
       utf8proc_NFKC_Casefold(reinterpret_cast<utf8proc_uint8_t const*>(name.c_str())), &std::free);
   if (folded == nullptr) {
@@ -48,18 +48,18 @@ std::string Folded(std::string const& name) {
 }  // namespace
 
 std::string SheetNames::Next(std::string const& wish, std::string const& otherwise) {
-  std::string base = Legal(wish, "");
+  std::string base = MakeLegal(wish, "");
   if (base.empty()) {
     base = otherwise;
   }
-  std::string const key = Folded(base);
+  std::string const key = FoldCase(base);
   if (key != kReserved && taken_.emplace(key, 1).second) {
     return base;
   }
   for (int& number = taken_.emplace(key, 1).first->second;;) {
     std::string const suffix = " (" + std::to_string(++number) + ")";
-    std::string name = Legal(base, suffix) + suffix;
-    if (taken_.emplace(Folded(name), 1).second) {
+    std::string name = MakeLegal(base, suffix) + suffix;
+    if (taken_.emplace(FoldCase(name), 1).second) {
       return name;
     }
   }

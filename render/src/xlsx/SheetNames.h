@@ -11,12 +11,12 @@ namespace lakresvos::render {
 /// different from all others whatever the case of its letters.
 class SheetNames {
  public:
-  /// A name that is as near to `wish` as can be; with a number behind it when it is taken.
+  /// A name that is as near to `wish` as can be; with a number after it when it is taken.
   /// @param otherwise the name to start from when nothing of `wish` can be used; a legal name.
   std::string Next(std::string const& wish, std::string const& otherwise);
 
  private:
-  std::map<std::string, int> taken_;  // by name with cases folded, the last number put behind it
+  std::map<std::string, int> taken_;  // by name with cases folded, the last number put after it
 };
 
 }  // namespace lakresvos::render

@@ -11,7 +11,7 @@ namespace lakresvos::render {
 
 namespace {
 
-constexpr std::size_t kLongestFontName = 31;  // that a workbook can have
+constexpr std::size_t kMaxFontName = 31;  // that a workbook can have
 
 auto AsTuple(XlsxStyle const& style) {
   return std::tie(style.font, style.size, style.bold, style.italic, style.underline, style.raised,
@@ -50,9 +50,9 @@ void SetColours(XlsxStyle& style, std::string const& text, std::string const& ba
 }
 
 template <class Format>
-XlsxStyle With(XlsxStyle style, Format const& format) {
+XlsxStyle Apply(XlsxStyle style, Format const& format) {
   std::string const font = CleanText(format.getFontName());
-  if (!font.empty() && Utf16Length(font) <= kLongestFontName) {
+  if (!font.empty() && Utf16Length(font) <= kMaxFontName) {
     style.font = font;
   }
   double const size = static_cast<double>(format.getFontSize());
@@ -73,16 +73,16 @@ bool XlsxStyle::operator<(XlsxStyle const& other) const {
   return AsTuple(*this) < AsTuple(other);
 }
 
-XlsxStyle WithArea(XlsxStyle style, OmPivotTable const& table, FormatArea::Area area) {
+XlsxStyle ApplyArea(XlsxStyle style, OmPivotTable const& table, FormatArea::Area area) {
   FormatArea const* const format = table.getAreaFormat(area);
-  return format != nullptr ? With(std::move(style), *format) : style;
+  return format != nullptr ? Apply(std::move(style), *format) : style;
 }
 
-XlsxStyle WithProperties(XlsxStyle style, OmCellProperties const& properties) {
-  return With(std::move(style), properties);
+XlsxStyle ApplyProperties(XlsxStyle style, OmCellProperties const& properties) {
+  return Apply(std::move(style), properties);
 }
 
-XlsxStyle WithAlternateColours(XlsxStyle style, FormatArea const* data) {
+XlsxStyle ApplyAlternateColours(XlsxStyle style, FormatArea const* data) {
   if (data != nullptr && data->getUseAltRowColors()) {
     SetColours(style, data->getAlternateTextColor(), data->getAlternateBackgroundColor());
   }

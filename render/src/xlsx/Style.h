@@ -31,13 +31,13 @@ struct XlsxStyle {
 };
 
 /// `style` with what a table's format for an area says.
-XlsxStyle WithArea(XlsxStyle style, OmPivotTable const& table, FormatArea::Area area);
+XlsxStyle ApplyArea(XlsxStyle style, OmPivotTable const& table, FormatArea::Area area);
 
 /// `style` with what a cell style says.
-XlsxStyle WithProperties(XlsxStyle style, OmCellProperties const& properties);
+XlsxStyle ApplyProperties(XlsxStyle style, OmCellProperties const& properties);
 
 /// `style` in the colours of every other row, where the format of the data area wants that.
-XlsxStyle WithAlternateColours(XlsxStyle style, FormatArea const* data);
+XlsxStyle ApplyAlternateColours(XlsxStyle style, FormatArea const* data);
 
 }  // namespace lakresvos::render
 

@@ -1,5 +1,6 @@
 #include "xlsx/Table.h"
 
+#include <map>
 #include <memory>
 #include <string>
 
@@ -15,17 +16,25 @@ namespace {
 
 class TableSheets {
  public:
-  TableSheets(OmPivotTable& table, XlsxContents& contents, XlsxOptions const& options)
-      : table_(table), contents_(contents), options_(options), notes_(table) {}
+  TableSheets(OmPivotTable& table, std::string const& title, XlsxContents& contents,
+              XlsxOptions const& options)
+      : table_(table),
+        title_(title),
+        caption_(table.showCaption() ? table.Caption() : nullptr),
+        captionText_(GetText(caption_)),
+        contents_(contents),
+        options_(options),
+        notes_(table) {}
 
   void Write() {
     LayerGrids layers(table_, options_);
     DisplayGrid const* grid = layers.Next();
     do {
-      Start(grid);
+      LayerName const name = NameLayer(grid);
+      Start(options_.layersAsSheets ? name.plain : "");
       for (bool first = true; grid != nullptr && (first || !options_.layersAsSheets);
            first = false) {
-        WriteLayer(*grid, first);
+        WriteLayer(*grid, first ? name.marked : NameLayer(grid).marked, first);
         grid = layers.Next();
       }
       End(grid == nullptr);
@@ -33,30 +42,47 @@ class TableSheets {
   }
 
  private:
-  void Start(DisplayGrid const* grid) {
-    std::string const title = GetText(FindHeadline(table_));
-    std::string const layer =
-        options_.layersAsSheets && grid != nullptr ? LayerLine(grid->LayerLabels(), GetText) : "";
+  struct LayerName {
+    std::string plain;
+    std::string marked;  ///< with the marks of footnotes
+  };
+
+  /// Empty for no layer. Labels can be costly to make texts of, so each is asked for its own once.
+  LayerName NameLayer(DisplayGrid const* grid) {
+    if (grid == nullptr) {
+      return {};
+    }
+    std::map<OmCellText const*, MarkedText> texts;
+    auto const text = [&](OmCellText const* label) -> MarkedText const& {
+      auto const [at, added] = texts.try_emplace(label);
+      if (added) {
+        at->second = notes_.Plain(label);
+      }
+      return at->second;
+    };
+    return {LayerLine(grid->LayerLabels(), [&](auto label) { return text(label).text; }),
+            LayerLine(grid->LayerLabels(),
+                      [&](auto label) { return text(label).text + text(label).marks; })};
+  }
+
+  /// @param layer the one that the sheet is for; empty when it is for all.
+  void Start(std::string const& layer) {
     if (layer.empty()) {
-      sheet_ = contents_.AddSheet(title, title, "Table");
+      sheet_ = contents_.AddSheet(title_, title_, "Table");
     } else {
-      sheet_ = contents_.AddSheet(title + " (" + layer + ")", layer + ", " + title, "Table");
+      sheet_ = contents_.AddSheet(title_ + " (" + layer + ")", layer + ", " + title_, "Table");
     }
     row_ = 1;
     XlsxStyle bold;
     bold.bold = true;
-    WriteLines(notes_.Raised(FindHeadline(table_)), bold, FormatArea::AreaTitle);
+    WriteLines({title_, notes_.RaisedMarks(FindHeadline(table_))}, bold, FormatArea::AreaTitle);
   }
 
-  void WriteLayer(DisplayGrid const& grid, bool first) {
+  void WriteLayer(DisplayGrid const& grid, std::string const& name, bool first) {
     if (!first) {
       ++row_;
     }
-    std::string const layer = LayerLine(grid.LayerLabels(), [this](OmCellText const* label) {
-      MarkedText const shown = notes_.Plain(label);
-      return shown.text + shown.marks;
-    });
-    row_ = sheet_->Lines(row_, {layer, ""}, WithArea(XlsxStyle(), table_, FormatArea::AreaLayers));
+    row_ = sheet_->Lines(row_, {name, ""}, ApplyArea(XlsxStyle(), table_, FormatArea::AreaLayers));
     if (first) {
       SetUpXlsxGrid(*sheet_, grid, row_);
     }
@@ -64,8 +90,8 @@ class TableSheets {
   }
 
   void End(bool last) {
-    MarkedText const caption = notes_.Raised(table_.showCaption() ? table_.Caption() : nullptr);
-    XlsxStyle const style = WithArea(XlsxStyle(), table_, FormatArea::AreaFootnotes);
+    MarkedText const caption{captionText_, notes_.RaisedMarks(caption_)};
+    XlsxStyle const style = ApplyArea(XlsxStyle(), table_, FormatArea::AreaFootnotes);
     for (std::string const& note : notes_.EndSheet(last)) {
       row_ = sheet_->Lines(row_, {note, ""}, style);
     }
@@ -74,10 +100,13 @@ class TableSheets {
   }
 
   void WriteLines(MarkedText const& text, XlsxStyle const& style, FormatArea::Area area) {
-    row_ = sheet_->Lines(row_, text, WithArea(style, table_, area));
+    row_ = sheet_->Lines(row_, text, ApplyArea(style, table_, area));
   }
 
   OmPivotTable& table_;
+  std::string const& title_;
+  OmCellText const* caption_;  // null when there is none to show
+  std::string captionText_;
   XlsxContents& contents_;
   XlsxOptions const& options_;
   XlsxNotes notes_;
@@ -87,8 +116,9 @@ class TableSheets {
 
 }  // namespace
 
-void WriteXlsxTable(OmPivotTable& table, XlsxContents& contents, XlsxOptions const& options) {
-  TableSheets(table, contents, options).Write();
+void WriteXlsxTable(OmPivotTable& table, std::string const& title, XlsxContents& contents,
+                    XlsxOptions const& options) {
+  TableSheets(table, title, contents, options).Write();
 }
 
 }  // namespace lakresvos::render

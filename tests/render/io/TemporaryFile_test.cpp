@@ -57,6 +57,6 @@ TEST_F(TemporaryFileTest, SaysWhyThereCanBeNone) {
     FAIL();
   } catch (std::runtime_error const& error) {
     EXPECT_STREQ(error.what(),
-                 "/nowhere: there can be no temporary file: No such file or directory");
+                 "cannot create a temporary file in /nowhere: No such file or directory");
   }
 }

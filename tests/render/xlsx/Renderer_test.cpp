@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <map>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -15,7 +16,7 @@
 #include <lakresvos/OmTextBlock.h>
 #include <lakresvos/render/XlsxRenderer.h>
 
-#include "render/support/RenderTables.h"
+#include "render/support/SpyTable.h"
 #include "support/FailingNew.h"
 #include "support/TemporaryDirectory.h"
 
@@ -59,6 +60,26 @@ class XlsxRendererTest : public testing::Test {
     EXPECT_EQ(out_.str(), "");
     EXPECT_EQ(OpenFiles(), files);
     EXPECT_EQ(temporary_.Entries(), 0u);
+    return message;
+  }
+
+  void AddTallTable(std::string const& title) {
+    Table& table = AddTable(title);
+    table.AddFlat("r", 5000);
+    table.Place({0}, {});
+    table.PutAll();
+  }
+
+  /// What rendering fails with when no file may be larger than 10,000 bytes.
+  std::string FailureWithSmallFiles() {
+    rlimit former{};
+    getrlimit(RLIMIT_FSIZE, &former);
+    rlimit const small{10000, former.rlim_max};
+    auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &small);
+    std::string const message = Failure<std::runtime_error>();
+    setrlimit(RLIMIT_FSIZE, &former);
+    std::signal(SIGXFSZ, handler);
     return message;
   }
 
@@ -146,20 +167,73 @@ TEST_F(XlsxRendererTest, HasRoomForTheLongestText) {
   EXPECT_NE(Rendered(), "");
 }
 
-TEST_F(XlsxRendererTest, SaysWhenThereIsNoRoomForTemporaryFiles) {
-  Table& table = AddTable("table");
-  table.AddFlat("r", 5000);
-  table.Place({0}, {});
-  table.PutAll();
+TEST_F(XlsxRendererTest, SaysWhenThereIsNoRoomForTheFilesOfRows) {
+  AddTallTable("table");
+  EXPECT_EQ(FailureWithSmallFiles(), "cannot write the workbook: File too large");
+}
+
+TEST_F(XlsxRendererTest, SaysWhenThereIsNoRoomForTheFilesOfSheetsInMemory) {
+  AddTallTable("a title " + std::string(90, 'x'));
+  EXPECT_EQ(FailureWithSmallFiles(),
+            "cannot write the workbook: there is no room for a temporary file");
+}
+
+TEST_F(XlsxRendererTest, SaysWhenThereCanBeNoFurtherFile) {
+  for (int i = 0; i < 40; ++i) {
+    AddTable("table");
+  }
   rlimit former{};
-  getrlimit(RLIMIT_FSIZE, &former);
-  rlimit const small{10000, former.rlim_max};
-  auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
-  setrlimit(RLIMIT_FSIZE, &small);
+  getrlimit(RLIMIT_NOFILE, &former);
+  rlimit const few{OpenFiles() + 20, former.rlim_max};
+  setrlimit(RLIMIT_NOFILE, &few);
   std::string const message = Failure<std::runtime_error>();
-  setrlimit(RLIMIT_FSIZE, &former);
-  std::signal(SIGXFSZ, handler);
-  EXPECT_EQ(message, "the workbook cannot be written: File too large");
+  setrlimit(RLIMIT_NOFILE, &former);
+  EXPECT_EQ(message, "cannot write the workbook: Too many open files");
+}
+
+TEST_F(XlsxRendererTest, ManyLayersAsSheetsNeedFewOpenFiles) {
+  Table& table = AddTable("table");
+  table.AddFlat("r", 1);
+  table.AddFlat("l", 60);
+  table.Place({0}, {}, {1});
+  table.PutAll();
+  lakresvos::render::XlsxOptions options;
+  options.layersAsSheets = true;
+  rlimit former{};
+  getrlimit(RLIMIT_NOFILE, &former);
+  rlimit const few{OpenFiles() + 20, former.rlim_max};
+  setrlimit(RLIMIT_NOFILE, &few);
+  EXPECT_NO_THROW(RenderXlsx(document_, out_, options));
+  setrlimit(RLIMIT_NOFILE, &former);
+  EXPECT_NE(out_.str(), "");
+}
+
+TEST_F(XlsxRendererTest, LeavesNoFileOpenForSheetsWithoutText) {
+  OmOutputTree empty;
+  OmOutputTree::Node root = empty.begin();
+  empty.Erase(root);
+  std::size_t const files = OpenFiles();
+  RenderXlsx(empty, out_);
+  EXPECT_NE(out_.str(), "");
+  EXPECT_EQ(OpenFiles(), files);
+}
+
+TEST_F(XlsxRendererTest, AsksEachLabelAndCellForItsTextOnce) {
+  for (bool const flag : {false, true}) {
+    OmOutputTree document;
+    FillWithSpies(AppendItem<Table>(document.begin()));
+    lakresvos::render::XlsxOptions options;
+    options.layersAsSheets = flag;
+    options.mergeRows = flag;
+    options.mergeColumns = flag;
+    SpyLog const log;
+    RenderXlsx(document, out_, options);
+    std::map<std::string, int> const times = TimesAsked(log);
+    EXPECT_EQ(times.size(), 16u);
+    for (auto const& [text, count] : times) {
+      EXPECT_EQ(count, 1) << text;
+    }
+  }
 }
 
 TEST_F(XlsxRendererTest, SaysWhenThereCanBeNoTemporaryFile) {

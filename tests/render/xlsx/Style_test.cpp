@@ -23,7 +23,7 @@ TEST(XlsxStyle, AreaFormatOverridesWhatItSays) {
   table.setAreaFormat(format);
   XlsxStyle base;
   base.bold = true;
-  XlsxStyle const style = WithArea(base, table, FormatArea::AreaData);
+  XlsxStyle const style = ApplyArea(base, table, FormatArea::AreaData);
   EXPECT_EQ(style.font, "Serif");
   EXPECT_EQ(style.size, 12);
   EXPECT_FALSE(style.bold);
@@ -33,7 +33,7 @@ TEST(XlsxStyle, AreaFormatOverridesWhatItSays) {
   EXPECT_EQ(style.vertical, VerticalAlignment::Top);
   EXPECT_EQ(style.colour, "#aabbcc");
   EXPECT_EQ(style.background, "");
-  EXPECT_TRUE(WithArea(base, table, FormatArea::AreaTitle).bold);
+  EXPECT_TRUE(ApplyArea(base, table, FormatArea::AreaTitle).bold);
 }
 
 TEST(XlsxStyle, CellStyleOverridesWhatItSays) {
@@ -41,9 +41,10 @@ TEST(XlsxStyle, CellStyleOverridesWhatItSays) {
   base.bold = true;
   base.colour = "#010203";
   OmCellProperties properties;
-  EXPECT_FALSE(WithProperties(base, properties) < base || base < WithProperties(base, properties));
+  EXPECT_FALSE(ApplyProperties(base, properties) < base ||
+               base < ApplyProperties(base, properties));
   properties.setFontStyle(2);
-  XlsxStyle const style = WithProperties(base, properties);
+  XlsxStyle const style = ApplyProperties(base, properties);
   EXPECT_FALSE(style.bold);
   EXPECT_TRUE(style.italic);
   EXPECT_EQ(style.colour, "#010203");
@@ -57,14 +58,14 @@ TEST(XlsxStyle, WhatAWorkbookCannotHaveIsLeftOut) {
   properties.setHorizontalAlignment(3);
   properties.setTextColor("#12345g");
   XlsxStyle const plain;
-  XlsxStyle const style = WithProperties(plain, properties);
+  XlsxStyle const style = ApplyProperties(plain, properties);
   EXPECT_FALSE(style < plain || plain < style);
   properties.setFontSize(410);
-  EXPECT_EQ(WithProperties(plain, properties).size, 0);
+  EXPECT_EQ(ApplyProperties(plain, properties).size, 0);
 }
 
 TEST(XlsxStyle, FontNamesAreCleaned) {
   OmCellProperties properties;
   properties.setFontName("a\xFF\a");
-  EXPECT_EQ(WithProperties(XlsxStyle(), properties).font, "a\uFFFD\uFFFD");
+  EXPECT_EQ(ApplyProperties(XlsxStyle(), properties).font, "a\uFFFD\uFFFD");
 }

@@ -445,6 +445,14 @@ class Printing(unittest.TestCase):
         self.assertEqual(self.setup_of(workbook("wide_names").worksheets[1]),
                          (None, None, 50, "landscape"))
 
+    def test_long_names_of_layers_wrap_across_a_page_at_least(self):
+        sheet = workbook("long_layers").worksheets[1]
+        self.assertEqual([row[0] for row in rows(sheet)[2:] if row and row[0]],
+                         ["l: " + "x" * 100, "r", "r" * 40, "l: " + "x" * 200, "r", "r" * 40])
+        self.assertEqual([sheet.row_dimensions[row].height for row in (3, 7)], [30, 45])
+        self.assertTrue(sheet["A3"].alignment.wrap_text and sheet["A7"].alignment.wrap_text)
+        self.assertEqual(merged(sheet), ["A3:K3", "A7:G7"])
+
     def test_long_titles_wrap_across_the_page(self):
         sheet = workbook("long_texts").worksheets[1]
         self.assertEqual([len(row[0]) for row in rows(sheet)[1:4]], [1000, 1000, 504])

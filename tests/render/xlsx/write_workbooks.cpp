@@ -179,6 +179,18 @@ void Lengths(Document& document) {
   }
 }
 
+/// Names of layers that are wider than a page, above columns whose widths are not known yet.
+void LongLayers(Document& document) {
+  Table& table = document.AddTable("Layers");
+  AddCategories(table, "r", {std::string(40, 'r').c_str()});
+  AddCategories(table, "c", {"c0"});
+  OmDimension& layers = table.Add("l");
+  Category(layers, layers.Root(), std::string(100, 'x'), 0);
+  Category(layers, layers.Root(), std::string(200, 'x'), 1);
+  table.Place({0}, {1}, {2});
+  table.PutAll();
+}
+
 /// Texts at the limit of what a cell holds, and above it.
 void LongTexts(Document& document) {
   constexpr std::size_t kMost = 32'767;
@@ -405,6 +417,7 @@ int main(int argc, char** argv) {
   write("marks", Marks);
   write("lengths", Lengths);
   write("long_texts", LongTexts);
+  write("long_layers", LongLayers);
   write("layer_notes", LayerNotes, with(sheets));
   write("first_layer_notes", LayerNotes, with(sheets, firstLayer));
   write("styles", Styles);

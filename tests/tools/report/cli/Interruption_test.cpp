@@ -110,8 +110,7 @@ TEST(Interruption, AFileThatMayNotGrowIsAnError) {
         " --table 'a ~ b | c' --format " + format + " -o " + output + " 2>" + directory.Path("err");
     EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2) << format;
     std::string const complaint = ReadFile(directory.Path("err"));
-    std::string const what =
-        std::string(format) == "xlsx" ? ": the workbook cannot be written" : "";
+    std::string const what = std::string(format) == "xlsx" ? ": cannot write the workbook" : "";
     EXPECT_EQ(complaint, "lakresvos-report: " + output + what + ": File too large\n");
     EXPECT_EQ(ReadFile(output), "as it was");
     EXPECT_EQ(directory.Entries(), 3U) << format;

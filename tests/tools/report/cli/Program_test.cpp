@@ -498,7 +498,7 @@ TEST(ProgramErrors, NoPlaceForTemporaryFiles) {
                               directory.Path("out") + " 2>" + directory.Path("err");
   EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2);
   EXPECT_EQ(ReadFile(directory.Path("err")),
-            "lakresvos-report: /nowhere: there can be no temporary file: No such file or "
+            "lakresvos-report: cannot create a temporary file in /nowhere: No such file or "
             "directory\n");
   EXPECT_FALSE(std::filesystem::exists(directory.Path("out")));
 }

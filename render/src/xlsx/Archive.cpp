@@ -1,0 +1,111 @@
+#include "xlsx/Archive.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <new>
+#include <string>
+#include <zlib.h>
+
+namespace lakresvos::render {
+
+namespace {
+
+constexpr std::size_t kEndSize = 22;     // of the record at the end of an archive
+constexpr std::size_t kEntrySize = 46;   // of an entry of the directory, without its texts
+constexpr std::size_t kHeaderSize = 30;  // in front of a part, without its texts
+
+/// An unsigned number, its lowest byte first; 0 past the end.
+std::size_t ReadNumber(std::string_view bytes, std::size_t at, std::size_t size) {
+  std::size_t number = 0;
+  for (std::size_t i = size; i != 0 && at + size <= bytes.size(); --i) {
+    number = number << 8U | static_cast<unsigned char>(bytes[at + i - 1]);
+  }
+  return number;
+}
+
+/// The part of `bytes` that is there.
+std::string_view Cut(std::string_view bytes, std::size_t at, std::size_t size) {
+  return bytes.substr(std::min(at, bytes.size()), size);
+}
+
+/// Unpacks a deflated text (RFC 1951) and keeps its two ends.
+class Ends {
+ public:
+  explicit Ends(std::string_view deflated) {
+    stream_.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(deflated.data()));
+    stream_.avail_in = static_cast<uInt>(deflated.size());
+    if (inflateInit2(&stream_, -MAX_WBITS) != Z_OK) {
+      throw std::bad_alloc();
+    }
+    int state = Z_OK;
+    while (state == Z_OK) {
+      stream_.next_out = reinterpret_cast<Bytef*>(buffer_.data());
+      stream_.avail_out = static_cast<uInt>(buffer_.size());
+      state = inflate(&stream_, Z_NO_FLUSH);
+      Add(std::string_view(buffer_.data(), buffer_.size() - stream_.avail_out));
+    }
+    inflateEnd(&stream_);
+    whole_ = state == Z_STREAM_END;
+  }
+
+  /// Whether the text is unpacked whole and ends with the element that it begins with.
+  bool Match() const {
+    std::size_t const declaration = start_.find("?>\n<");
+    if (!whole_ || declaration == std::string::npos) {
+      return false;
+    }
+    std::size_t const root = declaration + 4;
+    std::string const name = start_.substr(root, start_.find_first_of(" >", root) - root);
+    std::string const tag = "</" + name + '>';
+    return end_.rfind(tag) + tag.size() == end_.find_last_not_of('\n') + 1;
+  }
+
+ private:
+  static constexpr std::size_t kSize = 200;
+
+  void Add(std::string_view text) {
+    start_ += text.substr(0, kSize - std::min(start_.size(), kSize));
+    end_ += text.substr(text.size() - std::min(text.size(), kSize));
+    end_.erase(0, end_.size() - std::min(end_.size(), kSize));
+  }
+
+  z_stream stream_{};
+  std::array<char, 1U << 16U> buffer_;
+  std::string start_;
+  std::string end_;
+  bool whole_ = false;
+};
+
+bool IsXml(std::string_view name) {
+  auto const ends = [&](std::string_view end) {
+    return name.size() >= end.size() && name.substr(name.size() - end.size()) == end;
+  };
+  return ends(".xml") || ends(".rels");
+}
+
+}  // namespace
+
+bool HasWholeParts(std::string_view archive) {
+  std::string_view const end = archive.substr(archive.size() - std::min(archive.size(), kEndSize));
+  std::string_view directory = Cut(archive, ReadNumber(end, 16, 4), ReadNumber(end, 12, 4));
+  if (end.substr(0, 4) != "PK\5\6" || directory.empty()) {
+    return false;
+  }
+  while (!directory.empty()) {
+    std::size_t const name = ReadNumber(directory, 28, 2);
+    std::size_t const others = ReadNumber(directory, 30, 2) + ReadNumber(directory, 32, 2);
+    if (IsXml(Cut(directory, kEntrySize, name))) {
+      std::size_t const at = ReadNumber(directory, 42, 4);
+      std::size_t const texts = ReadNumber(archive, at + 26, 2) + ReadNumber(archive, at + 28, 2);
+      std::size_t const size = ReadNumber(directory, 20, 4);
+      if (!Ends(Cut(archive, at + kHeaderSize + texts, size)).Match()) {
+        return false;
+      }
+    }
+    directory.remove_prefix(std::min(kEntrySize + name + others, directory.size()));
+  }
+  return true;
+}
+
+}  // namespace lakresvos::render
