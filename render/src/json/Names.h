@@ -26,27 +26,27 @@ constexpr std::string_view kAnswerTreeItem = "answerTree";
 constexpr std::string_view kModelItem = "model";
 constexpr std::string_view kInteractiveItem = "interactive";
 
-/// The subscript of a group that was dissolved, which stands for no position.
+/// The subscript of a group that was dissolved, which names no position.
 constexpr std::string_view kRemovedSubscript = "removed";
 constexpr auto kRemoved = static_cast<unsigned long>(-2);
 
 /// Whether every reader of JSON reads the number as it is, although many keep numbers as doubles.
 template <class Integer>
 constexpr bool IsExactInDouble(Integer value) {
-  constexpr long long kMost = 1LL << std::numeric_limits<double>::digits;
-  return std::cmp_less_equal(value, kMost) && std::cmp_greater_equal(value, -kMost);
+  constexpr long long kMax = 1LL << std::numeric_limits<double>::digits;
+  return std::cmp_less_equal(value, kMax) && std::cmp_greater_equal(value, -kMax);
 }
 
 /// The values of OmLabelDisplay, in order.
 constexpr std::array<std::string_view, 3> kDisplayNames = {"value", "label", "both"};
 
-constexpr std::string_view NameOf(OmLabelDisplay display) {
+constexpr std::string_view DisplayName(OmLabelDisplay display) {
   return kDisplayNames[static_cast<std::size_t>(display)];
 }
 
-// How a part of a composite stands to another one in the list of parts.
+// How a part of a composite belongs to another one in the list of parts.
 constexpr char kInPart[] = "in";        ///< it is a part of the composite that the other one is
-constexpr char kBelowPart[] = "below";  ///< it stands below the other one in the tree of parts
+constexpr char kBelowPart[] = "below";  ///< it is below the other one in the tree of parts
 
 }  // namespace lakresvos::render
 

@@ -13,6 +13,20 @@ CodePoint FirstCodePoint(std::string_view text) {
   return length > 0 ? CodePoint{code, static_cast<std::size_t>(length)} : CodePoint{-1, 1};
 }
 
+bool IsUtf8(std::string_view text) {
+  if (IsPlainAscii(text)) {
+    return true;
+  }
+  while (!text.empty()) {
+    CodePoint const point = FirstCodePoint(text);
+    if (point.code < 0) {
+      return false;
+    }
+    text.remove_prefix(point.length);
+  }
+  return true;
+}
+
 bool IsControl(std::int32_t code) {
   return (code >= 0 && code < 0x20) || (code >= 0x7F && code < 0xA0);
 }

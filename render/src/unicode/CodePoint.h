@@ -7,7 +7,7 @@
 
 namespace lakresvos::render {
 
-/// What stands for bytes that are not UTF-8, and for characters that must not be shown.
+/// What is shown for bytes that are not UTF-8, and for characters that must not be shown.
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
 /// The start of a text: a code point and its length in bytes; code -1 and length 1 where the text is
@@ -19,6 +19,9 @@ struct CodePoint {
 
 /// Requires: `text` is not empty.
 CodePoint FirstCodePoint(std::string_view text);
+
+/// Whether a text is UTF-8 from end to end: no surrogates, no overlong forms, nothing above U+10FFFF.
+bool IsUtf8(std::string_view text);
 
 /// Whether it is one of the characters U+0000 to U+001F and U+007F to U+009F.
 bool IsControl(std::int32_t code);

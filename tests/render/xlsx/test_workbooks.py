@@ -158,7 +158,7 @@ class Footnotes(unittest.TestCase):
         cls.xml = part_of("footnotes", "xl/worksheets/sheet2.xml")
 
     def runs(self, text):
-        """What stands raised behind a text."""
+        """What is raised after a text."""
         pattern = f"<r><t[^>]*>{re.escape(text)}</t></r><r><rPr>(.*?)</rPr><t>(.*?)</t></r>"
         properties, marks = re.search(pattern, self.xml).groups()
         self.assertIn('<vertAlign val="superscript"/>', properties)
@@ -176,11 +176,11 @@ class Footnotes(unittest.TestCase):
         self.assertEqual(self.cells["long"].value, "4" + "M" * 200)
         self.assertEqual(self.cells["long"].data_type, "s")
 
-    def test_marks_are_raised_behind_texts(self):
+    def test_marks_are_raised_after_texts(self):
         self.assertEqual(self.cells["text"].value, "text a")
         self.assertEqual(self.runs("text "), "a")
 
-    def test_marks_are_raised_behind_headings_title_and_caption(self):
+    def test_marks_are_raised_after_headings_title_and_caption(self):
         self.assertEqual(self.runs("both"), "a,\"2\"")
         self.assertEqual(self.runs("Footnotes"), "a")
         self.assertEqual(self.runs("Caption"), "a")
@@ -250,12 +250,12 @@ class Grouped(unittest.TestCase):
         self.assertEqual(self.sheet.print_title_rows, "$4:$7")
         self.assertEqual(self.sheet.print_title_cols, "$A:$B")
 
-    def test_rows_are_outlined_behind_the_first_of_their_group(self):
+    def test_rows_are_outlined_after_the_first_of_their_group(self):
         levels = [self.sheet.row_dimensions[row].outlineLevel for row in range(8, 12)]
         self.assertEqual(levels, [0, 1, 0, 1])
         self.assertFalse(self.sheet.sheet_properties.outlinePr.summaryBelow)
 
-    def test_columns_are_outlined_behind_the_first_of_their_groups(self):
+    def test_columns_are_outlined_after_the_first_of_their_groups(self):
         text = part_of("grouped", "xl/worksheets/sheet2.xml")
         levels = {int(first): int(re.search(r'outlineLevel="(\d)"', rest)[1])
                   for first, rest in re.findall(r'<col min="(\d+)"([^>]*)', text)
@@ -305,7 +305,7 @@ class Layers(unittest.TestCase):
         listed = [row[0] for row in rows(workbook("sheets")["Contents"])]
         self.assertEqual(listed, ["Output", "Grouped (l: l0)", "Grouped (l: l1)"])
 
-    def test_can_be_left_out_behind_the_first(self):
+    def test_can_be_left_out_after_the_first(self):
         expected = [["Contents"], ["Grouped"], ["l: l0"], *GROUPED]
         self.assertEqual(rows(workbook("first")["Grouped"]), expected)
         book = workbook("first_sheet")
@@ -449,9 +449,9 @@ class Printing(unittest.TestCase):
         sheet = workbook("long_layers").worksheets[1]
         self.assertEqual([row[0] for row in rows(sheet)[2:] if row and row[0]],
                          ["l: " + "x" * 100, "r", "r" * 40, "l: " + "x" * 200, "r", "r" * 40])
-        self.assertEqual([sheet.row_dimensions[row].height for row in (3, 7)], [30, 45])
-        self.assertTrue(sheet["A3"].alignment.wrap_text and sheet["A7"].alignment.wrap_text)
-        self.assertEqual(merged(sheet), ["A3:K3", "A7:G7"])
+        self.assertEqual([sheet.row_dimensions[row].height for row in (3, 8)], [45, 60])
+        self.assertTrue(sheet["A3"].alignment.wrap_text and sheet["A8"].alignment.wrap_text)
+        self.assertEqual(merged(sheet), ["A3:K3", "A4:A5", "A8:G8", "A9:A10"])
 
     def test_long_titles_wrap_across_the_page(self):
         sheet = workbook("long_texts").worksheets[1]
@@ -599,7 +599,7 @@ class Widths(unittest.TestCase):
     def test_come_from_numbers_as_they_are_shown_and_not_from_merged_headings(self):
         self.assertEqual(self.width("C"), len("1234567890.500") + 2)
 
-    def test_have_a_limit_behind_which_texts_wrap(self):
+    def test_have_a_limit_beyond_which_texts_wrap(self):
         self.assertEqual(self.width("D"), 60)
         self.assertTrue(self.sheet["D6"].alignment.wrap_text)
 
@@ -626,7 +626,7 @@ class Pictures(unittest.TestCase):
         drawing = part_of("pictures", "xl/drawings/drawing4.xml")
         self.assertEqual(re.search('descr="(.*?)"', drawing).group(1), "表" * 693)
 
-    def test_a_note_stands_for_a_damaged_one(self):
+    def test_a_note_replaces_a_damaged_one(self):
         for name in ("Broken", "Flipped", "Unknown"):
             self.assertEqual(
                 rows(self.book[name])[2],

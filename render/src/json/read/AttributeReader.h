@@ -13,7 +13,7 @@
 
 namespace lakresvos::render {
 
-// The counterparts of JsonFields.h: a field that is not there has its initial value.
+// The counterparts of Fields.h: a field that is not there has its initial value.
 
 inline std::string ReadText(JsonObject& object, std::string_view name) {
   std::optional<JsonValue> const field = object.Find(name);

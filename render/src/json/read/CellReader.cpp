@@ -25,7 +25,7 @@ OmLabelDisplay Display(JsonValue const& value) {
 }
 
 template <class Kind>
-OwnedCell WithDisplay(JsonObject& object, std::unique_ptr<Kind> cell) {
+OwnedCell SetDisplay(JsonObject& object, std::unique_ptr<Kind> cell) {
   if (std::optional<JsonValue> const display = object.Find("display")) {
     cell->Display(Display(*display));
   }
@@ -33,8 +33,8 @@ OwnedCell WithDisplay(JsonObject& object, std::unique_ptr<Kind> cell) {
 }
 
 template <class Kind, class Value>
-OwnedCell Labelled(JsonObject& object, Value const& value) {
-  return WithDisplay(object, std::make_unique<Kind>(value, ReadText(object, "label")));
+OwnedCell ReadLabelled(JsonObject& object, Value const& value) {
+  return SetDisplay(object, std::make_unique<Kind>(value, ReadText(object, "label")));
 }
 
 /// The cell without parts, metadata and context; null when the object has no value of a cell.
@@ -49,13 +49,13 @@ OwnedCell ReadValue(JsonObject& object) {
     return std::make_unique<OmStringCellUTF8>(text->Text());
   }
   if (auto const name = object.Find("variable")) {
-    return Labelled<OmVariable>(object, name->Text());
+    return ReadLabelled<OmVariable>(object, name->Text());
   }
   if (auto const value = object.Find("numberValue")) {
-    return Labelled<OmNumDataValue>(object, value->Number());
+    return ReadLabelled<OmNumDataValue>(object, value->Number());
   }
   if (auto const value = object.Find("textValue")) {
-    return Labelled<OmStringDataValue>(object, value->Text());
+    return ReadLabelled<OmStringDataValue>(object, value->Text());
   }
   if (auto const pattern = object.Find("composite")) {
     return std::make_unique<OmComposite>(pattern->Text());
@@ -107,11 +107,11 @@ class PartBuilder {
 
   struct Part {
     std::size_t number;
-    Node node;               // stays in place as long as nothing is put beside it
+    Node node;               // stays valid as long as it gets no sibling
     OmComposite* composite;  // null when the part is something else
   };
 
-  /// What the next part stands below. Drops the parts from the path that it is not a part of.
+  /// What the next part is below. Drops the parts from the path that it is not a part of.
   Node Parent(JsonObject& object) {
     auto const in = object.Find(kInPart);
     auto const below = object.Find(kBelowPart);
@@ -164,7 +164,7 @@ OwnedCell ReadCellFields(JsonObject& object) {
       builder.Add(fields);
     }
     auto const affordable = static_cast<std::size_t>(object.Value().Affordable() / kComposedByte);
-    parts->Take(kComposedByte * static_cast<double>(composite->TextCost(affordable)));
+    parts->Spend(kComposedByte * static_cast<double>(composite->TextCost(affordable)));
   }
   return cell;
 }

@@ -7,8 +7,6 @@
 #include <optional>
 #include <vector>
 
-#include <cells/OmStringCell.h>
-
 #include "json/Names.h"
 #include "json/read/AttributeReader.h"
 #include "json/read/CellReader.h"
@@ -19,28 +17,13 @@ namespace {
 
 using Node = OmDimension::Node;
 
-/// Gives a dimension without nodes its number of subscripts. A dimension counts them when a category
-/// is added or deleted and lets nobody say how many there are.
-void SetSize(OmDimension& dimension, unsigned int size) {
-  if (size == 0) {
-    return;
-  }
-  OmStringCell const passing("");
-  dimension.value.group = true;
-  dimension.AddNewChild(dimension.Root(), passing, size - 1, false);
-  Node last = dimension.AddNewChild(dimension.Root(), passing, 0, true);
-  dimension.Delete(last);
-  OmDimension::EraseChildAt(dimension, 0);
-  dimension.value.childIndex.Clear();
-}
-
-bool SameContext(OmCellText const* label, OmCellText const* above) {
+bool SharesContext(OmCellText const* label, OmCellText const* above) {
   return label != nullptr && above != nullptr && label->hasContext() && above->hasContext() &&
          label->ContextDisplay() == above->ContextDisplay();
 }
 
 /// What a node says of its subscript.
-unsigned long SubscriptIn(JsonValue const& value) {
+unsigned long ReadSubscript(JsonValue const& value) {
   if (value.IsNull()) {
     return OmDimensionNode().subscript;
   }
@@ -56,7 +39,7 @@ class NodeBuilder {
   /// Makes room for so many subscripts.
   void Extend(std::uint64_t places, JsonValue const& value) {
     if (places > places_) {
-      value.Take(kSkippedSubscript * static_cast<double>(places - places_));
+      value.Spend(kSkippedSubscript * static_cast<double>(places - places_));
       places_ = places;
     }
   }
@@ -79,7 +62,7 @@ class NodeBuilder {
  private:
   struct Level {
     std::size_t number;
-    Node node;  // stays in place as long as nothing is put beside it
+    Node node;  // stays valid as long as the node gets no sibling
     bool ownIndex;
   };
 
@@ -95,7 +78,7 @@ class NodeBuilder {
     OmDimensionNode node(dimension_.children.region);
     bool const ownIndex = ReadFields(object, node);
     OmDimensionNode& above = parent.node.Value();
-    if (SameContext(node.label, above.label)) {
+    if (SharesContext(node.label, above.label)) {
       node.label->ShareContext(*above.label);
     }
     if (!parent.ownIndex) {
@@ -124,7 +107,7 @@ class NodeBuilder {
       node.label = label->Clone(dimension_.children.region);
     }
     if (std::optional<JsonValue> const subscript = object.Find("subscript")) {
-      node.subscript = SubscriptIn(*subscript);
+      node.subscript = ReadSubscript(*subscript);
       // Where a table is laid out, the low 32 bits are what counts.
       if (auto const low = static_cast<unsigned int>(node.subscript); low <= INT_MAX) {
         Extend(std::uint64_t{low} + 1, *subscript);
@@ -162,7 +145,7 @@ std::size_t ReadDimension(JsonValue const& value, OmPivotTable& table) {
   NodeBuilder builder(dimension, nodes.Count());
   auto const places = size.Integer<unsigned int>();
   builder.Extend(places, size);
-  SetSize(dimension, places);
+  dimension.setCategoryCount(places);
   for (std::size_t i = 0; i < nodes.Count(); ++i) {
     builder.Add(nodes.Element(i));
   }

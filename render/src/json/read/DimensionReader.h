@@ -11,7 +11,7 @@ namespace lakresvos::render {
 
 /// What a subscript costs that is past the nodes of its dimension: in tables by subscript there is
 /// an entry for each that is left out. Subscripts below the number of nodes cost no more than the
-/// text that the nodes stand in.
+/// text of the nodes.
 constexpr double kSkippedSubscript = 8;
 
 /// Adds the dimension that `value` describes.

@@ -62,7 +62,7 @@ Item ReadProcedure(JsonObject& object) {
 }
 
 template <class Block>
-Item WithTexts(JsonObject& object, std::unique_ptr<Block> block) {
+Item AddTexts(JsonObject& object, std::unique_ptr<Block> block) {
   std::optional<JsonValue> const texts = object.Find("texts");
   for (std::size_t i = 0; texts && i < texts->Count(); ++i) {
     block->TextList().push_back(texts->Element(i).Text());
@@ -72,16 +72,16 @@ Item WithTexts(JsonObject& object, std::unique_ptr<Block> block) {
 
 Item ReadTextBlock(JsonObject& object) {
   std::string const text = object.At("text").Text();
-  return WithTexts(object, std::make_unique<OmTextBlock>(*NeedCell(object, "label"), text));
+  return AddTexts(object, std::make_unique<OmTextBlock>(*NeedCell(object, "label"), text));
 }
 
 Item ReadPageTitle(JsonObject& object) {
-  return WithTexts(object, std::make_unique<OmPageTitle>(object.At("text").Text()));
+  return AddTexts(object, std::make_unique<OmPageTitle>(object.At("text").Text()));
 }
 
 // Items with payloads
 
-/// Hands a payload over in pieces that the setter can count.
+/// Sets a payload piece by piece, for setters cannot count beyond 4 GiB.
 template <class Part, class Set>
 void Deliver(Part& part, Set set, std::string const& bytes) {
   constexpr std::size_t kPiece = std::size_t{1} << 30U;
@@ -97,18 +97,6 @@ void ReadPayload(JsonObject& object, std::string_view name, Part& part, Set set)
     Deliver(part, set, field->Bytes());
   }
 }
-
-/// A part whose label stays as it is, although the part's class converts the labels that it is given
-/// into its code page.
-template <class Part>
-class WithLabel : public Part {
- public:
-  template <class... Arguments>
-  explicit WithLabel(std::unique_ptr<OmCellText> label, Arguments const&... arguments)
-      : Part(*label, arguments...) {
-    this->AdoptLabel(label.release());
-  }
-};
 
 /// The one length of a text that an operation can take.
 unsigned int Length(std::string const& text, JsonValue const& value) {
@@ -149,9 +137,9 @@ void ReadMap(JsonObject& object, OmChart& chart) {
   }
   OmChart::MapInfo const info = {map->Element(0).Text(), map->Element(1).Text(),
                                  map->Element(2).Text(), map->Element(3).Text()};
-  constexpr std::size_t kMost = std::numeric_limits<std::uint16_t>::max();
-  if (info.second.size() > kMost || info.fourth.size() > kMost) {
-    map->Fail("the second and the fourth text have at most " + std::to_string(kMost) + " bytes");
+  constexpr std::size_t kMax = std::numeric_limits<std::uint16_t>::max();
+  if (info.second.size() > kMax || info.fourth.size() > kMax) {
+    map->Fail("the second and the fourth text have at most " + std::to_string(kMax) + " bytes");
   }
   Deliver(chart, &OmChart::SetMapInfo, OmChart::MapInfoBlock(info));
 }
@@ -159,7 +147,9 @@ void ReadMap(JsonObject& object, OmChart& chart) {
 Item ReadChart(JsonObject& object) {
   std::string const codePage = ReadText(object, "codePage");
   auto const id = object.At("id").Integer<long long>();
-  auto chart = std::make_unique<WithLabel<OmChart>>(NeedCell(object, "label"), codePage, id);
+  std::unique_ptr<OmCellText> const label = NeedCell(object, "label");
+  auto chart = std::make_unique<OmChart>(*label, codePage, id);
+  chart->setLabel(*label);  // as it is, not in the code page
   chart->SetImageSubType(static_cast<ChartXMLContentSubType>(
       ReadInteger<int>(object, "subType", ChartXMLUnspecified)));
   std::array<std::int32_t, 2> const numbers = {ReadInteger(object, "editable", 0),
@@ -208,7 +198,9 @@ Item ReadModel(JsonObject& object) {
 Item ReadInteractive(JsonObject& object) {
   std::string const codePage = ReadText(object, "codePage");
   auto const id = object.At("id").Integer<long long>();
-  auto item = std::make_unique<WithLabel<OmInteractive>>(NeedCell(object, "label"), codePage, id);
+  std::unique_ptr<OmCellText> const label = NeedCell(object, "label");
+  auto item = std::make_unique<OmInteractive>(*label, codePage, id);
+  item->setLabel(*label);  // as it is, not in the code page
   ReadPayload(object, "json", *item, &OmInteractive::setInteractiveJSON);
   item->setProcedureName(ReadText(object, "procedureName"));
   item->setJSONPath(ReadText(object, "jsonPath"));

@@ -5,12 +5,19 @@
 
 namespace lakresvos::render {
 
-/// What a document may still cost beyond its own text, in bytes. A few words of a text can ask for a
-/// lot: by a large subscript, by parts that are named again and again, or by dimensions that are
-/// shown several times over. Whoever follows such words takes the cost first.
+/// What a document may still cost beyond its own text, in bytes.
 ///
-/// What there is grows with the length of the text, so that a document may be as large as one likes
-/// as long as its text says it all.
+/// A document comes from anywhere, and a few words of it can ask for more memory than there is: a
+/// subscript of two billion for as many entries of the store, a composite whose parts name the one
+/// before twice for a text that doubles with each, an axis with a dimension twenty times over for a
+/// grid of more rows than atoms. A fixed limit on any of these would refuse honest tables, which may
+/// be as large as one likes. What tells them apart is the text: an honest document says each thing
+/// that it holds, so that what it takes is in proportion to its length. So there is one budget for
+/// the whole text, a fixed amount for the small documents and an amount for each byte; whoever is
+/// about to follow words that are shorter than what they ask for spends the estimated cost first, and
+/// what the budget does not cover is refused before it is allocated. Costs are estimates from above
+/// of the memory while reading and while showing the document without empty rows and columns; what
+/// costs no more than its own text, such as a subscript below the number of nodes, is free.
 class ReadBudget {
  public:
   /// @param length the number of bytes of the document's text.
@@ -19,7 +26,7 @@ class ReadBudget {
 
   /// @param bytes a double, for estimates may be beyond all integers.
   /// @return whether there was as much left.
-  bool Take(double bytes) {
+  bool Spend(double bytes) {
     bool const enough = bytes <= left_;
     left_ -= enough ? bytes : 0;
     return enough;

@@ -1,11 +1,11 @@
-#include <array>
 #include <cstddef>
-#include <ios>
+#include <optional>
 #include <string>
 #include <utility>
 
 #include <lakresvos/render/JsonReader.h>
 
+#include "io/ReadAll.h"
 #include "json/Names.h"
 #include "json/read/ItemReader.h"
 #include "json/read/Text.h"
@@ -13,19 +13,6 @@
 namespace lakresvos::render {
 
 namespace {
-
-std::string ReadAll(std::istream& in) {
-  std::string text;
-  std::array<char, 1U << 16U> buffer;
-  while (in) {
-    in.read(buffer.data(), buffer.size());
-    text.append(buffer.data(), static_cast<std::size_t>(in.gcount()));
-  }
-  if (!in.eof() || in.bad()) {
-    throw JsonError("", "the text cannot be read");
-  }
-  return text;
-}
 
 void CheckFormat(JsonObject& document) {
   JsonValue const format = document.At("format");
@@ -46,8 +33,8 @@ class TreeBuilder {
   void Add(JsonValue const& value) {
     JsonObject object(value);
     JsonValue const field = object.At("depth");
-    int const deepest = last_.AtEnd() ? 0 : last_.depth + 1;
-    int const depth = field.Integer<int>(0, deepest);
+    int const maxDepth = last_.AtEnd() ? 0 : last_.depth + 1;
+    int const depth = field.Integer<int>(0, maxDepth);
     std::unique_ptr<OmOutputPart> item = ReadItem(object);
     object.Finish();
     OmOutputTree::Node above = last_;
@@ -69,9 +56,12 @@ JsonError::JsonError(std::string const& place, std::string const& problem)
 JsonError::~JsonError() = default;
 
 std::unique_ptr<OmOutputTree> ReadJson(std::istream& in) {
-  std::string text = ReadAll(in);
-  ReadBudget budget(text.size());
-  JsonData const data = ParseJson(std::exchange(text, {}));
+  std::optional<std::string> text = ReadAll(in);
+  if (!text) {
+    throw JsonError("", "cannot read the text");
+  }
+  ReadBudget budget(text->size());
+  JsonData const data = ParseJson(std::exchange(*text, {}));
   JsonValue const root(data, budget);
   JsonObject document(root);
   CheckFormat(document);

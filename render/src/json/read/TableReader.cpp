@@ -122,7 +122,7 @@ std::optional<BackendSettings> ReadBackend(JsonObject& object) {
   return settings;
 }
 
-/// Stores cells in the order of the store, and takes what the places cost that it needs for them.
+/// Stores cells in the order of the store, and spends what the places cost that they take there.
 class CellBuilder {
  public:
   /// @param nodes the number of nodes of each dimension.
@@ -133,7 +133,7 @@ class CellBuilder {
     JsonObject object(value);
     JsonValue const subscripts = object.At("index");
     ReadIndex(subscripts);
-    TakePlaces(subscripts);
+    SpendPlaces(subscripts);
     std::unique_ptr<OmCellText> const cell = ReadCellFields(object);
     object.Finish();
     table_.Cell(index_, *cell);
@@ -155,8 +155,8 @@ class CellBuilder {
   }
 
   /// Each subscript from the slowest on that differs from the cell's before lengthens a list of the
-  /// store, and starts new lists for those behind it.
-  void TakePlaces(JsonValue const& subscripts) {
+  /// store, and starts new lists for those after it.
+  void SpendPlaces(JsonValue const& subscripts) {
     std::size_t level = index_.size();
     if (!before_.empty()) {
       while (level != 0 && index_[level - 1] == before_[level - 1]) {
@@ -166,21 +166,21 @@ class CellBuilder {
         subscripts.Fail("the cells are not in ascending order");
       }
       --level;
-      TakeSkipped(level, before_[level] + 1LL, subscripts);
+      SpendSkipped(level, before_[level] + 1LL, subscripts);
     }
     while (level != 0) {
       --level;
-      TakeSkipped(level, 0, subscripts);
+      SpendSkipped(level, 0, subscripts);
     }
   }
 
   /// What a list costs that grows to the subscript.
   /// @param length how long it is.
-  void TakeSkipped(std::size_t level, long long length, JsonValue const& subscripts) {
+  void SpendSkipped(std::size_t level, long long length, JsonValue const& subscripts) {
     long long const skipped =
         index_[level] - std::max(length, static_cast<long long>(nodes_[level]));
     if (skipped > 0) {
-      subscripts.Take(kSkippedSubscript * static_cast<double>(skipped));
+      subscripts.Spend(kSkippedSubscript * static_cast<double>(skipped));
     }
   }
 
@@ -192,7 +192,7 @@ class CellBuilder {
 
 void ReadCells(JsonObject& object, OmPivotTable& table, std::vector<std::size_t> nodes) {
   JsonValue const cells = object.At("cells");
-  object.Value().Take(ShownCost(table, cells.Count()));
+  object.Value().Spend(ShownCost(table, cells.Count()));
   CellBuilder builder(table, std::move(nodes));
   for (std::size_t i = 0; i < cells.Count(); ++i) {
     builder.Add(cells.Element(i));

@@ -10,11 +10,11 @@ namespace lakresvos::render {
 
 namespace {
 
-/// The bytes of a text in a part of a composite in the label of a node stand deepest.
-constexpr std::size_t kDeepest = 12;
+/// The bytes of a text in a part of a composite in the label of a node are deepest.
+constexpr std::size_t kMaxDepth = 12;
 
 /// More than the fields of a table, which has most.
-constexpr std::size_t kMostFields = 64;
+constexpr std::size_t kMaxFields = 64;
 
 /// Builds the value event by event; what a hostile text could do to a parser that takes everything
 /// is refused as it comes.
@@ -41,7 +41,7 @@ class ValueBuilder : public nlohmann::json_sax<nlohmann::json> {
     bool const fresh =
         std::none_of(fields.begin(), fields.end(),
                      [&](JsonData::Field const& field) { return field.name == name; });
-    if (fields.size() == kMostFields) {
+    if (fields.size() == kMaxFields) {
       throw JsonError(Pointer(), "nothing in a document has more fields than there are up to here");
     }
     fields.push_back({std::move(name), {}});
@@ -104,7 +104,7 @@ class ValueBuilder : public nlohmann::json_sax<nlohmann::json> {
   template <class Value>
   bool Open(Value&& value) {
     JsonData& place = Place(std::forward<Value>(value));
-    if (open_.size() == kDeepest) {
+    if (open_.size() == kMaxDepth) {
       throw JsonError(Pointer(), "nothing in a document is nested as deep as this");
     }
     open_.push_back(&place);
@@ -116,7 +116,7 @@ class ValueBuilder : public nlohmann::json_sax<nlohmann::json> {
     return true;
   }
 
-  /// Where the value stands that was placed last, or that a name was read for.
+  /// Where the value is that was placed last, or that a name was read for.
   std::string Pointer() const {
     std::string pointer;
     for (JsonData const* const around : open_) {

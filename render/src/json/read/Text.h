@@ -26,12 +26,12 @@ struct JsonData::Field {
   JsonData data;
 };
 
-/// The value that a JSON text is. Nothing in it is larger than in a document in JSON: values are
+/// The value that a JSON text (RFC 8259) is. Nothing in it is larger than in a document in JSON: values are
 /// nested no deeper, objects have no more fields, and no two of one name.
 /// @throws JsonError for what is not JSON, and for anything larger.
 JsonData ParseJson(std::string const& text);
 
-/// Appends one step to a JSON Pointer.
+/// Appends one step to a JSON Pointer (RFC 6901): "~" and "/" in a name become "~0" and "~1".
 void AppendStep(std::string& pointer, std::string_view name);
 
 }  // namespace lakresvos::render

@@ -13,8 +13,8 @@ void JsonValue::Fail(std::string const& problem) const {
   throw JsonError(Pointer(), problem);
 }
 
-void JsonValue::Take(double bytes) const {
-  if (!budget_->Take(bytes)) {
+void JsonValue::Spend(double bytes) const {
+  if (!budget_->Spend(bytes)) {
     Fail("the document would take too much memory");
   }
 }

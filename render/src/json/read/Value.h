@@ -18,7 +18,7 @@
 
 namespace lakresvos::render {
 
-/// A value of a JSON text that knows where it stands. Each operation wants one type of value and
+/// A value of a JSON text that knows where it is. Each operation wants one type of value and
 /// throws a JsonError with the place for any other.
 ///
 /// A value refers to the one that it is in, which must outlive it.
@@ -33,8 +33,8 @@ class JsonValue {
 
   [[noreturn]] void Fail(std::string const& problem) const;
 
-  /// Takes from the budget what it costs to do as the value says, or fails.
-  void Take(double bytes) const;
+  /// Spends from the budget what it costs to do as the value says, or fails.
+  void Spend(double bytes) const;
 
   /// What is left of the budget.
   double Affordable() const { return budget_->Left(); }

@@ -27,7 +27,7 @@ class ValueWriter : public OmCellText::Visitor {
     }
     WriteMeta(cell);
     if (cell.hasContext()) {
-      json_.Name("context").Text(NameOf(cell.ContextDisplay()));
+      json_.Name("context").Text(DisplayName(cell.ContextDisplay()));
     }
   }
 
@@ -69,7 +69,7 @@ class ValueWriter : public OmCellText::Visitor {
   void WriteLabel(OmLabelledCell const& cell) {
     WriteText(json_, "label", cell.Label());
     if (cell.Display() != cell.ContextDisplay()) {
-      json_.Name("display").Text(NameOf(cell.Display()));
+      json_.Name("display").Text(DisplayName(cell.Display()));
     }
   }
 

@@ -11,7 +11,7 @@ namespace lakresvos::render {
 
 namespace {
 
-constexpr std::string_view NameOf(GridRole role) {
+constexpr std::string_view RoleName(GridRole role) {
   switch (role) {
     case GridRole::Corner:
       return "corner";
@@ -45,7 +45,7 @@ void WriteFrame(JsonStream& json, DisplayGrid const& grid) {
   json.Name("frame").BeginLines();
   for (GridCell const& cell : grid.Headings()) {
     json.BeginObject();
-    json.Name("role").Text(NameOf(cell.role));
+    json.Name("role").Text(RoleName(cell.role));
     json.Name("row").Number(cell.row);
     json.Name("column").Number(cell.column);
     WriteNumber(json, "rowSpan", cell.rowSpan, 1);

@@ -10,17 +10,6 @@ namespace lakresvos::render {
 
 namespace {
 
-bool IsUtf8(std::string_view text) {
-  while (!text.empty()) {
-    CodePoint const point = FirstCodePoint(text);
-    if (point.code < 0) {
-      return false;
-    }
-    text.remove_prefix(point.length);
-  }
-  return true;
-}
-
 void AppendEscaped(std::string& out, char c) {
   constexpr std::string_view kHex = "0123456789abcdef";
   switch (c) {
@@ -107,7 +96,7 @@ template void JsonStream::Floating(float value);
 template void JsonStream::Floating(double value);
 
 void JsonStream::Text(std::string_view text) {
-  if (IsPlainAscii(text) || IsUtf8(text)) {
+  if (IsUtf8(text)) {
     StartValue();
     Quoted(text);
     return;

@@ -88,7 +88,7 @@ std::vector<std::size_t> Starts(std::string const& text, std::string const& star
   return found;
 }
 
-/// Puts another number where one stands.
+/// Puts another number in place of one.
 void ChangeANumber(std::string& text) {
   std::vector<std::size_t> starts;
   for (std::size_t i = 1; i < text.size(); ++i) {
@@ -125,7 +125,7 @@ void RepeatAnAxis(std::string& text) {
   }
 }
 
-/// Puts patterns within patterns where a label stands.
+/// Puts patterns within patterns in place of a label.
 void NestPatterns(std::string& text) {
   std::vector<std::size_t> const starts = Starts(text, "\"label\":{");
   if (starts.empty()) {

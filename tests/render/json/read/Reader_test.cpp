@@ -503,7 +503,7 @@ TEST(JsonReader, RefusesAStreamThatCannotBeRead) {
     lakresvos::render::ReadJson(in);
     FAIL();
   } catch (lakresvos::render::JsonError const& error) {
-    EXPECT_STREQ(error.what(), "the text cannot be read");
+    EXPECT_STREQ(error.what(), "cannot read the text");
     EXPECT_EQ(error.Place(), "");
   }
 }

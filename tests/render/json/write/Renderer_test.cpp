@@ -1,6 +1,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <map>
 #include <sstream>
 #include <string>
 
@@ -9,8 +10,7 @@
 #include <lakresvos/render/JsonRenderer.h>
 
 #include "render/json/Documents.h"
-#include "render/support/RenderTables.h"
-#include "support/SpyCell.h"
+#include "render/support/SpyTable.h"
 
 namespace {
 
@@ -241,6 +241,23 @@ TEST(JsonRenderer, WritesTheTextOfAKindThatItDoesNotKnow) {
   AddCategories(table, "d", {"x"});
   table.Cell({0}, SpyCell("spy"));
   EXPECT_NE(Written(tree).find(R"({"index":[0],"utf8":"spy"})"), std::string::npos);
+}
+
+TEST(JsonRenderer, AsksEachLabelAndCellForItsTextOnceForTheDocumentAndOnceForItsLayout) {
+  OmOutputTree tree;
+  FillWithSpies(AppendItem<Table>(tree.begin()));
+  for (bool const layout : {false, true}) {
+    lakresvos::render::JsonOptions options;
+    options.layout = layout;
+    SpyLog const log;
+    Written(tree, options);
+    std::map<std::string, int> const times = TimesAsked(log);
+    EXPECT_EQ(times.size(), 16u);
+    for (auto const& [text, count] : times) {
+      bool const laidOut = text != "title" && text != "caption" && text != "note";
+      EXPECT_EQ(count, layout && laidOut ? 2 : 1) << text;
+    }
+  }
 }
 
 TEST(JsonRenderer, WritesAllPartsOfACompositeAsOneList) {
