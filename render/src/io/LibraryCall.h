@@ -8,7 +8,7 @@
 
 namespace lakresvos::render {
 
-/// Stands around calls of the library that writes workbooks. It makes temporary files that have a
+/// To be alive during calls of the library that writes workbooks. That makes temporary files that have a
 /// name for a moment, in which no signal may end the process, and prints to standard error what its
 /// callers are told anyway.
 class LibraryCall {

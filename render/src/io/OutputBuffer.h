@@ -8,7 +8,7 @@
 
 namespace lakresvos::render {
 
-/// Gathers small pieces of output and hands them to a stream in large ones: appending to a string
+/// Gathers small pieces of output and writes them to a stream in large ones: appending to a string
 /// costs a fraction of a stream insertion.
 class OutputBuffer {
  public:
@@ -31,14 +31,14 @@ class OutputBuffer {
   /// Where to append piece by piece; call Drain() now and then.
   std::string& Text() { return text_; }
 
-  /// Hands over what there is once it is worth it.
+  /// Writes what there is once it is worth it.
   void Drain() {
     if (text_.size() >= kEnough) {
       Flush();
     }
   }
 
-  /// Hands over all there is. What is not flushed is lost.
+  /// Writes all there is. What is not flushed is lost.
   void Flush() {
     out_.write(text_.data(), static_cast<std::streamsize>(text_.size()));
     text_.clear();

@@ -31,8 +31,8 @@ int OpenWithoutName(std::string const& directory) {
 }  // namespace
 
 TemporaryFile::TemporaryFile() {
-  char const* const wish = std::getenv("TMPDIR");
-  std::string const directory = wish != nullptr && *wish != '\0' ? wish : "/tmp";
+  char const* const chosen = std::getenv("TMPDIR");
+  std::string const directory = chosen != nullptr && *chosen != '\0' ? chosen : "/tmp";
   descriptor_ = OpenWithoutName(directory);
   if (descriptor_ < 0) {
     throw std::runtime_error("cannot create a temporary file in " + directory + ": " +

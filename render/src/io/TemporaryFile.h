@@ -9,7 +9,7 @@ namespace lakresvos::render {
 /// directory that TMPDIR names or else in /tmp.
 class TemporaryFile {
  public:
-  /// @throws std::runtime_error when there can be none.
+  /// @throws std::runtime_error that says why, when it cannot be created.
   TemporaryFile();
   TemporaryFile(TemporaryFile const&) = delete;
   TemporaryFile& operator=(TemporaryFile const&) = delete;

@@ -6,12 +6,12 @@ namespace lakresvos::render {
 
 namespace {
 
-bool IsNoCharacter(std::int32_t code) {
+bool IsNoncharacter(std::int32_t code) {
   return (code >= 0xFDD0 && code <= 0xFDEF) || (code & 0xFFFE) == 0xFFFE;
 }
 
-bool CanStand(std::int32_t code) {
-  return code == '\n' || code == '\t' || (code >= 0 && !IsControl(code) && !IsNoCharacter(code));
+bool IsAllowed(std::int32_t code) {
+  return code == '\n' || code == '\t' || (code >= 0 && !IsControl(code) && !IsNoncharacter(code));
 }
 
 }  // namespace
@@ -26,7 +26,7 @@ std::string CleanText(std::string_view text) {
     std::string_view const bytes = text.substr(0, point.length);
     text.remove_prefix(point.length);
     if (point.code != '\r') {
-      clean += CanStand(point.code) ? bytes : kReplacement;
+      clean += IsAllowed(point.code) ? bytes : kReplacement;
     } else if (text.empty() || text.front() != '\n') {
       clean += '\n';
     }

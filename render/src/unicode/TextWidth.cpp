@@ -55,7 +55,7 @@ std::vector<std::string> PrintableLines(std::string_view text) {
   return lines;
 }
 
-Grapheme TakeGrapheme(std::string_view& text) {
+Grapheme SplitGrapheme(std::string_view& text) {
   CodePoint previous = FirstCodePoint(text);
   std::size_t length = previous.length;
   int width = utf8proc_charwidth(previous.code);
@@ -82,7 +82,7 @@ int TextWidth(std::string_view text) {
   }
   int width = 0;
   while (!text.empty()) {
-    width += TakeGrapheme(text).width;
+    width += SplitGrapheme(text).width;
   }
   return width;
 }

@@ -9,30 +9,30 @@ namespace lakresvos::render {
 
 namespace {
 
-/// Fills lines with the graphemes of one paragraph.
-class Filler {
+/// Makes lines of the graphemes of one paragraph.
+class LineBuilder {
  public:
-  Filler(std::vector<TextLine>& lines, int limit) : lines_(lines), limit_(limit) {}
+  LineBuilder(std::vector<TextLine>& lines, int limit) : lines_(lines), limit_(limit) {}
 
   void Add(Grapheme const& grapheme) {
-    bool const blank = grapheme.bytes == " ";
-    if (blank && swallow_) {
+    bool const space = grapheme.bytes == " ";
+    if (space && swallow_) {
       return;
     }
     swallow_ = false;
     while (line_.width + grapheme.width > limit_ && !line_.text.empty()) {
-      if (blank) {
+      if (space) {
         Emit(line_.text.size(), line_.text.size());
         swallow_ = true;
         return;
       }
       Break();
     }
-    if (blank && ink_) {
+    if (space && ink_) {
       breakAt_ = line_.text.size();
       widthAtBreak_ = line_.width;
     }
-    ink_ = ink_ || !blank;
+    ink_ = ink_ || !space;
     line_.text += grapheme.bytes;
     line_.width += grapheme.width;
   }
@@ -44,7 +44,7 @@ class Filler {
   }
 
  private:
-  /// Ends the line at its last blank, or as it is when it has none behind its first word.
+  /// Ends the line at its last space, or as it is when it has none after its first word.
   void Break() {
     if (breakAt_ != std::string::npos) {
       int const rest = line_.width - widthAtBreak_ - 1;
@@ -56,7 +56,7 @@ class Filler {
     }
   }
 
-  /// Ends the line before byte `end`, without its trailing blanks, and starts the next at
+  /// Ends the line before byte `end`, without its trailing spaces, and starts the next at
   /// `restart`.
   void Emit(std::size_t end, std::size_t restart) {
     std::string_view const kept(line_.text.data(), end);
@@ -73,10 +73,10 @@ class Filler {
   std::vector<TextLine>& lines_;
   int limit_;
   TextLine line_{{}, 0};
-  std::size_t breakAt_ = std::string::npos;  // the last blank behind a word of the line
+  std::size_t breakAt_ = std::string::npos;  // the last space after a word of the line
   int widthAtBreak_ = 0;
-  bool ink_ = false;      // whether the line has anything but blanks
-  bool swallow_ = false;  // whether the line starts behind a break at a blank
+  bool ink_ = false;      // whether the line has anything but spaces
+  bool swallow_ = false;  // whether the line starts after a break at a space
 };
 
 }  // namespace
@@ -87,11 +87,11 @@ std::vector<TextLine> Wrap(std::string_view text, int limit) {
   }
   std::vector<TextLine> lines;
   for (std::string const& paragraph : PrintableLines(text)) {
-    Filler filler(lines, limit);
+    LineBuilder builder(lines, limit);
     for (std::string_view rest = paragraph; !rest.empty();) {
-      filler.Add(TakeGrapheme(rest));
+      builder.Add(SplitGrapheme(rest));
     }
-    filler.Finish();
+    builder.Finish();
   }
   return lines;
 }

@@ -14,7 +14,7 @@ struct TextLine {
 };
 
 /// Breaks any text into lines that are at most `limit` columns wide: at its own line ends, then at
-/// blanks, which the break swallows, and where there is none inside a word, never inside a grapheme
+/// spaces, which the break swallows, and where there is none inside a word, never inside a grapheme
 /// (one that is wider than the limit has a line of its own). Always at least one line. The text is
 /// made printable on the way. Linear in its length.
 ///

@@ -35,8 +35,8 @@ class XlsxBook {
   ~XlsxBook();
 
   /// A name for the next sheet; see SheetNames.
-  std::string NewName(std::string const& wish, std::string const& otherwise) {
-    return names_.Next(wish, otherwise);
+  std::string NewName(std::string const& text, std::string const& otherwise) {
+    return names_.Next(text, otherwise);
   }
 
   /// Adds a sheet with a new name.

@@ -14,6 +14,12 @@ namespace lakresvos::render {
 
 namespace {
 
+// Spreadsheets open a workbook or they do not: beyond a limit of theirs they call it damaged and repair
+// it, which takes out more than what was too much, and the XLSX library checks some limits only. So
+// all of them are looked at here, before anything is written. What is too large as a whole, such as a
+// table of too many rows, is refused; a detail that has no room, such as a long text, is replaced and
+// counted as a loss, or looks plainer, as the cells after the last one that can be merged do.
+
 constexpr int kMaxRows = 1'048'576;
 constexpr int kMaxColumns = 16'384;
 constexpr std::size_t kMaxUnits = 32'767;
@@ -35,7 +41,8 @@ bool IsHex(char c) {
   return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
-/// Spreadsheets read "_x0041_" as the character with that code, wherever it stands.
+/// Spreadsheets read "_x0041_" as the character with that code (ECMA-376, part 1, 22.9.2.19),
+/// wherever it is.
 std::string EscapeCodes(std::string const& text) {
   std::string escaped;
   std::size_t copied = 0;

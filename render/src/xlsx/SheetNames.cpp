@@ -47,8 +47,8 @@ std::string FoldCase(std::string const& name) {
 
 }  // namespace
 
-std::string SheetNames::Next(std::string const& wish, std::string const& otherwise) {
-  std::string base = MakeLegal(wish, "");
+std::string SheetNames::Next(std::string const& text, std::string const& otherwise) {
+  std::string base = MakeLegal(text, "");
   if (base.empty()) {
     base = otherwise;
   }

@@ -126,7 +126,7 @@ void ForRandomDrawings(TextOptions options, Check check) {
 std::vector<std::string> Columns(std::string const& line) {
   std::vector<std::string> columns;
   for (std::string_view rest = line; !rest.empty();) {
-    Grapheme const grapheme = TakeGrapheme(rest);
+    Grapheme const grapheme = SplitGrapheme(rest);
     if (grapheme.width > 0) {
       columns.emplace_back(grapheme.bytes);
       columns.resize(columns.size() + static_cast<std::size_t>(grapheme.width) - 1);

@@ -10,7 +10,7 @@
 using lakresvos::render::Grapheme;
 using lakresvos::render::IsPlainAscii;
 using lakresvos::render::PrintableLines;
-using lakresvos::render::TakeGrapheme;
+using lakresvos::render::SplitGrapheme;
 using lakresvos::render::TextWidth;
 
 namespace {
@@ -20,7 +20,7 @@ using Texts = std::vector<std::string>;
 Texts Graphemes(std::string const& text) {
   Texts graphemes;
   for (std::string_view rest = text; !rest.empty();) {
-    graphemes.emplace_back(TakeGrapheme(rest).bytes);
+    graphemes.emplace_back(SplitGrapheme(rest).bytes);
   }
   return graphemes;
 }
@@ -88,12 +88,12 @@ TEST(TextWidth, EmojiPresentationMakesANarrowSignWide) {
 
 // Graphemes
 
-TEST(TakeGrapheme, SplitsBetweenWhatReadersSeeAsCharacters) {
+TEST(SplitGrapheme, SplitsBetweenWhatReadersSeeAsCharacters) {
   EXPECT_EQ(Graphemes("ae\u0301👩‍👧🇯🇵🇸🇪"),
             (Texts{"a", "e\u0301", "👩‍👧", "🇯🇵", "🇸🇪"}));
 }
 
-TEST(TakeGrapheme, LoneCombiningCharacterStandsForItself) {
+TEST(SplitGrapheme, LoneCombiningCharacterStandsForItself) {
   EXPECT_EQ(Graphemes("\u0301a"), (Texts{"\u0301", "a"}));
 }
 
@@ -150,7 +150,7 @@ RC_GTEST_PROP(PrintableLinesProperty, GraphemesAreTheLineAndTheirWidthsItsWidth,
     std::string joined;
     int width = 0;
     for (std::string_view rest = line; !rest.empty();) {
-      Grapheme const grapheme = TakeGrapheme(rest);
+      Grapheme const grapheme = SplitGrapheme(rest);
       RC_ASSERT(!grapheme.bytes.empty());
       RC_ASSERT((grapheme.width >= 0 && grapheme.width <= 2));
       joined += grapheme.bytes;

@@ -31,7 +31,7 @@ std::string WithoutBlanks(std::string text) {
   return text;
 }
 
-/// Words, blanks, line ends, wide, combining and joined characters, and bytes that are no text.
+/// Words, spaces, line ends, wide, combining and joined characters, and bytes that are no text.
 std::string AnyText() {
   std::string text;
   auto const pieces = *rc::gen::container<std::vector<std::string>>(rc::gen::element<std::string>(

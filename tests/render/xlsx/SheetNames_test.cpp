@@ -15,35 +15,35 @@ using lakresvos::render::Utf16Length;
 
 namespace {
 
-std::string NameOf(std::string const& wish) {
-  return SheetNames().Next(wish, "Table");
+std::string NameSheet(std::string const& text) {
+  return SheetNames().Next(text, "Table");
 }
 
 }  // namespace
 
 TEST(SheetNames, KeepsWhatIsLegal) {
-  EXPECT_EQ(NameOf("Survival by class & sex"), "Survival by class & sex");
-  EXPECT_EQ(NameOf("It's"), "It's");
-  EXPECT_EQ(NameOf("Größe 日本語"), "Größe 日本語");
+  EXPECT_EQ(NameSheet("Survival by class & sex"), "Survival by class & sex");
+  EXPECT_EQ(NameSheet("It's"), "It's");
+  EXPECT_EQ(NameSheet("Größe 日本語"), "Größe 日本語");
 }
 
 TEST(SheetNames, PutsBlanksForForbiddenCharacters) {
-  EXPECT_EQ(NameOf("a[b]c:d*e?f/g\\h"), "a b c d e f g h");
-  EXPECT_EQ(NameOf("two\nlines\tand"), "two lines and");
-  EXPECT_EQ(NameOf("Age: Child"), "Age Child");
+  EXPECT_EQ(NameSheet("a[b]c:d*e?f/g\\h"), "a b c d e f g h");
+  EXPECT_EQ(NameSheet("two\nlines\tand"), "two lines and");
+  EXPECT_EQ(NameSheet("Age: Child"), "Age Child");
 }
 
 TEST(SheetNames, ReplacesWhatIsNoText) {
-  EXPECT_EQ(NameOf("bell\a \xFF"), "bell\uFFFD \uFFFD");
+  EXPECT_EQ(NameSheet("bell\a \xFF"), "bell\uFFFD \uFFFD");
 }
 
 TEST(SheetNames, TakesApostrophesAndBlanksFromTheEnds) {
-  EXPECT_EQ(NameOf(" 'quoted' "), "quoted");
+  EXPECT_EQ(NameSheet(" 'quoted' "), "quoted");
 }
 
 TEST(SheetNames, CutsAtThirtyOneCharacters) {
-  EXPECT_EQ(NameOf(std::string(31, 'x')), std::string(31, 'x'));
-  EXPECT_EQ(NameOf(std::string(32, 'x')), std::string(31, 'x'));
+  EXPECT_EQ(NameSheet(std::string(31, 'x')), std::string(31, 'x'));
+  EXPECT_EQ(NameSheet(std::string(32, 'x')), std::string(31, 'x'));
 }
 
 TEST(SheetNames, CountsCharactersAsUtf16Does) {
@@ -51,17 +51,17 @@ TEST(SheetNames, CountsCharactersAsUtf16Does) {
   for (int i = 0; i < 16; ++i) {
     emoji += "😀";
   }
-  EXPECT_EQ(NameOf(emoji), emoji.substr(0, 15 * 4));
+  EXPECT_EQ(NameSheet(emoji), emoji.substr(0, 15 * 4));
 }
 
 TEST(SheetNames, DoesNotEndInAnApostropheAfterTheCut) {
-  EXPECT_EQ(NameOf(std::string(30, 'x') + "'s"), std::string(30, 'x'));
+  EXPECT_EQ(NameSheet(std::string(30, 'x') + "'s"), std::string(30, 'x'));
 }
 
 TEST(SheetNames, HasAnotherNameWhenNothingIsLeft) {
-  EXPECT_EQ(NameOf(""), "Table");
-  EXPECT_EQ(NameOf("[?]"), "Table");
-  EXPECT_EQ(NameOf("''"), "Table");
+  EXPECT_EQ(NameSheet(""), "Table");
+  EXPECT_EQ(NameSheet("[?]"), "Table");
+  EXPECT_EQ(NameSheet("''"), "Table");
 }
 
 TEST(SheetNames, NumbersEqualNames) {
@@ -98,9 +98,9 @@ TEST(SheetNames, MakesRoomForTheNumber) {
 }
 
 TEST(SheetNames, DoesNotUseTheReservedName) {
-  EXPECT_EQ(NameOf("History"), "History (2)");
-  EXPECT_EQ(NameOf("hISTORY"), "hISTORY (2)");
-  EXPECT_EQ(NameOf("History 2"), "History 2");
+  EXPECT_EQ(NameSheet("History"), "History (2)");
+  EXPECT_EQ(NameSheet("hISTORY"), "hISTORY (2)");
+  EXPECT_EQ(NameSheet("History 2"), "History 2");
 }
 
 TEST(SheetNames, ManyEqualWishesTakeLittleTime) {
