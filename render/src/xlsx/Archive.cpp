@@ -29,23 +29,35 @@ std::string_view Cut(std::string_view bytes, std::size_t at, std::size_t size) {
   return bytes.substr(std::min(at, bytes.size()), size);
 }
 
-/// Unpacks a deflated text (RFC 1951) and keeps its two ends.
+/// A deflated text (RFC 1951) while it is unpacked.
+struct Inflation {
+  explicit Inflation(std::string_view deflated) {
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(deflated.data()));
+    stream.avail_in = static_cast<uInt>(deflated.size());
+    if (inflateInit2(&stream, -MAX_WBITS) != Z_OK) {
+      throw std::bad_alloc();
+    }
+  }
+  Inflation(Inflation const&) = delete;
+  Inflation& operator=(Inflation const&) = delete;
+  ~Inflation() { inflateEnd(&stream); }
+
+  z_stream stream{};
+};
+
+/// Unpacks a text and keeps its two ends.
 class Ends {
  public:
   explicit Ends(std::string_view deflated) {
-    stream_.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(deflated.data()));
-    stream_.avail_in = static_cast<uInt>(deflated.size());
-    if (inflateInit2(&stream_, -MAX_WBITS) != Z_OK) {
-      throw std::bad_alloc();
-    }
+    Inflation inflation(deflated);
+    z_stream& stream = inflation.stream;
     int state = Z_OK;
     while (state == Z_OK) {
-      stream_.next_out = reinterpret_cast<Bytef*>(buffer_.data());
-      stream_.avail_out = static_cast<uInt>(buffer_.size());
-      state = inflate(&stream_, Z_NO_FLUSH);
-      Add(std::string_view(buffer_.data(), buffer_.size() - stream_.avail_out));
+      stream.next_out = reinterpret_cast<Bytef*>(buffer_.data());
+      stream.avail_out = static_cast<uInt>(buffer_.size());
+      state = inflate(&stream, Z_NO_FLUSH);
+      Add(std::string_view(buffer_.data(), buffer_.size() - stream.avail_out));
     }
-    inflateEnd(&stream_);
     whole_ = state == Z_STREAM_END;
   }
 
@@ -70,7 +82,6 @@ class Ends {
     end_.erase(0, end_.size() - std::min(end_.size(), kSize));
   }
 
-  z_stream stream_{};
   std::array<char, 1U << 16U> buffer_;
   std::string start_;
   std::string end_;
