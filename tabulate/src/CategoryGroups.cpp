@@ -1,144 +1,104 @@
 #include "CategoryGroups.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <optional>
 #include <set>
-#include <string>
-#include <unordered_map>
 #include <utility>
 
-#include <cells/OmStringCell.h>
 #include <lakresvos/tabulate/Quoting.h>
 
-#include "DimensionTree.h"
+#include "CategoryOrder.h"
+#include "GroupingError.h"
 
 namespace lakresvos::tabulate {
 
 namespace {
 
-using Node = OmDimension::Node;
-
-/// The nodes that are as far below the root as `level` says.
-std::vector<Node> NodesAt(OmDimension& dimension, std::size_t level) {
-  std::vector<Node> nodes{dimension.Root()};
-  for (; level > 0; --level) {
-    std::vector<Node> below;
-    for (Node const& node : nodes) {
-      for (std::size_t i = 0; i < node.NChildren(); ++i) {
-        below.push_back(node[i]);
-      }
+/// The categories of a grouping, in its order.
+std::vector<std::uint32_t> FindMembers(Grouping const& grouping, DataColumn const& column,
+                                       CategoryOrder const& order) {
+  std::vector<std::uint32_t> members;
+  for (NameToken const& token : grouping.categories) {
+    std::optional<std::uint32_t> const category = FindCategory(column, order, token.name);
+    if (!category.has_value()) {
+      Fail(grouping, token,
+           "unknown category " + Quoted(token.name) + " of column " + Quoted(column.Name()));
     }
-    nodes = std::move(below);
+    members.push_back(*category);
   }
-  return nodes;
-}
-
-/// The groupings of one column, as far as they concern one dimension.
-class ColumnGroups {
- public:
-  ColumnGroups(DataColumn const& column, CategoryOrder const& order,
-               std::vector<Grouping> const& groupings)
-      : column_(column), order_(order) {
-    for (Grouping const& grouping : groupings) {
-      if (grouping.column.name == column.name) {
-        groupings_.push_back(&grouping);
-        TakeCategories(grouping);
-      }
-    }
-  }
-
-  std::vector<Grouping const*> const& Groupings() const { return groupings_; }
-
-  /// The categories of the grouping that are children of `parent`.
-  std::vector<Node> Members(Node const& parent, Grouping const& grouping) const {
-    std::vector<Node> members;
-    for (std::size_t i = 0; i < parent.NChildren(); ++i) {
-      if (IsOfData(parent[i].Value())) {
-        auto const group = groupOf_.find(CategoryOf(parent[i]));
-        if (group != groupOf_.end() && group->second == &grouping) {
-          members.push_back(parent[i]);
-        }
-      }
-    }
-    return members;
-  }
-
-  /// @throws InputError for a category that stands under none of `parents` beside the first.
-  void CheckSiblings(std::vector<Node> const& parents, Grouping const& grouping) const {
-    NamedColumn const& first = grouping.categories.front();
-    std::set<std::uint32_t> besideFirst{*Find(first.name)};
-    for (Node const& parent : parents) {
-      std::set<std::uint32_t> siblings;
-      for (Node const& member : Members(parent, grouping)) {
-        siblings.insert(CategoryOf(member));
-      }
-      if (siblings.count(*Find(first.name)) != 0) {
-        besideFirst.merge(siblings);
-      }
-    }
-    for (NamedColumn const& category : grouping.categories) {
-      if (besideFirst.count(*Find(category.name)) == 0) {
-        Fail(grouping, category,
-             "the category " + Quoted(category.name) + " is nowhere in one group with " +
-                 Quoted(first.name));
-      }
-    }
-  }
-
- private:
-  void TakeCategories(Grouping const& grouping) {
-    for (NamedColumn const& named : grouping.categories) {
-      std::optional<std::uint32_t> const category = Find(named.name);
-      if (!category.has_value()) {
-        Fail(grouping, named,
-             "the column " + Quoted(column_.name) + " has no category " + Quoted(named.name));
-      }
-      auto const [known, added] = groupOf_.emplace(*category, &grouping);
-      if (!added) {
-        Fail(grouping, named,
-             "the category " + Quoted(named.name) +
-                 (known->second == &grouping ? " comes twice" : " is in another group already"));
-      }
-    }
-  }
-
-  std::optional<std::uint32_t> Find(std::string const& value) const {
-    return FindCategory(column_, order_, value);
-  }
-
-  std::uint32_t CategoryOf(Node const& node) const { return *Find(node.Value().label->GetText()); }
-
-  DataColumn const& column_;
-  CategoryOrder const& order_;
-  std::vector<Grouping const*> groupings_;
-  std::unordered_map<std::uint32_t, Grouping const*> groupOf_;  // by category
-};
-
-void GroupChildren(OmDimension& dimension, std::vector<Node> members, Grouping const& grouping) {
-  std::vector<Node*> handles;
-  handles.reserve(members.size());
-  for (Node& member : members) {
-    handles.push_back(&member);
-  }
-  dimension.insertChild(OmStringCell(grouping.group.name), handles);
+  return members;
 }
 
 }  // namespace
 
-void GroupCategories(OmDimension& target, TableDimension const& source, DataSet const& data,
-                     std::vector<Grouping> const& groupings) {
-  // From the innermost column outwards: a group moves what is below it one level down.
-  for (std::size_t level = source.columns.size(); level-- > 0;) {
-    ColumnGroups const groups(data.columns[source.columns[level]], source.orders[level], groupings);
-    for (Grouping const* const grouping : groups.Groupings()) {
-      std::vector<Node> const parents = NodesAt(target, level);
-      if (level > 0) {
-        groups.CheckSiblings(parents, *grouping);
+CategoryGroups::CategoryGroups(TableDimension const& dimension, DataSet const& data,
+                               std::vector<Grouping> const& groupings)
+    : groupsByLevel_(dimension.columns.size()) {
+  for (std::size_t level = dimension.columns.size(); level-- > 0;) {
+    AddLevel(level, dimension, data.columns[dimension.columns[level]], groupings);
+  }
+}
+
+Grouping const* CategoryGroups::Find(std::size_t level, std::uint32_t category) const {
+  auto const found = groupsByLevel_[level].find(category);
+  return found != groupsByLevel_[level].end() ? found->second : nullptr;
+}
+
+void CategoryGroups::AddLevel(std::size_t level, TableDimension const& dimension,
+                              DataColumn const& column, std::vector<Grouping> const& groupings) {
+  std::vector<std::pair<Grouping const*, std::vector<std::uint32_t>>> ofColumn;
+  for (Grouping const& grouping : groupings) {
+    if (grouping.column.name != column.Name()) {
+      continue;
+    }
+    if (std::any_of(ofColumn.begin(), ofColumn.end(), [&](auto const& other) {
+          return other.first->group.name == grouping.group.name;
+        })) {
+      Fail(grouping, grouping.group, "duplicate group " + Quoted(grouping.group.name));
+    }
+    ofColumn.emplace_back(&grouping, FindMembers(grouping, column, dimension.orders[level]));
+    for (std::size_t i = 0; i < grouping.categories.size(); ++i) {
+      auto const [known, added] =
+          groupsByLevel_[level].emplace(ofColumn.back().second[i], &grouping);
+      if (!added) {
+        NameToken const& token = grouping.categories[i];
+        Fail(grouping, token,
+             "duplicate category " + Quoted(token.name) +
+                 (known->second == &grouping
+                      ? ""
+                      : ", already in group " + Quoted(known->second->group.name) + ","));
       }
-      for (Node const& parent : parents) {
-        GroupChildren(target, groups.Members(parent, *grouping), *grouping);
+    }
+  }
+  for (auto const& [grouping, members] : ofColumn) {
+    CheckSiblings(level, dimension.categories, *grouping, members);
+  }
+}
+
+void CategoryGroups::CheckSiblings(std::size_t level, TupleIndex const& categories,
+                                   Grouping const& grouping,
+                                   std::vector<std::uint32_t> const& members) const {
+  if (level == 0) {
+    return;
+  }
+  std::set<std::uint32_t> besideFirst{members.front()};
+  for (std::size_t start = 0; start < categories.size();) {
+    std::set<std::uint32_t> siblings;
+    std::size_t const end = FindRunEnd(categories, start, categories.size(), level);
+    for (; start < end; ++start) {
+      if (Find(level, categories[start][level]) == &grouping) {
+        siblings.insert(categories[start][level]);
       }
+    }
+    if (siblings.count(members.front()) != 0) {
+      besideFirst.merge(siblings);
+    }
+  }
+  for (std::size_t i = 0; i < members.size(); ++i) {
+    if (besideFirst.count(members[i]) == 0) {
+      Fail(grouping, grouping.categories[i],
+           "category " + Quoted(grouping.categories[i].name) + " never occurs next to " +
+               Quoted(grouping.categories.front().name));
     }
   }
 }

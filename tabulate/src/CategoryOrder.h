@@ -15,9 +15,9 @@ namespace lakresvos::tabulate {
 /// however they are written; else in the order in which the values first appear. A number with a
 /// needless leading zero is a code, and makes texts of all values of its column.
 struct CategoryOrder {
-  std::vector<std::uint32_t> categoryOf;  ///< by code
-  std::vector<std::uint32_t> codeOf;      ///< by category, the first code that belongs to it
-  bool numeric;                           ///< whether the values are numbers
+  std::vector<std::uint32_t> categoryByCode;  ///< by code
+  std::vector<std::uint32_t> codeByCategory;  ///< by category, the first code that belongs to it
+  bool numeric;                               ///< whether the values are numbers
 };
 
 /// Orders the values of a column. Requires: the column is kept.

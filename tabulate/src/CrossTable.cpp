@@ -7,21 +7,17 @@
 #include <cells/OmNumber.h>
 #include <cells/OmStringCell.h>
 #include <lakresvos/tabulate/CrossTable.h>
-#include <lakresvos/tabulate/StatisticLabel.h>
 
 #include "CategoryGroups.h"
 #include "DimensionTree.h"
+#include "Plural.h"
 #include "Tabulation.h"
 
 namespace lakresvos::tabulate {
 
 namespace {
 
-std::string Rows(std::size_t count) {
-  return std::to_string(count) + (count == 1 ? " row" : " rows");
-}
-
-std::string ListOf(std::vector<FormulaTerm> const& terms) {
+std::string JoinTerms(std::vector<FormulaTerm> const& terms) {
   std::string list;
   for (FormulaTerm const& term : terms) {
     for (std::size_t level = 0; level < term.size(); ++level) {
@@ -32,34 +28,33 @@ std::string ListOf(std::vector<FormulaTerm> const& terms) {
 }
 
 /// "Count, Row %: Class, Sex by Survived for each Age".
-std::string TitleOf(Formula const& formula, std::vector<Statistic> const& statistics) {
+std::string MakeTitle(Formula const& formula, std::vector<Statistic> const& statistics) {
   std::string title;
   for (Statistic const& statistic : statistics) {
-    title += (title.empty() ? "" : ", ") + StatisticLabel(statistic)->GetText();
+    title += (title.empty() ? "" : ", ") + MakeStatisticLabel(statistic)->GetText();
   }
-  title += ": " + ListOf(formula.rows);
+  title += ": " + JoinTerms(formula.rows);
   if (!formula.columns.empty()) {
-    title += (formula.rows.empty() ? "" : " by ") + ListOf(formula.columns);
+    title += (formula.rows.empty() ? "" : " by ") + JoinTerms(formula.columns);
   } else if (formula.rows.empty()) {
     title += "All rows";
   }
-  return formula.layers.empty() ? title : title + " for each " + ListOf(formula.layers);
+  return formula.layers.empty() ? title : title + " for each " + JoinTerms(formula.layers);
 }
 
-class CrossTableMaker {
+class CrossTableBuilder {
  public:
-  CrossTableMaker(DataSet const& data, RowWeights const& weights, TableRequest const& request,
-                  std::vector<Statistic> const& statistics, bool totals,
-                  std::vector<Grouping> const& groupings)
+  CrossTableBuilder(DataSet const& data, RowWeights const& weights, TableRequest const& request,
+                    std::vector<Statistic> const& statistics, bool totals,
+                    std::vector<Grouping> const& groupings)
       : data_(data),
-        weights_(weights),
         statistics_(statistics),
         totals_(totals),
         groupings_(groupings),
         tabulation_(data, weights, request.formula, statistics, totals),
         hasStatisticsDimension_(statistics.size() > 1 || tabulation_.Dimensions().empty()) {
     std::string const title =
-        request.title.empty() ? TitleOf(request.formula, statistics) : request.title;
+        request.title.empty() ? MakeTitle(request.formula, statistics) : request.title;
     table_ = std::make_unique<OmPivotTable>(OmStringCell(title), OmStringCell("Tabulation", true),
                                             false);
     AddDimensions();
@@ -80,16 +75,15 @@ class CrossTableMaker {
     std::vector<TableDimension> const& dimensions = tabulation_.Dimensions();
     for (TableDimension const& source : dimensions) {
       bool const withTotal = totals_ && source.axis != TableAxis::Layers;
-      OmDimension& dimension = table_->AddDimension(*LabelOf(source, data_));
-      FillDimension(dimension, source, data_, withTotal);
-      GroupCategories(dimension, source, data_, groupings_);
+      OmDimension& dimension = table_->AddDimension(*MakeDimensionLabel(source, data_));
+      FillDimension(dimension, source, CategoryGroups(source, data_, groupings_), data_, withTotal);
     }
     if (hasStatisticsDimension_) {
       AddStatisticsDimension();
       table_->Columns().push_back(static_cast<short>(dimensions.size()));
     }
     for (std::size_t d = dimensions.size(); d-- > 0;) {
-      AxisOf(dimensions[d]).push_back(static_cast<short>(d));
+      FindAxis(dimensions[d]).push_back(static_cast<short>(d));
     }
   }
 
@@ -97,11 +91,11 @@ class CrossTableMaker {
     OmDimension& dimension = table_->AddDimension(OmStringCell("Statistics", true));
     dimension.Root().Value().hide = true;
     for (std::size_t i = 0; i < statistics_.size(); ++i) {
-      dimension.AddNewChild(dimension.Root(), *StatisticLabel(statistics_[i]), i, false);
+      dimension.AddNewChild(dimension.Root(), *MakeStatisticLabel(statistics_[i]), i, false);
     }
   }
 
-  PuppetVector<short>& AxisOf(TableDimension const& dimension) {
+  PuppetVector<short>& FindAxis(TableDimension const& dimension) {
     switch (dimension.axis) {
       case TableAxis::Rows:
         return table_->Rows();
@@ -115,7 +109,7 @@ class CrossTableMaker {
 
   void AddCells() {
     std::vector<int> index;
-    for (std::size_t const cell : CellsInReadingOrder()) {
+    for (std::size_t const cell : SortCells()) {
       TupleIndex::Tuple const subscripts = tabulation_.Subscripts(cell);
       index.assign(subscripts.begin(), subscripts.end());
       for (std::size_t i = 0; i < statistics_.size(); ++i) {
@@ -129,7 +123,7 @@ class CrossTableMaker {
   }
 
   /// The cells to show, by layer, then by row, then by column; so footnotes come in this order too.
-  std::vector<std::size_t> CellsInReadingOrder() const {
+  std::vector<std::size_t> SortCells() const {
     std::vector<TableDimension> const& dimensions = tabulation_.Dimensions();
     std::vector<std::size_t> significance(dimensions.size());
     std::iota(significance.begin(), significance.end(), 0);
@@ -152,39 +146,19 @@ class CrossTableMaker {
   }
 
   void AddCell(std::vector<int> const& index, std::size_t cell, std::size_t statistic) {
-    OmNumber number(tabulation_.Value(cell, statistic), Decimals(statistic));
+    OmNumber number(tabulation_.Value(cell, statistic), tabulation_.Decimals(statistic));
     std::size_t const missing = tabulation_.Missing(cell, statistic);
     if (missing != 0) {
       OmCellMetaData meta;
-      meta.addFootnote(
-          Footnote(statistics_[statistic].column.name + " missing in " + Rows(missing)));
+      meta.addFootnote(InternFootnote(statistics_[statistic].column.name + " missing in " +
+                                      Plural(missing, "row")));
       number.setMeta(&meta);
     }
     table_->Cell(index, number);
   }
 
-  int Decimals(std::size_t statistic) const {
-    switch (statistics_[statistic].measure) {
-      case Measure::Count:
-        return weights_.Decimals();
-      case Measure::RowPercent:
-      case Measure::ColumnPercent:
-      case Measure::TotalPercent:
-        return 1;
-      case Measure::Mean:
-      case Measure::Deviation:
-        return 2;
-      case Measure::Sum:
-        return tabulation_.Decimals(statistic) + weights_.Decimals();
-      case Measure::Minimum:
-      case Measure::Maximum:
-        break;
-    }
-    return tabulation_.Decimals(statistic);
-  }
-
   /// The number of a footnote; each text is one footnote.
-  unsigned int Footnote(std::string const& text) {
+  unsigned int InternFootnote(std::string const& text) {
     auto const [known, added] = footnotes_.emplace(text, 0);
     if (added) {
       OmFootnote footnote;
@@ -196,29 +170,28 @@ class CrossTableMaker {
 
   void SetTitle(std::string const& text) {
     OmStringCell title(text);
-    if (tabulation_.RowsLeftOut() != 0) {
+    if (tabulation_.ExcludedRows() != 0) {
       OmCellMetaData meta;
-      meta.addFootnote(Footnote(LeftOutNote()));
+      meta.addFootnote(InternFootnote(MakeExclusionNote()));
       title.setMeta(&meta);
     }
     table_->SetTableTitle(title);
   }
 
-  std::string LeftOutNote() const {
-    std::size_t const rows = tabulation_.RowsLeftOut();
+  std::string MakeExclusionNote() const {
+    std::size_t const rows = tabulation_.ExcludedRows();
     std::string columns;
-    for (MissingRows const& missing : tabulation_.LeftOutFor()) {
+    for (MissingRows const& missing : tabulation_.MissingByColumn()) {
       if (missing.rows != 0) {
-        columns += (columns.empty() ? "" : ", ") + data_.columns[missing.column].name + ": " +
+        columns += (columns.empty() ? "" : ", ") + data_.columns[missing.column].Name() + ": " +
                    std::to_string(missing.rows);
       }
     }
-    return Rows(rows) + " with missing values " + (rows == 1 ? "is" : "are") + " left out (" +
-           columns + ")";
+    return Plural(rows, "row") + " with missing values " + (rows == 1 ? "is" : "are") +
+           " left out (" + columns + ")";
   }
 
   DataSet const& data_;
-  RowWeights const& weights_;
   std::vector<Statistic> const& statistics_;
   bool totals_;
   std::vector<Grouping> const& groupings_;
@@ -234,7 +207,7 @@ std::unique_ptr<OmPivotTable> MakeCrossTable(DataSet const& data, RowWeights con
                                              TableRequest const& request,
                                              std::vector<Statistic> const& statistics, bool totals,
                                              std::vector<Grouping> const& groupings) {
-  return CrossTableMaker(data, weights, request, statistics, totals, groupings).Result();
+  return CrossTableBuilder(data, weights, request, statistics, totals, groupings).Result();
 }
 
 }  // namespace lakresvos::tabulate

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <csv.h>
 #include <exception>
+#include <istream>
 #include <memory>
 #include <new>
 #include <system_error>
@@ -49,7 +50,7 @@ class CsvParser {
         csv_parse(&parser_, bytes.data(), bytes.size(), &OnField, &OnRowEnd, this);
     Rethrow();
     if (parsed != bytes.size()) {
-      FailUnlessParsed(bytes[parsed] == '"' ? "a quote inside a field that is not quoted"
+      FailUnlessParsed(bytes[parsed] == '"' ? "quote in an unquoted field"
                                             : "text after the closing quote");
     }
   }
@@ -58,7 +59,7 @@ class CsvParser {
     int const status = csv_fini(&parser_, &OnField, &OnRowEnd, this);
     Rethrow();
     if (status != 0) {
-      FailUnlessParsed("the quoted field that starts here never ends");
+      FailUnlessParsed("unclosed quoted field");
     }
   }
 
@@ -99,7 +100,7 @@ class CsvParser {
     afterCarriageReturn_ = end == '\r';
     if (record_.size() != 0) {
       CheckUtf8();
-      sink_.Take(record_);
+      sink_.Add(record_);
       record_.line_ += LinesInRecord();
       record_.text_.clear();
       record_.ends_.clear();
@@ -114,13 +115,13 @@ class CsvParser {
     std::size_t line = record_.line_;
     for (std::size_t column = 0; column < record_.size(); ++column) {
       if (!IsUtf8(record_[column])) {
-        Fail(line, column, "bytes that are not UTF-8");
+        Fail(line, column, "invalid UTF-8");
       }
       line += CountLineEnds(record_[column]);
     }
   }
 
-  /// How many line ends stand inside the record's finished fields.
+  /// How many line ends are inside the record's finished fields.
   std::size_t LinesInRecord() const {
     std::size_t lines = 0;
     if (record_.text_.find('\n') != std::string::npos ||
@@ -157,22 +158,16 @@ class CsvParser {
   std::exception_ptr thrown_;
 };
 
-void ReadCsv(std::string const& file, CsvSink& sink) {
-  auto const fail = [&file] {
-    throw InputError(file + ": " + std::generic_category().message(errno));
-  };
-  std::unique_ptr<std::FILE, int (*)(std::FILE*)> const input(std::fopen(file.c_str(), "rb"),
-                                                              &std::fclose);
-  if (input == nullptr) {
-    fail();
-  }
-  CsvParser parser(file, sink);
+namespace {
+
+/// Parses all bytes of a source.
+/// @param read fills a buffer and returns how many bytes it got: fewer than asked for at the end.
+template <class Read>
+void ParseAll(std::string const& name, CsvSink& sink, Read read) {
+  CsvParser parser(name, sink);
   std::vector<char> buffer(1 << 16);
   for (bool first = true;; first = false) {
-    std::size_t const size = std::fread(buffer.data(), 1, buffer.size(), input.get());
-    if (std::ferror(input.get()) != 0) {
-      fail();
-    }
+    std::size_t const size = read(buffer.data(), buffer.size());
     std::string_view bytes(buffer.data(), size);
     if (first && bytes.starts_with(std::string_view(kByteOrderMark, sizeof kByteOrderMark))) {
       bytes.remove_prefix(sizeof kByteOrderMark);
@@ -183,6 +178,36 @@ void ReadCsv(std::string const& file, CsvSink& sink) {
     }
   }
   parser.Finish();
+}
+
+}  // namespace
+
+void ReadCsv(std::string const& file, CsvSink& sink) {
+  auto const fail = [&file] {
+    throw InputError(file + ": " + std::generic_category().message(errno));
+  };
+  std::unique_ptr<std::FILE, int (*)(std::FILE*)> const input(std::fopen(file.c_str(), "rb"),
+                                                              &std::fclose);
+  if (input == nullptr) {
+    fail();
+  }
+  ParseAll(file, sink, [&](char* buffer, std::size_t size) {
+    std::size_t const got = std::fread(buffer, 1, size, input.get());
+    if (std::ferror(input.get()) != 0) {
+      fail();
+    }
+    return got;
+  });
+}
+
+void ReadCsv(std::istream& input, std::string const& name, CsvSink& sink) {
+  ParseAll(name, sink, [&](char* buffer, std::size_t size) {
+    input.read(buffer, static_cast<std::streamsize>(size));
+    if (input.bad()) {
+      throw InputError(name + ": cannot be read");
+    }
+    return static_cast<std::size_t>(input.gcount());
+  });
 }
 
 }  // namespace lakresvos::tabulate

@@ -2,13 +2,14 @@
 #define LAKRESVOS_TABULATE_CSVREADER_H
 
 #include <cstddef>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace lakresvos::tabulate {
 
-/// One record of a CSV file. Valid only while it is handed out.
+/// One record of CSV. Valid only during CsvSink::Add().
 class CsvRecord {
  public:
   /// The line on which the record starts, from 1.
@@ -26,29 +27,32 @@ class CsvRecord {
  private:
   friend class CsvParser;
 
-  std::string text_;               // all fields, one behind the other
+  std::string text_;               // all fields, one after the other
   std::vector<std::size_t> ends_;  // where each field ends
   std::size_t line_ = 1;
 };
 
-/// Takes the records of a CSV file, one after the other.
+/// Receives the records of CSV, one after the other.
 class CsvSink {
  public:
   virtual ~CsvSink() = default;
-  virtual void Take(CsvRecord const& record) = 0;
+  virtual void Add(CsvRecord const& record) = 0;
 };
 
-/// Reads a CSV file as RFC 4180 has it, in one pass, in memory that grows with the longest record
-/// alone.
+/// Reads a CSV file as in RFC 4180, in one pass, in memory that grows with the longest record alone.
 ///
-/// Fields are UTF-8, behind a byte order mark or not; blanks belong to them; quoted ones may hold
-/// commas, doubled quotes and line ends. Lines end with CR LF, LF or CR. Empty lines are no
-/// records.
+/// Fields are UTF-8, with or without a byte order mark; spaces belong to them; quoted ones may hold
+/// commas, doubled quotes and line ends. Beyond the RFC, lines may end with LF or CR as well as CR
+/// LF, and empty lines are skipped.
 ///
-/// @throws InputError for a file that cannot be read, for broken quoting, and for bytes that are
-///         not UTF-8, naming the line on which the bad field starts and the number of its column;
-///         whatever the sink throws.
+/// @throws InputError for a file that cannot be read, for broken quotes and for invalid UTF-8, with
+///         the line on which the bad field starts and the number of its column; whatever the sink
+///         throws.
 void ReadCsv(std::string const& file, CsvSink& sink);
+
+/// Reads CSV from a stream up to its end; otherwise as above.
+/// @param name names the source in messages.
+void ReadCsv(std::istream& input, std::string const& name, CsvSink& sink);
 
 }  // namespace lakresvos::tabulate
 

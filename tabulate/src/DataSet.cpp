@@ -8,116 +8,107 @@
 #include <lakresvos/tabulate/WarningLog.h>
 
 #include "CsvReader.h"
+#include "Plural.h"
 
 namespace lakresvos::tabulate {
 
 namespace {
 
-bool IsMissing(std::string_view field) {
-  return field.empty() || field == "NA";
-}
-
-std::string Fields(std::size_t count) {
-  return std::to_string(count) + (count == 1 ? " field" : " fields");
-}
-
-class DataSetSink : public CsvSink {
+class DataSetBuilder : public CsvSink {
  public:
-  DataSetSink(DataSet& data, std::vector<ColumnWish> const& wishes, WarningLog& warnings)
-      : data_(data), wishes_(wishes), warnings_(warnings) {}
+  DataSetBuilder(std::string const& name, RequiredColumns const& required, WarningLog& warnings)
+      : required_(required), warnings_(warnings) {
+    data_.file = name;
+  }
 
-  void Take(CsvRecord const& record) override {
+  void Add(CsvRecord const& record) override {
     if (data_.columns.empty()) {
-      TakeHeader(record);
+      AddColumns(record);
     } else {
-      TakeRow(record);
+      AddRow(record);
     }
+  }
+
+  /// @throws InputError when there was no header.
+  DataSet Result() {
+    if (data_.columns.empty()) {
+      throw InputError(data_.file, 1, "expected a header line with the names of the columns");
+    }
+    return std::move(data_);
   }
 
  private:
-  void TakeHeader(CsvRecord const& record) {
+  void AddColumns(CsvRecord const& header) {
     std::unordered_map<std::string, std::size_t> numbers;
-    for (std::size_t i = 0; i < record.size(); ++i) {
-      std::string const name(record[i]);
+    for (std::size_t i = 0; i < header.size(); ++i) {
+      std::string const name(header[i]);
       auto const [known, added] = numbers.emplace(name, i);
       if (!added) {
-        throw InputError(data_.file, record.Line(),
-                         "columns " + std::to_string(known->second + 1) + " and " +
-                             std::to_string(i + 1) + " have the same name " + Quoted(name));
+        throw InputError(data_.file, header.Line(),
+                         "duplicate column name " + Quoted(name) + " in columns " +
+                             std::to_string(known->second + 1) + " and " + std::to_string(i + 1));
       }
     }
-    data_.columns.resize(record.size());
-    for (auto const& [name, number] : numbers) {
-      data_.columns[number].name = name;
-    }
-    for (ColumnWish const& wish : wishes_) {
-      auto const found = numbers.find(wish.name);
+    std::vector<bool> kept(header.size());
+    for (RequiredColumn const& column : required_) {
+      auto const found = numbers.find(column.name);
       if (found == numbers.end()) {
         throw InputError(
-            data_.file, record.Line(),
-            "there is no column " + Quoted(wish.name) + ", which " + wish.Source() + " asks for");
+            data_.file, header.Line(),
+            "unknown column " + Quoted(column.name) + " in " + column.DescribeSource());
       }
-      data_.columns[found->second].kept = true;
+      kept[found->second] = true;
+    }
+    for (std::size_t i = 0; i < header.size(); ++i) {
+      data_.columns.emplace_back(std::string(header[i]), kept[i]);
     }
   }
 
-  void TakeRow(CsvRecord const& record) {
+  void AddRow(CsvRecord const& record) {
     ++data_.records;
     if (record.size() != data_.columns.size()) {
-      warnings_.Add({Skipped::Lines, record.Line(), NameOfFirstOddField(record),
-                     Fields(record.size()) + " where the header has " +
+      warnings_.Add({Skipped::Lines, record.Line(), NameFirstOddField(record),
+                     Plural(record.size(), "field") + " where the header has " +
                          std::to_string(data_.columns.size()) + "; the line was skipped"});
       return;
     }
     data_.lines.push_back(record.Line());
     for (std::size_t i = 0; i < record.size(); ++i) {
-      DataColumn& column = data_.columns[i];
-      std::string_view const field = record[i];
-      bool const missing = IsMissing(field);
-      column.missing += missing ? 1 : 0;
-      if (column.kept) {
-        column.codes.push_back(missing ? DataColumn::kMissing : column.values.Intern(field));
-      }
+      data_.columns[i].Append(record[i]);
     }
   }
 
   /// The first column that the record has no field for, or the number of the first field too many.
-  std::string NameOfFirstOddField(CsvRecord const& record) const {
-    return record.size() < data_.columns.size() ? data_.columns[record.size()].name
+  std::string NameFirstOddField(CsvRecord const& record) const {
+    return record.size() < data_.columns.size() ? data_.columns[record.size()].Name()
                                                 : std::to_string(data_.columns.size() + 1);
   }
 
-  DataSet& data_;
-  std::vector<ColumnWish> const& wishes_;
+  DataSet data_;
+  RequiredColumns const& required_;
   WarningLog& warnings_;
 };
 
 }  // namespace
 
-std::string ColumnWish::Source() const {
-  std::string source(option);
-  if (!value.empty()) {
-    source += " '" + std::string(value) + "'";
-  }
-  return position == 0 ? source : source + " at position " + std::to_string(position);
-}
-
-std::size_t DataSet::Find(std::string const& name) const {
+std::size_t DataSet::FindColumn(std::string const& name) const {
   auto const found = std::find_if(columns.begin(), columns.end(),
-                                  [&](DataColumn const& column) { return column.name == name; });
+                                  [&](DataColumn const& column) { return column.Name() == name; });
   return static_cast<std::size_t>(found - columns.begin());
 }
 
-DataSet ReadDataSet(std::string const& file, std::vector<ColumnWish> const& wishes,
+DataSet ReadDataSet(std::string const& file, RequiredColumns const& required,
                     WarningLog& warnings) {
-  DataSet data;
-  data.file = file;
-  DataSetSink sink(data, wishes, warnings);
-  ReadCsv(file, sink);
-  if (data.columns.empty()) {
-    throw InputError(file, 1, "the file has no line that names the columns");
-  }
-  return data;
+  DataSetBuilder builder(file, required, warnings);
+  ReadCsv(file, builder);
+  return builder.Result();
+}
+
+DataSet ReadDataSet(std::istream& input, std::string const& name, RequiredColumns const& required,
+                    WarningLog& warnings) {
+  DataSetBuilder builder(name, required, warnings);
+  ReadCsv(input, name, builder);
+  return builder.Result();
 }
 
 }  // namespace lakresvos::tabulate

@@ -3,6 +3,8 @@
 #include <lakresvos/tabulate/Formula.h>
 #include <lakresvos/tabulate/Quoting.h>
 
+#include "Scanner.h"
+
 namespace lakresvos::tabulate {
 
 namespace {
@@ -14,49 +16,43 @@ class FormulaParser {
   Formula Parse(std::string const& text) {
     Formula formula;
     formula.text = text;
-    if (!scanner_.Take('~')) {
-      formula.rows = Axis();
-      Expect(scanner_.Take('~'), "'*', '/' or '~'");
+    if (!scanner_.Accept('~')) {
+      formula.rows = ReadAxis();
+      scanner_.Expect('~', "'*', '/' or '~'");
     }
-    if (!scanner_.AtEnd() && !scanner_.Take('|')) {
-      formula.columns = Axis();
+    if (!scanner_.AtEnd() && !scanner_.Accept('|')) {
+      formula.columns = ReadAxis();
       if (scanner_.AtEnd()) {
         return formula;
       }
-      Expect(scanner_.Take('|'), "'*', '/', '|' or the end");
+      scanner_.Expect('|', "'*', '/', '|' or the end");
     }
     if (!scanner_.AtEnd()) {
-      formula.layers = Axis();
-      Expect(scanner_.AtEnd(), "'*', '/' or the end");
+      formula.layers = ReadAxis();
+      scanner_.ExpectEnd("'*', '/' or the end");
     }
     return formula;
   }
 
  private:
-  std::vector<FormulaTerm> Axis() {
+  std::vector<FormulaTerm> ReadAxis() {
     std::vector<FormulaTerm> terms;
     do {
-      terms.push_back(Term());
-    } while (scanner_.Take('*'));
+      terms.push_back(ReadTerm());
+    } while (scanner_.Accept('*'));
     return terms;
   }
 
-  FormulaTerm Term() {
+  FormulaTerm ReadTerm() {
     FormulaTerm term;
     do {
-      NamedColumn column = scanner_.Name("~|*/", "the name of a column");
+      NameToken column = scanner_.ReadName("~|*/", "a column name");
       if (!seen_.insert(column.name).second) {
-        scanner_.Fail(column.position, "the column " + Quoted(column.name) + " comes twice");
+        scanner_.Fail(column.position, "duplicate column " + Quoted(column.name));
       }
       term.push_back(std::move(column));
-    } while (scanner_.Take('/'));
+    } while (scanner_.Accept('/'));
     return term;
-  }
-
-  void Expect(bool met, char const* what) {
-    if (!met) {
-      scanner_.Fail(scanner_.Position(), std::string("there should be ") + what);
-    }
   }
 
   Scanner scanner_;

@@ -4,25 +4,24 @@
 
 namespace lakresvos::tabulate {
 
-void Moments::Add(double number, double times) {
-  if (times == 0) {
+void Moments::Add(double number, double weight) {
+  if (weight == 0) {
     return;
   }
   minimum_ = weight_ == 0 ? number : std::min(minimum_, number);
   maximum_ = weight_ == 0 ? number : std::max(maximum_, number);
   WideNumber const exact = number;
-  WideNumber const weight = times;
+  WideNumber const times = weight;
   WideNumber const before = weight_;
-  weight_ += weight;
+  weight_ += times;
   WideNumber const distance = exact - mean_;
-  WideNumber const step = distance * weight / weight_;
+  WideNumber const step = distance * times / weight_;
   mean_ += step;
   squares_ += before * distance * step;
-  sum_ += exact * weight;
+  sum_ += exact * times;
 }
 
 void Moments::Merge(Moments const& other) {
-  std::size_t const missing = missing_ + other.missing_;
   if (weight_ == 0) {
     *this = other;
   } else if (other.weight_ > 0) {
@@ -36,7 +35,6 @@ void Moments::Merge(Moments const& other) {
     squares_ += other.squares_ + before * distance * step;
     sum_ += other.sum_;
   }
-  missing_ = missing;
 }
 
 double Moments::Sum() const {

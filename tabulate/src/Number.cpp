@@ -1,9 +1,9 @@
+#include "Number.h"
+
 #include <algorithm>
 #include <charconv>
 #include <string>
 #include <system_error>
-
-#include <lakresvos/tabulate/Number.h>
 
 namespace lakresvos::tabulate {
 
@@ -13,13 +13,13 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-std::string_view WithoutSign(std::string_view number) {
+std::string_view RemoveSign(std::string_view number) {
   bool const isSigned = number.starts_with('-') || number.starts_with('+');
   return number.substr(isSigned ? 1 : 0);
 }
 
 /// The power of ten that a number is written with.
-long long ExponentOf(std::string_view number) {
+long long ReadExponent(std::string_view number) {
   std::size_t const mark = number.find_first_of("eE");
   if (mark == std::string_view::npos) {
     return 0;
@@ -35,7 +35,7 @@ long long ExponentOf(std::string_view number) {
 /// power. Zero has no digits.
 struct Decimal {
   explicit Decimal(std::string_view number) {
-    std::string_view const mantissa = WithoutSign(number.substr(0, number.find_first_of("eE")));
+    std::string_view const mantissa = RemoveSign(number.substr(0, number.find_first_of("eE")));
     std::size_t const point = std::min(mantissa.find('.'), mantissa.size());
     digits = mantissa.substr(0, point);
     digits += mantissa.substr(std::min(point + 1, mantissa.size()));
@@ -44,7 +44,7 @@ struct Decimal {
     digits.erase(digits.find_last_not_of('0') + 1);
     if (!digits.empty()) {
       negative = number.starts_with('-');
-      power = ExponentOf(number) + static_cast<long long>(point) - static_cast<long long>(first);
+      power = ReadExponent(number) + static_cast<long long>(point) - static_cast<long long>(first);
     }
   }
 
@@ -78,16 +78,16 @@ double ParseNumber(std::string_view text) {
   return value == 0 ? 0 : value;
 }
 
-int DecimalsOf(std::string_view number) {
-  constexpr long kMost = 15;
+int CountDecimals(std::string_view number) {
+  constexpr long kMaxDecimals = 15;
   std::size_t const exponentMark = number.find_first_of("eE");
   std::string_view const mantissa = number.substr(0, exponentMark);
   std::size_t const point = mantissa.find('.');
   long decimals = point == std::string_view::npos
                       ? 0
                       : static_cast<long>(std::min<std::size_t>(mantissa.size() - point - 1, 1000));
-  decimals -= static_cast<long>(std::clamp(ExponentOf(number), -1000LL, 1000LL));
-  return static_cast<int>(std::clamp(decimals, 0L, kMost));
+  decimals -= static_cast<long>(std::clamp(ReadExponent(number), -1000LL, 1000LL));
+  return static_cast<int>(std::clamp(decimals, 0L, kMaxDecimals));
 }
 
 int CompareNumbers(std::string_view a, std::string_view b) {
@@ -100,7 +100,7 @@ int CompareNumbers(std::string_view a, std::string_view b) {
 }
 
 bool HasNeedlessZero(std::string_view number) {
-  std::string_view const digits = WithoutSign(number);
+  std::string_view const digits = RemoveSign(number);
   return digits.size() > 1 && digits[0] == '0' && IsDigit(digits[1]);
 }
 

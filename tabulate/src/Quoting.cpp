@@ -27,19 +27,19 @@ std::string OneLine(std::string_view text) {
 }
 
 std::string Shortened(std::string const& line) {
-  constexpr std::size_t kLongest = 500;
-  constexpr std::size_t kEnd = 200;
-  std::size_t const characters = CharacterCount(line);
-  if (characters <= kLongest) {
+  constexpr std::size_t kMaxLength = 500;
+  constexpr std::size_t kEndLength = 200;
+  std::size_t const characters = CountCharacters(line);
+  if (characters <= kMaxLength) {
     return line;
   }
-  return line.substr(0, CharacterOffset(line, kLongest - kEnd)) + "..." +
-         line.substr(CharacterOffset(line, characters - kEnd));
+  return line.substr(0, FindCharacter(line, kMaxLength - kEndLength)) + "..." +
+         line.substr(FindCharacter(line, characters - kEndLength));
 }
 
 std::string Quoted(std::string_view text) {
-  constexpr std::size_t kLongest = 40;
-  std::size_t const shown = CharacterOffset(text, kLongest);
+  constexpr std::size_t kMaxLength = 40;
+  std::size_t const shown = FindCharacter(text, kMaxLength);
   std::string quoted = "'";
   quoted += OneLine(text.substr(0, shown));
   quoted += shown < text.size() ? "...'" : "'";

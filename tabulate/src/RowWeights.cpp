@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 
 #include <lakresvos/tabulate/InputError.h>
 #include <lakresvos/tabulate/Quoting.h>
@@ -8,21 +9,22 @@
 namespace lakresvos::tabulate {
 
 RowWeights::RowWeights(DataSet const& data, std::string const& column, WarningLog& warnings)
-    : column_(&data.columns[data.Find(column)]), numbers_(NumbersOf(*column_)) {
+    : column_(&data.columns[data.FindColumn(column)]), numbers_(&column_->Numbers()) {
+  std::vector<double> const& weights = numbers_->byCode;
   for (std::size_t row = 0; row < data.Rows(); ++row) {
-    std::uint32_t const code = column_->codes[row];
-    if (code == DataColumn::kMissing) {
+    std::uint32_t const code = column_->Codes()[row];
+    if (code == kMissingCode) {
       warnings.Add({Skipped::Weights, data.lines[row], column,
                     "the weight is missing; the line was skipped"});
-    } else if (!(numbers_.byCode[code] >= 0)) {
+    } else if (!(weights[code] >= 0)) {
       throw InputError(data.file, data.lines[row],
-                       "column " + Quoted(column) + ": the weight " +
-                           Quoted(column_->values[code]) + " is not a number that is 0 or more");
+                       "column " + Quoted(column) + ": expected a weight of 0 or more, not " +
+                           Quoted(column_->Values()[code]));
     }
   }
-  bool const integers = std::all_of(numbers_.byCode.begin(), numbers_.byCode.end(),
+  bool const integers = std::all_of(weights.begin(), weights.end(),
                                     [](double weight) { return weight == std::floor(weight); });
-  decimals_ = integers ? 0 : numbers_.decimals;
+  decimals_ = integers ? 0 : numbers_->decimals;
 }
 
 }  // namespace lakresvos::tabulate

@@ -1,59 +1,55 @@
 #include <algorithm>
-#include <array>
 
+#include <cells/OmComposite.h>
+#include <cells/OmStringCell.h>
+#include <cells/OmVariable.h>
 #include <lakresvos/tabulate/Quoting.h>
 #include <lakresvos/tabulate/Statistic.h>
+
+#include "Scanner.h"
+#include "StatisticKind.h"
 
 namespace lakresvos::tabulate {
 
 namespace {
 
-struct MeasureName {
-  char const* keyword;
-  char const* label;
-};
-
-/// In the order of the enumerators.
-constexpr std::array<MeasureName, 9> kMeasures = {{{"count", "Count"},
-                                                   {"row%", "Row %"},
-                                                   {"column%", "Column %"},
-                                                   {"total%", "Total %"},
-                                                   {"mean", "Mean"},
-                                                   {"sd", "Std. deviation"},
-                                                   {"sum", "Sum"},
-                                                   {"min", "Minimum"},
-                                                   {"max", "Maximum"}}};
-
 Statistic ReadStatistic(Scanner& scanner) {
-  NamedColumn const keyword = scanner.Name(",:", "a statistic");
-  auto const* const found =
-      std::find_if(kMeasures.begin(), kMeasures.end(),
-                   [&](MeasureName const& name) { return keyword.name == name.keyword; });
-  if (found == kMeasures.end()) {
-    scanner.Fail(keyword.position, "there is no statistic " + Quoted(keyword.name));
+  NameToken const keyword = scanner.ReadName(",:", "a statistic");
+  auto const kinds = ListStatisticKinds();
+  auto const kind = std::find_if(kinds.begin(), kinds.end(), [&](StatisticKind const& one) {
+    return one.keyword == keyword.name;
+  });
+  if (kind == kinds.end()) {
+    scanner.Fail(keyword.position, "unknown statistic " + Quoted(keyword.name));
   }
-  Statistic statistic{static_cast<Measure>(found - kMeasures.begin()), {"", keyword.position}};
-  if (NeedsColumn(statistic.measure)) {
-    if (!scanner.Take(':')) {
-      scanner.Fail(scanner.Position(), "there should be ':' and the name of a column");
-    }
-    statistic.column = scanner.Name(",", "the name of a column");
+  Statistic statistic{&*kind, {"", keyword.position}};
+  if (kind->NeedsColumn()) {
+    scanner.Expect(':', "':' and a column name");
+    statistic.column = scanner.ReadName(",", "a column name");
   }
   return statistic;
 }
 
+std::string Describe(Statistic const& statistic) {
+  std::string const keyword(statistic.kind->keyword);
+  return NeedsColumn(statistic) ? keyword + ":" + statistic.column.name : keyword;
+}
+
 }  // namespace
 
-bool NeedsColumn(Measure measure) {
-  return measure >= Measure::Mean;
+bool NeedsColumn(Statistic const& statistic) {
+  return statistic.kind->NeedsColumn();
 }
 
-bool IsPercent(Measure measure) {
-  return measure >= Measure::RowPercent && measure <= Measure::TotalPercent;
-}
-
-char const* LabelOf(Measure measure) {
-  return kMeasures[static_cast<std::size_t>(measure)].label;
+std::unique_ptr<OmCellText> MakeStatisticLabel(Statistic const& statistic) {
+  OmStringCell const kind(std::string(statistic.kind->label), true);
+  if (!NeedsColumn(statistic)) {
+    return std::unique_ptr<OmCellText>(kind.Clone(nullptr));
+  }
+  auto label = std::make_unique<OmComposite>("{0} of {1}");
+  label->AddPart(kind);
+  label->AddPart(OmVariable(statistic.column.name, ""));
+  return label;
 }
 
 std::vector<Statistic> ParseStatistics(std::string const& text) {
@@ -63,15 +59,13 @@ std::vector<Statistic> ParseStatistics(std::string const& text) {
     std::size_t const position = scanner.Position();
     Statistic statistic = ReadStatistic(scanner);
     for (Statistic const& other : statistics) {
-      if (other.measure == statistic.measure && other.column.name == statistic.column.name) {
-        scanner.Fail(position, "the statistic comes twice");
+      if (other.kind == statistic.kind && other.column.name == statistic.column.name) {
+        scanner.Fail(position, "duplicate statistic " + Quoted(Describe(statistic)));
       }
     }
     statistics.push_back(std::move(statistic));
-  } while (scanner.Take(','));
-  if (!scanner.AtEnd()) {
-    scanner.Fail(scanner.Position(), "there should be ',' or the end");
-  }
+  } while (scanner.Accept(','));
+  scanner.ExpectEnd("',' or the end");
   return statistics;
 }
 

@@ -22,17 +22,23 @@ struct TableDimension {
   static constexpr std::uint32_t kMissing = 0xFFFFFFFF;
 
   TableAxis axis;
-  std::vector<std::size_t> columns;       ///< numbers of data columns, outermost first
-  std::vector<CategoryOrder> orders;      ///< per column, its own categories
-  TupleIndex categories;                  ///< per category, that of each column; in order
-  std::vector<std::uint32_t> categoryOf;  ///< per row of data; kMissing when there is none
+  std::vector<std::size_t> columns;          ///< numbers of data columns, outermost first
+  std::vector<CategoryOrder> orders;         ///< per column, its own categories
+  TupleIndex categories;                     ///< per category, that of each column; in order
+  std::vector<std::uint32_t> categoryByRow;  ///< per row of data; kMissing when there is none
 
-  /// The subscript of the category that stands for all of them.
+  /// The subscript of the Total, which stands in for all categories.
   std::uint32_t Total() const { return static_cast<std::uint32_t>(categories.size()); }
 };
 
-/// Makes the dimension of some columns, of which all have to be kept.
+/// Makes the dimension of some columns. Requires: all of them are kept.
 TableDimension MakeDimension(DataSet const& data, TableAxis axis, std::vector<std::size_t> columns);
+
+/// Where the categories end that have the first `width` values in common with the one at `start`.
+/// @param categories of a dimension.
+/// @param end        how far to look, above `start`.
+std::size_t FindRunEnd(TupleIndex const& categories, std::size_t start, std::size_t end,
+                       std::size_t width);
 
 }  // namespace lakresvos::tabulate
 

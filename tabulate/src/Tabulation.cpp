@@ -8,23 +8,14 @@ namespace lakresvos::tabulate {
 
 Tabulation::Tabulation(DataSet const& data, RowWeights const& weights, Formula const& formula,
                        std::vector<Statistic> const& statistics, bool totals)
-    : cells_(formula.rows.size() + formula.columns.size() + formula.layers.size()) {
+    : cells_(formula.rows.size() + formula.columns.size() + formula.layers.size()),
+      weightDecimals_(weights.Decimals()) {
   AddDimensions(data, formula.rows, TableAxis::Rows);
   AddDimensions(data, formula.columns, TableAxis::Columns);
   AddDimensions(data, formula.layers, TableAxis::Layers);
   for (Statistic const& statistic : statistics) {
-    measures_.push_back(statistic.measure);
-    totals = totals || IsPercent(statistic.measure);
-    if (!NeedsColumn(statistic.measure)) {
-      slotOf_.push_back(kNoColumn);
-      continue;
-    }
-    std::size_t const column = data.Find(statistic.column.name);
-    auto const known = std::find(measured_.begin(), measured_.end(), column);
-    slotOf_.push_back(static_cast<std::size_t>(known - measured_.begin()));
-    if (known == measured_.end()) {
-      measured_.push_back(column);
-    }
+    AddStatistic(data, statistic);
+    totals = totals || statistic.kind->whole.NeedsTotals();
   }
   CountRows(data, weights);
   if (totals) {
@@ -36,53 +27,68 @@ void Tabulation::AddDimensions(DataSet const& data, std::vector<FormulaTerm> con
                                TableAxis axis) {
   for (FormulaTerm const& term : terms) {
     std::vector<std::size_t> columns;
-    for (NamedColumn const& named : term) {
-      columns.push_back(data.Find(named.name));
-      leftOutFor_.push_back({columns.back(), 0});
+    for (NameToken const& named : term) {
+      columns.push_back(data.FindColumn(named.name));
+      missingByColumn_.push_back({columns.back(), 0});
     }
     dimensions_.push_back(MakeDimension(data, axis, std::move(columns)));
   }
 }
 
+void Tabulation::AddStatistic(DataSet const& data, Statistic const& statistic) {
+  if (!NeedsColumn(statistic)) {
+    statistics_.push_back({statistic.kind, kNone});
+    return;
+  }
+  std::size_t const column = data.FindColumn(statistic.column.name);
+  auto const make = statistic.kind->makeSummaries;
+  auto const known = std::find_if(measured_.begin(), measured_.end(), [&](Measured const& one) {
+    return one.column == column && one.makeSummaries == make;
+  });
+  statistics_.push_back({statistic.kind, static_cast<std::size_t>(known - measured_.begin())});
+  if (known == measured_.end()) {
+    measured_.push_back({column, make, make(), {}, data.columns[column].Numbers().decimals});
+  }
+}
+
 void Tabulation::CountRows(DataSet const& data, RowWeights const& weights) {
-  std::vector<ColumnNumbers> numbers;
-  for (std::size_t const column : measured_) {
-    numbers.push_back(NumbersOf(data.columns[column]));
-    decimals_.push_back(numbers.back().decimals);
+  std::vector<ColumnNumbers const*> numbers;
+  for (Measured const& measured : measured_) {
+    numbers.push_back(&data.columns[measured.column].Numbers());
   }
   std::vector<std::uint32_t> subscripts(dimensions_.size());
   for (std::size_t row = 0; row < data.Rows(); ++row) {
-    double const weight = weights.Of(row);
+    double const weight = weights.At(row);
     if (std::isnan(weight)) {
       continue;
     }
     bool missing = false;
     for (std::size_t d = 0; d < dimensions_.size(); ++d) {
-      subscripts[d] = dimensions_[d].categoryOf[row];
+      subscripts[d] = dimensions_[d].categoryByRow[row];
       missing = missing || subscripts[d] == TableDimension::kMissing;
     }
     if (missing) {
-      LeaveOut(data, row);
+      ExcludeRow(data, row);
       continue;
     }
-    std::uint32_t const cell = CellOf(subscripts);
+    std::uint32_t const cell = InternCell(subscripts);
     counts_[cell] += weight;
-    for (std::size_t slot = 0; slot < measured_.size(); ++slot) {
-      double const number = numbers[slot].Of(data.columns[measured_[slot]].codes[row]);
-      Moments& moments = moments_[cell * measured_.size() + slot];
+    for (std::size_t i = 0; i < measured_.size(); ++i) {
+      Measured& measured = measured_[i];
+      double const number = numbers[i]->At(data.columns[measured.column].Codes()[row]);
       if (std::isnan(number)) {
-        moments.AddMissing();
+        ++measured.missing[cell];
       } else {
-        moments.Add(number, weight);
+        measured.summaries->Add(cell, number, weight);
       }
     }
   }
 }
 
-void Tabulation::LeaveOut(DataSet const& data, std::size_t row) {
-  ++rowsLeftOut_;
-  for (MissingRows& missing : leftOutFor_) {
-    missing.rows += data.columns[missing.column].codes[row] == DataColumn::kMissing ? 1 : 0;
+void Tabulation::ExcludeRow(DataSet const& data, std::size_t row) {
+  ++excludedRows_;
+  for (MissingRows& missing : missingByColumn_) {
+    missing.rows += data.columns[missing.column].Codes()[row] == kMissingCode ? 1 : 0;
   }
 }
 
@@ -99,20 +105,24 @@ void Tabulation::AddTotals() {
       TupleIndex::Tuple const part = cells_[cell];
       std::copy(part.begin(), part.end(), subscripts.begin());
       subscripts[d] = dimensions_[d].Total();
-      std::uint32_t const total = CellOf(subscripts);
+      std::uint32_t const total = InternCell(subscripts);
       counts_[total] += counts_[cell];
-      for (std::size_t slot = 0; slot < measured_.size(); ++slot) {
-        moments_[total * measured_.size() + slot].Merge(moments_[cell * measured_.size() + slot]);
+      for (Measured& measured : measured_) {
+        measured.summaries->Merge(total, cell);
+        measured.missing[total] += measured.missing[cell];
       }
     }
   }
 }
 
-std::uint32_t Tabulation::CellOf(TupleIndex::Tuple subscripts) {
+std::uint32_t Tabulation::InternCell(TupleIndex::Tuple subscripts) {
   std::uint32_t const cell = cells_.Intern(subscripts);
   if (cells_.size() > counts_.size()) {
     counts_.emplace_back();
-    moments_.resize(moments_.size() + measured_.size());
+    for (Measured& measured : measured_) {
+      measured.summaries->AddCell();
+      measured.missing.push_back(0);
+    }
   }
   return cell;
 }
@@ -128,52 +138,35 @@ bool Tabulation::IsTotal(std::size_t cell) const {
 }
 
 double Tabulation::Value(std::size_t cell, std::size_t statistic) const {
-  switch (measures_[statistic]) {
-    case Measure::Count:
-      return Rounded(counts_[cell]);
-    case Measure::RowPercent:
-      return Percent(cell, false, true);
-    case Measure::ColumnPercent:
-      return Percent(cell, true, false);
-    case Measure::TotalPercent:
-      return Percent(cell, true, true);
-    case Measure::Mean:
-      return MomentsOf(cell, statistic).Mean();
-    case Measure::Deviation:
-      return MomentsOf(cell, statistic).Deviation();
-    case Measure::Sum:
-      return MomentsOf(cell, statistic).Sum();
-    case Measure::Minimum:
-      return MomentsOf(cell, statistic).Minimum();
-    case Measure::Maximum:
-      return MomentsOf(cell, statistic).Maximum();
-  }
-  return kNoNumber;
+  auto const& [kind, measured] = statistics_[statistic];
+  return kind->compute({counts_[cell], CountWhole(cell, kind->whole),
+                        measured == kNone ? nullptr : measured_[measured].summaries.get(), cell});
 }
 
 std::size_t Tabulation::Missing(std::size_t cell, std::size_t statistic) const {
-  return slotOf_[statistic] == kNoColumn ? 0 : MomentsOf(cell, statistic).Missing();
+  std::size_t const measured = statistics_[statistic].measured;
+  return measured == kNone ? 0 : measured_[measured].missing[cell];
 }
 
 int Tabulation::Decimals(std::size_t statistic) const {
-  return slotOf_[statistic] == kNoColumn ? 0 : decimals_[slotOf_[statistic]];
+  auto const& [kind, measured] = statistics_[statistic];
+  return kind->countDecimals(weightDecimals_, measured == kNone ? 0 : measured_[measured].decimals);
 }
 
-Moments const& Tabulation::MomentsOf(std::size_t cell, std::size_t statistic) const {
-  return moments_[cell * measured_.size() + slotOf_[statistic]];
-}
-
-double Tabulation::Percent(std::size_t cell, bool overRows, bool overColumns) const {
+WideNumber const& Tabulation::CountWhole(std::size_t cell, Whole const& whole) const {
+  if (!whole.NeedsTotals()) {
+    return counts_[cell];
+  }
   TupleIndex::Tuple const part = cells_[cell];
-  std::vector<std::uint32_t> whole(part.begin(), part.end());
+  std::vector<std::uint32_t> subscripts(part.begin(), part.end());
   for (std::size_t d = 0; d < dimensions_.size(); ++d) {
     TableAxis const axis = dimensions_[d].axis;
-    if ((overRows && axis == TableAxis::Rows) || (overColumns && axis == TableAxis::Columns)) {
-      whole[d] = dimensions_[d].Total();
+    if ((whole.ofRows && axis == TableAxis::Rows) ||
+        (whole.ofColumns && axis == TableAxis::Columns)) {
+      subscripts[d] = dimensions_[d].Total();
     }
   }
-  WideNumber const& base = counts_[cells_.Find(whole)];
-  return base > 0 ? Rounded(100 * counts_[cell] / base) : kNoNumber;
+  return counts_[cells_.Find(subscripts)];
 }
 
 }  // namespace lakresvos::tabulate

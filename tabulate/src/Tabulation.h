@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include <lakresvos/tabulate/DataSet.h>
@@ -10,13 +11,13 @@
 #include <lakresvos/tabulate/RowWeights.h>
 #include <lakresvos/tabulate/Statistic.h>
 
-#include "Moments.h"
+#include "StatisticKind.h"
 #include "TableDimension.h"
 #include "TupleIndex.h"
 
 namespace lakresvos::tabulate {
 
-/// How many rows miss a value in one data column.
+/// How many rows lack a value in one data column.
 struct MissingRows {
   std::size_t column;
   std::size_t rows;
@@ -25,12 +26,12 @@ struct MissingRows {
 /// The numbers of one table: for every combination of categories that occurs, the statistics of its
 /// rows.
 ///
-/// A row that misses a value in a column of the formula is left out; one that misses a value which
-/// a statistic is taken of counts in all others. With totals, and where percentages need them,
-/// there is also a cell for every combination in which the Total of row and column dimensions
-/// stands in for a category; it is made from the same rows, not from the numbers of other cells.
+/// A row that lacks a value in a column of the formula is excluded; one that lacks a value of which
+/// a statistic is taken counts in all others. With totals, and where percentages need them, there is
+/// also a cell for every combination in which the Total of row and column dimensions stands in for a
+/// category; it is made from the same rows, not from the numbers of other cells.
 ///
-/// Thread safety: reading from several threads is safe.
+/// Thread safety: const operations may run in several threads at once; others need exclusive access.
 class Tabulation {
  public:
   /// Goes through the rows once. Time and memory are linear in the rows, and in the cells times 2
@@ -50,42 +51,55 @@ class Tabulation {
   /// Whether a Total stands in for any of the cell's categories.
   bool IsTotal(std::size_t cell) const;
 
-  /// The statistic with this number, of the cell's rows. kNoNumber when there is nothing to take it
-  /// of: a share of 0, or the mean of no value.
+  /// The statistic with this number, of the cell's rows. kNoNumber when it cannot be computed: a
+  /// share of 0, or the mean of no value.
   double Value(std::size_t cell, std::size_t statistic) const;
 
-  /// In how many of the cell's rows the value is missing that the statistic is taken of.
+  /// In how many of the cell's rows the value is missing of which the statistic is taken.
   std::size_t Missing(std::size_t cell, std::size_t statistic) const;
 
-  /// The most decimals that the values are written with which the statistic is taken of; 0 when it
-  /// is taken of no column.
+  /// How many decimals the statistic is shown with.
   int Decimals(std::size_t statistic) const;
 
-  /// How many rows were left out, and in which columns of the formula they miss a value.
-  std::size_t RowsLeftOut() const { return rowsLeftOut_; }
-  std::vector<MissingRows> const& LeftOutFor() const { return leftOutFor_; }
+  /// How many rows are excluded.
+  std::size_t ExcludedRows() const { return excludedRows_; }
+
+  /// How many of the excluded rows lack a value in each column of the formula.
+  std::vector<MissingRows> const& MissingByColumn() const { return missingByColumn_; }
 
  private:
-  static constexpr std::size_t kNoColumn = static_cast<std::size_t>(-1);
+  /// A data column of which statistics are taken that sum it up in the same way.
+  struct Measured {
+    std::size_t column;
+    std::unique_ptr<CellSummaries> (*makeSummaries)();
+    std::unique_ptr<CellSummaries> summaries;
+    std::vector<std::size_t> missing;  // per cell, how many of its rows lack a value
+    int decimals;                      // of the column's numbers
+  };
+
+  struct Computed {
+    StatisticKind const* kind;
+    std::size_t measured;  // its place in measured_, or kNone
+  };
+
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
   void AddDimensions(DataSet const& data, std::vector<FormulaTerm> const& terms, TableAxis axis);
+  void AddStatistic(DataSet const& data, Statistic const& statistic);
   void CountRows(DataSet const& data, RowWeights const& weights);
-  void LeaveOut(DataSet const& data, std::size_t row);
+  void ExcludeRow(DataSet const& data, std::size_t row);
   void AddTotals();
-  std::uint32_t CellOf(TupleIndex::Tuple subscripts);
-  Moments const& MomentsOf(std::size_t cell, std::size_t statistic) const;
-  double Percent(std::size_t cell, bool overRows, bool overColumns) const;
+  std::uint32_t InternCell(TupleIndex::Tuple subscripts);
+  WideNumber const& CountWhole(std::size_t cell, Whole const& whole) const;
 
   std::vector<TableDimension> dimensions_;
-  std::vector<Measure> measures_;      // per statistic
-  std::vector<std::size_t> slotOf_;    // per statistic, its place in measured_, or kNoColumn
-  std::vector<std::size_t> measured_;  // the distinct data columns that statistics are taken of
-  std::vector<int> decimals_;          // per measured column
+  std::vector<Computed> statistics_;
+  std::vector<Measured> measured_;
   TupleIndex cells_;
-  std::vector<WideNumber> counts_;  // per cell
-  std::vector<Moments> moments_;    // per cell, one for each of measured_
-  std::size_t rowsLeftOut_ = 0;
-  std::vector<MissingRows> leftOutFor_;
+  std::vector<WideNumber> counts_;  // per cell, the sum of the weights of its rows
+  int weightDecimals_;
+  std::size_t excludedRows_ = 0;
+  std::vector<MissingRows> missingByColumn_;
 };
 
 }  // namespace lakresvos::tabulate

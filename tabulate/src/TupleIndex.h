@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-#include <lakresvos/tabulate/IdTable.h>
+#include "IdTable.h"
 
 namespace lakresvos::tabulate {
 
@@ -54,7 +54,7 @@ class TupleIndex {
   }
 
   std::size_t width_;
-  std::vector<std::uint32_t> numbers_;  // all tuples, one behind the other
+  std::vector<std::uint32_t> numbers_;  // all tuples, one after the other
   IdTable ids_;
 };
 

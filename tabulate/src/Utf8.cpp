@@ -7,11 +7,31 @@ namespace lakresvos::tabulate {
 
 namespace {
 
-bool StartsCharacter(char c) {
-  return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+/// Steps over a character, or over a byte that belongs to none.
+void Step(std::string_view& text) {
+  text.remove_prefix(std::max<std::size_t>(MeasureCharacter(text), 1));
 }
 
 }  // namespace
+
+std::size_t MeasureCharacter(std::string_view text) {
+  if (!text.empty() && static_cast<unsigned char>(text[0]) < 0x80) {
+    return 1;
+  }
+  utf8proc_int32_t character = 0;
+  utf8proc_ssize_t const length =
+      utf8proc_iterate(reinterpret_cast<utf8proc_uint8_t const*>(text.data()),
+                       static_cast<utf8proc_ssize_t>(text.size()), &character);
+  return static_cast<std::size_t>(std::max<utf8proc_ssize_t>(length, 0));
+}
+
+bool IsUtf8(std::string_view text) {
+  std::size_t length = 1;
+  for (; !text.empty() && length != 0; text.remove_prefix(length)) {
+    length = MeasureCharacter(text);
+  }
+  return length != 0;
+}
 
 bool IsAscii(std::string_view text) {
   unsigned char seen = 0;
@@ -21,32 +41,20 @@ bool IsAscii(std::string_view text) {
   return seen < 0x80;
 }
 
-bool IsUtf8(std::string_view text) {
-  while (!text.empty()) {
-    utf8proc_int32_t character = 0;
-    utf8proc_ssize_t const length =
-        utf8proc_iterate(reinterpret_cast<utf8proc_uint8_t const*>(text.data()),
-                         static_cast<utf8proc_ssize_t>(text.size()), &character);
-    if (length <= 0) {
-      return false;
-    }
-    text.remove_prefix(static_cast<std::size_t>(length));
+std::size_t CountCharacters(std::string_view text) {
+  std::size_t count = 0;
+  for (; !text.empty(); Step(text)) {
+    ++count;
   }
-  return true;
+  return count;
 }
 
-std::size_t CharacterCount(std::string_view text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), StartsCharacter));
-}
-
-std::size_t CharacterOffset(std::string_view text, std::size_t character) {
-  std::size_t offset = 0;
-  for (; offset < text.size(); ++offset) {
-    if (StartsCharacter(text[offset]) && character-- == 0) {
-      break;
-    }
+std::size_t FindCharacter(std::string_view text, std::size_t character) {
+  std::string_view rest = text;
+  for (; !rest.empty() && character > 0; --character) {
+    Step(rest);
   }
-  return offset;
+  return text.size() - rest.size();
 }
 
 }  // namespace lakresvos::tabulate

@@ -10,8 +10,8 @@ namespace {
 void CutToFirst(std::vector<Warning>& warnings) {
   std::stable_sort(warnings.begin(), warnings.end(),
                    [](Warning const& a, Warning const& b) { return a.line < b.line; });
-  if (warnings.size() > WarningLog::kKept) {
-    warnings.erase(warnings.begin() + WarningLog::kKept, warnings.end());
+  if (warnings.size() > WarningLog::kMaxKept) {
+    warnings.erase(warnings.begin() + WarningLog::kMaxKept, warnings.end());
   }
 }
 
@@ -21,7 +21,7 @@ void WarningLog::Add(Warning warning) {
   Count(warning.kind, warning.line, warning.column);
   kept_.push_back(std::move(warning));
   ++total_;
-  if (kept_.size() == 2 * kKept) {
+  if (kept_.size() == 2 * kMaxKept) {
     CutToFirst(kept_);
   }
 }

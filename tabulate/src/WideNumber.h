@@ -4,7 +4,7 @@
 #include <boost/multiprecision/cpp_bin_float.hpp>
 #include <cmath>
 
-#include <lakresvos/tabulate/Number.h>
+#include <lakresvos/tabulate/ColumnNumbers.h>
 
 namespace lakresvos::tabulate {
 

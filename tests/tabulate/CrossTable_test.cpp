@@ -15,7 +15,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-struct Wish {
+struct Request {
   std::string formula;
   std::string statistics = "count";
   bool totals = false;
@@ -24,12 +24,13 @@ struct Wish {
   std::string caption = {};
 };
 
-std::unique_ptr<OmPivotTable> Table(DataSet const& data, Wish const& wish) {
+std::unique_ptr<OmPivotTable> Table(DataSet const& data, Request const& request) {
   WarningLog warnings;
   RowWeights const weights =
-      wish.weight.empty() ? RowWeights() : RowWeights(data, wish.weight, warnings);
-  return MakeCrossTable(data, weights, {ParseFormula(wish.formula), wish.title, wish.caption},
-                        ParseStatistics(wish.statistics), wish.totals);
+      request.weight.empty() ? RowWeights() : RowWeights(data, request.weight, warnings);
+  return MakeCrossTable(data, weights,
+                        {ParseFormula(request.formula), request.title, request.caption},
+                        ParseStatistics(request.statistics), request.totals);
 }
 
 std::vector<short> Axis(PuppetVector<short> const& axis) {
@@ -41,7 +42,7 @@ std::string Title(OmPivotTable const& table) {
 }
 
 DataSet const& Passengers() {
-  static DataSet const data = DataOf(
+  static DataSet const data = ReadData(
       "class,sex,age,fare,n\n"
       "1st,m,30,10.5,2\n"
       "2nd,f,4,8,1\n"
@@ -75,20 +76,20 @@ TEST(CrossTable, GivesLabelsTheKindOfWhatTheyAre) {
 }
 
 TEST(CrossTable, ShowsNumbersAsTheDataHaveThem) {
-  auto const table = Table(DataOf("a\n1.50\n1.5\n2\n", {"a"}), {"a ~"});
+  auto const table = Table(ReadData("a\n1.50\n1.5\n2\n", {"a"}), {"a ~"});
   EXPECT_EQ(CategoryPaths(table->Dimension(0)), (Texts{"1.50", "2"}));
   EXPECT_EQ(TextAt(*table, {"1.50"}), "2");
 }
 
 TEST(CrossTable, ShowsEveryZeroAsZero) {
-  EXPECT_EQ(CategoryPaths(Table(DataOf("a\n-0\n0\n5\n", {"a"}), {"a ~"})->Dimension(0)),
+  EXPECT_EQ(CategoryPaths(Table(ReadData("a\n-0\n0\n5\n", {"a"}), {"a ~"})->Dimension(0)),
             (Texts{"0", "5"}));
-  EXPECT_EQ(CategoryPaths(Table(DataOf("a\n-0.0\n", {"a"}), {"a ~"})->Dimension(0)),
+  EXPECT_EQ(CategoryPaths(Table(ReadData("a\n-0.0\n", {"a"}), {"a ~"})->Dimension(0)),
             (Texts{"0.0"}));
 }
 
 TEST(CrossTable, HasACellForEachOfTwoNumbersThatAreOneDouble) {
-  DataSet const data = DataOf("a\n9007199254740993\n9007199254740992\n9007199254740993\n", {"a"});
+  DataSet const data = ReadData("a\n9007199254740993\n9007199254740992\n9007199254740993\n", {"a"});
   auto const table = Table(data, {"a ~"});
   EXPECT_EQ(TextAt(*table, {"9007199254740992"}), "1");
   EXPECT_EQ(TextAt(*table, {"9007199254740993"}), "2");
@@ -143,14 +144,14 @@ TEST(CrossTable, HasTotalsOnRowsAndColumnsButNotOnLayers) {
 }
 
 TEST(CrossTable, TellsATotalFromAValueOfThatName) {
-  auto const table = Table(DataOf("a\nTotal\nx\n", {"a"}), {"a ~", "count", true});
+  auto const table = Table(ReadData("a\nTotal\nx\n", {"a"}), {"a ~", "count", true});
   EXPECT_EQ(table->Size(0), 3);
   EXPECT_EQ(table->Cell({0})->GetText(), "1");
   EXPECT_EQ(table->Cell({2})->GetText(), "2");
 }
 
 TEST(CrossTable, MarksTheLabelOfATotalAsSuch) {
-  auto const table = Table(DataOf("a\nTotal\nx\n", {"a"}), {"a ~", "count", true});
+  auto const table = Table(ReadData("a\nTotal\nx\n", {"a"}), {"a ~", "count", true});
   OmDimension const& dimension = table->Dimension(0);
   EXPECT_FALSE(dimension.Root().Child(0).Value().label->hasMeta());
   ASSERT_TRUE(dimension.Root().Child(2).Value().label->hasMeta());
@@ -184,7 +185,7 @@ TEST(CrossTable, NestsManyGroupsWithLiveParents) {
       expected.push_back(std::to_string(a) + " / " + std::to_string(b));
     }
   }
-  auto const table = Table(DataOf(bytes, {"a", "b"}), {"a/b ~"});
+  auto const table = Table(ReadData(bytes, {"a", "b"}), {"a/b ~"});
   EXPECT_EQ(CategoryPaths(table->Dimension(0)), expected);
   for (std::size_t group = 0; group < 40; ++group) {
     OmDimension::ConstNode const node = table->Dimension(0).Root().Child(group);
@@ -206,7 +207,7 @@ TEST(CrossTable, ShowsEachStatisticWithItsDecimals) {
 
 TEST(CrossTable, ShowsCountsWithTheDecimalsOfTheWeights) {
   auto const table =
-      Table(DataOf("a,w\nx,0.5\nx,1.25\n", {"a", "w"}), {"a ~", "count", false, "w"});
+      Table(ReadData("a,w\nx,0.5\nx,1.25\n", {"a", "w"}), {"a ~", "count", false, "w"});
   EXPECT_EQ(TextAt(*table, {"x"}), "1.75");
 }
 
@@ -228,21 +229,21 @@ TEST(CrossTable, NotesMissingValuesAtTheCellsConcerned) {
 }
 
 TEST(CrossTable, NotesRowsLeftOutAtTheTitle) {
-  auto const table = Table(DataOf("a,b\nx,\nNA,1\nNA,NA\nx,1\n", {"a", "b"}), {"a ~ b"});
+  auto const table = Table(ReadData("a,b\nx,\nNA,1\nNA,NA\nx,1\n", {"a", "b"}), {"a ~ b"});
   EXPECT_EQ(NotesAt(*table, table->GetTableTitle()),
             "3 rows with missing values are left out (a: 2, b: 2)");
 }
 
 TEST(CrossTable, NotesOneRowLeftOutInTheSingular) {
-  auto const table = Table(DataOf("a,b\nx,\nx,1\n", {"a", "b"}), {"a ~ b"});
+  auto const table = Table(ReadData("a,b\nx,\nx,1\n", {"a", "b"}), {"a ~ b"});
   EXPECT_EQ(NotesAt(*table, table->GetTableTitle()),
             "1 row with missing values is left out (b: 1)");
 }
 
 TEST(CrossTable, NumbersFootnotesInReadingOrder) {
-  auto const table = Table(DataOf("a,b,c,x\n2,2,2,\n2,2,2,\n2,2,2,\n2,2,2,\n"
-                                  "2,1,1,\n2,1,1,\n2,1,1,\n1,2,1,\n1,2,1,\n1,1,1,\n",
-                                  {"a", "b", "c", "x"}),
+  auto const table = Table(ReadData("a,b,c,x\n2,2,2,\n2,2,2,\n2,2,2,\n2,2,2,\n"
+                                    "2,1,1,\n2,1,1,\n2,1,1,\n1,2,1,\n1,2,1,\n1,1,1,\n",
+                                    {"a", "b", "c", "x"}),
                            {"a ~ b | c", "mean:x"});
   ASSERT_EQ(table->Footnotes().size(), 4u);
   for (unsigned int i = 0; i < 4; ++i) {

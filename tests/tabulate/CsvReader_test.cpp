@@ -16,7 +16,7 @@ using Records = std::vector<std::vector<std::string>>;
 
 class Gather : public CsvSink {
  public:
-  void Take(CsvRecord const& record) override {
+  void Add(CsvRecord const& record) override {
     records.emplace_back();
     for (std::size_t i = 0; i < record.size(); ++i) {
       records.back().emplace_back(record[i]);
@@ -71,7 +71,7 @@ TEST(CsvReader, SkipsAByteOrderMark) {
             (Records{{"a", "b"}}));
 }
 
-TEST(CsvReader, TakesAQuotedFieldBehindAByteOrderMark) {
+TEST(CsvReader, TakesAQuotedFieldAfterAByteOrderMark) {
   EXPECT_EQ(Read("\xEF\xBB\xBF\"a\",b\n").records, (Records{{"a", "b"}}));
 }
 
@@ -104,7 +104,7 @@ TEST(CsvReader, KeepsEmptyFields) {
   EXPECT_EQ(Read(",\n,,\n").records, (Records{{"", ""}, {"", "", ""}}));
 }
 
-TEST(CsvReader, KeepsBlanksAsPartOfTheField) {
+TEST(CsvReader, KeepsSpacesAsPartOfTheField) {
   EXPECT_EQ(Read(" a , b\t\n  \n").records, (Records{{" a ", " b\t"}, {"  "}}));
 }
 
@@ -133,33 +133,53 @@ TEST(CsvReader, NamesADirectory) {
 }
 
 TEST(CsvReader, NamesTheQuoteInsideAPlainField) {
-  EXPECT_EQ(ErrorIn("a,b\n1,x\"y\n"), ":2: column 2: a quote inside a field that is not quoted");
+  EXPECT_EQ(ErrorIn("a,b\n1,x\"y\n"), ":2: column 2: quote in an unquoted field");
 }
 
-TEST(CsvReader, NamesTheTextBehindAClosingQuote) {
+TEST(CsvReader, NamesTheTextAfterAClosingQuote) {
   EXPECT_EQ(ErrorIn("a,b\n\"1\" ,2\n"), ":2: column 1: text after the closing quote");
 }
 
 TEST(CsvReader, NamesTheLineOfTheQuoteThatIsNeverClosed) {
-  EXPECT_EQ(ErrorIn("a,b\n\"x\ny\",\"1\n2\n3\n"),
-            ":3: column 2: the quoted field that starts here never ends");
+  EXPECT_EQ(ErrorIn("a,b\n\"x\ny\",\"1\n2\n3\n"), ":3: column 2: unclosed quoted field");
 }
 
 TEST(CsvReader, NamesTheFieldWithBytesThatAreNotUtf8) {
-  EXPECT_EQ(ErrorIn("a,b\n\"x\ny\",caf\xE9\n"), ":3: column 2: bytes that are not UTF-8");
+  EXPECT_EQ(ErrorIn("a,b\n\"x\ny\",caf\xE9\n"), ":3: column 2: invalid UTF-8");
 }
 
 TEST(CsvReader, DoesNotMakeACharacterOfTheEndsOfTwoFields) {
-  EXPECT_EQ(ErrorIn("\xC3,\xA9\n"), ":1: column 1: bytes that are not UTF-8");
+  EXPECT_EQ(ErrorIn("\xC3,\xA9\n"), ":1: column 1: invalid UTF-8");
 }
 
 TEST(CsvReader, HandsOnWhatTheSinkThrows) {
   class Refuse : public CsvSink {
-    void Take(CsvRecord const&) override { throw std::logic_error("enough"); }
+    void Add(CsvRecord const&) override { throw std::logic_error("enough"); }
   };
   TemporaryDirectory const directory;
   Refuse refuse;
   EXPECT_THROW(ReadCsv(directory.Write("data.csv", "a\nb\nc\n"), refuse), std::logic_error);
+}
+
+TEST(CsvReader, ReadsAStreamAsItReadsAFile) {
+  std::istringstream input("a,b\n1,\"2\n3\"");
+  Gather gather;
+  ReadCsv(input, "data", gather);
+  EXPECT_EQ(gather.records, (Records{{"a", "b"}, {"1", "2\n3"}}));
+  EXPECT_EQ(gather.lines, (std::vector<std::size_t>{1, 2}));
+  std::istringstream broken("a\n\"");
+  EXPECT_EQ(ErrorOf([&] { ReadCsv(broken, "data", gather); }),
+            "data:2: column 1: unclosed quoted field");
+}
+
+TEST(CsvReader, NamesAStreamThatCannotBeRead) {
+  class Unreadable : public std::streambuf {
+    int_type underflow() override { throw std::runtime_error("lost"); }
+  };
+  Unreadable buffer;
+  std::istream input(&buffer);
+  Gather gather;
+  EXPECT_EQ(ErrorOf([&] { ReadCsv(input, "data", gather); }), "data: cannot be read");
 }
 
 TEST(CsvReader, ReadsFieldsLargerThanAnyBuffer) {

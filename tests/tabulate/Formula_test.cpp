@@ -8,7 +8,7 @@ using namespace lakresvos::tabulate;
 
 namespace {
 
-/// An axis written out: terms separated by a blank, nested columns by '/'.
+/// An axis written out: terms separated by a space, nested columns by '/'.
 std::string Text(std::vector<FormulaTerm> const& axis) {
   std::string text;
   for (FormulaTerm const& term : axis) {
@@ -38,7 +38,7 @@ TEST(Formula, ReadsAllThreeAxes) {
   EXPECT_EQ(Parsed("Class * Sex ~ Survived | Age"), "[Class] [Sex] ~ [Survived] | [Age]");
 }
 
-TEST(Formula, NeedsNoBlanks) {
+TEST(Formula, NeedsNoSpaces) {
   EXPECT_EQ(Parsed("A*B~C|D"), "[A] [B] ~ [C] | [D]");
 }
 
@@ -81,48 +81,48 @@ TEST(Formula, RemembersItsTextAndPositionsInCharacters) {
 }
 
 TEST(FormulaErrors, EmptyFormula) {
-  EXPECT_EQ(ErrorIn(""), "position 1: there should be the name of a column");
+  EXPECT_EQ(ErrorIn(""), "expected a column name at position 1");
 }
 
 TEST(FormulaErrors, NoTilde) {
-  EXPECT_EQ(ErrorIn("A * B"), "position 6: there should be '*', '/' or '~'");
+  EXPECT_EQ(ErrorIn("A * B"), "expected '*', '/' or '~' at position 6");
 }
 
 TEST(FormulaErrors, BarBeforeTilde) {
-  EXPECT_EQ(ErrorIn("A | B"), "position 3: there should be '*', '/' or '~'");
+  EXPECT_EQ(ErrorIn("A | B"), "expected '*', '/' or '~' at position 3");
 }
 
 TEST(FormulaErrors, TwoTildes) {
-  EXPECT_EQ(ErrorIn("A ~~ B"), "position 4: there should be the name of a column");
-  EXPECT_EQ(ErrorIn("A ~ B ~ C"), "position 7: there should be '*', '/', '|' or the end");
+  EXPECT_EQ(ErrorIn("A ~~ B"), "expected a column name at position 4");
+  EXPECT_EQ(ErrorIn("A ~ B ~ C"), "expected '*', '/', '|' or the end at position 7");
 }
 
 TEST(FormulaErrors, TwoBars) {
-  EXPECT_EQ(ErrorIn("A ~ B | C | D"), "position 11: there should be '*', '/' or the end");
+  EXPECT_EQ(ErrorIn("A ~ B | C | D"), "expected '*', '/' or the end at position 11");
 }
 
-TEST(FormulaErrors, BlankInsideAPlainName) {
-  EXPECT_EQ(ErrorIn("Solar R ~"), "position 7: there should be '*', '/' or '~'");
+TEST(FormulaErrors, SpaceInsideAPlainName) {
+  EXPECT_EQ(ErrorIn("Solar R ~"), "expected '*', '/' or '~' at position 7");
 }
 
 TEST(FormulaErrors, NothingAfterAnOperator) {
-  EXPECT_EQ(ErrorIn("A * ~ B"), "position 5: there should be the name of a column");
-  EXPECT_EQ(ErrorIn("~ A /"), "position 6: there should be the name of a column");
+  EXPECT_EQ(ErrorIn("A * ~ B"), "expected a column name at position 5");
+  EXPECT_EQ(ErrorIn("~ A /"), "expected a column name at position 6");
 }
 
 TEST(FormulaErrors, OpenBackQuote) {
-  EXPECT_EQ(ErrorIn("A ~ `B"), "position 5: the back-quote that opens here is never closed");
-  EXPECT_EQ(ErrorIn("`A`` ~ B"), "position 1: the back-quote that opens here is never closed");
+  EXPECT_EQ(ErrorIn("A ~ `B"), "unclosed back-quote at position 5");
+  EXPECT_EQ(ErrorIn("`A`` ~ B"), "unclosed back-quote at position 1");
 }
 
-TEST(FormulaErrors, TextBehindABackQuote) {
-  EXPECT_EQ(ErrorIn("`A`B ~"), "position 4: there should be '*', '/' or '~'");
+TEST(FormulaErrors, TextAfterABackQuote) {
+  EXPECT_EQ(ErrorIn("`A`B ~"), "expected '*', '/' or '~' at position 4");
 }
 
 TEST(FormulaErrors, OneColumnTwice) {
-  EXPECT_EQ(ErrorIn("A ~ B | `A`"), "position 9: the column 'A' comes twice");
+  EXPECT_EQ(ErrorIn("A ~ B | `A`"), "duplicate column 'A' at position 9");
 }
 
 TEST(FormulaErrors, PositionsCountCharacters) {
-  EXPECT_EQ(ErrorIn("年月 * ~"), "position 6: there should be the name of a column");
+  EXPECT_EQ(ErrorIn("年月 * ~"), "expected a column name at position 6");
 }

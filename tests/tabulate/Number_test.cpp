@@ -1,10 +1,10 @@
+#include "Number.h"
+
 #include <boost/multiprecision/cpp_int.hpp>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 #include <string>
-
-#include <lakresvos/tabulate/Number.h>
 
 using namespace lakresvos::tabulate;
 
@@ -33,24 +33,24 @@ TEST(ParseNumber, TakesNothingElseForANumber) {
   }
 }
 
-TEST(DecimalsOf, CountsWhatIsWritten) {
-  EXPECT_EQ(DecimalsOf("12"), 0);
-  EXPECT_EQ(DecimalsOf("5."), 0);
-  EXPECT_EQ(DecimalsOf("1.50"), 2);
-  EXPECT_EQ(DecimalsOf("-.125"), 3);
+TEST(CountDecimals, CountsWhatIsWritten) {
+  EXPECT_EQ(CountDecimals("12"), 0);
+  EXPECT_EQ(CountDecimals("5."), 0);
+  EXPECT_EQ(CountDecimals("1.50"), 2);
+  EXPECT_EQ(CountDecimals("-.125"), 3);
 }
 
-TEST(DecimalsOf, MovesThePointByTheExponent) {
-  EXPECT_EQ(DecimalsOf("1.5e-4"), 5);
-  EXPECT_EQ(DecimalsOf("1.5e+1"), 0);
-  EXPECT_EQ(DecimalsOf("1.25E1"), 1);
-  EXPECT_EQ(DecimalsOf("6.02e23"), 0);
+TEST(CountDecimals, MovesThePointByTheExponent) {
+  EXPECT_EQ(CountDecimals("1.5e-4"), 5);
+  EXPECT_EQ(CountDecimals("1.5e+1"), 0);
+  EXPECT_EQ(CountDecimals("1.25E1"), 1);
+  EXPECT_EQ(CountDecimals("6.02e23"), 0);
 }
 
-TEST(DecimalsOf, StopsAtWhatADoubleHolds) {
-  EXPECT_EQ(DecimalsOf("0.00000000000000000001"), 15);
-  EXPECT_EQ(DecimalsOf("1e-300"), 15);
-  EXPECT_EQ(DecimalsOf("0e-99999999999999999999"), 0);
+TEST(CountDecimals, StopsAtWhatADoubleHolds) {
+  EXPECT_EQ(CountDecimals("0.00000000000000000001"), 15);
+  EXPECT_EQ(CountDecimals("1e-300"), 15);
+  EXPECT_EQ(CountDecimals("0e-99999999999999999999"), 0);
 }
 
 TEST(CompareNumbers, SeesDigitsThatADoubleLacks) {

@@ -95,7 +95,7 @@ std::vector<std::string> PlainTable::Values(std::string const& column) const {
   return values;
 }
 
-double MeanOf(std::vector<double> const& numbers) {
+double ComputeMean(std::vector<double> const& numbers) {
   double sum = 0;
   for (double const number : numbers) {
     sum += number;
@@ -103,8 +103,8 @@ double MeanOf(std::vector<double> const& numbers) {
   return sum / static_cast<double>(numbers.size());
 }
 
-double DeviationOf(std::vector<double> const& numbers) {
-  double const mean = MeanOf(numbers);
+double ComputeDeviation(std::vector<double> const& numbers) {
+  double const mean = ComputeMean(numbers);
   double squares = 0;
   for (double const number : numbers) {
     squares += (number - mean) * (number - mean);

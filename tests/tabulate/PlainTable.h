@@ -42,8 +42,8 @@ class PlainTable {
   std::vector<std::vector<std::string>> rows_;
 };
 
-double MeanOf(std::vector<double> const& numbers);
-double DeviationOf(std::vector<double> const& numbers);
+double ComputeMean(std::vector<double> const& numbers);
+double ComputeDeviation(std::vector<double> const& numbers);
 
 /// The number with so many decimals, and "." for one that is not there.
 std::string Fixed(double number, int decimals);

@@ -11,7 +11,7 @@ namespace {
 std::string Parsed(std::string const& text) {
   std::string parsed;
   for (Statistic const& statistic : ParseStatistics(text)) {
-    parsed += std::string(LabelOf(statistic.measure)) + "[" + statistic.column.name + "]";
+    parsed += MakeStatisticLabel(statistic)->GetText() + "; ";
   }
   return parsed;
 }
@@ -26,55 +26,49 @@ std::string ErrorIn(std::string const& text) {
 
 TEST(Statistics, ReadsEveryOne) {
   EXPECT_EQ(Parsed("count,row%,column%,total%,mean:X,sd:X,sum:X,min:X,max:X"),
-            "Count[]Row %[]Column %[]Total %[]Mean[X]Std. deviation[X]Sum[X]Minimum[X]Maximum[X]");
+            "Count; Row %; Column %; Total %; Mean of X; Std. deviation of X; Sum of X; "
+            "Minimum of X; Maximum of X; ");
 }
 
-TEST(Statistics, TakesBlanksAndBackQuotes) {
-  EXPECT_EQ(Parsed(" mean : `Solar, R` , count "), "Mean[Solar, R]Count[]");
+TEST(Statistics, TakesSpacesAndBackQuotes) {
+  EXPECT_EQ(Parsed(" mean : `Solar, R` , count "), "Mean of Solar, R; Count; ");
 }
 
 TEST(Statistics, TakesOneMeasureOfSeveralColumns) {
-  EXPECT_EQ(Parsed("mean:X,mean:Y"), "Mean[X]Mean[Y]");
+  EXPECT_EQ(Parsed("mean:X,mean:Y"), "Mean of X; Mean of Y; ");
 }
 
 TEST(Statistics, TakesNamesWithColonsOnceTheColonIsThere) {
-  EXPECT_EQ(Parsed("mean:a:b"), "Mean[a:b]");
+  EXPECT_EQ(Parsed("mean:a:b"), "Mean of a:b; ");
 }
 
-TEST(Statistics, KnowsWhichNeedAColumn) {
-  EXPECT_FALSE(NeedsColumn(Measure::Count));
-  EXPECT_FALSE(NeedsColumn(Measure::TotalPercent));
-  EXPECT_TRUE(NeedsColumn(Measure::Mean));
-  EXPECT_TRUE(NeedsColumn(Measure::Maximum));
-}
-
-TEST(Statistics, KnowsWhichAreShares) {
-  EXPECT_FALSE(IsPercent(Measure::Count));
-  EXPECT_TRUE(IsPercent(Measure::RowPercent));
-  EXPECT_TRUE(IsPercent(Measure::ColumnPercent));
-  EXPECT_TRUE(IsPercent(Measure::TotalPercent));
-  EXPECT_FALSE(IsPercent(Measure::Mean));
+TEST(Statistics, KnowWhichNeedAColumn) {
+  std::vector<Statistic> const statistics = ParseStatistics("count,total%,mean:X,max:X");
+  EXPECT_FALSE(NeedsColumn(statistics[0]));
+  EXPECT_FALSE(NeedsColumn(statistics[1]));
+  EXPECT_TRUE(NeedsColumn(statistics[2]));
+  EXPECT_TRUE(NeedsColumn(statistics[3]));
 }
 
 TEST(StatisticErrors, Nothing) {
-  EXPECT_EQ(ErrorIn(""), "position 1: there should be a statistic");
-  EXPECT_EQ(ErrorIn("count,"), "position 7: there should be a statistic");
+  EXPECT_EQ(ErrorIn(""), "expected a statistic at position 1");
+  EXPECT_EQ(ErrorIn("count,"), "expected a statistic at position 7");
 }
 
 TEST(StatisticErrors, Unknown) {
-  EXPECT_EQ(ErrorIn("count,median:X"), "position 7: there is no statistic 'median'");
+  EXPECT_EQ(ErrorIn("count,median:X"), "unknown statistic 'median' at position 7");
 }
 
 TEST(StatisticErrors, ColumnMissing) {
-  EXPECT_EQ(ErrorIn("mean"), "position 5: there should be ':' and the name of a column");
-  EXPECT_EQ(ErrorIn("mean:,count"), "position 6: there should be the name of a column");
+  EXPECT_EQ(ErrorIn("mean"), "expected ':' and a column name at position 5");
+  EXPECT_EQ(ErrorIn("mean:,count"), "expected a column name at position 6");
 }
 
 TEST(StatisticErrors, ColumnTooMany) {
-  EXPECT_EQ(ErrorIn("count:X"), "position 6: there should be ',' or the end");
+  EXPECT_EQ(ErrorIn("count:X"), "expected ',' or the end at position 6");
 }
 
 TEST(StatisticErrors, Twice) {
-  EXPECT_EQ(ErrorIn("count, count"), "position 8: the statistic comes twice");
-  EXPECT_EQ(ErrorIn("sd:X,sd:`X`"), "position 6: the statistic comes twice");
+  EXPECT_EQ(ErrorIn("count, count"), "duplicate statistic 'count' at position 8");
+  EXPECT_EQ(ErrorIn("sd:X,sd:`X`"), "duplicate statistic 'sd:X' at position 6");
 }

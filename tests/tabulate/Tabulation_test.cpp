@@ -13,21 +13,6 @@ using namespace lakresvos::tabulate;
 
 namespace {
 
-/// The values of the dimension's categories, nested ones joined by '/', in order.
-std::string CategoriesOf(TableDimension const& dimension, DataSet const& data) {
-  std::string text;
-  for (std::size_t category = 0; category < dimension.categories.size(); ++category) {
-    text += text.empty() ? "" : " ";
-    for (std::size_t level = 0; level < dimension.columns.size(); ++level) {
-      std::uint32_t const code =
-          dimension.orders[level].codeOf[dimension.categories[category][level]];
-      text += level > 0 ? "/" : "";
-      text += data.columns[dimension.columns[level]].values[code];
-    }
-  }
-  return text;
-}
-
 /// The cell with these subscripts.
 std::optional<std::size_t> CellAt(Tabulation const& table,
                                   std::vector<std::uint32_t> const& subscripts) {
@@ -46,30 +31,8 @@ bool Agree(double a, double b) {
 
 }  // namespace
 
-TEST(TableDimension, HasTheCategoriesOfItsColumn) {
-  DataSet const data = DataOf("a,b\n2,x\n10,y\nNA,y\n2,z\n", {"a"});
-  TableDimension const dimension = MakeDimension(data, TableAxis::Rows, {0});
-  EXPECT_EQ(CategoriesOf(dimension, data), "2 10");
-  EXPECT_EQ(dimension.categoryOf, (std::vector<std::uint32_t>{0, 1, TableDimension::kMissing, 0}));
-  EXPECT_EQ(dimension.Total(), 2u);
-}
-
-TEST(TableDimension, NestsOnlyCombinationsThatOccur) {
-  DataSet const data = DataOf("a,b\nq,2\np,2\nq,1\nNA,3\np,NA\nq,2\n", {"a", "b"});
-  TableDimension const dimension = MakeDimension(data, TableAxis::Rows, {0, 1});
-  EXPECT_EQ(CategoriesOf(dimension, data), "q/1 q/2 p/2");
-  EXPECT_EQ(dimension.categoryOf, (std::vector<std::uint32_t>{1, 2, 0, TableDimension::kMissing,
-                                                              TableDimension::kMissing, 1}));
-}
-
-TEST(TableDimension, NestsDeeper) {
-  DataSet const data = DataOf("a,b,c\n1,x,u\n1,y,u\n1,x,v\n0,x,u\n", {"a", "b", "c"});
-  EXPECT_EQ(CategoriesOf(MakeDimension(data, TableAxis::Rows, {0, 1, 2}), data),
-            "0/x/u 1/x/u 1/x/v 1/y/u");
-}
-
 TEST(Tabulation, HasNoCellForACombinationThatNeverOccurs) {
-  DataSet const data = DataOf("a,b\nx,p\ny,q\n", {"a", "b"});
+  DataSet const data = ReadData("a,b\nx,p\ny,q\n", {"a", "b"});
   Tabulation const table(data, {}, ParseFormula("a ~ b"), ParseStatistics("count"), false);
   EXPECT_EQ(table.Cells(), 2u);
   EXPECT_TRUE(CellAt(table, {0, 0}).has_value());
@@ -78,7 +41,7 @@ TEST(Tabulation, HasNoCellForACombinationThatNeverOccurs) {
 
 TEST(Tabulation, HasACellForACombinationOfWeightZero) {
   WarningLog warnings;
-  DataSet const data = DataOf("a,w\nx,0\ny,2\n", {"a", "w"});
+  DataSet const data = ReadData("a,w\nx,0\ny,2\n", {"a", "w"});
   Tabulation const table(data, RowWeights(data, "w", warnings), ParseFormula("a ~"),
                          ParseStatistics("count,mean:w,min:w,row%"), false);
   std::size_t const cell = CellAt(table, {0}).value();
@@ -89,27 +52,27 @@ TEST(Tabulation, HasACellForACombinationOfWeightZero) {
 }
 
 TEST(Tabulation, LeavesRowsOutThatMissAnAxisValue) {
-  DataSet const data = DataOf("a,b,c\nx,NA,\nNA,NA,1\nx,1,\nx,2,3\n", {"a", "b", "c"});
+  DataSet const data = ReadData("a,b,c\nx,NA,\nNA,NA,1\nx,1,\nx,2,3\n", {"a", "b", "c"});
   Tabulation const table(data, {}, ParseFormula("a ~ b | c"), ParseStatistics("count"), false);
   EXPECT_EQ(table.Cells(), 1u);
-  EXPECT_EQ(table.RowsLeftOut(), 3u);
-  ASSERT_EQ(table.LeftOutFor().size(), 3u);
-  EXPECT_EQ(table.LeftOutFor()[0].rows, 1u);
-  EXPECT_EQ(table.LeftOutFor()[1].rows, 2u);
-  EXPECT_EQ(table.LeftOutFor()[2].rows, 2u);
+  EXPECT_EQ(table.ExcludedRows(), 3u);
+  ASSERT_EQ(table.MissingByColumn().size(), 3u);
+  EXPECT_EQ(table.MissingByColumn()[0].rows, 1u);
+  EXPECT_EQ(table.MissingByColumn()[1].rows, 2u);
+  EXPECT_EQ(table.MissingByColumn()[2].rows, 2u);
 }
 
 TEST(Tabulation, DoesNotCountRowsWithoutAWeightAsLeftOut) {
   WarningLog warnings;
-  DataSet const data = DataOf("a,w\nNA,NA\nx,NA\nx,1\n", {"a", "w"});
+  DataSet const data = ReadData("a,w\nNA,NA\nx,NA\nx,1\n", {"a", "w"});
   Tabulation const table(data, RowWeights(data, "w", warnings), ParseFormula("a ~"),
                          ParseStatistics("count"), false);
-  EXPECT_EQ(table.RowsLeftOut(), 0u);
+  EXPECT_EQ(table.ExcludedRows(), 0u);
   EXPECT_EQ(table.Value(CellAt(table, {0}).value(), 0), 1);
 }
 
 TEST(Tabulation, KeepsARowInOtherStatisticsWhenItMissesOne) {
-  DataSet const data = DataOf("a,x,y\np,,1\np,4,NA\np,6,text\n", {"a", "x", "y"});
+  DataSet const data = ReadData("a,x,y\np,,1\np,4,NA\np,6,text\n", {"a", "x", "y"});
   Tabulation const table(data, {}, ParseFormula("a ~"),
                          ParseStatistics("count,mean:x,mean:y,sum:x"), false);
   EXPECT_EQ(table.Value(0, 0), 3);
@@ -122,14 +85,14 @@ TEST(Tabulation, KeepsARowInOtherStatisticsWhenItMissesOne) {
 }
 
 TEST(Tabulation, KnowsTheDecimalsOfWhatItMeasures) {
-  DataSet const data = DataOf("x\n1.25\n3\n", {"x"});
+  DataSet const data = ReadData("x\n1.25\n3\n", {"x"});
   Tabulation const table(data, {}, ParseFormula("~"), ParseStatistics("count,mean:x"), false);
   EXPECT_EQ(table.Decimals(0), 0);
   EXPECT_EQ(table.Decimals(1), 2);
 }
 
 TEST(Tabulation, WithoutDimensionsHasOneCellOfAllRows) {
-  DataSet const data = DataOf("x\n1\n2\n", {"x"});
+  DataSet const data = ReadData("x\n1\n2\n", {"x"});
   Tabulation const table(data, {}, ParseFormula("~"), ParseStatistics("total%,max:x"), true);
   ASSERT_EQ(table.Cells(), 1u);
   EXPECT_FALSE(table.IsTotal(0));
@@ -138,13 +101,13 @@ TEST(Tabulation, WithoutDimensionsHasOneCellOfAllRows) {
 }
 
 TEST(Tabulation, OfNoRowsHasNoCells) {
-  DataSet const data = DataOf("a,x\n", {"a", "x"});
+  DataSet const data = ReadData("a,x\n", {"a", "x"});
   Tabulation const table(data, {}, ParseFormula("a ~"), ParseStatistics("count,row%"), true);
   EXPECT_EQ(table.Cells(), 0u);
 }
 
 TEST(Tabulation, MakesNoTotalsOfLayers) {
-  DataSet const data = DataOf("a,b,c\nx,1,u\ny,2,v\n", {"a", "b", "c"});
+  DataSet const data = ReadData("a,b,c\nx,1,u\ny,2,v\n", {"a", "b", "c"});
   Tabulation const table(data, {}, ParseFormula("a ~ b | c"), ParseStatistics("count"), true);
   EXPECT_EQ(table.Cells(), 8u);
   EXPECT_EQ(table.Value(CellAt(table, {2, 2, 0}).value(), 0), 1);
@@ -152,7 +115,7 @@ TEST(Tabulation, MakesNoTotalsOfLayers) {
 }
 
 TEST(Tabulation, TakesPercentagesWithinTheLayer) {
-  DataSet const data = DataOf("a,b,c\nx,1,u\nx,2,u\ny,2,u\nx,1,v\n", {"a", "b", "c"});
+  DataSet const data = ReadData("a,b,c\nx,1,u\nx,2,u\ny,2,u\nx,1,v\n", {"a", "b", "c"});
   Tabulation const table(data, {}, ParseFormula("a ~ b | c"),
                          ParseStatistics("row%,column%,total%"), false);
   std::size_t const cell = CellAt(table, {0, 1, 0}).value();
@@ -164,7 +127,7 @@ TEST(Tabulation, TakesPercentagesWithinTheLayer) {
 
 TEST(Tabulation, AddsTotalsWithoutLosingDigits) {
   WarningLog warnings;
-  DataSet const data = DataOf("a,w\nx,1e16\ny,1\nz,1\n", {"a", "w"});
+  DataSet const data = ReadData("a,w\nx,1e16\ny,1\nz,1\n", {"a", "w"});
   Tabulation const table(data, RowWeights(data, "w", warnings), ParseFormula("a ~"),
                          ParseStatistics("count"), true);
   EXPECT_EQ(table.Value(CellAt(table, {3}).value(), 0), 1e16 + 2);
@@ -201,8 +164,9 @@ PlainTable::Where Conditions(Tabulation const& table, DataSet const& data,
     if (subscripts[d] != dimension.Total() &&
         std::find(axes.begin(), axes.end(), dimension.axis) != axes.end()) {
       DataColumn const& column = data.columns[dimension.columns[0]];
-      where[column.name] =
-          column.values[dimension.orders[0].codeOf[dimension.categories[subscripts[d]][0]]];
+      where[column.Name()] =
+          column
+              .Values()[dimension.orders[0].codeByCategory[dimension.categories[subscripts[d]][0]]];
     }
   }
   return where;
@@ -247,8 +211,8 @@ void CheckCell(Tabulation const& table, std::size_t cell, PlainTable const& plai
     minimum = std::min(minimum, number);
     maximum = std::max(maximum, number);
   }
-  RC_ASSERT(Agree(table.Value(cell, 4), MeanOf(numbers)));
-  RC_ASSERT(Agree(table.Value(cell, 5), DeviationOf(numbers)));
+  RC_ASSERT(Agree(table.Value(cell, 4), ComputeMean(numbers)));
+  RC_ASSERT(Agree(table.Value(cell, 5), ComputeDeviation(numbers)));
   RC_ASSERT(Agree(table.Value(cell, 6), sum));
   RC_ASSERT(Agree(table.Value(cell, 7), minimum));
   RC_ASSERT(Agree(table.Value(cell, 8), maximum));
@@ -273,7 +237,7 @@ RC_GTEST_PROP(Tabulation, AgreesWithLoopsOverTheRows, ()) {
     bytes += row[0] + "," + row[1] + "," + row[2] + "," + row[3] + "," + row[4] + "\n";
   }
   WarningLog warnings;
-  DataSet const data = DataOf(bytes, {"a", "b", "c", "w", "x"});
+  DataSet const data = ReadData(bytes, {"a", "b", "c", "w", "x"});
   Tabulation const table(data, weight.empty() ? RowWeights() : RowWeights(data, weight, warnings),
                          ParseFormula(formula),
                          ParseStatistics("count,row%,column%,total%,mean:x,sd:x,sum:x,min:x,max:x"),

@@ -1,33 +1,29 @@
 #ifndef TESTS_TABULATE_TEXTDATA_H
 #define TESTS_TABULATE_TEXTDATA_H
 
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include <lakresvos/tabulate/DataSet.h>
 #include <lakresvos/tabulate/WarningLog.h>
 
-#include "support/TemporaryDirectory.h"
-
-/// Reads a data set from the text of a CSV file, of which all named columns are kept.
-inline lakresvos::tabulate::DataSet DataOf(std::string const& bytes,
-                                           std::vector<std::string> const& kept,
-                                           lakresvos::tabulate::WarningLog& warnings) {
-  TemporaryDirectory const directory;
-  std::vector<lakresvos::tabulate::ColumnWish> wishes;
+/// Reads a data set "data.csv" from the text of a CSV file, of which all named columns are kept.
+inline lakresvos::tabulate::DataSet ReadData(std::string const& bytes,
+                                             std::vector<std::string> const& kept,
+                                             lakresvos::tabulate::WarningLog& warnings) {
+  lakresvos::tabulate::RequiredColumns required;
   for (std::string const& name : kept) {
-    wishes.push_back({name, "the test"});
+    required.push_back({name, "the test"});
   }
-  lakresvos::tabulate::DataSet data =
-      lakresvos::tabulate::ReadDataSet(directory.Write("data.csv", bytes), wishes, warnings);
-  data.file = "data.csv";
-  return data;
+  std::istringstream input(bytes);
+  return lakresvos::tabulate::ReadDataSet(input, "data.csv", required, warnings);
 }
 
-inline lakresvos::tabulate::DataSet DataOf(std::string const& bytes,
-                                           std::vector<std::string> const& kept) {
+inline lakresvos::tabulate::DataSet ReadData(std::string const& bytes,
+                                             std::vector<std::string> const& kept) {
   lakresvos::tabulate::WarningLog warnings;
-  return DataOf(bytes, kept, warnings);
+  return ReadData(bytes, kept, warnings);
 }
 
 #endif

@@ -33,14 +33,21 @@ TEST(Utf8, RefusesWhatIsBeyondTheLastCharacter) {
 }
 
 TEST(Utf8, CountsCharactersRatherThanBytes) {
-  EXPECT_EQ(CharacterCount("aé漢"), 3u);
-  EXPECT_EQ(CharacterOffset("aé漢b", 2), 3u);
-  EXPECT_EQ(CharacterOffset("aé漢b", 4), 7u);
-  EXPECT_EQ(CharacterOffset("aé漢b", 99), 7u);
+  EXPECT_EQ(CountCharacters("aé漢"), 3u);
+  EXPECT_EQ(FindCharacter("aé漢b", 2), 3u);
+  EXPECT_EQ(FindCharacter("aé漢b", 4), 7u);
+  EXPECT_EQ(FindCharacter("aé漢b", 99), 7u);
 }
 
 TEST(Utf8, TellsAscii) {
   EXPECT_TRUE(IsAscii("plain"));
   EXPECT_TRUE(IsAscii(""));
   EXPECT_FALSE(IsAscii("Größe"));
+}
+
+TEST(Utf8, CountsAByteThatBelongsToNoCharacterAsOne) {
+  EXPECT_EQ(CountCharacters("a\xFF\x80\u00E9"), 4u);
+  EXPECT_EQ(FindCharacter("a\xFF\x80\u00E9", 3), 3u);
+  EXPECT_EQ(MeasureCharacter("\xFF"), 0u);
+  EXPECT_EQ(MeasureCharacter(""), 0u);
 }

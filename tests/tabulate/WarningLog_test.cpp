@@ -29,7 +29,7 @@ TEST(WarningLog, KeepsTheFirstHundredByLineWhicheverCameFirst) {
   }
   EXPECT_EQ(log.Total(), 1000u);
   std::vector<Warning> const first = log.First();
-  ASSERT_EQ(first.size(), WarningLog::kKept);
+  ASSERT_EQ(first.size(), WarningLog::kMaxKept);
   for (std::size_t i = 0; i < first.size(); ++i) {
     EXPECT_EQ(first[i].line, i + 1);
     EXPECT_EQ(first[i].problem, std::to_string(i + 1));
@@ -43,11 +43,11 @@ TEST(WarningLog, CountsEachKindAndKnowsItsFirstPlace) {
   log.Add({Skipped::Lines, 2, "b", "early"});
   log.Add({Skipped::Texts, 1, "c", "other"});
   EXPECT_TRUE(log.Any());
-  EXPECT_EQ(log.Of(Skipped::Lines).count, 2u);
-  EXPECT_EQ(log.Of(Skipped::Lines).line, 2u);
-  EXPECT_EQ(log.Of(Skipped::Lines).column, "b");
-  EXPECT_EQ(log.Of(Skipped::Texts).count, 1u);
-  EXPECT_EQ(log.Of(Skipped::Rows).count, 0u);
+  EXPECT_EQ(log.Summary(Skipped::Lines).count, 2u);
+  EXPECT_EQ(log.Summary(Skipped::Lines).line, 2u);
+  EXPECT_EQ(log.Summary(Skipped::Lines).column, "b");
+  EXPECT_EQ(log.Summary(Skipped::Texts).count, 1u);
+  EXPECT_EQ(log.Summary(Skipped::Rows).count, 0u);
 }
 
 TEST(WarningLog, KeepsNoWarningOfWhatIsOnlyCounted) {

@@ -38,7 +38,7 @@ std::vector<std::string> MakeSkipMessages(tabulate::WarningLog const& log,
                                           std::string const& file) {
   std::vector<std::string> messages;
   for (tabulate::Skipped const kind : tabulate::kAllSkipped) {
-    tabulate::SkipCount const& count = log.Of(kind);
+    tabulate::SkipCount const& count = log.Summary(kind);
     if (count.count != 0) {
       Wording const wording = ChooseWording(kind);
       messages.push_back(file + ": " + std::to_string(count.count) + " " +

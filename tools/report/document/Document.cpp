@@ -10,12 +10,10 @@
 #include <lakresvos/OmChart.h>
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmTextBlock.h>
-#include <lakresvos/tabulate/ColumnNumbers.h>
 #include <lakresvos/tabulate/Grouping.h>
 #include <lakresvos/tabulate/InputError.h>
 #include <lakresvos/tabulate/Quoting.h>
 #include <lakresvos/tabulate/RowWeights.h>
-#include <lakresvos/tabulate/StatisticLabel.h>
 #include <lakresvos/tabulate/WarningLog.h>
 
 #include "chart/BarChart.h"
@@ -28,28 +26,21 @@ namespace lakresvos::report {
 
 namespace {
 
-std::vector<tabulate::ColumnWish> CollectFormulaColumns(
-    std::vector<tabulate::TableRequest> const& tables) {
-  std::vector<tabulate::ColumnWish> columns;
+/// The columns of all tables.
+tabulate::RequiredColumns ListTableColumns(std::vector<tabulate::TableRequest> const& tables) {
+  tabulate::RequiredColumns columns;
   for (tabulate::TableRequest const& table : tables) {
-    for (auto const* axis : {&table.formula.rows, &table.formula.columns, &table.formula.layers}) {
-      for (tabulate::FormulaTerm const& term : *axis) {
-        for (tabulate::NamedColumn const& column : term) {
-          columns.push_back({column.name, "--table", table.formula.text, column.position});
-        }
-      }
+    for (tabulate::RequiredColumn const& column : tabulate::ListColumns(table.formula)) {
+      columns.push_back(column);
     }
   }
   return columns;
 }
 
-/// Lists the columns that the options name, with who names them.
-std::vector<tabulate::ColumnWish> CollectColumns(Options const& options) {
-  std::vector<tabulate::ColumnWish> columns = CollectFormulaColumns(options.tables);
-  for (tabulate::Statistic const& statistic : options.statistics) {
-    if (tabulate::NeedsColumn(statistic.measure)) {
-      columns.push_back({statistic.column.name, "--statistics", "", statistic.column.position});
-    }
+tabulate::RequiredColumns ListRequiredColumns(Options const& options) {
+  tabulate::RequiredColumns columns = ListTableColumns(options.tables);
+  for (tabulate::RequiredColumn const& column : tabulate::ListColumns(options.statistics)) {
+    columns.push_back(column);
   }
   if (!options.weight.empty()) {
     columns.push_back({options.weight, "--weight"});
@@ -57,48 +48,33 @@ std::vector<tabulate::ColumnWish> CollectColumns(Options const& options) {
   return columns;
 }
 
-/// @throws InputError for a column that is in no formula.
+/// @throws InputError for a column that is in no table.
 void CheckTextColumns(std::vector<std::string> const& columns,
-                      std::vector<tabulate::ColumnWish> const& formulaColumns) {
+                      tabulate::RequiredColumns const& tableColumns) {
   for (std::string const& column : columns) {
-    if (std::none_of(formulaColumns.begin(), formulaColumns.end(),
-                     [&](tabulate::ColumnWish const& wish) { return wish.name == column; })) {
+    if (std::none_of(tableColumns.begin(), tableColumns.end(),
+                     [&](tabulate::RequiredColumn const& one) { return one.name == column; })) {
       throw tabulate::InputError("--text: column " + tabulate::Quoted(column) + " is in no table");
     }
   }
 }
 
-void WarnOfTexts(tabulate::DataSet const& data, std::vector<tabulate::Statistic> const& statistics,
-                 tabulate::WarningLog& warnings) {
-  std::vector<bool> seen(data.columns.size());
-  for (tabulate::Statistic const& statistic : statistics) {
-    if (!tabulate::NeedsColumn(statistic.measure)) {
-      continue;
-    }
-    std::size_t const column = data.Find(statistic.column.name);
-    if (!seen[column]) {
-      tabulate::WarnOfTexts(data, data.columns[column], warnings);
-    }
-    seen[column] = true;
-  }
-}
-
-/// Counts the rows with a weight but without a value in one of these columns.
+/// Counts the rows that lack a value in any of these columns and have a weight all the same.
 void CountMissing(tabulate::DataSet const& data, tabulate::RowWeights const& weights,
-                  std::vector<std::string> const& columns, tabulate::Skipped kind,
+                  tabulate::RequiredColumns const& columns, tabulate::Skipped kind,
                   tabulate::WarningLog& warnings) {
   std::vector<tabulate::DataColumn const*> kept;
   kept.reserve(columns.size());
-  for (std::string const& name : columns) {
-    kept.push_back(&data.columns[data.Find(name)]);
+  for (tabulate::RequiredColumn const& column : columns) {
+    kept.push_back(&data.columns[data.FindColumn(column.name)]);
   }
   for (std::size_t row = 0; row < data.Rows(); ++row) {
     auto const missing =
         std::find_if(kept.begin(), kept.end(), [row](tabulate::DataColumn const* column) {
-          return column->codes[row] == tabulate::DataColumn::kMissing;
+          return column->Codes()[row] == tabulate::kMissingCode;
         });
-    if (missing != kept.end() && !std::isnan(weights.Of(row))) {
-      warnings.Count(kind, data.lines[row], (*missing)->name);
+    if (missing != kept.end() && !std::isnan(weights.At(row))) {
+      warnings.Count(kind, data.lines[row], (*missing)->Name());
     }
   }
 }
@@ -109,18 +85,9 @@ void CountMissing(tabulate::DataSet const& data, tabulate::RowWeights const& wei
   if (options.tables.empty()) {
     return;
   }
-  std::vector<std::string> columns;
-  for (tabulate::ColumnWish const& wish : CollectFormulaColumns(options.tables)) {
-    columns.push_back(wish.name);
-  }
-  CountMissing(data, weights, columns, tabulate::Skipped::Rows, warnings);
-  columns.clear();
-  for (tabulate::Statistic const& statistic : options.statistics) {
-    if (tabulate::NeedsColumn(statistic.measure)) {
-      columns.push_back(statistic.column.name);
-    }
-  }
-  CountMissing(data, weights, columns, tabulate::Skipped::Values, warnings);
+  CountMissing(data, weights, ListTableColumns(options.tables), tabulate::Skipped::Rows, warnings);
+  CountMissing(data, weights, tabulate::ListColumns(options.statistics), tabulate::Skipped::Values,
+               warnings);
 }
 
 using Item = std::unique_ptr<OmOutputPart>;
@@ -131,7 +98,7 @@ std::unique_ptr<OmChart> MakeChart(OmPivotTable const& table, tabulate::Formula 
   auto chart = std::make_unique<OmChart>(*table.Label(), "", id);
   render::ChartData const data =
       MakeChartData(table, formula.rows.size() + formula.columns.size(),
-                    tabulate::StatisticLabel(options.statistics.front())->GetText());
+                    tabulate::MakeStatisticLabel(options.statistics.front())->GetText());
   std::string const json = render::WriteChartData(data);
   std::string const picture = BarChartSvg(data);
   chart->SetViZJSON(json.data(), static_cast<unsigned int>(json.size()));
@@ -151,18 +118,18 @@ Node Append(Node const& parent, Item item) {
 tabulate::WarningLog AppendReport(OmOutputTree& document, Options const& options) {
   StyleSheet const style =
       options.styleFile.empty() ? StyleSheet() : ReadStyleSheet(options.styleFile);
-  tabulate::CheckGroupings(options.groupings, CollectFormulaColumns(options.tables));
-  CheckTextColumns(options.textColumns, CollectFormulaColumns(options.tables));
+  tabulate::CheckGroupings(options.groupings, ListTableColumns(options.tables));
+  CheckTextColumns(options.textColumns, ListTableColumns(options.tables));
   tabulate::WarningLog warnings;
   tabulate::DataSet data =
-      tabulate::ReadDataSet(options.dataFile, CollectColumns(options), warnings);
+      tabulate::ReadDataSet(options.dataFile, ListRequiredColumns(options), warnings);
   for (std::string const& column : options.textColumns) {
-    data.columns[data.Find(column)].text = true;
+    data.columns[data.FindColumn(column)].TreatAsText();
   }
   tabulate::RowWeights const weights = options.weight.empty()
                                            ? tabulate::RowWeights()
                                            : tabulate::RowWeights(data, options.weight, warnings);
-  WarnOfTexts(data, options.statistics, warnings);
+  tabulate::WarnAboutTexts(data, options.statistics, warnings);
   CountMissing(data, weights, options, warnings);
 
   std::vector<Item> items;

@@ -59,12 +59,13 @@ std::unique_ptr<OmPivotTable> MakeNotesTable(tabulate::DataSet const& data,
     notes.Add("Rows used", MakeCount(data.Rows()));
     notes.Add("Weight", OmStringCell("None", true));
   } else {
-    notes.Add("Rows used", MakeCount(data.Rows() - data.columns[data.Find(weight)].missing));
+    notes.Add("Rows used",
+              MakeCount(data.Rows() - data.columns[data.FindColumn(weight)].MissingCount()));
     notes.Add("Weight", OmVariable(weight, ""));
   }
   OmDimension::Node const group = notes.AddGroup("Missing values");
   for (tabulate::DataColumn const& column : data.columns) {
-    notes.Add(group, OmVariable(column.name, ""), MakeCount(column.missing));
+    notes.Add(group, OmVariable(column.Name(), ""), MakeCount(column.MissingCount()));
   }
   return notes.Build();
 }

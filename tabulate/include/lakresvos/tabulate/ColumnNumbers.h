@@ -2,34 +2,32 @@
 #define LAKRESVOS_TABULATE_COLUMN_NUMBERS_H
 
 #include <cstdint>
+#include <limits>
 #include <vector>
-
-#include <lakresvos/tabulate/DataSet.h>
-#include <lakresvos/tabulate/Export.h>
-#include <lakresvos/tabulate/Number.h>
 
 namespace lakresvos::tabulate {
 
-class WarningLog;
+/// A number that is missing or cannot be computed: a NaN. Test for it with std::isnan().
+constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
-/// The values of a data column as numbers.
+/// The code of a missing value in a data column.
+constexpr std::uint32_t kMissingCode = 0xFFFFFFFF;
+
+/// The distinct values of a data column as numbers; DataColumn::Numbers() makes them.
+///
+/// A value is a number when all of it is one: digits with an optional sign, decimal point and
+/// exponent, as in "-12", ".5" or "6.02e23", within a double's range.
+///
+/// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct ColumnNumbers {
-  std::vector<double> byCode;  ///< per value, the number that it is or kNoNumber
-  int decimals = 0;            ///< the most decimals that any of them is written with
-  bool complete = true;        ///< whether all of them are numbers
+  std::vector<double> byCode;  ///< for each value the number that it is, or kNoNumber
+  int decimals = 0;            ///< the largest number of decimals written, at most 15
+  bool complete = true;        ///< whether all values are numbers; missing ones do not count
 
-  /// The number of a row with this code; kNoNumber for a missing value.
-  double Of(std::uint32_t code) const {
-    return code == DataColumn::kMissing ? kNoNumber : byCode[code];
-  }
+  /// The number of a row with this code; kNoNumber for a missing value and for a text.
+  /// Requires: the code is kMissingCode or an index of byCode.
+  double At(std::uint32_t code) const { return code == kMissingCode ? kNoNumber : byCode[code]; }
 };
-
-/// Reads the numbers of a column. Requires: the column is kept.
-LAKRESVOS_TABULATE_EXPORT ColumnNumbers NumbersOf(DataColumn const& column);
-
-/// Warns of every row in which the column has a text where statistics need a number.
-LAKRESVOS_TABULATE_EXPORT void WarnOfTexts(DataSet const& data, DataColumn const& column,
-                                           WarningLog& warnings);
 
 }  // namespace lakresvos::tabulate
 

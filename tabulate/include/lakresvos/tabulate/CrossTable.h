@@ -15,21 +15,40 @@
 
 namespace lakresvos::tabulate {
 
-/// A table that is asked for.
+/// A table to make.
+///
+/// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct TableRequest {
   Formula formula;
-  std::string title;    ///< empty: one that says what is tabulated
-  std::string caption;  ///< empty: none
+  std::string title = {};    ///< empty: one that says what is tabulated
+  std::string caption = {};  ///< empty: none
 };
 
-/// Tabulates the data and makes a pivot table of the result.
+/// Tabulates data and makes a pivot table of the result.
 ///
-/// Dimensions stand in the order of the formula, the first outermost; several statistics, or one in
-/// a table without dimensions, make a further dimension innermost on the columns. Counts have the
-/// decimals of the weights, percentages 1, means and deviations 2, the others those of the data. A
-/// statistic that cannot be computed is the system-missing value. Footnotes tell what was left out.
+/// Dimensions are in the order of the formula, the first outermost; several statistics, or one in a
+/// table without dimensions, make a further dimension innermost on the columns. Categories are in
+/// ascending order when all values of their column are numbers, else in the order of the rows.
+/// Counts have the decimals of the weights, percentages 1, means and deviations 2, the others those
+/// of the data. A statistic that cannot be computed is the system-missing value.
 ///
-/// @throws InputError for a grouping with a category that its column does not have.
+/// A row that lacks a value in a column of the formula is left out, which a footnote at the title
+/// tells; one that lacks a value of which a statistic is taken is left out of that statistic, which
+/// a footnote at the cell tells.
+///
+/// Takes time linear in the number of rows, and in the number of cells times 2 to the number of row
+/// and column dimensions when totals or percentages are wanted.
+///
+/// @param data       Requires: it keeps the columns of formula and statistics.
+/// @param weights    of these data, or the default: every row counts once.
+/// @param request    the formula and the texts of the table.
+/// @param statistics what each cell shows; at least one.
+/// @param totals     whether each dimension of the rows and columns gets a Total. The label of a
+///                   Total is marked by OmCellMetaData::setTotal().
+/// @param groupings  those of columns that are not in the formula do nothing.
+/// @return a table that the caller owns, never null, after OmPivotTable::EndTable().
+/// @throws InputError for a grouping with a category that its column does not have, that is in two
+///         groups, or that never occurs next to the first one of its group.
 LAKRESVOS_TABULATE_EXPORT std::unique_ptr<OmPivotTable> MakeCrossTable(
     DataSet const& data, RowWeights const& weights, TableRequest const& request,
     std::vector<Statistic> const& statistics, bool totals,

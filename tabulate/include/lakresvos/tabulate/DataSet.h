@@ -3,64 +3,118 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iosfwd>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include <lakresvos/tabulate/ColumnNumbers.h>
 #include <lakresvos/tabulate/Dictionary.h>
 #include <lakresvos/tabulate/Export.h>
+#include <lakresvos/tabulate/RequiredColumns.h>
 
 namespace lakresvos::tabulate {
 
+struct LazyNumbers;
 class WarningLog;
 
-/// One column: its distinct values, and for each row which of them it holds.
-struct DataColumn {
-  /// The code of a missing value, which is an empty field or one that reads NA.
-  static constexpr std::uint32_t kMissing = 0xFFFFFFFF;
-
-  std::string name;
-  bool kept = false;                 ///< whether values and codes are filled
-  bool text = false;                 ///< whether its categories are texts, whatever they look like
-  Dictionary values;                 ///< the distinct values that are not missing
-  std::vector<std::uint32_t> codes;  ///< per row, the number of its value or kMissing
-  std::size_t missing = 0;           ///< in how many rows the value is missing
-};
-
-/// A column that is asked for, and where, for messages.
-struct LAKRESVOS_TABULATE_EXPORT ColumnWish {
-  std::string name;
-  std::string_view option;   ///< "--table", say
-  std::string_view value{};  ///< of the option; empty: goes without saying. Has to outlive the wish
-  std::size_t position = 0;  ///< of the name in the value, from 1; 0: the name is all of it
-
-  /// "--table 'a ~ b' at position 5".
-  std::string Source() const;
-};
-
-/// The data of one file, column by column.
+/// One column of data: its distinct values, and for each row which of them it holds.
 ///
-/// Thread safety: reading from several threads is safe while nobody changes the object.
-struct LAKRESVOS_TABULATE_EXPORT DataSet {
-  std::string file;
-  std::vector<DataColumn> columns;
-  std::vector<std::size_t> lines;  ///< per row, the line on which it starts
-  std::size_t records = 0;         ///< rows and what was skipped, without the header
+/// A value is missing when its field is empty or reads NA. Can be moved but not copied. One that was
+/// moved from can only be assigned to and destroyed.
+///
+/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+class LAKRESVOS_TABULATE_EXPORT DataColumn {
+ public:
+  /// Makes a column without rows.
+  /// @param kept whether values are kept; if not, only missing ones are counted.
+  explicit DataColumn(std::string name, bool kept = true);
+  /// Takes over everything of another one, in constant time; references to what that had end.
+  DataColumn(DataColumn&& other) noexcept;
+  /// Drops what it has and takes over everything of another one.
+  DataColumn& operator=(DataColumn&& other) noexcept;
+  ~DataColumn();
 
+  /// Adds a row.
+  /// @throws std::length_error when there are more than 4,294,967,295 distinct values.
+  void Append(std::string_view field);
+
+  /// The name in the header of the data.
+  std::string const& Name() const { return name_; }
+
+  /// Whether values are kept. If not, Values() and Codes() are empty.
+  bool IsKept() const { return kept_; }
+
+  /// Whether the categories are texts in any case, even if all values are numbers; false at first.
+  bool IsText() const { return text_; }
+
+  /// Has the categories be texts in any case, in the order of the rows.
+  void TreatAsText() { text_ = true; }
+
+  /// The number of rows in which the value is missing, whether or not values are kept.
+  std::size_t MissingCount() const { return missing_; }
+
+  /// The distinct values that are not missing; their numbers are the codes. The reference is valid
+  /// as long as the column.
+  Dictionary const& Values() const { return values_; }
+
+  /// For each row the code of its value, or kMissingCode. The reference is valid as long as the
+  /// column.
+  std::vector<std::uint32_t> const& Codes() const { return codes_; }
+
+  /// The distinct values as numbers. The first call after values were added parses each distinct
+  /// value once; later calls take constant time. The reference is valid until the next Append() and
+  /// until the column is moved from or destroyed.
+  ColumnNumbers const& Numbers() const;
+
+ private:
+  std::string name_;
+  bool kept_;
+  bool text_ = false;
+  std::size_t missing_ = 0;
+  Dictionary values_;
+  std::vector<std::uint32_t> codes_;
+  std::unique_ptr<LazyNumbers> numbers_;
+};
+
+/// The data of one source, column by column.
+///
+/// Can be moved but not copied; references to columns and what they hold stay valid then.
+///
+/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+struct LAKRESVOS_TABULATE_EXPORT DataSet {
+  std::string file;  ///< the name of the source, for messages
+  std::vector<DataColumn> columns;
+  std::vector<std::size_t> lines;  ///< for each row the line on which it starts, from 1
+  std::size_t records = 0;         ///< rows and skipped records, without the header
+
+  /// The number of rows.
   std::size_t Rows() const { return lines.size(); }
 
-  /// The number of the column with this name. Requires: there is one.
-  std::size_t Find(std::string const& name) const;
+  /// The index of the column with this name, or the number of columns when there is none. Takes time
+  /// linear in the number of columns.
+  std::size_t FindColumn(std::string const& name) const;
 };
 
-/// Reads a CSV file whose first record names the columns. Values are kept of the wished columns
-/// alone; missing ones are counted in all. A record with too few or too many fields is skipped with
-/// a warning.
+/// Reads a CSV file (RFC 4180, UTF-8) whose first record names the columns.
 ///
-/// @throws InputError as ReadCsv(), for a file without a header or with a name that comes twice in
-///         it, and for a wished column that it lacks.
+/// Values are kept of the required columns only; missing ones are counted in all. A record with too
+/// few or too many fields is skipped. Takes one pass, in time linear in the size of the file.
+///
+/// @param required the columns to keep.
+/// @param warnings gets a warning of each skipped record.
+/// @throws InputError with file, line and column at fault: for a file that cannot be read, broken
+///         quotes, invalid UTF-8, a missing header, a column name that is there twice, and a
+///         required column that is not there.
 LAKRESVOS_TABULATE_EXPORT DataSet ReadDataSet(std::string const& file,
-                                              std::vector<ColumnWish> const& wishes,
+                                              RequiredColumns const& required,
+                                              WarningLog& warnings);
+
+/// Reads CSV from a stream up to its end; otherwise as above.
+/// @param name names the source in messages.
+LAKRESVOS_TABULATE_EXPORT DataSet ReadDataSet(std::istream& input, std::string const& name,
+                                              RequiredColumns const& required,
                                               WarningLog& warnings);
 
 }  // namespace lakresvos::tabulate

@@ -3,50 +3,57 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include <lakresvos/tabulate/IdTable.h>
+#include <lakresvos/tabulate/Export.h>
 
 namespace lakresvos::tabulate {
 
-/// The distinct texts among many, numbered in the order in which they first appear.
-class Dictionary {
+class IdTable;
+
+/// The distinct texts among many, numbered 0, 1, 2, ... in the order in which they first appear.
+///
+/// Can be moved but not copied. One that was moved from can only be assigned to and destroyed.
+///
+/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+class LAKRESVOS_TABULATE_EXPORT Dictionary {
  public:
-  /// The number of the text, which is added when it is new.
-  std::uint32_t Intern(std::string_view text) {
-    std::uint32_t const known = Find(text);
-    if (known != IdTable::kNone) {
-      return known;
-    }
-    text_.append(text);
-    ends_.push_back(text_.size());
-    ids_.Add(Hash(text));
-    return static_cast<std::uint32_t>(ends_.size() - 1);
-  }
+  /// What Find() returns when there is nothing to find, and the one number that is never given.
+  static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
-  /// The number of the text, or IdTable::kNone.
-  std::uint32_t Find(std::string_view text) const {
-    return ids_.Find(Hash(text), [&](std::uint32_t id) { return (*this)[id] == text; });
-  }
+  /// Makes a dictionary without texts.
+  Dictionary();
+  /// Takes over the texts of another one, in constant time.
+  Dictionary(Dictionary&& other) noexcept;
+  /// Drops its texts and takes over those of another one.
+  Dictionary& operator=(Dictionary&& other) noexcept;
+  ~Dictionary();
 
-  /// How many distinct texts there are.
+  /// The number of the text, which is added when it is new. Takes time linear in the length of the
+  /// text, amortized.
+  /// @throws std::length_error for the text after the 4,294,967,295th; nothing is added then.
+  std::uint32_t Intern(std::string_view text);
+
+  /// The number of the text, or kNone. Takes time linear in the length of the text.
+  std::uint32_t Find(std::string_view text) const;
+
+  /// The number of distinct texts.
   std::size_t size() const { return ends_.size(); }
 
-  /// The text with this number, below size(). Valid until the next Intern().
+  /// The text with this number. Requires: the number is below size().
+  /// @return a view that is valid until the next Intern() and as long as the dictionary.
   std::string_view operator[](std::uint32_t id) const {
     std::size_t const start = id == 0 ? 0 : ends_[id - 1];
     return std::string_view(text_).substr(start, ends_[id] - start);
   }
 
  private:
-  static std::size_t Hash(std::string_view text) { return std::hash<std::string_view>()(text); }
-
-  std::string text_;               // all texts, one behind the other
+  std::string text_;               // all texts, one after the other
   std::vector<std::size_t> ends_;  // where each text ends
-  IdTable ids_;
+  std::unique_ptr<IdTable> ids_;
 };
 
 }  // namespace lakresvos::tabulate

@@ -5,25 +5,30 @@
 #include <vector>
 
 #include <lakresvos/tabulate/Export.h>
-#include <lakresvos/tabulate/Scanner.h>
+#include <lakresvos/tabulate/NameToken.h>
 
 namespace lakresvos::tabulate {
 
 /// One dimension of a table: a data column, or several nested in one another, outermost first.
-using FormulaTerm = std::vector<NamedColumn>;
+using FormulaTerm = std::vector<NameToken>;
 
-/// Which data columns stand on which axis of a table.
+/// Which data columns are on which axis of a table. On each axis the first term is the outermost.
+///
+/// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct Formula {
-  std::string text;
-  std::vector<FormulaTerm> rows;  ///< outermost first, as on the other axes
-  std::vector<FormulaTerm> columns;
-  std::vector<FormulaTerm> layers;
+  std::string text;                  ///< what was parsed, for messages
+  std::vector<FormulaTerm> rows;     ///< the terms before `~`
+  std::vector<FormulaTerm> columns;  ///< the terms after `~`
+  std::vector<FormulaTerm> layers;   ///< the terms after `|`
 };
 
-/// Reads `ROWS ~ COLUMNS` or `ROWS ~ COLUMNS | LAYERS`. Each axis may be empty, else is a list of
-/// terms joined by `*`; a term is a column, or columns joined by `/`, each nested in the one
-/// before.
-/// @throws InputError that names the position, also for a column that comes twice.
+/// Parses `ROWS ~ COLUMNS` or `ROWS ~ COLUMNS | LAYERS`.
+///
+/// Each axis is empty or a list of terms joined by `*`. A term is a column, or columns joined by
+/// `/`, each nested in the one before. A column name ends at a space or at one of `~|*/`; in
+/// back-quotes it may hold anything, and two back-quotes there make one.
+///
+/// @throws InputError that names the position, also for a column that is there twice.
 LAKRESVOS_TABULATE_EXPORT Formula ParseFormula(std::string const& text);
 
 }  // namespace lakresvos::tabulate

@@ -4,32 +4,33 @@
 #include <string>
 #include <vector>
 
-#include <lakresvos/tabulate/DataSet.h>
 #include <lakresvos/tabulate/Export.h>
-#include <lakresvos/tabulate/Scanner.h>
+#include <lakresvos/tabulate/NameToken.h>
+#include <lakresvos/tabulate/RequiredColumns.h>
 
 namespace lakresvos::tabulate {
 
 /// Categories of a data column that tables show under a group of their own.
+///
+/// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct Grouping {
-  std::string text;
-  NamedColumn column;
-  NamedColumn group;
-  std::vector<NamedColumn> categories;  ///< by the values that make them
+  std::string text;                   ///< what was parsed, for messages
+  NameToken column;                   ///< the data column
+  NameToken group;                    ///< what the group is called
+  std::vector<NameToken> categories;  ///< values of the column, at least one
 };
 
-/// Reads `COLUMN: NAME = CATEGORY, CATEGORY`; names as in a formula.
+/// Parses `COLUMN: GROUP = CATEGORY, CATEGORY`; names in back-quotes may hold anything, as in a
+/// formula.
 /// @throws InputError that names the position.
 LAKRESVOS_TABULATE_EXPORT Grouping ParseGrouping(std::string const& text);
 
-/// @throws InputError for a grouping of a column that is in no formula, and for a group of a column
-///         that comes twice.
+/// Checks groupings before any data are read.
+/// @param tableColumns the columns of the formulas of all tables.
+/// @throws InputError for a grouping of a column that is in no table, and for a column with two
+///         groups of one name.
 LAKRESVOS_TABULATE_EXPORT void CheckGroupings(std::vector<Grouping> const& groupings,
-                                              std::vector<ColumnWish> const& formulaColumns);
-
-/// Complains about a place in a grouping.
-/// @throws InputError always.
-[[noreturn]] void Fail(Grouping const& grouping, NamedColumn const& place, std::string const& what);
+                                              RequiredColumns const& tableColumns);
 
 }  // namespace lakresvos::tabulate
 

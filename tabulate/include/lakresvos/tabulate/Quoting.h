@@ -8,14 +8,16 @@
 
 namespace lakresvos::tabulate {
 
-/// The text with control characters written as escapes, so that it stays on one line.
+/// The text with control characters written as escapes (`\n`, `\r`, `\t`, `\x1B`), so that it stays
+/// on one line. Other bytes stay as they are, whether or not they are UTF-8.
 LAKRESVOS_TABULATE_EXPORT std::string OneLine(std::string_view text);
 
-/// The line without its middle when it has more than 500 characters, with "..." in that place: a
-/// message starts with what is at fault and ends with the reason.
+/// The line, or its first 300 and its last 200 code points with "..." between them when it has more
+/// than 500: a message starts with what is at fault and ends with the reason.
 LAKRESVOS_TABULATE_EXPORT std::string Shortened(std::string const& line);
 
-/// The text in single quotes on one line, cut after 40 characters; for messages.
+/// The text as messages show it: in single quotes, on one line as OneLine() makes it, and with
+/// "..." in place of what comes after 40 code points.
 LAKRESVOS_TABULATE_EXPORT std::string Quoted(std::string_view text);
 
 }  // namespace lakresvos::tabulate

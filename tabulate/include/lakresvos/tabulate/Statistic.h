@@ -1,44 +1,53 @@
 #ifndef LAKRESVOS_TABULATE_STATISTIC_H
 #define LAKRESVOS_TABULATE_STATISTIC_H
 
+#include <memory>
 #include <string>
 #include <vector>
 
+#include <cells/OmCellText.h>
 #include <lakresvos/tabulate/Export.h>
-#include <lakresvos/tabulate/Scanner.h>
+#include <lakresvos/tabulate/NameToken.h>
 
 namespace lakresvos::tabulate {
 
-enum class Measure {
-  Count,
-  RowPercent,
-  ColumnPercent,
-  TotalPercent,
-  Mean,
-  Deviation,
-  Sum,
-  Minimum,
-  Maximum
-};
+struct DataSet;
+struct StatisticKind;
+class WarningLog;
 
-/// One number per cell of a table.
+/// One number for each cell of a table; ParseStatistics() makes them.
+///
+/// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct Statistic {
-  Measure measure;
-  NamedColumn column;  ///< what it is taken of; without a name where NeedsColumn() is false
+  StatisticKind const* kind;  ///< what is computed; never null, owned by the library
+  NameToken column;           ///< what it is taken of; without a name when NeedsColumn() is false
 };
 
-/// Whether the measure is taken of a data column rather than of the rows as such.
-LAKRESVOS_TABULATE_EXPORT bool NeedsColumn(Measure measure);
+/// Whether a statistic is taken of a data column rather than of the rows as such.
+LAKRESVOS_TABULATE_EXPORT bool NeedsColumn(Statistic const& statistic);
 
-/// Whether the measure is a share of a count.
-LAKRESVOS_TABULATE_EXPORT bool IsPercent(Measure measure);
+/// What a statistic is called in tables: "Count", "Mean of Ozone".
+/// @return a cell that the caller owns, never null.
+LAKRESVOS_TABULATE_EXPORT std::unique_ptr<OmCellText> MakeStatisticLabel(
+    Statistic const& statistic);
 
-/// "Row %", "Mean": what a table calls the measure.
-LAKRESVOS_TABULATE_EXPORT char const* LabelOf(Measure measure);
-
-/// Reads `count,row%,column%,total%,mean:X,sd:X,sum:X,min:X,max:X`, or some of them, in any order.
-/// @throws InputError that names the position, also for a statistic that comes twice.
+/// Parses a list such as `count,row%,mean:X,sd:X`.
+///
+/// `count` is the sum of the weights; `row%`, `column%` and `total%` are percentages of the count of
+/// the row, the column and the layer; `mean:X`, `sd:X`, `sum:X`, `min:X` and `max:X` are taken of
+/// the numbers in column X, each as often as its row's weight says. The standard deviation is that
+/// of a sample: the root of the sum of squared distances from the mean over the sum of the weights
+/// less 1.
+///
+/// @throws InputError that names the position, also for a statistic that is there twice.
 LAKRESVOS_TABULATE_EXPORT std::vector<Statistic> ParseStatistics(std::string const& text);
+
+/// Warns of every row in which a column that a statistic is taken of has a text instead of a number;
+/// it counts as missing. To be called once for a data set, however many tables are made of it.
+/// Requires: the data set keeps the columns of the statistics.
+LAKRESVOS_TABULATE_EXPORT void WarnAboutTexts(DataSet const& data,
+                                              std::vector<Statistic> const& statistics,
+                                              WarningLog& warnings);
 
 }  // namespace lakresvos::tabulate
 

@@ -12,53 +12,62 @@ namespace lakresvos::tabulate {
 
 /// What can be passed over in the data.
 enum class Skipped {
-  Lines,    ///< with too few or too many fields
-  Weights,  ///< rows that have none
-  Texts,    ///< where numbers are needed
-  Rows,     ///< that miss a value in a column of a table
-  Values    ///< rows that miss a value which a statistic is taken of
+  Lines,    ///< records with too few or too many fields
+  Weights,  ///< rows without a weight
+  Texts,    ///< values that are texts where numbers are needed
+  Rows,     ///< rows that lack a value in a column of a table
+  Values    ///< rows that lack a value of which a statistic is taken
 };
 
+/// All kinds, in the order in which to tell of them.
 constexpr std::array<Skipped, 5> kAllSkipped = {Skipped::Lines, Skipped::Weights, Skipped::Texts,
                                                 Skipped::Rows, Skipped::Values};
 
 /// Something in the data that was passed over.
+///
+/// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct Warning {
   Skipped kind;
-  std::size_t line;     ///< from 1
-  std::string column;   ///< the column's name; empty when it is the whole line
+  std::size_t line;     ///< in the data, from 1
+  std::string column;   ///< the column's name, or the number of a column without one
   std::string problem;  ///< what was found and what came of it
 };
 
 /// How much of one kind was passed over, and where that starts.
+///
+/// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct SkipCount {
   std::size_t count = 0;
-  std::size_t line = 0;  ///< the first by line
-  std::string column;    ///< as in the Warning
+  std::size_t line = 0;  ///< the first one by line; 0 when there is none
+  std::string column;    ///< of that one, as in the Warning
 };
 
-/// Counts what was passed over by kind, and keeps the first warnings by line.
+/// Counts by kind what was passed over, and keeps the first warnings by line.
+///
+/// Thread safety: const operations may run in several threads at once; others need exclusive access.
 class LAKRESVOS_TABULATE_EXPORT WarningLog {
  public:
-  /// How many warnings are kept.
-  static constexpr std::size_t kKept = 100;
+  /// The number of warnings that are kept.
+  static constexpr std::size_t kMaxKept = 100;
 
-  /// Counts what is passed over and keeps a warning of it.
+  /// Counts what is passed over and keeps a warning of it. Takes constant time, amortized.
   void Add(Warning warning);
 
-  /// Counts what the report tells elsewhere than among its warnings.
+  /// Counts what is passed over without a warning.
+  /// @param line   from 1.
+  /// @param column as in a Warning.
   void Count(Skipped kind, std::size_t line, std::string const& column);
 
-  /// What was counted of a kind.
-  SkipCount const& Of(Skipped kind) const { return counts_[static_cast<std::size_t>(kind)]; }
+  /// What was counted of a kind. The reference is valid as long as the log.
+  SkipCount const& Summary(Skipped kind) const { return counts_[static_cast<std::size_t>(kind)]; }
 
   /// Whether anything was counted.
   bool Any() const;
 
-  /// The first kKept warnings by line; those of one line in the order in which they were added.
+  /// The first kMaxKept warnings by line; those of one line in the order in which they were added.
   std::vector<Warning> First() const;
 
-  /// How many warnings were added.
+  /// The number of warnings that were added, kept or not.
   std::size_t Total() const { return total_; }
 
  private:

@@ -16,7 +16,7 @@ namespace {
 using Texts = std::vector<std::string>;
 
 DataSet const& Pets() {
-  static DataSet const data = DataOf(
+  static DataSet const data = ReadData(
       "kind,home,age\n"
       "cat,house,2\n"
       "dog,house,4\n"
@@ -68,7 +68,7 @@ TEST(TableChart, TotalsAreLeftOut) {
 }
 
 TEST(TableChart, CategoryThatIsCalledTotalIsNoTotal) {
-  static DataSet const data = DataOf("kind\nTotal\ncat\n", {"kind"});
+  static DataSet const data = ReadData("kind\nTotal\ncat\n", {"kind"});
   auto const table = MakeCrossTable(data, RowWeights(), {ParseFormula("kind ~"), "", ""},
                                     ParseStatistics("count"), true);
   EXPECT_EQ(MakeChartData(*table, 1, "").categories, (Texts{"Total", "cat"}));

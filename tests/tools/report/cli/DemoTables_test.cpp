@@ -198,7 +198,7 @@ TEST(AirQuality, PlainLoopsFindTheKnownNumbers) {
   PlainTable const plain = Plain("airquality.csv");
   EXPECT_EQ(plain.Count({}, ""), 153);
   EXPECT_EQ(plain.Missing({}, "Ozone"), 37u);
-  EXPECT_EQ(Fixed(MeanOf(plain.Numbers({}, "Ozone", "")), 5), "42.12931");
+  EXPECT_EQ(Fixed(ComputeMean(plain.Numbers({}, "Ozone", "")), 5), "42.12931");
 }
 
 TEST(AirQuality, TableAgreesWithPlainLoops) {
@@ -209,9 +209,9 @@ TEST(AirQuality, TableAgreesWithPlainLoops) {
   for (std::string const& month : WithTotal(plain.Values("Month"))) {
     Where const where = And({}, "Month", month);
     std::vector<double> const ozone = plain.Numbers(where, "Ozone", "");
-    EXPECT_EQ(TextAt(report.Table(), {month, "Mean of Ozone"}), Fixed(MeanOf(ozone), 2));
+    EXPECT_EQ(TextAt(report.Table(), {month, "Mean of Ozone"}), Fixed(ComputeMean(ozone), 2));
     EXPECT_EQ(TextAt(report.Table(), {month, "Std. deviation of Ozone"}),
-              Fixed(DeviationOf(ozone), 2));
+              Fixed(ComputeDeviation(ozone), 2));
     std::size_t const missing = plain.Missing(where, "Ozone");
     EXPECT_GT(missing, 0u);
     EXPECT_EQ(NotesAt(report.Table(), CellAt(report.Table(), {month, "Mean of Ozone"})),
@@ -241,7 +241,7 @@ TEST(AirQuality, PrintedTableAgreesWithPlainLoops) {
       EXPECT_NE(printed.find(line), std::string::npos) << note;
     }
     expected.push_back(
-        {month, Fixed(MeanOf(ozone), 2) + mark, Fixed(DeviationOf(ozone), 2) + mark});
+        {month, Fixed(ComputeMean(ozone), 2) + mark, Fixed(ComputeDeviation(ozone), 2) + mark});
   }
   EXPECT_EQ(PrintedBody(printed, "Mean of Ozone, Std. deviation of Ozone: Month"), expected);
 }

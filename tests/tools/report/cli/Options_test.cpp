@@ -51,7 +51,7 @@ TEST(Options, HaveDefaults) {
   EXPECT_EQ(options.dataFile, "a.csv");
   EXPECT_TRUE(options.tables.empty());
   ASSERT_EQ(options.statistics.size(), 1u);
-  EXPECT_EQ(options.statistics[0].measure, Measure::Count);
+  EXPECT_EQ(MakeStatisticLabel(options.statistics[0])->GetText(), "Count");
   EXPECT_EQ(options.weight, "");
   EXPECT_FALSE(options.totals);
   EXPECT_TRUE(options.groupings.empty());
@@ -322,12 +322,11 @@ TEST(OptionErrors, UnknownLayers) {
 
 TEST(OptionErrors, MalformedFormula) {
   EXPECT_EQ(ErrorIn({"a.csv", "--table", "a b"}),
-            "--table 'a b': position 3: there should be '*', '/' or '~'");
+            "--table 'a b': expected '*', '/' or '~' at position 3");
 }
 
 TEST(OptionErrors, MalformedGroup) {
-  EXPECT_EQ(ErrorIn({"a.csv", "--group", "a: b"}),
-            "--group 'a: b': position 5: there should be '='");
+  EXPECT_EQ(ErrorIn({"a.csv", "--group", "a: b"}), "--group 'a: b': expected '=' at position 5");
 }
 
 TEST(OptionErrors, MoreTitlesThanTables) {

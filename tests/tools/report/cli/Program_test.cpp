@@ -360,39 +360,37 @@ TEST(ProgramErrors, Directory) {
 }
 
 TEST(ProgramErrors, EmptyFile) {
-  EXPECT_EQ(Complaint("", {}), ":1: the file has no line that names the columns");
+  EXPECT_EQ(Complaint("", {}), ":1: expected a header line with the names of the columns");
 }
 
 TEST(ProgramErrors, UnknownColumn) {
   EXPECT_EQ(Complaint("a,b\n1,2\n", {"--table", "a ~ c"}),
-            ":1: there is no column 'c', which --table 'a ~ c' at position 5 asks for");
+            ":1: unknown column 'c' in --table 'a ~ c' at position 5");
 }
 
 TEST(ProgramErrors, TextForAWeight) {
   EXPECT_EQ(Complaint("a,w\n1,2\n1,two\n", {"--weight", "w"}),
-            ":3: column 'w': the weight 'two' is not a number that is 0 or more");
+            ":3: column 'w': expected a weight of 0 or more, not 'two'");
 }
 
 TEST(ProgramErrors, NegativeWeight) {
   EXPECT_EQ(Complaint("a,w\n1,-2\n", {"--weight", "w"}),
-            ":2: column 'w': the weight '-2' is not a number that is 0 or more");
+            ":2: column 'w': expected a weight of 0 or more, not '-2'");
 }
 
 TEST(ProgramErrors, WeightThatSpansLinesStaysOneLine) {
   EXPECT_EQ(Complaint("a,w\n1,\"two\nlines\"\n", {"--weight", "w"}),
-            ":2: column 'w': the weight 'two\\nlines' is not a number that is 0 or more");
+            ":2: column 'w': expected a weight of 0 or more, not 'two\\nlines'");
 }
 
 TEST(ProgramErrors, BrokenQuoting) {
-  EXPECT_EQ(Complaint("a,b\n1,2\n3,\"4\n", {}),
-            ":3: column 2: the quoted field that starts here never ends");
-  EXPECT_EQ(Complaint("a,b\n1,2\"\n", {}),
-            ":2: column 2: a quote inside a field that is not quoted");
+  EXPECT_EQ(Complaint("a,b\n1,2\n3,\"4\n", {}), ":3: column 2: unclosed quoted field");
+  EXPECT_EQ(Complaint("a,b\n1,2\"\n", {}), ":2: column 2: quote in an unquoted field");
   EXPECT_EQ(Complaint("a,b\n\"1\"x,2\n", {}), ":2: column 1: text after the closing quote");
 }
 
 TEST(ProgramErrors, BytesThatAreNotUtf8) {
-  EXPECT_EQ(Complaint("a,b\n1,M\xFCnchen\n", {}), ":2: column 2: bytes that are not UTF-8");
+  EXPECT_EQ(Complaint("a,b\n1,M\xFCnchen\n", {}), ":2: column 2: invalid UTF-8");
 }
 
 TEST(ProgramErrors, WideCharacters) {
@@ -400,32 +398,32 @@ TEST(ProgramErrors, WideCharacters) {
                                   "a\0\n\0",
                                   6),
                       {}),
-            ":1: column 1: bytes that are not UTF-8");
+            ":1: column 1: invalid UTF-8");
 }
 
 TEST(ProgramErrors, OneColumnNameTwice) {
-  EXPECT_EQ(Complaint("a,a\n1,2\n", {}), ":1: columns 1 and 2 have the same name 'a'");
+  EXPECT_EQ(Complaint("a,a\n1,2\n", {}), ":1: duplicate column name 'a' in columns 1 and 2");
 }
 
 TEST(ProgramErrors, MalformedFormula) {
   EXPECT_EQ(Complaint("a\n1\n", {"--table", "a +"}),
-            "--table 'a +': position 3: there should be '*', '/' or '~'");
+            "--table 'a +': expected '*', '/' or '~' at position 3");
 }
 
 TEST(ProgramErrors, MalformedStatistics) {
   EXPECT_EQ(Complaint("a\n1\n", {"--statistics", "mean"}),
-            "--statistics 'mean': position 5: there should be ':' and the name of a column");
+            "--statistics 'mean': expected ':' and a column name at position 5");
 }
 
 TEST(ProgramErrors, UnknownCategory) {
   EXPECT_EQ(Complaint("a\n1\n", {"--table", "a ~", "--group", "a: b = 2"}),
-            "--group 'a: b = 2': position 8: the column 'a' has no category '2'");
+            "--group 'a: b = 2': unknown category '2' of column 'a' at position 8");
 }
 
 TEST(ProgramErrors, CategoriesThatAreNoSiblings) {
   EXPECT_EQ(Complaint("a,b\n1,x\n2,y\n", {"--table", "a / b ~", "--group", "b: `c d` = x, y"}),
-            "--group 'b: `c d` = x, y': position 15: the category 'y' is nowhere in one group with "
-            "'x'");
+            "--group 'b: `c d` = x, y': category 'y' never occurs next to 'x' "
+            "at position 15");
 }
 
 TEST(ProgramErrors, BadStyle) {

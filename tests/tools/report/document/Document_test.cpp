@@ -9,6 +9,7 @@
 #include "document/NotesTable.h"
 #include "document/WarningsTable.h"
 #include "support/ErrorOf.h"
+#include "support/TemporaryDirectory.h"
 #include "tabulate/TableReader.h"
 #include "tabulate/TextData.h"
 
@@ -51,7 +52,7 @@ Options OptionsFor(std::string const& file, Texts const& formulas) {
 }  // namespace
 
 TEST(NotesTable, TellsWhatWasRead) {
-  DataSet const data = DataOf("a,Solar R\n1,\n2,NA\n3\n,5\n", {"a"});
+  DataSet const data = ReadData("a,Solar R\n1,\n2,NA\n3\n,5\n", {"a"});
   auto const table = MakeNotesTable(data, "");
   EXPECT_TRUE(table->IsNotes());
   EXPECT_EQ(CategoryPaths(table->Dimension(0)),
@@ -66,7 +67,7 @@ TEST(NotesTable, TellsWhatWasRead) {
 }
 
 TEST(NotesTable, CountsNoRowWithoutAWeightAsUsed) {
-  auto const table = MakeNotesTable(DataOf("a,w\n1,2\n2,NA\n", {"w"}), "w");
+  auto const table = MakeNotesTable(ReadData("a,w\n1,2\n2,NA\n", {"w"}), "w");
   EXPECT_EQ(TextAt(*table, {"Rows read"}), "2");
   EXPECT_EQ(TextAt(*table, {"Rows used"}), "1");
   EXPECT_EQ(TextAt(*table, {"Weight"}), "w");
@@ -152,7 +153,7 @@ TEST(Document, IsLeftAloneWhenTheDataAreBad) {
   options.weight = "w";
   OmOutputTree document;
   EXPECT_EQ(ErrorOf([&] { AppendReport(document, options); }),
-            file + ":2: column 'w': the weight 'many' is not a number that is 0 or more");
+            file + ":2: column 'w': expected a weight of 0 or more, not 'many'");
   EXPECT_EQ(document.size(), 1u);
 }
 
@@ -161,15 +162,15 @@ TEST(Document, SaysWhoAskedForAColumnThatIsNotThere) {
   std::string const file = directory.Write("a.csv", "a\n1\n");
   OmOutputTree document;
   EXPECT_EQ(ErrorOf([&] { AppendReport(document, OptionsFor(file, {"a ~ b"})); }),
-            file + ":1: there is no column 'b', which --table 'a ~ b' at position 5 asks for");
+            file + ":1: unknown column 'b' in --table 'a ~ b' at position 5");
   Options options = OptionsFor(file, {});
   options.statistics = ParseStatistics("count,mean:c");
   EXPECT_EQ(ErrorOf([&] { AppendReport(document, options); }),
-            file + ":1: there is no column 'c', which --statistics at position 12 asks for");
+            file + ":1: unknown column 'c' in --statistics at position 12");
   options = OptionsFor(file, {});
   options.weight = "w";
   EXPECT_EQ(ErrorOf([&] { AppendReport(document, options); }),
-            file + ":1: there is no column 'w', which --weight asks for");
+            file + ":1: unknown column 'w' in --weight");
 }
 
 TEST(Document, ChartFollowsItsTable) {
@@ -227,6 +228,6 @@ TEST(Document, GroupingOfAColumnInNoTableIsAnError) {
   options.groupings = {ParseGrouping("b: x = 2")};
   OmOutputTree document;
   EXPECT_EQ(ErrorOf([&] { AppendReport(document, options); }),
-            "--group 'b: x = 2': position 1: the column 'b' is in no table");
+            "--group 'b: x = 2': column 'b' is in no table at position 1");
   EXPECT_EQ(document.size(), 1u);
 }

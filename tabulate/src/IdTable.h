@@ -1,5 +1,5 @@
-#ifndef LAKRESVOS_TABULATE_ID_TABLE_H
-#define LAKRESVOS_TABULATE_ID_TABLE_H
+#ifndef LAKRESVOS_TABULATE_IDTABLE_H
+#define LAKRESVOS_TABULATE_IDTABLE_H
 
 #include <cstddef>
 #include <cstdint>
@@ -11,7 +11,7 @@ namespace lakresvos::tabulate {
 /// A hash table of the numbers 0, 1, 2, ... of things that are kept elsewhere, by open addressing.
 class IdTable {
  public:
-  /// What Find() gives when there is nothing to find, and the one number that is never given.
+  /// What Find() returns when there is nothing to find, and the one number that is never given.
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
   /// The number with this hash for which `same(number)` holds, or kNone.
@@ -30,6 +30,7 @@ class IdTable {
   }
 
   /// Adds the next number, for a thing that Find() does not find.
+  /// @throws std::length_error when there is no number left.
   void Add(std::size_t hash) {
     if (count_ == kNone) {
       throw std::length_error("more than 4,294,967,295 distinct values");

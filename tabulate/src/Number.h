@@ -1,33 +1,29 @@
 #ifndef LAKRESVOS_TABULATE_NUMBER_H
 #define LAKRESVOS_TABULATE_NUMBER_H
 
-#include <limits>
 #include <string_view>
 
-#include <lakresvos/tabulate/Export.h>
+#include <lakresvos/tabulate/ColumnNumbers.h>
 
 namespace lakresvos::tabulate {
-
-/// What stands for a number that is not there.
-constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
 /// The number that the whole text is: digits with an optional sign, decimal point and exponent, as
 /// in "-12", ".5" or "6.02e23"; "-0" is 0. kNoNumber for any other text and for what is out of a
 /// double's range.
-LAKRESVOS_TABULATE_EXPORT double ParseNumber(std::string_view text);
+double ParseNumber(std::string_view text);
 
 /// How many decimals a number that ParseNumber() reads is written with, at most 15, which is as far
 /// as a double goes: 2 for "1.50", 5 for "1.5e-4", 0 for "12".
-LAKRESVOS_TABULATE_EXPORT int DecimalsOf(std::string_view number);
+int CountDecimals(std::string_view number);
 
 /// Compares two numbers that ParseNumber() reads exactly as they are written, however many digits
 /// that takes: below 0 when `a` is the smaller one, 0 when they are equal, as "1" and "1.0" are,
 /// above 0 otherwise.
-LAKRESVOS_TABULATE_EXPORT int CompareNumbers(std::string_view a, std::string_view b);
+int CompareNumbers(std::string_view a, std::string_view b);
 
 /// Whether a number that ParseNumber() reads starts with a zero that it does not need, as codes do
 /// and quantities do not: "007" and "-05", but not "0.5".
-LAKRESVOS_TABULATE_EXPORT bool HasNeedlessZero(std::string_view number);
+bool HasNeedlessZero(std::string_view number);
 
 }  // namespace lakresvos::tabulate
 
