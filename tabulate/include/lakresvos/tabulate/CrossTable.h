@@ -19,7 +19,7 @@ namespace lakresvos::tabulate {
 ///
 /// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct TableRequest {
-  Formula formula;
+  Formula formula;           ///< what is on its axes
   std::string title = {};    ///< empty: one that says what is tabulated
   std::string caption = {};  ///< empty: none
 };

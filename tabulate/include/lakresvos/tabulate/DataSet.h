@@ -84,10 +84,10 @@ class LAKRESVOS_TABULATE_EXPORT DataColumn {
 ///
 /// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct LAKRESVOS_TABULATE_EXPORT DataSet {
-  std::string file;  ///< the name of the source, for messages
-  std::vector<DataColumn> columns;
-  std::vector<std::size_t> lines;  ///< for each row the line on which it starts, from 1
-  std::size_t records = 0;         ///< rows and skipped records, without the header
+  std::string file;                 ///< the name of the source, for messages
+  std::vector<DataColumn> columns;  ///< in the order of the header
+  std::vector<std::size_t> lines;   ///< for each row the line on which it starts, from 1
+  std::size_t records = 0;          ///< rows and skipped records, without the header
 
   /// The number of rows.
   std::size_t Rows() const { return lines.size(); }

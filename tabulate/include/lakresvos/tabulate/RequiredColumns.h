@@ -16,7 +16,7 @@ namespace lakresvos::tabulate {
 ///
 /// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct LAKRESVOS_TABULATE_EXPORT RequiredColumn {
-  std::string name;
+  std::string name;    ///< as in the header of the data
   std::string option;  ///< what names it: "--table", say
   std::shared_ptr<std::string const> value =
       {};                    ///< the text in which it is named; null: not shown

@@ -27,7 +27,7 @@ constexpr std::array<Skipped, 5> kAllSkipped = {Skipped::Lines, Skipped::Weights
 ///
 /// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct Warning {
-  Skipped kind;
+  Skipped kind;         ///< what was passed over
   std::size_t line;     ///< in the data, from 1
   std::string column;   ///< the column's name, or the number of a column without one
   std::string problem;  ///< what was found and what came of it
@@ -37,9 +37,9 @@ struct Warning {
 ///
 /// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct SkipCount {
-  std::size_t count = 0;
-  std::size_t line = 0;  ///< the first one by line; 0 when there is none
-  std::string column;    ///< of that one, as in the Warning
+  std::size_t count = 0;  ///< how often
+  std::size_t line = 0;   ///< the first one by line; 0 when there is none
+  std::string column;     ///< of that one, as in the Warning
 };
 
 /// Counts by kind what was passed over, and keeps the first warnings by line.
