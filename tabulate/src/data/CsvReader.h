@@ -1,0 +1,59 @@
+#ifndef LAKRESVOS_TABULATE_DATA_CSVREADER_H
+#define LAKRESVOS_TABULATE_DATA_CSVREADER_H
+
+#include <cstddef>
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lakresvos::tabulate {
+
+/// One record of CSV. Valid only during CsvSink::Add().
+class CsvRecord {
+ public:
+  /// The line on which the record starts, from 1.
+  std::size_t Line() const { return line_; }
+
+  /// The number of fields.
+  std::size_t size() const { return ends_.size(); }
+
+  /// The field at `index`, below size(), with its quotes removed.
+  std::string_view operator[](std::size_t index) const {
+    std::size_t const start = index == 0 ? 0 : ends_[index - 1];
+    return std::string_view(text_).substr(start, ends_[index] - start);
+  }
+
+ private:
+  friend class CsvParser;
+
+  std::string text_;               // all fields, one after the other
+  std::vector<std::size_t> ends_;  // where each field ends
+  std::size_t line_ = 1;
+};
+
+/// Receives the records of CSV, one after the other.
+class CsvSink {
+ public:
+  virtual ~CsvSink() = default;
+  virtual void Add(CsvRecord const& record) = 0;
+};
+
+/// Reads a CSV file as in RFC 4180, in one pass, in memory that grows with the longest record alone.
+///
+/// Fields are UTF-8, with or without a byte order mark; spaces belong to them; quoted ones may hold
+/// commas, doubled quotes and line ends. Beyond the RFC, lines may end with LF or CR as well as CR
+/// LF, and empty lines are skipped.
+///
+/// @throws InputError for a file that cannot be read, for broken quotes and for invalid UTF-8, with
+///         the line on which the bad field starts and the number of its column; whatever the sink
+///         throws.
+void ReadCsv(std::string const& file, CsvSink& sink);
+
+/// Reads CSV from a stream up to its end; otherwise as above.
+/// @param name names the source in messages.
+void ReadCsv(std::istream& input, std::string const& name, CsvSink& sink);
+
+}  // namespace lakresvos::tabulate
+
+#endif

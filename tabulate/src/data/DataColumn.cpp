@@ -1,0 +1,67 @@
+#include <algorithm>
+#include <cmath>
+#include <mutex>
+#include <utility>
+
+#include <lakresvos/tabulate/DataSet.h>
+
+#include "data/Number.h"
+
+namespace lakresvos::tabulate {
+
+namespace {
+
+bool IsMissing(std::string_view field) {
+  return field.empty() || field == "NA";
+}
+
+ColumnNumbers ParseColumnNumbers(Dictionary const& values) {
+  ColumnNumbers numbers;
+  numbers.byCode.reserve(values.size());
+  for (std::uint32_t code = 0; code < values.size(); ++code) {
+    double const number = ParseNumber(values[code]);
+    numbers.byCode.push_back(number);
+    if (std::isnan(number)) {
+      numbers.complete = false;
+    } else {
+      numbers.decimals = std::max(numbers.decimals, CountDecimals(values[code]));
+    }
+  }
+  return numbers;
+}
+
+}  // namespace
+
+/// The numbers of a column, parsed by the first of all threads that asks.
+struct LazyNumbers {
+  std::once_flag once;
+  bool parsed = false;
+  ColumnNumbers numbers;
+};
+
+DataColumn::DataColumn(std::string name, bool kept)
+    : name_(std::move(name)), kept_(kept), numbers_(std::make_unique<LazyNumbers>()) {}
+DataColumn::DataColumn(DataColumn&& other) noexcept = default;
+DataColumn& DataColumn::operator=(DataColumn&& other) noexcept = default;
+DataColumn::~DataColumn() = default;
+
+void DataColumn::Append(std::string_view field) {
+  bool const missing = IsMissing(field);
+  if (kept_) {
+    if (numbers_->parsed) {
+      numbers_ = std::make_unique<LazyNumbers>();
+    }
+    codes_.push_back(missing ? kMissingCode : values_.Intern(field));
+  }
+  missing_ += missing ? 1 : 0;
+}
+
+ColumnNumbers const& DataColumn::Numbers() const {
+  std::call_once(numbers_->once, [this] {
+    numbers_->numbers = ParseColumnNumbers(values_);
+    numbers_->parsed = true;
+  });
+  return numbers_->numbers;
+}
+
+}  // namespace lakresvos::tabulate

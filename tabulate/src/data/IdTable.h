@@ -1,0 +1,79 @@
+#ifndef LAKRESVOS_TABULATE_DATA_IDTABLE_H
+#define LAKRESVOS_TABULATE_DATA_IDTABLE_H
+
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+#include <vector>
+
+namespace lakresvos::tabulate {
+
+/// A hash table of the numbers 0, 1, 2, ... of things that are kept elsewhere, by open addressing.
+class IdTable {
+ public:
+  /// What Find() returns when there is nothing to find, and the one number that is never given.
+  static constexpr std::uint32_t kNone = 0xFFFFFFFF;
+
+  /// The number with this hash for which `same(number)` holds, or kNone.
+  template <class Same>
+  std::uint32_t Find(std::size_t hash, Same same) const {
+    if (slots_.empty()) {
+      return kNone;
+    }
+    auto const mark = static_cast<std::uint32_t>(hash);
+    for (std::size_t at = mark & mask(); slots_[at].id != kNone; at = (at + 1) & mask()) {
+      if (slots_[at].mark == mark && same(slots_[at].id)) {
+        return slots_[at].id;
+      }
+    }
+    return kNone;
+  }
+
+  /// Adds the next number, for a thing that Find() does not find.
+  /// @throws std::length_error when there is no number left.
+  void Add(std::size_t hash) {
+    if (count_ == kNone) {
+      throw std::length_error("more than 4,294,967,295 distinct values");
+    }
+    if (2 * (static_cast<std::size_t>(count_) + 1) > slots_.size()) {
+      Grow();
+    }
+    Place({static_cast<std::uint32_t>(hash), count_});
+    ++count_;
+  }
+
+  std::size_t size() const { return count_; }
+
+ private:
+  struct Slot {
+    std::uint32_t mark;  // the low half of the hash, which alone says where the slot belongs
+    std::uint32_t id;
+  };
+
+  std::size_t mask() const { return slots_.size() - 1; }
+
+  void Place(Slot slot) {
+    std::size_t at = slot.mark & mask();
+    while (slots_[at].id != kNone) {
+      at = (at + 1) & mask();
+    }
+    slots_[at] = slot;
+  }
+
+  void Grow() {
+    std::vector<Slot> former(slots_.empty() ? 16 : slots_.size() * 2, Slot{0, kNone});
+    former.swap(slots_);
+    for (Slot const& slot : former) {
+      if (slot.id != kNone) {
+        Place(slot);
+      }
+    }
+  }
+
+  std::vector<Slot> slots_;
+  std::uint32_t count_ = 0;
+};
+
+}  // namespace lakresvos::tabulate
+
+#endif

@@ -1,0 +1,57 @@
+#ifndef LAKRESVOS_TABULATE_REQUEST_SCANNER_H
+#define LAKRESVOS_TABULATE_REQUEST_SCANNER_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include <lakresvos/tabulate/NameToken.h>
+
+namespace lakresvos::tabulate {
+
+/// Reads the value of an option from left to right and says where it went wrong.
+class Scanner {
+ public:
+  /// @param option what the text is the value of: "--table".
+  /// @param text   has to outlive the scanner.
+  Scanner(char const* option, std::string_view text) : option_(option), text_(text) {}
+
+  /// Skips spaces and tells whether anything is left.
+  bool AtEnd();
+
+  /// Skips spaces, and then `c` if it comes next; tells whether it did.
+  bool Accept(char c);
+
+  /// Skips spaces and `c`.
+  /// @param what was expected, for the message.
+  /// @throws InputError when something else comes next.
+  void Expect(char c, char const* what);
+
+  /// Skips spaces.
+  /// @param what was expected, for the message.
+  /// @throws InputError when anything is left.
+  void ExpectEnd(char const* what);
+
+  /// Skips spaces and reads a name: either everything up to a space or one of the characters of
+  /// `stops`, or, in back-quotes, everything up to the next back-quote; two of these make one.
+  /// @param what was expected, for the message.
+  /// @throws InputError when there is no name.
+  NameToken ReadName(std::string_view stops, char const* what);
+
+  /// Skips spaces and returns the present position, in characters from 1.
+  std::size_t Position();
+
+  /// @throws InputError always: "OPTION 'TEXT': what at position N".
+  [[noreturn]] void Fail(std::size_t position, std::string const& what) const;
+
+ private:
+  std::string ReadBackQuoted(std::size_t start);
+
+  char const* option_;
+  std::string_view text_;
+  std::size_t at_ = 0;  // in bytes
+};
+
+}  // namespace lakresvos::tabulate
+
+#endif
