@@ -37,6 +37,14 @@ std::string Describe(Statistic const& statistic) {
 
 }  // namespace
 
+std::vector<std::string> ListStatistics() {
+  std::vector<std::string> list;
+  for (StatisticKind const& kind : ListStatisticKinds()) {
+    list.push_back(std::string(kind.keyword) + (kind.NeedsColumn() ? ":X" : ""));
+  }
+  return list;
+}
+
 bool NeedsColumn(Statistic const& statistic) {
   return statistic.kind->NeedsColumn();
 }

@@ -72,3 +72,12 @@ TEST(StatisticErrors, Twice) {
   EXPECT_EQ(ErrorIn("count, count"), "duplicate statistic 'count' at position 8");
   EXPECT_EQ(ErrorIn("sd:X,sd:`X`"), "duplicate statistic 'sd:X' at position 6");
 }
+
+TEST(Statistic, ListsEveryOneAsItIsParsed) {
+  std::vector<std::string> const list = ListStatistics();
+  EXPECT_EQ(list, (std::vector<std::string>{"count", "row%", "column%", "total%", "mean:X", "sd:X",
+                                            "sum:X", "min:X", "max:X"}));
+  for (std::string const& one : list) {
+    EXPECT_EQ(ParseStatistics(one).size(), 1u) << one;
+  }
+}

@@ -2,6 +2,9 @@
 
 #include <iomanip>
 #include <sstream>
+#include <vector>
+
+#include <lakresvos/tabulate/Statistic.h>
 
 namespace lakresvos::report {
 
@@ -14,14 +17,14 @@ Tabulates the data of a CSV file and writes the tables for a terminal, the web,
 a spreadsheet or another program.
 )";
 
-constexpr char kNotes[] = R"(
+constexpr char kFormulas[] = R"(
 A formula is ROWS ~ COLUMNS or ROWS ~ COLUMNS | LAYERS. Each of the three is a
 list of columns joined by '*', or empty. A/B nests the values of B in groups
 of A. A name with spaces or any of ~ | * / goes in backquotes: `Solar R`.
 
-Statistics: count, row%, column%, total%, and of the numbers in a column X:
-mean:X, sd:X, sum:X, min:X, max:X.
+)";
 
+constexpr char kExamples[] = R"(
 Examples:
   lakresvos-report titanic.csv --weight Freq --table 'Class ~ Survived | Age'
   lakresvos-report airquality.csv --table 'Month ~' --statistics mean:Ozone
@@ -29,6 +32,25 @@ Examples:
 
 Exit status: 0 success, 1 something was skipped and --strict forbids it, 2 error
 )";
+
+/// The statistics after what they are, in lines that fit a narrow terminal.
+std::string FormatStatistics() {
+  constexpr std::size_t kMaxWidth = 80;
+  std::string text;
+  std::string line = "Statistics (X is a column of numbers):";
+  char const* separator = "";
+  for (std::string const& statistic : tabulate::ListStatistics()) {
+    line += separator;
+    separator = ",";
+    if (line.size() + 2 + statistic.size() > kMaxWidth) {
+      text += line + "\n";
+      line = statistic;
+    } else {
+      line += " " + statistic;
+    }
+  }
+  return text + line + "\n";
+}
 
 std::string FormatOption(CLI::Option const& option) {
   constexpr int kHelpColumn = 22;
@@ -53,7 +75,7 @@ std::string FormatHelp(CLI::App const& app) {
       help += FormatOption(*option);
     }
   }
-  return help + kNotes;
+  return help + kFormulas + FormatStatistics() + kExamples;
 }
 
 }  // namespace lakresvos::report

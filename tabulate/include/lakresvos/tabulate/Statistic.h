@@ -26,6 +26,10 @@ struct Statistic {
 /// Whether a statistic is taken of a data column rather than of the rows as such.
 LAKRESVOS_TABULATE_EXPORT bool NeedsColumn(Statistic const& statistic);
 
+/// How every statistic is written in a list, in the order of the manual: "count", or "mean:X" for one
+/// that is taken of a column X.
+LAKRESVOS_TABULATE_EXPORT std::vector<std::string> ListStatistics();
+
 /// What a statistic is called in tables: "Count", "Mean of Ozone".
 /// @return a cell that the caller owns, never null.
 LAKRESVOS_TABULATE_EXPORT std::unique_ptr<OmCellText> MakeStatisticLabel(

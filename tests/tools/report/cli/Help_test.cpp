@@ -61,8 +61,8 @@ A formula is ROWS ~ COLUMNS or ROWS ~ COLUMNS | LAYERS. Each of the three is a
 list of columns joined by '*', or empty. A/B nests the values of B in groups
 of A. A name with spaces or any of ~ | * / goes in backquotes: `Solar R`.
 
-Statistics: count, row%, column%, total%, and of the numbers in a column X:
-mean:X, sd:X, sum:X, min:X, max:X.
+Statistics (X is a column of numbers): count, row%, column%, total%, mean:X,
+sd:X, sum:X, min:X, max:X
 
 Examples:
   lakresvos-report titanic.csv --weight Freq --table 'Class ~ Survived | Age'
