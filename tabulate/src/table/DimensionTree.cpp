@@ -123,10 +123,12 @@ class DimensionBuilder {
         continue;
       }
       std::vector<Node> nodes;
+      nodes.reserve(entry.members.size());
       for (std::size_t const member : entry.members) {
         nodes.push_back(parent[positions[member]]);
       }
       std::vector<Node*> handles;
+      handles.reserve(nodes.size());
       for (Node& node : nodes) {
         handles.push_back(&node);
       }
