@@ -54,5 +54,5 @@ OmMemoryRegion* OmCellBytes::Home() const {
   if (IsBound()) {
     return reinterpret_cast<OmMemoryRegion*>(extent_ & ~std::uintptr_t{1});
   }
-  return storage_ != nullptr ? OmMemoryRegion::OwnerOf(storage_) : nullptr;
+  return storage_ != nullptr ? OmMemoryRegion::FindOwner(storage_) : nullptr;
 }

@@ -87,7 +87,7 @@ short OmCellText::CompareTexts(OmCellText const& other, bool ignoreCase) const {
 }
 
 OmMemoryRegion* OmCellText::Home(OmMemoryRegion* region) const {
-  return region != nullptr ? region : OmMemoryRegion::Holder(this);
+  return region != nullptr ? region : OmMemoryRegion::FindRegion(this);
 }
 
 OmCellText::Extras& OmCellText::MakeExtras() {

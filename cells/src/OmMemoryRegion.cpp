@@ -69,7 +69,7 @@ void* Acquire(unsigned long size, unsigned long mapped) {
   return memory;
 }
 
-void GiveBack(void* memory, unsigned long size, unsigned long mapped) {
+void ReturnMemory(void* memory, unsigned long size, unsigned long mapped) {
   poison::Permit(memory, size);
   chunk_map::Remove(memory, mapped);
   operator delete(memory, kChunkAlignment);
@@ -128,7 +128,7 @@ OmMemoryRegion::~OmMemoryRegion() {
   for (Chunk* list : {spans_, alone_}) {
     while (list != nullptr) {
       Chunk* const next = list->next;
-      GiveBack(list, list->Reserved(), list->Mapped());
+      ReturnMemory(list, list->Reserved(), list->Mapped());
       list = next;
     }
   }
@@ -250,14 +250,14 @@ void OmMemoryRegion::ReleaseAlone(Chunk* chunk) {
     bytesInUse_ -= chunk->AloneSize();
     bytesReserved_ -= chunk->Reserved();
   }
-  GiveBack(chunk, chunk->Reserved(), chunk->Mapped());
+  ReturnMemory(chunk, chunk->Reserved(), chunk->Mapped());
 }
 
-OmMemoryRegion* OmMemoryRegion::OwnerOf(void const* block) {
+OmMemoryRegion* OmMemoryRegion::FindOwner(void const* block) {
   return Chunk::Find(block)->owner;
 }
 
-OmMemoryRegion* OmMemoryRegion::Holder(void const* address) {
+OmMemoryRegion* OmMemoryRegion::FindRegion(void const* address) {
   return chunk_map::Has(address) ? Chunk::Find(address)->owner : nullptr;
 }
 

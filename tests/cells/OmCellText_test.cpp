@@ -172,21 +172,21 @@ TEST(OmCellText, ACellAmongOtherMembersOfARecordKeepsItsTextWhereTheRecordLies) 
 TEST(OmCellText, NewWithoutRegionUsesTheDefaultHeap) {
   unsigned long const before = OmMemoryRegion::DefaultHeap()->BytesInUse();
   OmCellText* cell = new OmNumber(1);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(cell), OmMemoryRegion::DefaultHeap());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(cell), OmMemoryRegion::DefaultHeap());
   delete cell;
   EXPECT_EQ(OmMemoryRegion::DefaultHeap()->BytesInUse(), before);
 }
 
 TEST(OmCellText, NewWithANullRegionUsesTheDefaultHeap) {
   OmCellText* cell = new (nullptr) OmNumber(1);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(cell), OmMemoryRegion::DefaultHeap());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(cell), OmMemoryRegion::DefaultHeap());
   delete cell;
 }
 
 TEST(OmCellText, NewWithARegionUsesIt) {
   OmMemoryRegion region(false);
   OmCellText* cell = new (&region) OmNumber(1);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(cell), &region);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(cell), &region);
   delete cell;
   EXPECT_EQ(region.BytesInUse(), 0U);
 }
@@ -198,7 +198,7 @@ TEST(OmCellText, CloneKeepsTextKindMetadataAndContext) {
     cell->setMeta(&meta);
     cell->ContextDisplay(OmLabelDisplay::Value);
     CellPointer const clone(cell->Clone(&region));
-    EXPECT_EQ(OmMemoryRegion::OwnerOf(clone.get()), &region);
+    EXPECT_EQ(OmMemoryRegion::FindOwner(clone.get()), &region);
     EXPECT_EQ(clone->GetText(), cell->GetText());
     EXPECT_EQ(clone->GetKind(), cell->GetKind());
     EXPECT_EQ(clone->Compare(*cell, false), 0);

@@ -63,17 +63,17 @@ TEST_F(RegionTest, HoldsItsBlocksAndNothingElse) {
     other.Allocate(size);
   }
   for (auto const& [block, size] : blocks) {
-    EXPECT_EQ(OmMemoryRegion::Holder(block), &region);
-    EXPECT_EQ(OmMemoryRegion::Holder(block + std::min(size, kChunk / 2) - 1), &region);
+    EXPECT_EQ(OmMemoryRegion::FindRegion(block), &region);
+    EXPECT_EQ(OmMemoryRegion::FindRegion(block + std::min(size, kChunk / 2) - 1), &region);
   }
   int onTheStack = 0;
   static int const inTheProgram = 0;
   auto const onTheHeap = std::make_unique<int>();
-  EXPECT_EQ(OmMemoryRegion::Holder(&onTheStack), nullptr);
-  EXPECT_EQ(OmMemoryRegion::Holder(&inTheProgram), nullptr);
-  EXPECT_EQ(OmMemoryRegion::Holder(onTheHeap.get()), nullptr);
-  EXPECT_EQ(OmMemoryRegion::Holder(nullptr), nullptr);
-  EXPECT_EQ(OmMemoryRegion::Holder(reinterpret_cast<void const*>(~std::uintptr_t{0})), nullptr);
+  EXPECT_EQ(OmMemoryRegion::FindRegion(&onTheStack), nullptr);
+  EXPECT_EQ(OmMemoryRegion::FindRegion(&inTheProgram), nullptr);
+  EXPECT_EQ(OmMemoryRegion::FindRegion(onTheHeap.get()), nullptr);
+  EXPECT_EQ(OmMemoryRegion::FindRegion(nullptr), nullptr);
+  EXPECT_EQ(OmMemoryRegion::FindRegion(reinterpret_cast<void const*>(~std::uintptr_t{0})), nullptr);
 }
 
 TEST(Region, HoldsNothingAfterItsEnd) {
@@ -84,10 +84,10 @@ TEST(Region, HoldsNothingAfterItsEnd) {
       blocks.push_back(region.Allocate(i % 2 == 0 ? kChunk / 4 : kChunk));
     }
     OmMemoryRegion::Release(blocks[1]);
-    EXPECT_EQ(OmMemoryRegion::Holder(blocks[1]), nullptr) << "a block that stood alone";
+    EXPECT_EQ(OmMemoryRegion::FindRegion(blocks[1]), nullptr) << "a block that stood alone";
   }
   for (void const* block : blocks) {
-    EXPECT_EQ(OmMemoryRegion::Holder(block), nullptr);
+    EXPECT_EQ(OmMemoryRegion::FindRegion(block), nullptr);
   }
 }
 
@@ -100,12 +100,12 @@ TEST_F(RegionTest, WhatFollowsABlockThatStandsAloneIsNotHeld) {
     unsigned long const reserved = region.BytesReserved();
     auto* const block = static_cast<char*>(region.Allocate(size));
     EXPECT_GE(region.BytesReserved() - reserved, std::max(size, kChunk));
-    EXPECT_EQ(OmMemoryRegion::Holder(block), &region);
-    EXPECT_EQ(OmMemoryRegion::Holder(block + std::min(size, kChunk / 2) - 1), &region);
+    EXPECT_EQ(OmMemoryRegion::FindRegion(block), &region);
+    EXPECT_EQ(OmMemoryRegion::FindRegion(block + std::min(size, kChunk / 2) - 1), &region);
     for (int i = 0; i < 256; ++i) {
       foreign.push_back(std::make_unique<char[]>(1024));
       EXPECT_NE(chunkOf(foreign.back().get()), chunkOf(block)) << size;
-      EXPECT_EQ(OmMemoryRegion::Holder(foreign.back().get()), nullptr);
+      EXPECT_EQ(OmMemoryRegion::FindRegion(foreign.back().get()), nullptr);
     }
   }
 }
@@ -130,7 +130,7 @@ TEST_F(RegionTest, EverySizeIsAlignedWritableAndRoundedAsDocumented) {
     std::memset(block, 0xA5, size);
     ASSERT_TRUE(IsAligned(block)) << size;
     ASSERT_EQ(region.BytesInUse() - before, RoundedSize(size)) << size;
-    ASSERT_EQ(OmMemoryRegion::OwnerOf(block), &region) << size;
+    ASSERT_EQ(OmMemoryRegion::FindOwner(block), &region) << size;
     OmMemoryRegion::Release(block);
     ASSERT_EQ(region.BytesInUse(), before) << size;
   }
@@ -278,7 +278,7 @@ TEST(OmMemoryRegionDefaultHeap, IsOneSharedRegionThatTakesBlocksBack) {
   unsigned long const before = heap->BytesInUse();
   void* block = heap->Allocate(100);
   EXPECT_EQ(heap->BytesInUse(), before + 112);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(block), heap);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(block), heap);
   OmMemoryRegion::Release(block);
   EXPECT_EQ(heap->BytesInUse(), before);
 }
@@ -333,7 +333,7 @@ TEST(Region, AThreadMayReleaseABlockThatStandsAloneWhileAnotherMakesCellsBesideI
     for (auto const& memory : foreign) {
       auto* const cell = ::new (static_cast<void*>(memory.get())) OmStringCell("a text");
       EXPECT_EQ(cell->GetText(), "a text");
-      EXPECT_EQ(OmMemoryRegion::Holder(cell), nullptr);
+      EXPECT_EQ(OmMemoryRegion::FindRegion(cell), nullptr);
       cell->~OmStringCell();
     }
     owner.join();

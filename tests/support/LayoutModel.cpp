@@ -9,7 +9,7 @@ namespace layout_model {
 
 namespace {
 
-constexpr int kMostLevels = 32767;
+constexpr int kMaxLevels = 32767;
 
 template <class List>
 ShownList SeenIn(List const& nodes) {
@@ -96,7 +96,7 @@ void Header::AddLeaf(Path const& fromRoot) {
     }
   }
   paths.push_back(path);
-  levelCounts.push_back(std::min(count, kMostLevels));
+  levelCounts.push_back(std::min(count, kMaxLevels));
   maxLevels = std::max(maxLevels, levelCounts.back());
 
   unsigned long const subscript = path.front().Value().subscript;

@@ -9,7 +9,7 @@ namespace layout_tables {
 
 namespace {
 
-constexpr double kMostPlaces = 8000;
+constexpr double kMaxPlaces = 8000;
 
 /// Evenly distributed however small the case is meant to be; a table of one kind of node tests
 /// little.
@@ -114,7 +114,7 @@ void PlaceAnywhere(Table& table) {
   while (OneIn(5)) {
     put(*rc::gen::element<short>(-1, 99, -32768, static_cast<short>(table.NDimensions()), 0, 1, 2));
   }
-  while (Places(table) > kMostPlaces) {
+  while (Places(table) > kMaxPlaces) {
     auto const longest = std::max_element(
         std::begin(axes), std::end(axes),
         [](auto const* left, auto const* right) { return left->size() < right->size(); });

@@ -61,11 +61,11 @@ class CELLS_EXPORT OmMemoryRegion {
 
   /// The region that `block` came from; never null. Constant time.
   /// Requires: as Release(), and `block` is not null.
-  static OmMemoryRegion* OwnerOf(void const* block);
+  static OmMemoryRegion* FindOwner(void const* block);
 
   /// The region whose memory `address`, which may be any, lies in; null when it lies in none, as on
   /// the stack, or more than 64 KiB into a block that lies alone. Constant time.
-  static OmMemoryRegion* Holder(void const* address);
+  static OmMemoryRegion* FindRegion(void const* address);
 
   /// The region that serves wherever a null region is given. Shared; exists until the process ends.
   static OmMemoryRegion* DefaultHeap();

@@ -10,7 +10,7 @@ namespace lakresvos::render {
 namespace {
 
 /// "[Kind: label (detail)]".
-std::string Bracketed(char const* kind, OmOutputPart const& item, std::string const& detail) {
+std::string MakeBracketed(char const* kind, OmOutputPart const& item, std::string const& detail) {
   std::string text = std::string("[") + kind;
   std::string const label = GetText(item.Label());
   if (!label.empty()) {
@@ -74,35 +74,35 @@ std::string FindName(ChartXMLContentSubType type) {
 }  // namespace
 
 std::string MakePlaceholder(OmChart const& chart) {
-  return Bracketed("Chart", chart, FindName(chart.GetChartSubType()));
+  return MakeBracketed("Chart", chart, FindName(chart.GetChartSubType()));
 }
 
 std::string MakePlaceholder(OmAnswerTree const& tree) {
-  return Bracketed("Answer tree", tree,
-                   Sizes()
-                       .Add("path", tree.GetPath().size())
-                       .Add("compressed XML", tree.GetCompressedXml().size())
-                       .Add("XML", tree.GetUncompressedXml().size())
-                       .Add("display XML", tree.GetUncompressedDisplayXML().size())
-                       .Text());
+  return MakeBracketed("Answer tree", tree,
+                       Sizes()
+                           .Add("path", tree.GetPath().size())
+                           .Add("compressed XML", tree.GetCompressedXml().size())
+                           .Add("XML", tree.GetUncompressedXml().size())
+                           .Add("display XML", tree.GetUncompressedDisplayXML().size())
+                           .Text());
 }
 
 std::string MakePlaceholder(OmModel const& model) {
-  return Bracketed("Model", model,
-                   Sizes()
-                       .Add("PMML", model.GetPMML().size())
-                       .Add("binary data", model.GetBinaryDataStream().size())
-                       .Add("PMML container", model.GetPMMLContainer().size())
-                       .Add("StatXML container", model.GetStatXMLContainer().size())
-                       .Text());
+  return MakeBracketed("Model", model,
+                       Sizes()
+                           .Add("PMML", model.GetPMML().size())
+                           .Add("binary data", model.GetBinaryDataStream().size())
+                           .Add("PMML container", model.GetPMMLContainer().size())
+                           .Add("StatXML container", model.GetStatXMLContainer().size())
+                           .Text());
 }
 
 std::string MakePlaceholder(OmInteractive const& item) {
-  return Bracketed("Interactive item", item,
-                   Sizes()
-                       .Add("JSON", item.getInteractiveJSON().size())
-                       .Add("GeoJSON", item.getGeoJSONContent())
-                       .Text());
+  return MakeBracketed("Interactive item", item,
+                       Sizes()
+                           .Add("JSON", item.getInteractiveJSON().size())
+                           .Add("GeoJSON", item.getGeoJSONContent())
+                           .Text());
 }
 
 }  // namespace lakresvos::render

@@ -11,7 +11,7 @@ namespace {
 
 /// Whether a spreadsheet takes a text that starts like this for a formula: some skip spaces, some
 /// take quotes away, and some know full-width forms of the signs.
-bool StartsAFormula(std::string_view text) {
+bool StartsFormula(std::string_view text) {
   std::size_t const start = text.find_first_not_of(" \"");
   std::string_view const rest = start == std::string_view::npos ? "" : text.substr(start);
   if (!rest.empty() && std::string_view("=+-@").find(rest.front()) != std::string_view::npos) {
@@ -27,7 +27,7 @@ bool StartsAFormula(std::string_view text) {
 
 /// The length of what a spreadsheet may take for the end of a field, quoted or not, at the start of
 /// the text: some split at other characters than commas, and then know nothing of the quotes.
-std::size_t FieldEnd(std::string_view text) {
+std::size_t MatchFieldEnd(std::string_view text) {
   // The last one is where the line end U+0085 was.
   for (std::string_view const end :
        {std::string_view(","), std::string_view(";"), std::string_view("|"), std::string_view("\t"),
@@ -41,15 +41,15 @@ std::size_t FieldEnd(std::string_view text) {
 }
 
 /// The text with an apostrophe wherever a formula would start.
-std::string Guarded(std::string_view text) {
+std::string GuardFormulas(std::string_view text) {
   bool const startsWithControl = !text.empty() && (text.front() == '\t' || text.front() == '\n');
-  std::string guarded = startsWithControl || StartsAFormula(text) ? "'" : "";
+  std::string guarded = startsWithControl || StartsFormula(text) ? "'" : "";
   while (!text.empty()) {
-    std::size_t const end = FieldEnd(text);
+    std::size_t const end = MatchFieldEnd(text);
     std::size_t const length = std::max<std::size_t>(end, 1);
     guarded += text.substr(0, length);
     text.remove_prefix(length);
-    if (end != 0 && StartsAFormula(text)) {
+    if (end != 0 && StartsFormula(text)) {
       guarded += '\'';
     }
   }
@@ -66,7 +66,7 @@ bool NeedsQuotes(std::string_view text) {
 
 std::string CsvRecord::Shown(std::string_view text) const {
   std::string clean = CleanText(text);
-  return safe_ ? Guarded(clean) : clean;
+  return safe_ ? GuardFormulas(clean) : clean;
 }
 
 std::string CsvRecord::Encoded(std::string_view text) const {

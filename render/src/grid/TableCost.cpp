@@ -23,7 +23,7 @@ struct Extent {
   double sameLeaves = 1;  ///< the most leaves that share a subscript
 };
 
-double LongestRun(std::vector<unsigned int> numbers) {
+double CountLongestRun(std::vector<unsigned int> numbers) {
   std::sort(numbers.begin(), numbers.end());
   std::size_t longest = 1;
   for (std::size_t first = 0, at = 0; at < numbers.size(); ++at) {
@@ -52,7 +52,7 @@ Extent MeasureExtent(OmDimension const& dimension) {
     }
   }
   extent.leaves = static_cast<double>(subscripts.size());
-  extent.sameLeaves = LongestRun(std::move(subscripts));
+  extent.sameLeaves = CountLongestRun(std::move(subscripts));
   return extent;
 }
 
@@ -103,7 +103,7 @@ std::vector<bool> MarkPlaced(std::vector<std::vector<short> const*> const& axes,
 
 }  // namespace
 
-double ShownCost(OmPivotTable const& table, std::size_t cells) {
+double EstimateShownCost(OmPivotTable const& table, std::size_t cells) {
   double cost = 0;
   std::vector<Extent> extents;
   for (int d = 0; d < table.NDimensions(); ++d) {

@@ -15,7 +15,7 @@ namespace lakresvos::render {
 /// subscript, or because an axis names a dimension that is placed already.
 ///
 /// @param cells how many cells the table has.
-double ShownCost(OmPivotTable const& table, std::size_t cells);
+double EstimateShownCost(OmPivotTable const& table, std::size_t cells);
 
 }  // namespace lakresvos::render
 

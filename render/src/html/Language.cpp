@@ -40,7 +40,7 @@ std::string_view CutPart(std::string_view& text) {
 }
 
 /// In lower case from the letter at `first` on, in upper case before it.
-std::string Cased(std::string_view word, std::size_t first) {
+std::string FixCase(std::string_view word, std::size_t first) {
   std::string cased(word);
   for (std::size_t i = 0; i < cased.size(); ++i) {
     auto const letter = static_cast<unsigned char>(cased[i]);
@@ -66,13 +66,13 @@ std::string FindLanguage(std::string const& locale) {
   if (!IsWord(part, 2) && !IsWord(part, 3)) {
     return {};
   }
-  std::string tag = Cased(part, 0);
+  std::string tag = FixCase(part, 0);
   part = CutPart(rest);
   if (IsWord(part, 4)) {
-    tag += "-" + Cased(part, 1);
+    tag += "-" + FixCase(part, 1);
     part = CutPart(rest);
   }
-  return IsRegion(part) ? tag + "-" + Cased(part, 2) : tag;
+  return IsRegion(part) ? tag + "-" + FixCase(part, 2) : tag;
 }
 
 std::string LanguageAttributes(std::string const& language) {

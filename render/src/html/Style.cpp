@@ -4,10 +4,10 @@
 #include <cmath>
 #include <string_view>
 
+#include <lakresvos/render/AreaNames.h>
 #include <lakresvos/render/AreaStyle.h>
 
 #include "content/AreaAlignment.h"
-#include "content/Color.h"
 #include "content/NumberText.h"
 #include "unicode/CleanText.h"
 
@@ -50,7 +50,7 @@ char const* Readable(std::string const& background) {
 }
 
 /// A text as a CSS string.
-std::string CssString(std::string_view text) {
+std::string QuoteCss(std::string_view text) {
   std::string css = "\"";
   for (char const c : CleanText(text)) {
     if (c == '"' || c == '\\' || c == '<' || c == '\n') {
@@ -123,10 +123,10 @@ char const* VerticalCss(int alignment) {
 
 /// What area formats and cell styles have in common.
 template <class Format>
-std::string Declarations(Format const& format) {
+std::string MakeDeclarations(Format const& format) {
   std::string css;
   if (!format.getFontName().empty()) {
-    css += "font-family:" + CssString(format.getFontName()) + ";";
+    css += "font-family:" + QuoteCss(format.getFontName()) + ";";
   }
   if (std::isfinite(format.getFontSize()) && format.getFontSize() > 0) {
     css += "font-size:";
@@ -170,7 +170,7 @@ std::string HtmlStyle(OmPivotTable const& table, std::string const& selector) {
       continue;
     }
     std::string const padding = area.area == FormatArea::AreaFrame ? "" : Padding(*format);
-    css += Rule(Within(selector, area.selector), Declarations(*format) + padding);
+    css += Rule(Within(selector, area.selector), MakeDeclarations(*format) + padding);
     if (area.area == FormatArea::AreaData && format->getUseAltRowColors()) {
       css += Rule(Within(selector, "tbody tr.alt td:not([class^=h])"),
                   Colors(format->getAlternateTextColor(), format->getAlternateBackgroundColor()));
@@ -179,7 +179,7 @@ std::string HtmlStyle(OmPivotTable const& table, std::string const& selector) {
   std::size_t number = 0;
   for (OmCellProperties const& style : table.getCellStyles()) {
     if (number != 0) {
-      css += Rule(selector + " .s" + std::to_string(number), Declarations(style));
+      css += Rule(selector + " .s" + std::to_string(number), MakeDeclarations(style));
     }
     ++number;
   }

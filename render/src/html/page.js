@@ -24,7 +24,7 @@ for (const [number, pivot] of document.querySelectorAll(".pivot").entries()) {
 
 // Row headings of several levels stay in sight side by side, each as far in as those before it reach,
 // unless they would leave too little room for the numbers.
-const kMostOfWidth = 0.6;
+const kMaxHeadingShare = 0.6;
 const width = (element) => element.getBoundingClientRect().width;
 const place = (scroll) => {
   const table = scroll.querySelector(":scope > .pivot-table");
@@ -37,7 +37,7 @@ const place = (scroll) => {
     table.style.setProperty("--h" + level, reach + "px");
     reach += width(heading);
   }
-  const stuck = reach <= kMostOfWidth * scroll.clientWidth;
+  const stuck = reach <= kMaxHeadingShare * scroll.clientWidth;
   scroll.classList.toggle("unstuck", !stuck);
   table.style.setProperty("--heads-width", (stuck ? reach : 0) + "px");
   table.style.setProperty("--head-height", (table.tHead?.getBoundingClientRect().height ?? 0) + "px");
@@ -130,9 +130,9 @@ const divide = (table) => {
   table.classList.add("divided");
 };
 // A picture that would become less than half as large goes on below, in strips as wide as the page.
-const kSmallestScale = .5;
+const kMinScale = .5;
 const cut = (image) => {
-  const strips = Math.ceil(image.naturalWidth * kSmallestScale / kPageWidth);
+  const strips = Math.ceil(image.naturalWidth * kMinScale / kPageWidth);
   if (strips <= 1) {
     return;
   }

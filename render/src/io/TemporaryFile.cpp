@@ -14,7 +14,7 @@ namespace lakresvos::render {
 namespace {
 
 /// Where the file system has no files without a name, takes the name away again at once.
-int OpenWithoutName(std::string const& directory) {
+int OpenUnnamed(std::string const& directory) {
   int const file = open(directory.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600);
   if (file >= 0) {
     return file;
@@ -33,7 +33,7 @@ int OpenWithoutName(std::string const& directory) {
 TemporaryFile::TemporaryFile() {
   char const* const chosen = std::getenv("TMPDIR");
   std::string const directory = chosen != nullptr && *chosen != '\0' ? chosen : "/tmp";
-  descriptor_ = OpenWithoutName(directory);
+  descriptor_ = OpenUnnamed(directory);
   if (descriptor_ < 0) {
     throw std::runtime_error("cannot create a temporary file in " + directory + ": " +
                              std::generic_category().message(errno));

@@ -20,7 +20,7 @@ bool StartsWithSpace(std::string_view text) {
 }
 
 /// Where the last character of a text in UTF-8 starts. Requires: the text is not empty.
-std::size_t LastCharacter(std::string_view text) {
+std::size_t FindLastCharacter(std::string_view text) {
   std::size_t at = text.size() - 1;
   while (at > 0 && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U) {
     --at;
@@ -32,8 +32,8 @@ std::string_view TrimSpaces(std::string_view text) {
   while (!text.empty() && StartsWithSpace(text)) {
     text.remove_prefix(FirstCodePoint(text).length);
   }
-  while (!text.empty() && StartsWithSpace(text.substr(LastCharacter(text)))) {
-    text = text.substr(0, LastCharacter(text));
+  while (!text.empty() && StartsWithSpace(text.substr(FindLastCharacter(text)))) {
+    text = text.substr(0, FindLastCharacter(text));
   }
   return text;
 }
@@ -43,7 +43,7 @@ bool IsDigit(char c) {
 }
 
 /// Where a list number at the start of the text ends in a '.' or ')', which would make a list.
-std::size_t EndOfListNumber(std::string_view text) {
+std::size_t FindListNumberEnd(std::string_view text) {
   auto const* const end = std::find_if_not(text.begin(), text.end(), IsDigit);
   bool const number = end != text.begin() && end != text.end() && (*end == '.' || *end == ')');
   return number ? static_cast<std::size_t>(end - text.begin()) : std::string_view::npos;
@@ -69,7 +69,7 @@ std::string MarkdownText(std::string_view text) {
 
 std::string AtLineStart(std::string const& markdown) {
   std::string line = markdown;
-  std::size_t const listNumber = EndOfListNumber(line);
+  std::size_t const listNumber = FindListNumberEnd(line);
   if (listNumber != std::string::npos) {
     line.insert(listNumber, "\\");
   } else if (!line.empty() && kMarksAtStart.find(line.front()) != std::string_view::npos) {

@@ -74,7 +74,7 @@ class LayoutBuilder {
     }
     std::vector<TextLine> const lines = Wrap(text, limit_);
     tall = tall || lines.size() > 1;
-    return WidestLine(lines);
+    return MeasureWidestLine(lines);
   }
 
   void MeasureLabel(GridCell const& cell) {
@@ -122,7 +122,8 @@ class LayoutBuilder {
     }
     int const room = layout.Width(cell.column, cell.columnSpan);
     MarkedText const shown = ShowLabel(cell.label, marks_);
-    int const missing = WidestLine(Wrap(shown.text + shown.marks, std::max(room, limit_))) - room;
+    int const missing =
+        MeasureWidestLine(Wrap(shown.text + shown.marks, std::max(room, limit_))) - room;
     auto const columns = layout.columns.begin() + cell.column;
     for (int i = 0; i < cell.columnSpan && missing > 0; ++i) {
       columns[i].width += missing / cell.columnSpan + (i < missing % cell.columnSpan ? 1 : 0);
@@ -209,7 +210,7 @@ class LayoutBuilder {
   /// The part that starts with the body's column `first` and has as many more as fit.
   TextPart MakeWidestPart(int first, int width) const {
     int fits = std::min(first + 1, BodyColumns());
-    int last = std::max(fits, FindEndWithoutSpans(first, width));
+    int last = std::max(fits, FindUnspannedEnd(first, width));
     // Headings over several columns may need more room than these: usually not.
     for (int tried = last; fits < last; tried = fits + (last - fits + 1) / 2) {
       if (MakePart(first, tried).layout.Extent() <= width) {
@@ -222,7 +223,7 @@ class LayoutBuilder {
   }
 
   /// After the last of the body's columns that fit from `first` on, as wide as they are themselves.
-  int FindEndWithoutSpans(int first, int width) const {
+  int FindUnspannedEnd(int first, int width) const {
     int const headings = grid_.HeadingColumns();
     auto const body = layout_.columns.begin() + headings;
     int extent = kFrame + layout_.Width(0, headings);

@@ -101,7 +101,7 @@ void TextVisitor::Visit(OmTextBlock& block) {
 void TextVisitor::Visit(OmPageTitle& title) {
   StartItem();
   std::string const line = Repeat(options_.ascii ? kAsciiPageLine : kPageLine,
-                                  WidestLine(WrapAt(options_.width, title.Text())));
+                                  MeasureWidestLine(WrapAt(options_.width, title.Text())));
   WriteLines(line);
   WriteLines(title.Text());
   WriteLines(line);
@@ -113,7 +113,7 @@ void TextVisitor::WriteHeading(std::string const& text) {
   auto const last = static_cast<int>(lines.size()) - 1;
   WriteLines(text);
   WriteLines(Repeat(lines[static_cast<std::size_t>(std::clamp(depth, 0, last))],
-                    WidestLine(WrapAt(options_.width, text))));
+                    MeasureWidestLine(WrapAt(options_.width, text))));
 }
 
 // Tables
@@ -172,7 +172,7 @@ void TextVisitor::StartItem() {
 
 void TextVisitor::WriteAligned(std::string const& text, HorizontalAlignment alignment, int width) {
   std::vector<TextLine> const lines = WrapAt(options_.width, text);
-  int const room = std::max(width, WidestLine(lines));
+  int const room = std::max(width, MeasureWidestLine(lines));
   for (TextLine const& line : lines) {
     int const before = line.text.empty() ? 0 : CountSpacesBefore(alignment, room - line.width);
     out_ << std::string(static_cast<std::size_t>(before), ' ') << line.text << '\n';

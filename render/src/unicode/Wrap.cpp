@@ -96,7 +96,7 @@ std::vector<TextLine> Wrap(std::string_view text, int limit) {
   return lines;
 }
 
-int WidestLine(std::vector<TextLine> const& lines) {
+int MeasureWidestLine(std::vector<TextLine> const& lines) {
   int widest = 0;
   for (TextLine const& line : lines) {
     widest = std::max(widest, line.width);

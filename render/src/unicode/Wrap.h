@@ -22,7 +22,7 @@ struct TextLine {
 std::vector<TextLine> Wrap(std::string_view text, int limit);
 
 /// The widest line's width.
-int WidestLine(std::vector<TextLine> const& lines);
+int MeasureWidestLine(std::vector<TextLine> const& lines);
 
 }  // namespace lakresvos::render
 

@@ -21,7 +21,7 @@ namespace lakresvos::render {
 namespace {
 
 constexpr int kMaxSheets = 65'000;  // each takes one of the 65,530 links of the contents
-constexpr lxw_color_t kGroupRuleColour = 0xB4BBC5;
+constexpr lxw_color_t kGroupRuleColor = 0xB4BBC5;
 constexpr std::size_t kMaxFormats = 64'000;
 // Spreadsheets open workbooks with some 200 number formats; those without marks take up to 31.
 constexpr std::size_t kMaxMarkedNumberFormats = 160;
@@ -86,9 +86,9 @@ class FileView {
   std::size_t size_;
 };
 
-/// The library takes 0 for no colour.
-lxw_color_t ParseColour(std::string const& colour) {
-  auto const number = static_cast<lxw_color_t>(std::strtoul(colour.c_str() + 1, nullptr, 16));
+/// The library takes 0 for no color.
+lxw_color_t ParseColor(std::string const& color) {
+  auto const number = static_cast<lxw_color_t>(std::strtoul(color.c_str() + 1, nullptr, 16));
   return number != 0 ? number : static_cast<lxw_color_t>(LXW_COLOR_BLACK);
 }
 
@@ -139,8 +139,8 @@ void SetFont(lxw_format* format, XlsxStyle const& style) {
   if (style.raised) {
     format_set_font_script(format, LXW_FONT_SUPERSCRIPT);
   }
-  if (!style.colour.empty()) {
-    format_set_font_color(format, ParseColour(style.colour));
+  if (!style.color.empty()) {
+    format_set_font_color(format, ParseColor(style.color));
   }
 }
 
@@ -233,7 +233,7 @@ lxw_format* XlsxBook::Format(XlsxStyle const& style) {
   SetFont(format, style);
   SetAlignments(format, style);
   if (!style.background.empty()) {
-    format_set_bg_color(format, ParseColour(style.background));
+    format_set_bg_color(format, ParseColor(style.background));
   }
   if (!style.numberFormat.empty()) {
     format_set_num_format(format, style.numberFormat.c_str());
@@ -246,7 +246,7 @@ lxw_format* XlsxBook::Format(XlsxStyle const& style) {
   }
   if (style.groupRule) {
     format_set_top(format, LXW_BORDER_THIN);
-    format_set_top_color(format, kGroupRuleColour);
+    format_set_top_color(format, kGroupRuleColor);
   }
   if (style.wrap) {
     format_set_text_wrap(format);

@@ -11,7 +11,7 @@ constexpr int kMaxIndent = 15;
 XlsxStyle LinkStyle() {
   XlsxStyle style;
   style.underline = true;
-  style.colour = "#0563c1";
+  style.color = "#0563c1";
   return style;
 }
 

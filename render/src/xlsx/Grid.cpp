@@ -128,8 +128,8 @@ class XlsxGrid {
   XlsxStyle InRow(XlsxStyle style, int row) const {
     style.groupRule = ruleStart_ < grid_.Columns();
     bool const alternate = (row - grid_.HeadingRows()) % 2 == 1;
-    return alternate ? ApplyAlternateColours(std::move(style),
-                                             grid_.Table().getAreaFormat(FormatArea::AreaData))
+    return alternate ? ApplyAlternateColors(std::move(style),
+                                            grid_.Table().getAreaFormat(FormatArea::AreaData))
                      : style;
   }
 

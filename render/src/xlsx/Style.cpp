@@ -3,7 +3,8 @@
 #include <cmath>
 #include <tuple>
 
-#include "content/Color.h"
+#include <lakresvos/render/AreaNames.h>
+
 #include "unicode/CleanText.h"
 #include "unicode/Utf16.h"
 
@@ -11,11 +12,17 @@ namespace lakresvos::render {
 
 namespace {
 
+/// The color as "#rrggbb". Requires: IsColor(text).
+std::string ExpandColor(std::string const& text) {
+  return text.size() == 7 ? text
+                          : std::string{'#', text[1], text[1], text[2], text[2], text[3], text[3]};
+}
+
 constexpr std::size_t kMaxFontName = 31;  // that a workbook can have
 
 auto AsTuple(XlsxStyle const& style) {
   return std::tie(style.font, style.size, style.bold, style.italic, style.underline, style.raised,
-                  style.horizontal, style.vertical, style.colour, style.background,
+                  style.horizontal, style.vertical, style.color, style.background,
                   style.numberFormat, style.indent, style.rule, style.groupRule, style.wrap);
 }
 
@@ -40,12 +47,12 @@ void SetAlignment(Alignment& alignment, int number) {
   }
 }
 
-void SetColours(XlsxStyle& style, std::string const& text, std::string const& background) {
+void SetColors(XlsxStyle& style, std::string const& text, std::string const& background) {
   if (IsColor(text)) {
-    style.colour = LongColor(text);
+    style.color = ExpandColor(text);
   }
   if (IsColor(background)) {
-    style.background = LongColor(background);
+    style.background = ExpandColor(background);
   }
 }
 
@@ -63,7 +70,7 @@ XlsxStyle Apply(XlsxStyle style, Format const& format) {
   style.underline = style.underline || format.getUnderline();
   SetAlignment(style.horizontal, format.getHorizontalAlignment());
   SetAlignment(style.vertical, format.getVerticalAlignment());
-  SetColours(style, format.getTextColor(), format.getBackgroundColor());
+  SetColors(style, format.getTextColor(), format.getBackgroundColor());
   return style;
 }
 
@@ -82,9 +89,9 @@ XlsxStyle ApplyProperties(XlsxStyle style, OmCellProperties const& properties) {
   return Apply(std::move(style), properties);
 }
 
-XlsxStyle ApplyAlternateColours(XlsxStyle style, FormatArea const* data) {
+XlsxStyle ApplyAlternateColors(XlsxStyle style, FormatArea const* data) {
   if (data != nullptr && data->getUseAltRowColors()) {
-    SetColours(style, data->getAlternateTextColor(), data->getAlternateBackgroundColor());
+    SetColors(style, data->getAlternateTextColor(), data->getAlternateBackgroundColor());
   }
   return style;
 }

@@ -19,7 +19,7 @@ struct XlsxStyle {
   bool raised = false;
   HorizontalAlignment horizontal = HorizontalAlignment::Any;
   VerticalAlignment vertical = VerticalAlignment::Top;
-  std::string colour;      ///< "#rrggbb" or empty
+  std::string color;       ///< "#rrggbb" or empty
   std::string background;  ///< "#rrggbb" or empty
   std::string numberFormat;
   int indent = 0;
@@ -37,7 +37,7 @@ XlsxStyle ApplyArea(XlsxStyle style, OmPivotTable const& table, FormatArea::Area
 XlsxStyle ApplyProperties(XlsxStyle style, OmCellProperties const& properties);
 
 /// `style` in the colours of every other row, where the format of the data area wants that.
-XlsxStyle ApplyAlternateColours(XlsxStyle style, FormatArea const* data);
+XlsxStyle ApplyAlternateColors(XlsxStyle style, FormatArea const* data);
 
 }  // namespace lakresvos::render
 

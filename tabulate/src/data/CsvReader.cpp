@@ -101,7 +101,7 @@ class CsvParser {
     if (record_.size() != 0) {
       CheckUtf8();
       sink_.Add(record_);
-      record_.line_ += LinesInRecord();
+      record_.line_ += CountLinesInRecord();
       record_.text_.clear();
       record_.ends_.clear();
     }
@@ -122,7 +122,7 @@ class CsvParser {
   }
 
   /// How many line ends are inside the record's finished fields.
-  std::size_t LinesInRecord() const {
+  std::size_t CountLinesInRecord() const {
     std::size_t lines = 0;
     if (record_.text_.find('\n') != std::string::npos ||
         record_.text_.find('\r') != std::string::npos) {
@@ -137,7 +137,7 @@ class CsvParser {
     if (csv_error(const_cast<csv_parser*>(&parser_)) != CSV_EPARSE) {
       throw std::bad_alloc();
     }
-    Fail(record_.line_ + LinesInRecord(), record_.size(), broken);
+    Fail(record_.line_ + CountLinesInRecord(), record_.size(), broken);
   }
 
   [[noreturn]] void Fail(std::size_t line, std::size_t column, std::string const& what) const {

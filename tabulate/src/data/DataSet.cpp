@@ -45,7 +45,7 @@ class DataSetBuilder : public CsvSink {
       auto const [known, added] = numbers.emplace(name, i);
       if (!added) {
         throw InputError(data_.file, header.Line(),
-                         "duplicate column name " + Quoted(name) + " in columns " +
+                         "duplicate column name " + Quote(name) + " in columns " +
                              std::to_string(known->second + 1) + " and " + std::to_string(i + 1));
       }
     }
@@ -53,9 +53,8 @@ class DataSetBuilder : public CsvSink {
     for (RequiredColumn const& column : required_) {
       auto const found = numbers.find(column.name);
       if (found == numbers.end()) {
-        throw InputError(
-            data_.file, header.Line(),
-            "unknown column " + Quoted(column.name) + " in " + column.DescribeSource());
+        throw InputError(data_.file, header.Line(),
+                         "unknown column " + Quote(column.name) + " in " + column.DescribeSource());
       }
       kept[found->second] = true;
     }

@@ -18,8 +18,8 @@ RowWeights::RowWeights(DataSet const& data, std::string const& column, WarningLo
                     "the weight is missing; the line was skipped"});
     } else if (!(weights[code] >= 0)) {
       throw InputError(data.file, data.lines[row],
-                       "column " + Quoted(column) + ": expected a weight of 0 or more, not " +
-                           Quoted(column_->Values()[code]));
+                       "column " + Quote(column) + ": expected a weight of 0 or more, not " +
+                           Quote(column_->Values()[code]));
     }
   }
   bool const integers = std::all_of(weights.begin(), weights.end(),

@@ -34,7 +34,7 @@ void WarningLog::Count(Skipped kind, std::size_t line, std::string const& column
   }
 }
 
-bool WarningLog::Any() const {
+bool WarningLog::HasAny() const {
   return std::any_of(counts_.begin(), counts_.end(),
                      [](SkipCount const& count) { return count.count != 0; });
 }

@@ -48,7 +48,7 @@ class FormulaParser {
     do {
       NameToken column = scanner_.ReadName("~|*/", "a column name");
       if (!seen_.insert(column.name).second) {
-        scanner_.Fail(column.position, "duplicate column " + Quoted(column.name));
+        scanner_.Fail(column.position, "duplicate column " + Quote(column.name));
       }
       term.push_back(std::move(column));
     } while (scanner_.Accept('/'));

@@ -42,10 +42,10 @@ void CheckGroupings(std::vector<Grouping> const& groupings, RequiredColumns cons
     std::string const& column = grouping.column.name;
     if (std::none_of(tableColumns.begin(), tableColumns.end(),
                      [&](RequiredColumn const& one) { return one.name == column; })) {
-      Fail(grouping, grouping.column, "column " + Quoted(column) + " is in no table");
+      Fail(grouping, grouping.column, "column " + Quote(column) + " is in no table");
     }
     if (!groups.emplace(column, grouping.group.name).second) {
-      Fail(grouping, grouping.group, "duplicate group " + Quoted(grouping.group.name));
+      Fail(grouping, grouping.group, "duplicate group " + Quote(grouping.group.name));
     }
   }
 }

@@ -20,7 +20,7 @@ Statistic ReadStatistic(Scanner& scanner) {
     return one.keyword == keyword.name;
   });
   if (kind == kinds.end()) {
-    scanner.Fail(keyword.position, "unknown statistic " + Quoted(keyword.name));
+    scanner.Fail(keyword.position, "unknown statistic " + Quote(keyword.name));
   }
   Statistic statistic{&*kind, {"", keyword.position}};
   if (kind->NeedsColumn()) {
@@ -68,7 +68,7 @@ std::vector<Statistic> ParseStatistics(std::string const& text) {
     Statistic statistic = ReadStatistic(scanner);
     for (Statistic const& other : statistics) {
       if (other.kind == statistic.kind && other.column.name == statistic.column.name) {
-        scanner.Fail(position, "duplicate statistic " + Quoted(Describe(statistic)));
+        scanner.Fail(position, "duplicate statistic " + Quote(Describe(statistic)));
       }
     }
     statistics.push_back(std::move(statistic));

@@ -22,7 +22,7 @@ std::vector<std::uint32_t> FindMembers(Grouping const& grouping, DataColumn cons
     std::optional<std::uint32_t> const category = FindCategory(column, order, token.name);
     if (!category.has_value()) {
       Fail(grouping, token,
-           "unknown category " + Quoted(token.name) + " of column " + Quoted(column.Name()));
+           "unknown category " + Quote(token.name) + " of column " + Quote(column.Name()));
     }
     members.push_back(*category);
   }
@@ -54,7 +54,7 @@ void CategoryGroups::AddLevel(std::size_t level, TableDimension const& dimension
     if (std::any_of(ofColumn.begin(), ofColumn.end(), [&](auto const& other) {
           return other.first->group.name == grouping.group.name;
         })) {
-      Fail(grouping, grouping.group, "duplicate group " + Quoted(grouping.group.name));
+      Fail(grouping, grouping.group, "duplicate group " + Quote(grouping.group.name));
     }
     ofColumn.emplace_back(&grouping, FindMembers(grouping, column, dimension.orders[level]));
     for (std::size_t i = 0; i < grouping.categories.size(); ++i) {
@@ -63,10 +63,10 @@ void CategoryGroups::AddLevel(std::size_t level, TableDimension const& dimension
       if (!added) {
         NameToken const& token = grouping.categories[i];
         Fail(grouping, token,
-             "duplicate category " + Quoted(token.name) +
+             "duplicate category " + Quote(token.name) +
                  (known->second == &grouping
                       ? ""
-                      : ", already in group " + Quoted(known->second->group.name) + ","));
+                      : ", already in group " + Quote(known->second->group.name) + ","));
       }
     }
   }
@@ -97,8 +97,8 @@ void CategoryGroups::CheckSiblings(std::size_t level, TupleIndex const& categori
   for (std::size_t i = 0; i < members.size(); ++i) {
     if (besideFirst.count(members[i]) == 0) {
       Fail(grouping, grouping.categories[i],
-           "category " + Quoted(grouping.categories[i].name) + " never occurs next to " +
-               Quoted(grouping.categories.front().name));
+           "category " + Quote(grouping.categories[i].name) + " never occurs next to " +
+               Quote(grouping.categories.front().name));
     }
   }
 }

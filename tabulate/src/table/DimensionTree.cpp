@@ -84,8 +84,8 @@ class DimensionBuilder {
     for (std::size_t i = 0; i < entries.size(); ++i) {
       Node const child = parent.node[i];
       for (std::size_t j = 0; j < entries[i].members.size(); ++j) {
-        Await(entries[i].group != nullptr ? child[j] : child, runs[entries[i].members[j]],
-              parent.level);
+        RegisterPending(entries[i].group != nullptr ? child[j] : child, runs[entries[i].members[j]],
+                        parent.level);
       }
     }
   }
@@ -159,7 +159,7 @@ class DimensionBuilder {
     target_.AddNewChild(target_.Root(), label, source_.Total(), false);
   }
 
-  void Await(Node const& node, Run const& run, std::size_t level) {
+  void RegisterPending(Node const& node, Run const& run, std::size_t level) {
     if (level + 1 < source_.columns.size()) {
       pending_.push_back({node, run, level + 1});
     }

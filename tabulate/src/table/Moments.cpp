@@ -38,11 +38,11 @@ void Moments::Merge(Moments const& other) {
 }
 
 double Moments::Sum() const {
-  return Rounded(sum_);
+  return RoundToDouble(sum_);
 }
 
 double Moments::Mean() const {
-  return weight_ > 0 ? Rounded(sum_ / weight_) : kNoNumber;
+  return weight_ > 0 ? RoundToDouble(sum_ / weight_) : kNoNumber;
 }
 
 double Moments::Minimum() const {
@@ -56,7 +56,7 @@ double Moments::Maximum() const {
 double Moments::Deviation() const {
   // Ten weights of 0.1 are 1 as they were written, but a little more as doubles; rounding undoes it.
   bool const defined = weight_.convert_to<double>() > 1;
-  return defined ? Rounded(sqrt(squares_ / (weight_ - 1))) : kNoNumber;
+  return defined ? RoundToDouble(sqrt(squares_ / (weight_ - 1))) : kNoNumber;
 }
 
 }  // namespace lakresvos::tabulate

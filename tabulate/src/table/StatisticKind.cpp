@@ -7,11 +7,11 @@ namespace lakresvos::tabulate {
 namespace {
 
 double Count(StatisticInput const& input) {
-  return Rounded(input.count);
+  return RoundToDouble(input.count);
 }
 
 double Percent(StatisticInput const& input) {
-  return input.whole > 0 ? Rounded(100 * input.count / input.whole) : kNoNumber;
+  return input.whole > 0 ? RoundToDouble(100 * input.count / input.whole) : kNoNumber;
 }
 
 template <double (Moments::*statistic)() const>
@@ -20,35 +20,35 @@ double Read(StatisticInput const& input) {
   return (moments[input.cell].*statistic)();
 }
 
-int UseDecimalsOfWeights(int ofWeights, int /*ofColumn*/) {
-  return ofWeights;
+int UseWeightDecimals(int weightDecimals, int /*columnDecimals*/) {
+  return weightDecimals;
 }
 
-int UseDecimalsOfColumn(int /*ofWeights*/, int ofColumn) {
-  return ofColumn;
+int UseColumnDecimals(int /*weightDecimals*/, int columnDecimals) {
+  return columnDecimals;
 }
 
-int AddDecimals(int ofWeights, int ofColumn) {
-  return ofWeights + ofColumn;
+int AddDecimals(int weightDecimals, int columnDecimals) {
+  return weightDecimals + columnDecimals;
 }
 
 template <int decimals>
-int UseDecimals(int /*ofWeights*/, int /*ofColumn*/) {
+int UseDecimals(int /*weightDecimals*/, int /*columnDecimals*/) {
   return decimals;
 }
 
 constexpr auto* kMoments = &CellSummariesIn<Moments>::Make;
 
 constexpr StatisticKind kKinds[] = {
-    {"count", "Count", nullptr, {}, UseDecimalsOfWeights, Count},
+    {"count", "Count", nullptr, {}, UseWeightDecimals, Count},
     {"row%", "Row %", nullptr, {.ofColumns = true}, UseDecimals<1>, Percent},
     {"column%", "Column %", nullptr, {.ofRows = true}, UseDecimals<1>, Percent},
     {"total%", "Total %", nullptr, {.ofRows = true, .ofColumns = true}, UseDecimals<1>, Percent},
     {"mean", "Mean", kMoments, {}, UseDecimals<2>, Read<&Moments::Mean>},
     {"sd", "Std. deviation", kMoments, {}, UseDecimals<2>, Read<&Moments::Deviation>},
     {"sum", "Sum", kMoments, {}, AddDecimals, Read<&Moments::Sum>},
-    {"min", "Minimum", kMoments, {}, UseDecimalsOfColumn, Read<&Moments::Minimum>},
-    {"max", "Maximum", kMoments, {}, UseDecimalsOfColumn, Read<&Moments::Maximum>},
+    {"min", "Minimum", kMoments, {}, UseColumnDecimals, Read<&Moments::Minimum>},
+    {"max", "Maximum", kMoments, {}, UseColumnDecimals, Read<&Moments::Maximum>},
 };
 
 }  // namespace

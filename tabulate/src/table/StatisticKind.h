@@ -40,7 +40,7 @@ struct StatisticKind {
   Whole whole;
 
   /// How many decimals it is shown with, given those of the weights and of the column's numbers.
-  int (*countDecimals)(int ofWeights, int ofColumn);
+  int (*countDecimals)(int weightDecimals, int columnDecimals);
 
   /// Computes it; kNoNumber when that cannot be done.
   double (*compute)(StatisticInput const& input);

@@ -13,7 +13,7 @@ namespace lakresvos::tabulate {
 using WideNumber = boost::multiprecision::cpp_bin_float_quad;
 
 /// The double next to the number; kNoNumber for one that is out of a double's range.
-inline double Rounded(WideNumber const& number) {
+inline double RoundToDouble(WideNumber const& number) {
   auto const rounded = number.convert_to<double>();
   return std::isfinite(rounded) ? rounded : kNoNumber;
 }

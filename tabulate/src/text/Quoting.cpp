@@ -4,7 +4,7 @@
 
 namespace lakresvos::tabulate {
 
-std::string OneLine(std::string_view text) {
+std::string EscapeControls(std::string_view text) {
   static char const digits[] = "0123456789ABCDEF";
   std::string line;
   for (char const c : text) {
@@ -26,7 +26,7 @@ std::string OneLine(std::string_view text) {
   return line;
 }
 
-std::string Shortened(std::string const& line) {
+std::string Shorten(std::string const& line) {
   constexpr std::size_t kMaxLength = 500;
   constexpr std::size_t kEndLength = 200;
   std::size_t const characters = CountCharacters(line);
@@ -37,11 +37,11 @@ std::string Shortened(std::string const& line) {
          line.substr(FindCharacter(line, characters - kEndLength));
 }
 
-std::string Quoted(std::string_view text) {
+std::string Quote(std::string_view text) {
   constexpr std::size_t kMaxLength = 40;
   std::size_t const shown = FindCharacter(text, kMaxLength);
   std::string quoted = "'";
-  quoted += OneLine(text.substr(0, shown));
+  quoted += EscapeControls(text.substr(0, shown));
   quoted += shown < text.size() ? "...'" : "'";
   return quoted;
 }

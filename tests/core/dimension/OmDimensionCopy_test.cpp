@@ -56,11 +56,11 @@ TEST_F(OmDimensionCopy, LivesInItsOwnRegion) {
   OmVectorTreeWalk<OmDimension::ConstNode> walk(copy.Root());
   while (walk.Next()) {
     OmDimension::Element const& element = *walk.Current().element;
-    EXPECT_EQ(OmMemoryRegion::OwnerOf(element.value.label), &other_);
+    EXPECT_EQ(OmMemoryRegion::FindOwner(element.value.label), &other_);
     EXPECT_EQ(element.value.childIndex.region, &other_);
     EXPECT_EQ(element.children.region, &other_);
     if (element.children.size() != 0) {
-      EXPECT_EQ(OmMemoryRegion::OwnerOf(element.children.begin), &other_);
+      EXPECT_EQ(OmMemoryRegion::FindOwner(element.children.begin), &other_);
     }
   }
 }
@@ -70,7 +70,7 @@ TEST_F(OmDimensionCopy, WithoutARegionLivesOnTheDefaultHeap) {
   EXPECT_EQ(copy.children.region, OmMemoryRegion::DefaultHeap());
   EXPECT_EQ(copy.value.childIndex.region, OmMemoryRegion::DefaultHeap());
   EXPECT_EQ(copy.Root()[1][2].Value().childIndex.region, OmMemoryRegion::DefaultHeap());
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(copy.Root()[1][2].Value().label),
+  EXPECT_EQ(OmMemoryRegion::FindOwner(copy.Root()[1][2].Value().label),
             OmMemoryRegion::DefaultHeap());
 }
 

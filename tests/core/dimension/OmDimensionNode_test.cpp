@@ -71,7 +71,7 @@ TEST_F(OmDimensionNodeTest, ANodeMadeOfATextHasACopyOfItInItsRegion) {
   ASSERT_EQ(log.Of(SpyCell::Operation::Clone).size(), 1U);
   EXPECT_EQ(log.Of(SpyCell::Operation::Clone)[0].region, &region);
   EXPECT_NE(node.label, &text);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(node.label), &region);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(node.label), &region);
   EXPECT_EQ(node.label->GetText(), "label");
   EXPECT_EQ(node.subscript, 7U);
   EXPECT_TRUE(node.group);
@@ -109,11 +109,11 @@ TEST_F(OmDimensionNodeTest, ACopyInAnotherRegionHasEverythingThere) {
   Fill(node);
   {
     OmDimensionNode const copy(node, &other);
-    EXPECT_EQ(OmMemoryRegion::OwnerOf(copy.label), &other);
+    EXPECT_EQ(OmMemoryRegion::FindOwner(copy.label), &other);
     EXPECT_EQ(LabelOf(copy), "label");
     EXPECT_EQ(copy.subscript, 7U);
     EXPECT_EQ(copy.childIndex.region, &other);
-    EXPECT_EQ(OmMemoryRegion::OwnerOf(copy.childIndex.begin), &other);
+    EXPECT_EQ(OmMemoryRegion::FindOwner(copy.childIndex.begin), &other);
     EXPECT_EQ(IndexOf(copy), (std::vector<unsigned int>{10, 11, 12, 13, 14}));
     EXPECT_EQ(copy.sort, 1);
     EXPECT_TRUE(copy.group);
@@ -138,7 +138,7 @@ TEST_F(OmDimensionNodeTest, ACopyWithoutARegionIsOnTheDefaultHeap) {
   OmDimensionNode const node(SpyCell("label"), 7, true, &region);
   OmDimensionNode const copy(node, nullptr);
   EXPECT_EQ(copy.childIndex.region, OmMemoryRegion::DefaultHeap());
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(copy.label), OmMemoryRegion::DefaultHeap());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(copy.label), OmMemoryRegion::DefaultHeap());
 }
 
 TEST_F(OmDimensionNodeTest, APlainCopyStaysInTheSourcesRegion) {
@@ -147,7 +147,7 @@ TEST_F(OmDimensionNodeTest, APlainCopyStaysInTheSourcesRegion) {
   Fill(node);
   OmDimensionNode const copy(node);
   EXPECT_EQ(copy.childIndex.region, &region);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(copy.label), &region);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(copy.label), &region);
   EXPECT_EQ(IndexOf(copy), IndexOf(node));
   EXPECT_EQ(copy.childIndex.capacity(), 5U);
   EXPECT_TRUE(copy == node);

@@ -56,7 +56,7 @@ TEST_F(OmDimensionTest, ANewDimensionIsARootInItsRegion) {
   EXPECT_TRUE(dimension_.Root().Value().group);
   EXPECT_EQ(dimension_.children.region, &region_);
   EXPECT_EQ(dimension_.value.childIndex.region, &region_);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(dimension_.value.label), &region_);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(dimension_.value.label), &region_);
   EXPECT_EQ(dimension_.parent, nullptr);
   EXPECT_EQ(dimension_.Root().NChildren(), 0U);
 }
@@ -79,7 +79,7 @@ TEST_F(OmDimensionTest, ChildAddsALastChildInTheDimensionsRegion) {
   EXPECT_FALSE(child.Value().group);
   EXPECT_EQ(child.Value().sort, 2);
   EXPECT_EQ(child.Value().childIndex.region, &region_);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(child.Value().label), &region_);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(child.Value().label), &region_);
   EXPECT_EQ(child.element->children.region, &region_);
   EXPECT_EQ(child.element->parent, &dimension_);
 }
@@ -353,7 +353,7 @@ TEST_F(OmDimensionTest, AddNewChildPutsEverythingIntoTheDimensionsRegion) {
   Node const child = AddNewChild("a", 6);
   EXPECT_EQ(child.Value().subscript, 6U);
   EXPECT_EQ(child.Value().sort, 2);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(child.Value().label), &region_);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(child.Value().label), &region_);
   EXPECT_EQ(child.Value().childIndex.region, &region_);
   EXPECT_EQ(child.Value().childIndex.begin, nullptr);
   EXPECT_EQ(child.element->children.region, &region_);

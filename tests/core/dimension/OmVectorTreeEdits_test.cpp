@@ -93,7 +93,7 @@ TEST_F(OmVectorTreeEdits, AnElementCopyKeepsEachSourceNodesRegion) {
   tree.children[2].children[1].children.region = nullptr;
   Element const copy(tree);
   EXPECT_EQ(copy.children.region, &region);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(copy.children.begin), &region);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(copy.children.begin), &region);
   EXPECT_EQ(copy.children[0].children[0].children.region, &region);
   EXPECT_EQ(copy.children[0].children[1].children.region, &other);
   EXPECT_EQ(copy.children[2].children[1].children.region, OmMemoryRegion::DefaultHeap());
@@ -244,9 +244,9 @@ TEST_F(OmVectorTreeEdits, ACopiedSubtreeIsFullyLinkedInItsOwnRegion) {
     EXPECT_TRUE(FullyLinked(target));
     EXPECT_EQ(target.parent, &owner);
     EXPECT_EQ(target.children.region, &region);
-    EXPECT_EQ(OmMemoryRegion::OwnerOf(target.children.begin), &region);
+    EXPECT_EQ(OmMemoryRegion::FindOwner(target.children.begin), &region);
     EXPECT_EQ(target.children[0].children.region, &region);
-    EXPECT_EQ(OmMemoryRegion::OwnerOf(target.children[0].children.begin), &region);
+    EXPECT_EQ(OmMemoryRegion::FindOwner(target.children[0].children.begin), &region);
     EXPECT_EQ(target.children[0].children[1].children.region, &region);
   }
   EXPECT_EQ(region.BytesInUse(), 0U);
@@ -269,7 +269,7 @@ TEST_F(OmVectorTreeEdits, ACopyIntoNoRegionIsOnTheDefaultHeap) {
   Tree::CopySubtree(target, source, nullptr, nullptr);
   EXPECT_EQ(target.children.region, OmMemoryRegion::DefaultHeap());
   EXPECT_EQ(target.children[0].children[0].children.region, OmMemoryRegion::DefaultHeap());
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(target.children.begin), OmMemoryRegion::DefaultHeap());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(target.children.begin), OmMemoryRegion::DefaultHeap());
 }
 
 TEST_F(OmVectorTreeEdits, ACopiedSubtreeReplacesWhatTheTargetHeld) {

@@ -185,15 +185,15 @@ TEST_F(OmVectorTreeTest, ChildrenLiveInTheRegionOfTheirParent) {
   Node const grandchild = Tree::AppendChild(child, 2);
   EXPECT_EQ(child.element->children.region, &region);
   EXPECT_EQ(grandchild.element->children.region, &region);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(child.element), &region);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(grandchild.element), &region);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(child.element), &region);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(grandchild.element), &region);
 }
 
 TEST_F(OmVectorTreeTest, AParentWithoutARegionGetsChildrenOnTheDefaultHeap) {
   Tree tree;
   tree.children.region = nullptr;
   Node const child = Tree::AppendChild(tree.Root(), 1);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(child.element), OmMemoryRegion::DefaultHeap());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(child.element), OmMemoryRegion::DefaultHeap());
   EXPECT_EQ(child.element->children.region, OmMemoryRegion::DefaultHeap());
 }
 

@@ -68,7 +68,7 @@ TEST(OmVector, TakesItsBufferFromItsRegion) {
   OmMemoryRegion region(false);
   Numbers vector(&region);
   vector.push_back(1);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(vector.begin), &region);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(vector.begin), &region);
 }
 
 TEST(OmVector, ReleasesItsBufferWhenDestroyed) {

@@ -124,7 +124,7 @@ TYPED_TEST(OmCodePageLabel, TheConverterIsOpenedOnceAndClosed) {
 
 TYPED_TEST(OmCodePageLabel, TheConvertedLabelLivesOnTheDefaultHeap) {
   TypeParam const item(OmStringCell("caf\u00E9"), "ISO-8859-1", 0);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(item.Label()), OmMemoryRegion::DefaultHeap());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(item.Label()), OmMemoryRegion::DefaultHeap());
 }
 
 TYPED_TEST(OmCodePageLabel, ThePagesNameEndsAtAZeroByteButIsKeptWhole) {

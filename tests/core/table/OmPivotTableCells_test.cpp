@@ -167,7 +167,7 @@ TEST(OmPivotTableCells, TheTableStoresACloneInItsRegion) {
   OmStringCell const text("cell");
   table.Cell({0}, text);
   EXPECT_NE(table.Cell({0}), &text);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(table.Cell({0})), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(table.Cell({0})), &table.data());
 }
 
 TEST(OmPivotTableCells, EveryKindOfCellIsStored) {

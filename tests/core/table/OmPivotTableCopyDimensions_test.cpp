@@ -25,9 +25,9 @@ TEST(OmPivotTableCopyDimensions, CopiesLiveInTheCopyingTablesRegion) {
   TestTable copy;
   copy.CopyDimensions(source);
   OmDimension::ConstNode const leaf = std::as_const(copy).Dimension(0).Root().Child(1);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(&copy.Dimension(0)), &copy.data());
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(leaf.element), &copy.data());
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(leaf.Value().label), &copy.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(&copy.Dimension(0)), &copy.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(leaf.element), &copy.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(leaf.Value().label), &copy.data());
 }
 
 TEST(OmPivotTableCopyDimensions, CopiesOutliveTheirSource) {

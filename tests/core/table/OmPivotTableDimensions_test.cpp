@@ -90,8 +90,8 @@ TEST(OmPivotTableDimensions, ADimensionOfTheTableItselfCanBeAdded) {
 TEST(OmPivotTableDimensions, ADimensionFromALabelLivesInTheTablesRegion) {
   TestTable table;
   OmDimension& dimension = table.AddDimension(Text("Age"));
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(&dimension), &table.data());
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(dimension.value.label), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(&dimension), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(dimension.value.label), &table.data());
   EXPECT_EQ(dimension.value.childIndex.region, &table.data());
   EXPECT_EQ(dimension.children.region, &table.data());
 }
@@ -100,10 +100,10 @@ TEST(OmPivotTableDimensions, AnAddedCopyLivesInTheTablesRegion) {
   TestTable table;
   OmDimension const& copy = table.AddDimension(*Nested("source"));
   OmDimension::ConstNode const leaf = copy.Root().Child(0).Child(1);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(&copy), &table.data());
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(copy.value.label), &table.data());
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(leaf.element), &table.data());
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(leaf.Value().label), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(&copy), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(copy.value.label), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(leaf.element), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(leaf.Value().label), &table.data());
 }
 
 TEST(OmPivotTableDimensions, AddingLeavesNothingOnTheDefaultHeap) {
@@ -117,7 +117,7 @@ TEST(OmPivotTableDimensions, CategoriesAddedLaterLiveInTheTablesRegion) {
   TestTable table(1);
   AddCategories(table.Dimension(0), 1);
   OmDimension::ConstNode const leaf = std::as_const(table).Dimension(0).Root().Child(0);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(leaf.Value().label), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(leaf.Value().label), &table.data());
 }
 
 TEST(OmPivotTableDimensions, AddingPlacesNothingOnAnAxis) {

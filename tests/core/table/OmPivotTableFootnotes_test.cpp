@@ -110,9 +110,9 @@ TEST(OmPivotTableFootnotes, TextAndMarkerAreClonedIntoTheTablesRegion) {
   EXPECT_NE(entry.text, note.text);
   EXPECT_NE(entry.marker, note.marker);
   EXPECT_EQ(entry.region, &table.data());
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(&entry), &table.data());
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(entry.text), &table.data());
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(entry.marker), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(&entry), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(entry.text), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(entry.marker), &table.data());
 }
 
 TEST(OmPivotTableFootnotes, TheListGrowsToFourAndThenByDoubling) {
@@ -196,7 +196,7 @@ TEST(OmPivotTableFootnotes, AKnownTextGainsAMarker) {
   table.Footnote(Note("a"), false);
   table.Footnote(Note("a", "y"), false);
   EXPECT_EQ(Listed(table), (Lines{"a/y/2"}));
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(table.Footnotes()[0].marker), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(table.Footnotes()[0].marker), &table.data());
 }
 
 TEST(OmPivotTableFootnotes, AKnownTextWithoutAMarkerLosesItsOwn) {

@@ -49,8 +49,8 @@ TEST(OmPivotTableStore, NodesAndTheirEntriesComeFromTheTablesRegion) {
   Node const* const bottom = Below(root, 1);
   for (Node const* node : {root, bottom}) {
     EXPECT_EQ(node->region, &table.data());
-    EXPECT_EQ(OmMemoryRegion::OwnerOf(node), &table.data());
-    EXPECT_EQ(OmMemoryRegion::OwnerOf(node->begin), &table.data());
+    EXPECT_EQ(OmMemoryRegion::FindOwner(node), &table.data());
+    EXPECT_EQ(OmMemoryRegion::FindOwner(node->begin), &table.data());
   }
 }
 
@@ -177,7 +177,7 @@ TEST(OmPivotTableStore, ANewLevelHasTheOldRootAsItsEntryZero) {
   ExpectNode(root, 1, 4, {0});
   EXPECT_EQ(Below(root, 0), before);
   EXPECT_EQ(root->region, &table.data());
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(root), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(root), &table.data());
   table.data()._dimensions.push_back(
       table.data().Make<OmDimension>(OmDimensionNode(nullptr), &table.data()).release());
   EXPECT_EQ(table.At({2, 0}), "cell");

@@ -60,7 +60,7 @@ TEST_P(OmPivotTableText, IsAClone) {
 
 TEST_P(OmPivotTableText, LivesInTheTablesRegion) {
   Set(Text("text"));
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(Get()), &table.data());
+  EXPECT_EQ(OmMemoryRegion::FindOwner(Get()), &table.data());
 }
 
 TEST_P(OmPivotTableText, IsClonedOnceIntoTheTablesRegion) {

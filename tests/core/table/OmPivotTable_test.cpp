@@ -53,9 +53,9 @@ TEST(OmPivotTable, TheRecordIsItsOwnRegion) {
   TestTable table(1);
   table.Put({0}, "cell");
   OmPivotTable::Data& data = table.data();
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(data.templateName.get()), &data);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(data.cells), &data);
-  EXPECT_EQ(OmMemoryRegion::OwnerOf(table.Cell({0})), &data);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(data.templateName.get()), &data);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(data.cells), &data);
+  EXPECT_EQ(OmMemoryRegion::FindOwner(table.Cell({0})), &data);
   EXPECT_EQ(data.footnotes.region, &data);
   EXPECT_EQ(data._dimensions.region, &data);
 }

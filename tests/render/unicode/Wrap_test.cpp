@@ -8,10 +8,10 @@
 
 #include "unicode/TextWidth.h"
 
+using lakresvos::render::MeasureWidestLine;
 using lakresvos::render::PrintableLines;
 using lakresvos::render::TextLine;
 using lakresvos::render::TextWidth;
-using lakresvos::render::WidestLine;
 using lakresvos::render::Wrap;
 
 namespace {
@@ -119,5 +119,5 @@ RC_GTEST_PROP(WrapProperty, WrappingAtTheWidestLineChangesNothing, ()) {
   std::string const text = AnyText();
   int const limit = *rc::gen::inRange(2, 12);
   std::vector<TextLine> const lines = Wrap(text, limit);
-  RC_ASSERT(Wrapped(text, std::max(1, WidestLine(lines))) == Wrapped(text, limit));
+  RC_ASSERT(Wrapped(text, std::max(1, MeasureWidestLine(lines))) == Wrapped(text, limit));
 }

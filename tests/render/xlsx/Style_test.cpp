@@ -31,7 +31,7 @@ TEST(XlsxStyle, AreaFormatOverridesWhatItSays) {
   EXPECT_TRUE(style.underline);
   EXPECT_EQ(style.horizontal, HorizontalAlignment::Center);
   EXPECT_EQ(style.vertical, VerticalAlignment::Top);
-  EXPECT_EQ(style.colour, "#aabbcc");
+  EXPECT_EQ(style.color, "#aabbcc");
   EXPECT_EQ(style.background, "");
   EXPECT_TRUE(ApplyArea(base, table, FormatArea::AreaTitle).bold);
 }
@@ -39,7 +39,7 @@ TEST(XlsxStyle, AreaFormatOverridesWhatItSays) {
 TEST(XlsxStyle, CellStyleOverridesWhatItSays) {
   XlsxStyle base;
   base.bold = true;
-  base.colour = "#010203";
+  base.color = "#010203";
   OmCellProperties properties;
   EXPECT_FALSE(ApplyProperties(base, properties) < base ||
                base < ApplyProperties(base, properties));
@@ -47,7 +47,7 @@ TEST(XlsxStyle, CellStyleOverridesWhatItSays) {
   XlsxStyle const style = ApplyProperties(base, properties);
   EXPECT_FALSE(style.bold);
   EXPECT_TRUE(style.italic);
-  EXPECT_EQ(style.colour, "#010203");
+  EXPECT_EQ(style.color, "#010203");
 }
 
 TEST(XlsxStyle, WhatAWorkbookCannotHaveIsLeftOut) {

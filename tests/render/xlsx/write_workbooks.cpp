@@ -160,14 +160,14 @@ void Marks(Document& document) {
 
 /// Marks and names of fonts of every length, in letters of three bytes.
 void Lengths(Document& document) {
-  constexpr int kMost = 60;
+  constexpr int kMaxLength = 60;
   Table& table = document.AddTable("Lengths");
-  table.AddFlat("r", kMost);
+  table.AddFlat("r", kMaxLength);
   table.AddFlat("c", 1);
   table.Place({0}, {1});
-  table.cellStyles().resize(kMost + 1);
+  table.cellStyles().resize(kMaxLength + 1);
   std::string letters;
-  for (int length = 1; length <= kMost; ++length) {
+  for (int length = 1; length <= kMaxLength; ++length) {
     letters += "\xE8\xA1\xA8";
     table.cellStyles()[static_cast<std::size_t>(length)].setFontName(letters);
     OmCellMetaData meta;
@@ -193,22 +193,22 @@ void LongLayers(Document& document) {
 
 /// Texts at the limit of what a cell holds, and above it.
 void LongTexts(Document& document) {
-  constexpr std::size_t kMost = 32'767;
+  constexpr std::size_t kMaxCharacters = 32'767;
   Table& table = document.AddTable(std::string(2500, 'T') + " end");
   unsigned int const note = AddFootnote(table, "note");
   AddCategories(table, "r", {"longest", "longer", "codes", "marked", "marked longer", "after"});
   AddCategories(table, "c", {"c0"});
   table.Place({0}, {1});
   std::string codes;
-  while (codes.size() + 7 <= kMost) {
+  while (codes.size() + 7 <= kMaxCharacters) {
     codes += "_x0041_";
   }
-  table.Cell({0, 0}, Utf8(std::string(kMost, 'x')));
-  table.Cell({1, 0}, Utf8(std::string(kMost + 1, 'x')));
+  table.Cell({0, 0}, Utf8(std::string(kMaxCharacters, 'x')));
+  table.Cell({1, 0}, Utf8(std::string(kMaxCharacters + 1, 'x')));
   table.Cell({2, 0}, Utf8(codes));
-  OmStringCellUTF8 marked(std::string(kMost - 1, '&'));
+  OmStringCellUTF8 marked(std::string(kMaxCharacters - 1, '&'));
   table.Cell({3, 0}, WithFootnotes(marked, {note}));
-  OmStringCellUTF8 longer(std::string(kMost, 'x'));
+  OmStringCellUTF8 longer(std::string(kMaxCharacters, 'x'));
   table.Cell({4, 0}, WithFootnotes(longer, {note}));
   table.Cell({5, 0}, OmNumber(1, 0));
 }

@@ -38,11 +38,11 @@ TEST(WarningLog, KeepsTheFirstHundredByLineWhicheverCameFirst) {
 
 TEST(WarningLog, CountsEachKindAndKnowsItsFirstPlace) {
   WarningLog log;
-  EXPECT_FALSE(log.Any());
+  EXPECT_FALSE(log.HasAny());
   log.Add({Skipped::Lines, 9, "a", "late"});
   log.Add({Skipped::Lines, 2, "b", "early"});
   log.Add({Skipped::Texts, 1, "c", "other"});
-  EXPECT_TRUE(log.Any());
+  EXPECT_TRUE(log.HasAny());
   EXPECT_EQ(log.Summary(Skipped::Lines).count, 2u);
   EXPECT_EQ(log.Summary(Skipped::Lines).line, 2u);
   EXPECT_EQ(log.Summary(Skipped::Lines).column, "b");
@@ -53,7 +53,7 @@ TEST(WarningLog, CountsEachKindAndKnowsItsFirstPlace) {
 TEST(WarningLog, KeepsNoWarningOfWhatIsOnlyCounted) {
   WarningLog log;
   log.Count(Skipped::Rows, 3, "a");
-  EXPECT_TRUE(log.Any());
+  EXPECT_TRUE(log.HasAny());
   EXPECT_EQ(log.Total(), 0u);
   EXPECT_TRUE(log.First().empty());
 }

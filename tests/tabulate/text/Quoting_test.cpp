@@ -4,32 +4,33 @@
 
 using namespace lakresvos::tabulate;
 
-TEST(OneLine, LeavesPrintableTextAlone) {
-  EXPECT_EQ(OneLine("Größe 'x' \\n"), "Größe 'x' \\n");
+TEST(EscapeControls, LeavesPrintableTextAlone) {
+  EXPECT_EQ(EscapeControls("Größe 'x' \\n"), "Größe 'x' \\n");
 }
 
-TEST(OneLine, WritesControlCharactersAsEscapes) {
-  EXPECT_EQ(OneLine(std::string_view("a\nb\rc\td\x1B\x7F\0", 10)), "a\\nb\\rc\\td\\x1B\\x7F\\x00");
+TEST(EscapeControls, WritesControlCharactersAsEscapes) {
+  EXPECT_EQ(EscapeControls(std::string_view("a\nb\rc\td\x1B\x7F\0", 10)),
+            "a\\nb\\rc\\td\\x1B\\x7F\\x00");
 }
 
-TEST(Quoted, KeepsAShortText) {
-  EXPECT_EQ(Quoted("Crew"), "'Crew'");
+TEST(Quote, KeepsAShortText) {
+  EXPECT_EQ(Quote("Crew"), "'Crew'");
 }
 
-TEST(Quoted, CutsAfterFortyCharactersAndNeverInsideOne) {
+TEST(Quote, CutsAfterFortyCharactersAndNeverInsideOne) {
   std::string text;
   for (int i = 0; i < 40; ++i) {
     text += "ä";
   }
-  EXPECT_EQ(Quoted(text), "'" + text + "'");
-  EXPECT_EQ(Quoted(text + "b"), "'" + text + "...'");
+  EXPECT_EQ(Quote(text), "'" + text + "'");
+  EXPECT_EQ(Quote(text + "b"), "'" + text + "...'");
 }
 
 TEST(Quoting, LongLinesLoseTheirMiddle) {
-  EXPECT_EQ(Shortened(std::string(500, 'x')), std::string(500, 'x'));
+  EXPECT_EQ(Shorten(std::string(500, 'x')), std::string(500, 'x'));
   std::string const start(300, 's');
   std::string const end(200, 'e');
-  EXPECT_EQ(Shortened(start + "middle" + end), start + "..." + end);
+  EXPECT_EQ(Shorten(start + "middle" + end), start + "..." + end);
 }
 
 TEST(Quoting, LongLinesAreCutBetweenCharacters) {
@@ -40,5 +41,5 @@ TEST(Quoting, LongLinesAreCutBetweenCharacters) {
     shortened += i < 500 ? "\u65E5" : "";
     shortened += i == 299 ? "..." : "";
   }
-  EXPECT_EQ(Shortened(line), shortened);
+  EXPECT_EQ(Shorten(line), shortened);
 }

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kMaxSteps = 7;
 constexpr int kMaxZeros = 8;  // before an exponent is written instead
-constexpr double kSmallest = 1e-300;
+constexpr double kMinStep = 1e-300;
 
 }  // namespace
 
@@ -19,7 +19,7 @@ AxisScale::AxisScale(double lowest, double highest, bool whole) {
   highest = std::max(highest, 0.0);
   // Each is divided by itself: their difference may be more than a double can hold.
   double share = highest / kMaxSteps - lowest / kMaxSteps;
-  if (share < kSmallest) {
+  if (share < kMinStep) {
     highest = 1;
     share = 1.0 / kMaxSteps;
   }

@@ -82,7 +82,7 @@ class BarChart {
   }
 
   std::string Draw() {
-    SvgCanvas canvas(Right() + kMargin, BottomOfNames() + HeightWithMargin(categoryTitle_));
+    SvgCanvas canvas(Right() + kMargin, NamesBottom() + PaddedHeight(categoryTitle_));
     DrawLegend(canvas);
     DrawTitles(canvas);
     DrawAxis(canvas);
@@ -108,8 +108,8 @@ class BarChart {
     return left_ + categoryWidth_ * categories;
   }
   double Bottom() const { return top_ + kPlotHeight; }
-  double BottomOfNames() const { return Bottom() + kMargin + heightOfNames_ + kMargin; }
-  static double HeightWithMargin(std::optional<ShapedText> const& title) {
+  double NamesBottom() const { return Bottom() + kMargin + heightOfNames_ + kMargin; }
+  static double PaddedHeight(std::optional<ShapedText> const& title) {
     return title ? title->Height() + kMargin : 0;
   }
   double Middle(std::size_t category) const {
@@ -191,7 +191,7 @@ class BarChart {
   void ShapeTitles() {
     categoryTitle_ = Title(data_.categoryTitle);
     valueTitle_ = Title(data_.valueTitle);
-    top_ += HeightWithMargin(valueTitle_);
+    top_ += PaddedHeight(valueTitle_);
   }
 
   // Drawing
@@ -206,7 +206,7 @@ class BarChart {
     if (categoryTitle_) {
       // In the middle of what readers see before they scroll.
       double const middle = (left_ + std::min(Right(), left_ + kPlotWidth)) / 2;
-      canvas.Text(*categoryTitle_, middle - categoryTitle_->Width() / 2, BottomOfNames(), 0, kInk);
+      canvas.Text(*categoryTitle_, middle - categoryTitle_->Width() / 2, NamesBottom(), 0, kInk);
     }
   }
 
@@ -282,7 +282,7 @@ class BarChart {
 
 }  // namespace
 
-std::string BarChartSvg(render::ChartData const& data) {
+std::string DrawBarChart(render::ChartData const& data) {
   if (data.series.size() * data.categories.size() > kMaxBars) {
     return {};
   }

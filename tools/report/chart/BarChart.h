@@ -18,7 +18,7 @@ namespace lakresvos::report {
 ///
 /// @return the picture in SVG; empty when there are more bars than a reader could tell apart (5,000).
 /// Requires: each series has a value per category.
-std::string BarChartSvg(render::ChartData const& data);
+std::string DrawBarChart(render::ChartData const& data);
 
 }  // namespace lakresvos::report
 

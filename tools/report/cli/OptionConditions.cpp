@@ -57,7 +57,7 @@ bool HasLayers(Options const& options) {
                   [](tabulate::Formula const& formula) { return !formula.layers.empty(); });
 }
 
-bool HasRowsOrColumns(Options const& options) {
+bool HasVisibleAxis(Options const& options) {
   return HasTable(options, [](tabulate::Formula const& formula) {
     return !formula.rows.empty() || !formula.columns.empty();
   });
@@ -92,7 +92,7 @@ constexpr OptionCondition kAnyTable{HasAnyTable, "has no effect without --table"
 constexpr OptionCondition kTableWithLayers{HasLayers,
                                            "has no effect without a table that has layers"};
 constexpr OptionCondition kTableWithRowsOrColumns{
-    HasRowsOrColumns, "has no effect without a table that has rows or columns"};
+    HasVisibleAxis, "has no effect without a table that has rows or columns"};
 constexpr OptionCondition kTableWithChart{
     HasChart, "has no effect without a table that has one or two dimensions and no layers"};
 

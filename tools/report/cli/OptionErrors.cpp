@@ -27,9 +27,9 @@ bool IsFlag(CLI::Option const& option) {
   std::string const& argument = left[afterOptions ? 1 : 0];
   if (!afterOptions && argument.starts_with('-')) {
     throw tabulate::InputError("unknown option " +
-                               tabulate::Quoted(argument.substr(0, argument.find('='))));
+                               tabulate::Quote(argument.substr(0, argument.find('='))));
   }
-  throw tabulate::InputError("unexpected argument " + tabulate::Quoted(argument));
+  throw tabulate::InputError("unexpected argument " + tabulate::Quote(argument));
 }
 
 /// Refuses an option with too many values, or the one without a value that the parser complains of.
@@ -54,7 +54,7 @@ CLI::Validator AllowValues(std::vector<std::string> const& values) {
     bool const isKnown = std::find(values.begin(), values.end(), value) != values.end();
     return isKnown ? ""
                    : "expected one of " + CLI::detail::join(values, ", ") + ", not " +
-                         tabulate::Quoted(value);
+                         tabulate::Quote(value);
   };
   return {check, ""};
 }
@@ -67,7 +67,7 @@ CLI::Validator AllowRange(int min, int max) {
     bool const fits = last == end && error == std::errc() && number >= min && number <= max;
     return fits ? ""
                 : "expected a whole number from " + std::to_string(min) + " to " +
-                      std::to_string(max) + ", not " + tabulate::Quoted(value);
+                      std::to_string(max) + ", not " + tabulate::Quote(value);
   };
   return {check, ""};
 }

@@ -104,7 +104,7 @@ std::vector<std::string> Write(OmOutputTree const& document, Options const& opti
 }
 
 void PrintMessage(std::string_view message) {
-  std::cerr << "lakresvos-report: " << tabulate::Shortened(tabulate::OneLine(message)) << '\n';
+  std::cerr << "lakresvos-report: " << tabulate::Shorten(tabulate::EscapeControls(message)) << '\n';
 }
 
 int Run(Options const& options, StandardOutput& out) {
@@ -113,7 +113,7 @@ int Run(Options const& options, StandardOutput& out) {
   }
   tabulate::WarningLog skipped;
   std::unique_ptr<OmOutputTree> const document = MakeDocument(options, skipped);
-  bool refused = options.strict && skipped.Any();
+  bool refused = options.strict && skipped.HasAny();
   if (!refused) {
     std::vector<std::string> const losses = Write(*document, options, out);
     for (std::string const& loss : losses) {

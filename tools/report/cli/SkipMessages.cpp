@@ -44,7 +44,7 @@ std::vector<std::string> MakeSkipMessages(tabulate::WarningLog const& log,
       messages.push_back(file + ": " + std::to_string(count.count) + " " +
                          (count.count == 1 ? wording.singular : wording.plural) +
                          ", the first on line " + std::to_string(count.line) + ", column " +
-                         tabulate::Quoted(count.column));
+                         tabulate::Quote(count.column));
     }
   }
   return messages;

@@ -54,7 +54,7 @@ void CheckTextColumns(std::vector<std::string> const& columns,
   for (std::string const& column : columns) {
     if (std::none_of(tableColumns.begin(), tableColumns.end(),
                      [&](tabulate::RequiredColumn const& one) { return one.name == column; })) {
-      throw tabulate::InputError("--text: column " + tabulate::Quoted(column) + " is in no table");
+      throw tabulate::InputError("--text: column " + tabulate::Quote(column) + " is in no table");
     }
   }
 }
@@ -100,7 +100,7 @@ std::unique_ptr<OmChart> MakeChart(OmPivotTable const& table, tabulate::Formula 
       MakeChartData(table, formula.rows.size() + formula.columns.size(),
                     tabulate::MakeStatisticLabel(options.statistics.front())->GetText());
   std::string const json = render::WriteChartData(data);
-  std::string const picture = BarChartSvg(data);
+  std::string const picture = DrawBarChart(data);
   chart->SetViZJSON(json.data(), static_cast<unsigned int>(json.size()));
   chart->SetImageStream(picture.data(), static_cast<unsigned int>(picture.size()));
   chart->SetImageSubType(ChartXMLBar);

@@ -80,10 +80,10 @@ class StyleSink : public nlohmann::json_sax<nlohmann::json> {
       property_ = FindStyleProperty(name);
       propertyName_ = name;
       if (property_ == nullptr) {
-        Fail("unknown property " + tabulate::Quoted(name));
+        Fail("unknown property " + tabulate::Quote(name));
       }
       if (!given_.insert(property_).second) {
-        Fail("duplicate property " + tabulate::Quoted(name));
+        Fail("duplicate property " + tabulate::Quote(name));
       }
     }
     return true;
@@ -118,7 +118,7 @@ class StyleSink : public nlohmann::json_sax<nlohmann::json> {
   void StartArea(std::string const& name) {
     std::optional<FormatArea::Area> const area = FindStyleArea(name);
     if (!area) {
-      Fail("unknown area " + tabulate::Quoted(name));
+      Fail("unknown area " + tabulate::Quote(name));
     }
     area_ = name;
     for (FormatArea const& format : style_) {

@@ -63,7 +63,7 @@ OwnedCell ReadValue(JsonObject& object) {
   return nullptr;
 }
 
-OwnedCell ReadWithoutParts(JsonObject& object) {
+OwnedCell ReadSimpleCell(JsonObject& object) {
   OwnedCell cell = ReadValue(object);
   if (cell == nullptr) {
     return nullptr;
@@ -95,7 +95,7 @@ class PartBuilder {
 
   void Add(JsonObject& object) {
     Node const parent = Parent(object);
-    OwnedCell cell = ReadWithoutParts(object);
+    OwnedCell cell = ReadSimpleCell(object);
     object.Finish();
     Node const node = Tree::AppendChild(parent, cell.get());
     path_.push_back({number_++, node, dynamic_cast<OmComposite*>(cell.release())});
@@ -148,7 +148,7 @@ class PartBuilder {
 }  // namespace
 
 OwnedCell ReadCellFields(JsonObject& object) {
-  OwnedCell cell = ReadWithoutParts(object);
+  OwnedCell cell = ReadSimpleCell(object);
   if (cell == nullptr) {
     object.Value().Fail("there is no value of a cell");
   }

@@ -192,7 +192,7 @@ class CellBuilder {
 
 void ReadCells(JsonObject& object, OmPivotTable& table, std::vector<std::size_t> nodes) {
   JsonValue const cells = object.At("cells");
-  object.Value().Spend(ShownCost(table, cells.Count()));
+  object.Value().Spend(EstimateShownCost(table, cells.Count()));
   CellBuilder builder(table, std::move(nodes));
   for (std::size_t i = 0; i < cells.Count(); ++i) {
     builder.Add(cells.Element(i));

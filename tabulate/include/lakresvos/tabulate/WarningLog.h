@@ -62,7 +62,7 @@ class LAKRESVOS_TABULATE_EXPORT WarningLog {
   SkipCount const& Summary(Skipped kind) const { return counts_[static_cast<std::size_t>(kind)]; }
 
   /// Whether anything was counted.
-  bool Any() const;
+  bool HasAny() const;
 
   /// The first kMaxKept warnings by line; those of one line in the order in which they were added.
   std::vector<Warning> First() const;

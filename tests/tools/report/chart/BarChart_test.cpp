@@ -29,7 +29,7 @@ struct Box {
 };
 
 struct Picture {
-  explicit Picture(ChartData const& data) : svg(BarChartSvg(data)) {
+  explicit Picture(ChartData const& data) : svg(DrawBarChart(data)) {
     EXPECT_TRUE(document.load_string(svg.c_str())) << svg;
   }
 
@@ -188,8 +188,8 @@ TEST(BarChart, MoreBarsThanAReaderCanTellApartAreNotDrawn) {
   auto const bars = [](std::size_t count) {
     return OneWay(std::vector<std::string>(count, ""), std::vector<double>(count, 1));
   };
-  EXPECT_NE(BarChartSvg(bars(5000)), "");
-  EXPECT_EQ(BarChartSvg(bars(5001)), "");
+  EXPECT_NE(DrawBarChart(bars(5000)), "");
+  EXPECT_EQ(DrawBarChart(bars(5001)), "");
 }
 
 // Names
@@ -271,5 +271,5 @@ TEST(BarChart, EmptyNamesAreNoLetters) {
 
 TEST(BarChart, EqualNumbersGiveEqualBytes) {
   ChartData const data{{"a", "b"}, {{"x", {1, 2}}, {"y", {3, kNone}}}};
-  EXPECT_EQ(BarChartSvg(data), BarChartSvg(data));
+  EXPECT_EQ(DrawBarChart(data), DrawBarChart(data));
 }
