@@ -30,7 +30,7 @@ JsonData const& Field(JsonData const& object, std::string_view name) {
   if (JsonData const* const field = FindField(object, name)) {
     return *field;
   }
-  throw JsonError("", "a field is missing");
+  throw JsonError("", "missing field");
 }
 
 double ReadValue(JsonData const& number) {

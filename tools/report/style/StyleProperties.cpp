@@ -66,7 +66,7 @@ bool SetChoice(FormatArea& format, StyleValue const& value) {
   return number.has_value();
 }
 
-constexpr char kText[] = "a text";
+constexpr char kText[] = "a string";
 constexpr char kFlag[] = "true or false";
 constexpr char kColor[] = "a color as in \"#1f77b4\"";
 constexpr char kMargin[] = "a whole number from 0 to 1000";

@@ -107,12 +107,12 @@ class StyleSink : public nlohmann::json_sax<nlohmann::json> {
   /// What is wrong with the text, in few words.
   std::string Reason(std::size_t position, nlohmann::detail::exception const& error) const {
     if (dynamic_cast<nlohmann::detail::out_of_range const*>(&error) != nullptr) {
-      return "the number is too large";
+      return "number out of range";
     }
     if (std::string_view(error.what()).find("UTF-8") != std::string_view::npos) {
-      return "bytes that are not UTF-8";
+      return "invalid UTF-8";
     }
-    return position > text_.size() ? "not JSON: it ends too early" : "not JSON";
+    return position > text_.size() ? "invalid JSON: unexpected end" : "invalid JSON";
   }
 
   void StartArea(std::string const& name) {

@@ -120,7 +120,7 @@ class PartBuilder {
       return composite_.Parts().Root();
     }
     if (in && below) {
-      below->Fail("a part has one place only");
+      below->Fail("expected either 'in' or 'below', not both");
     }
     JsonValue const& relation = in ? *in : *below;
     auto const number = relation.Integer<std::size_t>();
@@ -128,14 +128,14 @@ class PartBuilder {
       path_.pop_back();
     }
     if (path_.empty()) {
-      relation.Fail("this is neither the part before nor one that holds it");
+      relation.Fail("expected the previous part or one of its ancestors");
     }
     Part const& owner = path_.back();
     if (!in) {
       return owner.node;
     }
     if (owner.composite == nullptr) {
-      relation.Fail("this part is no composite");
+      relation.Fail("expected a part that is a composite");
     }
     return owner.composite->Parts().Root();
   }
@@ -150,7 +150,9 @@ class PartBuilder {
 OwnedCell ReadCellFields(JsonObject& object) {
   OwnedCell cell = ReadSimpleCell(object);
   if (cell == nullptr) {
-    object.Value().Fail("there is no value of a cell");
+    object.Value().Fail(
+        "missing field 'number', 'text', 'utf8', 'variable', 'numberValue', 'textValue' or "
+        "'composite'");
   }
   auto* const composite = dynamic_cast<OmComposite*>(cell.get());
   if (composite == nullptr) {
@@ -183,7 +185,7 @@ OwnedCell ReadCell(JsonObject& object, std::string_view name) {
 OwnedCell NeedCell(JsonObject& object, std::string_view name) {
   OwnedCell cell = ReadCell(object, name);
   if (cell == nullptr) {
-    object.Value().Fail("the field \"" + std::string(name) + "\" is missing");
+    object.Value().Fail("missing field '" + std::string(name) + "'");
   }
   return cell;
 }

@@ -49,7 +49,7 @@ class NodeBuilder {
     std::size_t const number = count_++;
     JsonValue const id = object.At("id");
     if (id.Integer<std::size_t>() != number) {
-      id.Fail("the nodes are numbered from 0 on, and this is " + std::to_string(number));
+      id.Fail("expected id " + std::to_string(number));
     }
     if (number == 0) {
       ReadRoot(object);
@@ -95,7 +95,7 @@ class NodeBuilder {
       path_.pop_back();
     }
     if (path_.empty()) {
-      parent.Fail("this is neither the node before nor one above that");
+      parent.Fail("expected the previous node or one of its ancestors");
     }
     return path_.back();
   }
@@ -138,7 +138,7 @@ std::size_t ReadDimension(JsonValue const& value, OmPivotTable& table) {
   JsonValue const nodes = object.At("nodes");
   object.Finish();
   if (nodes.Count() == 0) {
-    nodes.Fail("the root is missing");
+    nodes.Fail("missing root node");
   }
   OmDimension const empty(OmDimensionNode(nullptr), nullptr);
   OmDimension& dimension = table.AddDimension(empty);

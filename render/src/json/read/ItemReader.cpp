@@ -52,7 +52,7 @@ Item ReadProcedure(JsonObject& object) {
   auto procedure = std::make_unique<OmProcedure>(*NeedCell(object, "label"), text1, text2, text3);
   JsonValue const codes = object.At("codes");
   if (codes.Count() != procedure->Codes().size()) {
-    codes.Fail("there should be " + std::to_string(procedure->Codes().size()) + " numbers");
+    codes.Fail("expected " + std::to_string(procedure->Codes().size()) + " numbers");
   }
   for (std::size_t i = 0; i < codes.Count(); ++i) {
     procedure->Codes()[i] = codes.Element(i).Integer<int>();
@@ -100,8 +100,9 @@ void ReadPayload(JsonObject& object, std::string_view name, Part& part, Set set)
 
 /// The one length of a text that an operation can take.
 unsigned int Length(std::string const& text, JsonValue const& value) {
-  if (text.size() > std::numeric_limits<unsigned int>::max()) {
-    value.Fail("the text is too long");
+  constexpr unsigned int kMax = std::numeric_limits<unsigned int>::max();
+  if (text.size() > kMax) {
+    value.Fail("longer than " + std::to_string(kMax) + " bytes");
   }
   return static_cast<unsigned int>(text.size());
 }
@@ -133,13 +134,13 @@ void ReadMap(JsonObject& object, OmChart& chart) {
     return;
   }
   if (map->Count() != 4) {
-    map->Fail("there should be four texts");
+    map->Fail("expected four strings");
   }
   OmChart::MapInfo const info = {map->Element(0).Text(), map->Element(1).Text(),
                                  map->Element(2).Text(), map->Element(3).Text()};
   constexpr std::size_t kMax = std::numeric_limits<std::uint16_t>::max();
   if (info.second.size() > kMax || info.fourth.size() > kMax) {
-    map->Fail("the second and the fourth text have at most " + std::to_string(kMax) + " bytes");
+    map->Fail("second or fourth string longer than " + std::to_string(kMax) + " bytes");
   }
   Deliver(chart, &OmChart::SetMapInfo, OmChart::MapInfoBlock(info));
 }
@@ -232,7 +233,7 @@ Item ReadByType(JsonObject& object) {
       return read(object);
     }
   }
-  field.Fail("there is no such type of item");
+  field.Fail("unknown item type");
 }
 
 }  // namespace

@@ -17,11 +17,11 @@ namespace {
 void CheckFormat(JsonObject& document) {
   JsonValue const format = document.At("format");
   if (format.Plain() != kDocumentFormat) {
-    format.Fail("this is not \"" + std::string(kDocumentFormat) + "\"");
+    format.Fail("expected \"" + std::string(kDocumentFormat) + "\"");
   }
   JsonValue const version = document.At("version");
   if (version.Integer<int>() != kDocumentVersion) {
-    version.Fail("only version " + std::to_string(kDocumentVersion) + " can be read");
+    version.Fail("unsupported version; expected " + std::to_string(kDocumentVersion));
   }
 }
 
@@ -58,7 +58,7 @@ JsonError::~JsonError() = default;
 std::unique_ptr<OmOutputTree> ReadJson(std::istream& in) {
   std::optional<std::string> text = ReadAll(in);
   if (!text) {
-    throw JsonError("", "cannot read the text");
+    throw JsonError("", "cannot read the input");
   }
   ReadBudget budget(text->size());
   JsonData const data = ParseJson(std::exchange(*text, {}));

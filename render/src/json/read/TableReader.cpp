@@ -67,12 +67,12 @@ void ReadStyles(JsonObject& object, OmPivotTable& table) {
     for (std::size_t i = 0; i < styles->Count(); ++i) {
       JsonValue const pair = styles->Element(i);
       if (pair.Count() != 2) {
-        pair.Fail("there should be a place and a style");
+        pair.Fail("expected a place and a style");
       }
       auto const place = pair.Element(0).Integer<unsigned long long>();
       auto const style = pair.Element(1).Integer<unsigned short>();
       if (!table.emptyCellStyles().emplace(place, style).second) {
-        pair.Fail("the place comes twice");
+        pair.Fail("duplicate place");
       }
     }
   }
@@ -143,10 +143,12 @@ class CellBuilder {
  private:
   void ReadIndex(JsonValue const& subscripts) {
     auto const dimensions = static_cast<std::size_t>(table_.NDimensions());
-    if (dimensions == 0 || subscripts.Count() != dimensions) {
-      subscripts.Fail(
-          "there should be a subscript for each of the dimensions, of which there are " +
-          std::to_string(dimensions));
+    if (dimensions == 0) {
+      subscripts.Fail("a table without dimensions has no cells");
+    }
+    if (subscripts.Count() != dimensions) {
+      subscripts.Fail("expected " + std::to_string(dimensions) +
+                      (dimensions == 1 ? " subscript" : " subscripts") + ", one per dimension");
     }
     index_.clear();
     for (std::size_t i = 0; i < dimensions; ++i) {
@@ -163,7 +165,8 @@ class CellBuilder {
         --level;
       }
       if (level == 0 || index_[level - 1] < before_[level - 1]) {
-        subscripts.Fail("the cells are not in ascending order");
+        subscripts.Fail(
+            "cells out of order: expected ascending subscripts, the first varying fastest");
       }
       --level;
       SpendSkipped(level, before_[level] + 1LL, subscripts);

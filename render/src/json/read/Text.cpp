@@ -42,11 +42,11 @@ class ValueBuilder : public nlohmann::json_sax<nlohmann::json> {
         std::none_of(fields.begin(), fields.end(),
                      [&](JsonData::Field const& field) { return field.name == name; });
     if (fields.size() == kMaxFields) {
-      throw JsonError(Pointer(), "nothing in a document has more fields than there are up to here");
+      throw JsonError(Pointer(), "too many fields (at most " + std::to_string(kMaxFields) + ")");
     }
     fields.push_back({std::move(name), {}});
     if (!fresh) {
-      throw JsonError(Pointer(), "the field comes twice");
+      throw JsonError(Pointer(), "duplicate field");
     }
     return true;
   }
@@ -68,12 +68,12 @@ class ValueBuilder : public nlohmann::json_sax<nlohmann::json> {
   /// What is wrong with the text, in few words.
   std::string Reason(std::size_t position, nlohmann::detail::exception const& error) const {
     if (dynamic_cast<nlohmann::detail::out_of_range const*>(&error) != nullptr) {
-      return "the number is too large";
+      return "number out of range";
     }
     if (std::string_view(error.what()).find("UTF-8") != std::string_view::npos) {
-      return "bytes that are not UTF-8";
+      return "invalid UTF-8";
     }
-    return position > text_.size() ? "this is not JSON: it ends too early" : "this is not JSON";
+    return position > text_.size() ? "invalid JSON: unexpected end" : "invalid JSON";
   }
 
   template <class Value>
@@ -105,7 +105,8 @@ class ValueBuilder : public nlohmann::json_sax<nlohmann::json> {
   bool Open(Value&& value) {
     JsonData& place = Place(std::forward<Value>(value));
     if (open_.size() == kMaxDepth) {
-      throw JsonError(Pointer(), "nothing in a document is nested as deep as this");
+      throw JsonError(Pointer(),
+                      "nested too deeply (at most " + std::to_string(kMaxDepth) + " levels)");
     }
     open_.push_back(&place);
     return true;

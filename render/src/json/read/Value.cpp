@@ -15,7 +15,7 @@ void JsonValue::Fail(std::string const& problem) const {
 
 void JsonValue::Spend(double bytes) const {
   if (!budget_->Spend(bytes)) {
-    Fail("the document would take too much memory");
+    Fail("needs too much memory for the size of the document");
   }
 }
 
@@ -35,7 +35,7 @@ bool JsonValue::Boolean() const {
   if (auto const* const flag = std::get_if<bool>(&data_)) {
     return *flag;
   }
-  Fail("there should be true or false");
+  Fail("expected true or false");
 }
 
 double JsonValue::Number() const {
@@ -57,13 +57,13 @@ double JsonValue::Number() const {
       return text->front() == '-' ? -kInfinity : kInfinity;
     }
   }
-  Fail(R"(there should be a number, "NaN", "Infinity" or "-Infinity")");
+  Fail(R"(expected a number, "NaN", "Infinity" or "-Infinity")");
 }
 
 float JsonValue::Single() const {
   double const number = Number();
   if (std::isfinite(number) && std::abs(number) > std::numeric_limits<float>::max()) {
-    Fail("the number is too large");
+    Fail("number out of range");
   }
   return static_cast<float>(number);
 }
@@ -72,7 +72,7 @@ std::string const& JsonValue::Plain() const {
   if (auto const* const text = std::get_if<std::string>(&data_)) {
     return *text;
   }
-  Fail("there should be a text");
+  Fail("expected a string");
 }
 
 bool JsonValue::Is(std::string_view text) const {
@@ -93,7 +93,7 @@ std::string JsonValue::Text() const {
 std::string JsonValue::Bytes() const {
   std::optional<std::string> bytes = DecodeBase64(Plain());
   if (!bytes) {
-    Fail("this is not base64");
+    Fail("invalid base64");
   }
   return *std::move(bytes);
 }
@@ -102,14 +102,14 @@ std::size_t JsonValue::Count() const {
   if (auto const* const elements = std::get_if<JsonData::Array>(&data_)) {
     return elements->size();
   }
-  Fail("there should be an array");
+  Fail("expected an array");
 }
 
 JsonData::Object const& JsonValue::Fields() const {
   if (auto const* const fields = std::get_if<JsonData::Object>(&data_)) {
     return *fields;
   }
-  Fail("there should be an object");
+  Fail("expected an object");
 }
 
 std::optional<JsonValue> JsonObject::Find(std::string_view name) {
@@ -125,7 +125,7 @@ std::optional<JsonValue> JsonObject::Find(std::string_view name) {
 JsonValue JsonObject::At(std::string_view name) {
   std::optional<JsonValue> const field = Find(name);
   if (!field) {
-    value_.Fail("the field \"" + std::string(name) + "\" is missing");
+    value_.Fail("missing field '" + std::string(name) + "'");
   }
   return *field;
 }
@@ -136,7 +136,7 @@ void JsonObject::Finish() const {
   }
   for (auto const& [name, data] : fields_) {
     if (std::find(known_.begin(), known_.end(), name) == known_.end()) {
-      JsonValue(data, value_, name).Fail("there is no such field");
+      JsonValue(data, value_, name).Fail("unknown field");
     }
   }
 }

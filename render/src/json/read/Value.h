@@ -74,8 +74,7 @@ class JsonValue {
         return number;
       }
     }
-    Fail("there should be a whole number from " + std::to_string(least) + " to " +
-         std::to_string(most));
+    Fail("expected a whole number from " + std::to_string(least) + " to " + std::to_string(most));
   }
 
   /// A text, or an object with bytes in base64.
@@ -91,12 +90,14 @@ class JsonValue {
   template <class Names>
   std::size_t Choice(Names const& names) const {
     std::string const& text = Plain();
+    std::string quoted;
     for (std::size_t i = 0; i < names.size(); ++i) {
       if (text == names[i]) {
         return i;
       }
+      quoted += (i != 0 ? ", \"" : "\"") + std::string(names[i]) + '"';
     }
-    Fail("there is no such choice");
+    Fail("expected one of " + quoted);
   }
 
   /// The number of elements of an array.

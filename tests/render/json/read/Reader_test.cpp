@@ -61,15 +61,15 @@ std::string SmallDocument() {
 // What is not JSON
 
 TEST(JsonReader, TellsLineAndColumnOfWhatIsNotJson) {
-  EXPECT_EQ(ErrorOf("{\n  \"\xC3\xBC\" 1}"), "2:7: this is not JSON");
+  EXPECT_EQ(ErrorOf("{\n  \"\xC3\xBC\" 1}"), "2:7: invalid JSON");
 }
 
 TEST(JsonReader, RefusesTheEmptyText) {
-  EXPECT_EQ(ErrorOf(""), "1:1: this is not JSON: it ends too early");
+  EXPECT_EQ(ErrorOf(""), "1:1: invalid JSON: unexpected end");
 }
 
 TEST(JsonReader, RefusesWhatFollowsTheDocument) {
-  EXPECT_EQ(ErrorOf(Document("") + "\n]"), "2:1: this is not JSON");
+  EXPECT_EQ(ErrorOf(Document("") + "\n]"), "2:1: invalid JSON");
 }
 
 TEST(JsonReader, TellsWhatIsNotJsonInItsOwnWords) {
@@ -80,7 +80,7 @@ TEST(JsonReader, TellsWhatIsNotJsonInItsOwnWords) {
       changed[at] = c;
       for (std::string const& damaged : {changed, changed.substr(0, at + 1)}) {
         std::string const error = ErrorOf(damaged);
-        for (char const* words : {"expected", "literal", "invalid", "exception", "ill-formed"}) {
+        for (char const* words : {"literal", "syntax", "parse", "exception", "ill-formed"}) {
           ASSERT_EQ(error.find(words), std::string::npos) << error;
         }
       }
@@ -108,29 +108,28 @@ TEST(JsonReader, TakesOrRefusesATextWithAnyByteChanged) {
 }
 
 TEST(JsonReader, RefusesANumberThatNoDoubleHolds) {
-  EXPECT_EQ(ErrorOf("[1e999]"), "1:6: the number is too large");
+  EXPECT_EQ(ErrorOf("[1e999]"), "1:6: number out of range");
 }
 
 TEST(JsonReader, RefusesDeepNesting) {
   EXPECT_EQ(ErrorOf(std::string(1000000, '[')),
-            "/0/0/0/0/0/0/0/0/0/0/0/0: nothing in a document is nested as deep as this");
+            "/0/0/0/0/0/0/0/0/0/0/0/0: nested too deeply (at most 12 levels)");
   std::string objects;
   for (int i = 0; i < 100000; ++i) {
     objects += "{\"a\":";
   }
-  EXPECT_EQ(ErrorOf(objects),
-            "/a/a/a/a/a/a/a/a/a/a/a/a: nothing in a document is nested as deep as this");
+  EXPECT_EQ(ErrorOf(objects), "/a/a/a/a/a/a/a/a/a/a/a/a: nested too deeply (at most 12 levels)");
 }
 
 TEST(JsonReader, RefusesAFieldThatComesTwice) {
   EXPECT_EQ(ErrorOf(R"({"format":"lakresvos-document","version":1,"version":1})"),
-            "/version: the field comes twice");
+            "/version: duplicate field");
   EXPECT_EQ(ErrorOf(TextBlock(R"({"text":"a","text":"b"})")),
-            "/parts/0/label/text: the field comes twice");
+            "/parts/0/label/text: duplicate field");
 }
 
 TEST(JsonReader, RefusesBytesThatAreNotUtf8) {
-  EXPECT_EQ(ErrorOf(TextBlock("{\"text\":\"\xFF\"}")), "1:105: bytes that are not UTF-8");
+  EXPECT_EQ(ErrorOf(TextBlock("{\"text\":\"\xFF\"}")), "1:105: invalid UTF-8");
 }
 
 TEST(JsonReader, RefusesAnObjectWithMoreFieldsThanAnyHas) {
@@ -138,60 +137,67 @@ TEST(JsonReader, RefusesAnObjectWithMoreFieldsThanAnyHas) {
   for (int i = 0; i < 100000; ++i) {
     fields += (i != 0 ? ",\"" : "\"") + std::to_string(i) + "\":0";
   }
-  EXPECT_EQ(ErrorOf("{" + fields + "}"),
-            "/63: nothing in a document has more fields than there are up to here");
+  EXPECT_EQ(ErrorOf("{" + fields + "}"), "/63: too many fields (at most 64)");
 }
 
 // What is JSON but no document
 
 TEST(JsonReader, RefusesOtherJson) {
-  EXPECT_EQ(ErrorOf("[]"), "there should be an object");
-  EXPECT_EQ(ErrorOf("{}"), "the field \"format\" is missing");
-  EXPECT_EQ(ErrorOf(R"({"format":"x"})"), "/format: this is not \"lakresvos-document\"");
+  EXPECT_EQ(ErrorOf("[]"), "expected an object");
+  EXPECT_EQ(ErrorOf("{}"), "missing field 'format'");
+  EXPECT_EQ(ErrorOf(R"({"format":"x"})"), "/format: expected \"lakresvos-document\"");
 }
 
 TEST(JsonReader, RefusesOtherVersions) {
   EXPECT_EQ(ErrorOf(R"({"format":"lakresvos-document","version":2,"new":1})"),
-            "/version: only version 1 can be read");
+            "/version: unsupported version; expected 1");
 }
 
 TEST(JsonReader, RefusesFieldsThatItDoesNotKnow) {
   EXPECT_EQ(ErrorOf(R"({"format":"lakresvos-document","version":1,"parts":[],"a/b~":1})"),
-            "/a~1b~0: there is no such field");
-  EXPECT_EQ(ErrorOf(TextBlock(R"({"number":1,"text":""})")),
-            "/parts/0/label/text: there is no such field");
+            "/a~1b~0: unknown field");
+  EXPECT_EQ(ErrorOf(TextBlock(R"({"number":1,"text":""})")), "/parts/0/label/text: unknown field");
 }
 
 TEST(JsonReader, RefusesTypesThatItDoesNotKnow) {
-  EXPECT_EQ(ErrorOf(Document(R"({"depth":0,"type":"song"})")),
-            "/parts/0/type: there is no such type of item");
+  EXPECT_EQ(ErrorOf(Document(R"({"depth":0,"type":"song"})")), "/parts/0/type: unknown item type");
 }
 
 TEST(JsonReader, RefusesValuesOfTheWrongType) {
-  EXPECT_EQ(ErrorOf(Document("1")), "/parts/0: there should be an object");
-  EXPECT_EQ(ErrorOf(TextBlock(R"({"text":1})")), "/parts/0/label/text: there should be a text");
+  EXPECT_EQ(ErrorOf(Document("1")), "/parts/0: expected an object");
+  EXPECT_EQ(ErrorOf(TextBlock(R"({"text":1})")), "/parts/0/label/text: expected a string");
   EXPECT_EQ(ErrorOf(TextBlock(R"({"text":"","translatable":0})")),
-            "/parts/0/label/translatable: there should be true or false");
+            "/parts/0/label/translatable: expected true or false");
   EXPECT_EQ(ErrorOf(TextBlock(R"({"text":"","footnotes":{}})")),
-            "/parts/0/label/footnotes: there should be an array");
+            "/parts/0/label/footnotes: expected an array");
   EXPECT_EQ(ErrorOf(TextBlock(R"({"number":"1"})")),
-            "/parts/0/label/number: there should be a number, \"NaN\", \"Infinity\" or "
+            "/parts/0/label/number: expected a number, \"NaN\", \"Infinity\" or "
             "\"-Infinity\"");
   EXPECT_EQ(ErrorOf(TextBlock(R"({"number":1,"decimals":1.5})")),
-            "/parts/0/label/decimals: there should be a whole number from -2147483648 to "
+            "/parts/0/label/decimals: expected a whole number from -2147483648 to "
             "2147483647");
+}
+
+TEST(JsonReader, RefusesAWordThatIsNoneOfTheChoices) {
+  EXPECT_EQ(ErrorOf(TextBlock(R"({"variable":"v","display":"name"})")),
+            "/parts/0/label/display: expected one of \"value\", \"label\", \"both\"");
+}
+
+TEST(JsonReader, RefusesAProcedureWithoutItsFourCodes) {
+  EXPECT_EQ(ErrorOf(Document(R"({"depth":0,"type":"procedure","label":{"text":""},"codes":[1]})")),
+            "/parts/0/codes: expected 4 numbers");
 }
 
 TEST(JsonReader, RefusesNumbersOutOfRange) {
   EXPECT_EQ(ErrorOf(TextBlock(R"({"number":1,"style":65536})")),
-            "/parts/0/label/style: there should be a whole number from 0 to 65535");
+            "/parts/0/label/style: expected a whole number from 0 to 65535");
   EXPECT_EQ(ErrorOf(TextBlock(R"({"number":1,"style":-1})")),
-            "/parts/0/label/style: there should be a whole number from 0 to 65535");
+            "/parts/0/label/style: expected a whole number from 0 to 65535");
   EXPECT_EQ(ErrorOf(TextBlock(R"({"number":1,"decimals":18446744073709551615})")),
-            "/parts/0/label/decimals: there should be a whole number from -2147483648 to "
+            "/parts/0/label/decimals: expected a whole number from -2147483648 to "
             "2147483647");
   EXPECT_EQ(ErrorOf(Table1(kNodes, "", R"(,"areas":{"data":{"fontSize":1e200}})")),
-            "/parts/0/areas/data/fontSize: the number is too large");
+            "/parts/0/areas/data/fontSize: number out of range");
 }
 
 TEST(JsonReader, AlignmentsAndFontStylesMayBeNames) {
@@ -215,7 +221,7 @@ TEST(JsonReader, RefusesWhatIsNotBase64) {
   for (char const* text : {"A", "AA", "AAA", "A===", "AB==", "AAB=", "AA=A", "AAAA====", "AA A",
                            "AA\\n=", "====", "-_-_"}) {
     EXPECT_EQ(ErrorOf(TextBlock(R"({"text":{"base64":")" + std::string(text) + "\"}}")),
-              "/parts/0/label/text/base64: this is not base64")
+              "/parts/0/label/text/base64: invalid base64")
         << text;
   }
 }
@@ -223,24 +229,26 @@ TEST(JsonReader, RefusesWhatIsNotBase64) {
 TEST(JsonReader, RefusesADepthThatLeavesALevelOut) {
   std::string const title = R"({"depth":0,"type":"pageTitle","text":""})";
   EXPECT_EQ(ErrorOf(Document(R"({"depth":1,"type":"pageTitle","text":""})")),
-            "/parts/0/depth: there should be a whole number from 0 to 0");
+            "/parts/0/depth: expected a whole number from 0 to 0");
   EXPECT_EQ(ErrorOf(Document(title + R"(,{"depth":2,"type":"pageTitle","text":""})")),
-            "/parts/1/depth: there should be a whole number from 0 to 1");
+            "/parts/1/depth: expected a whole number from 0 to 1");
 }
 
 TEST(JsonReader, RefusesACellWithoutAValue) {
-  EXPECT_EQ(ErrorOf(TextBlock("{}")), "/parts/0/label: there is no value of a cell");
+  EXPECT_EQ(ErrorOf(TextBlock("{}")),
+            "/parts/0/label: missing field 'number', 'text', 'utf8', 'variable', 'numberValue', "
+            "'textValue' or 'composite'");
 }
 
 TEST(JsonReader, RefusesPartsInTheWrongPlace) {
   std::string const start = R"({"composite":"","parts":[{"number":1},)";
   std::string const path = "/parts/0/label/parts/1/";
   EXPECT_EQ(ErrorOf(TextBlock(start + R"({"in":0,"number":2}]})")),
-            path + "in: this part is no composite");
+            path + "in: expected a part that is a composite");
   EXPECT_EQ(ErrorOf(TextBlock(start + R"({"below":1,"number":2}]})")),
-            path + "below: this is neither the part before nor one that holds it");
+            path + "below: expected the previous part or one of its ancestors");
   EXPECT_EQ(ErrorOf(TextBlock(start + R"({"below":0,"in":0,"number":2}]})")),
-            path + "below: a part has one place only");
+            path + "below: expected either 'in' or 'below', not both");
 }
 
 /// A composite of composites, each of which puts the next in twice, around a text.
@@ -257,37 +265,36 @@ std::string NestedPatterns(int levels, std::string const& text) {
 TEST(JsonReader, RefusesNestedPatternsThatMakeALongText) {
   EXPECT_EQ(ErrorOf(TextBlock(NestedPatterns(8, "abcdef"))), "no error");
   EXPECT_EQ(ErrorOf(TextBlock(NestedPatterns(26, "abcdef"))),
-            "/parts/0/label/parts: the document would take too much memory");
+            "/parts/0/label/parts: needs too much memory for the size of the document");
 }
 
 TEST(JsonReader, RefusesNestedPatternsThatMakeAnEmptyTextOfManyPieces) {
   EXPECT_EQ(ErrorOf(TextBlock(NestedPatterns(60, ""))),
-            "/parts/0/label/parts: the document would take too much memory");
+            "/parts/0/label/parts: needs too much memory for the size of the document");
 }
 
 TEST(JsonReader, RefusesAMapThatIsNotFourTexts) {
   std::string const start =
       R"({"depth":0,"type":"chart","id":1,"label":{"text":""},"map":["","",""])";
-  EXPECT_EQ(ErrorOf(Document(start + "}")), "/parts/0/map: there should be four texts");
+  EXPECT_EQ(ErrorOf(Document(start + "}")), "/parts/0/map: expected four strings");
   EXPECT_EQ(ErrorOf(Document(start.substr(0, start.size() - 1) + ",\"" + std::string(65536, 'x') +
                              "\"]}")),
-            "/parts/0/map: the second and the fourth text have at most 65535 bytes");
+            "/parts/0/map: second or fourth string longer than 65535 bytes");
 }
 
 // Dimensions and cells
 
 TEST(JsonReader, RefusesNodesThatAreNotNumberedInOrder) {
-  EXPECT_EQ(ErrorOf(Table1(R"({"id":1})")),
-            "/parts/0/dimensions/0/nodes/0/id: the nodes are numbered from 0 on, and this is 0");
+  EXPECT_EQ(ErrorOf(Table1(R"({"id":1})")), "/parts/0/dimensions/0/nodes/0/id: expected id 0");
 }
 
 TEST(JsonReader, RefusesADimensionWithoutARoot) {
-  EXPECT_EQ(ErrorOf(Table1("")), "/parts/0/dimensions/0/nodes: the root is missing");
+  EXPECT_EQ(ErrorOf(Table1("")), "/parts/0/dimensions/0/nodes: missing root node");
 }
 
 TEST(JsonReader, RefusesANodeBelowItselfOrBelowAFinishedOne) {
   std::string const root = kRoot;
-  std::string const problem = "this is neither the node before nor one above that";
+  std::string const problem = "expected the previous node or one of its ancestors";
   EXPECT_EQ(ErrorOf(Table1(root + R"(,{"id":1,"parent":1})")),
             "/parts/0/dimensions/0/nodes/1/parent: " + problem);
   EXPECT_EQ(ErrorOf(Table1(root + R"(,{"id":1,"parent":0},{"id":2,"parent":0},)"
@@ -297,7 +304,7 @@ TEST(JsonReader, RefusesANodeBelowItselfOrBelowAFinishedOne) {
 
 TEST(JsonReader, RefusesASecondRoot) {
   EXPECT_EQ(ErrorOf(Table1(std::string(kRoot) + R"(,{"id":1})")),
-            "/parts/0/dimensions/0/nodes/1: the field \"parent\" is missing");
+            "/parts/0/dimensions/0/nodes/1: missing field 'parent'");
 }
 
 TEST(JsonReader, TakesNodesWithoutALabel) {
@@ -309,30 +316,34 @@ TEST(JsonReader, TakesNodesWithoutALabel) {
 
 TEST(JsonReader, RefusesCellsWithTheWrongNumberOfSubscripts) {
   EXPECT_EQ(ErrorOf(Table1(kNodes, R"({"index":[0,0],"number":1})")),
-            "/parts/0/cells/0/index: there should be a subscript for each of the dimensions, of "
-            "which there are 1");
+            "/parts/0/cells/0/index: expected 1 subscript, one per dimension");
+  std::string const dimension = R"({"size":1,"nodes":[)" + std::string(kNodes) + "]}";
+  EXPECT_EQ(
+      ErrorOf(Document(R"({"depth":0,"type":"table","label":{"text":""},"template":)"
+                       R"({"text":""},"dimensions":[)" +
+                       dimension + "," + dimension + R"(],"cells":[{"index":[0],"number":1}]})")),
+      "/parts/0/cells/0/index: expected 2 subscripts, one per dimension");
 }
 
 TEST(JsonReader, RefusesCellsOfATableWithoutDimensions) {
   EXPECT_EQ(ErrorOf(Document(R"({"depth":0,"type":"table","label":{"text":""},"template":)"
                              R"({"text":""},"dimensions":[],"cells":[{"index":[],"number":1}]})")),
-            "/parts/0/cells/0/index: there should be a subscript for each of the dimensions, of "
-            "which there are 0");
+            "/parts/0/cells/0/index: a table without dimensions has no cells");
 }
 
 TEST(JsonReader, RefusesNegativeSubscripts) {
   EXPECT_EQ(ErrorOf(Table1(kNodes, R"({"index":[-1],"number":1})")),
-            "/parts/0/cells/0/index/0: there should be a whole number from 0 to 2147483647");
+            "/parts/0/cells/0/index/0: expected a whole number from 0 to 2147483647");
 }
 
 TEST(JsonReader, RefusesSubscriptsBeyondAnInteger) {
   EXPECT_EQ(ErrorOf(Table1(kNodes, R"({"index":[2147483648],"number":1})")),
-            "/parts/0/cells/0/index/0: there should be a whole number from 0 to 2147483647");
+            "/parts/0/cells/0/index/0: expected a whole number from 0 to 2147483647");
 }
 
 TEST(JsonReader, RefusesASubscriptThatTakesTooMuchMemory) {
   EXPECT_EQ(ErrorOf(Table1(kNodes, R"({"index":[2147483647],"number":1})")),
-            "/parts/0/cells/0/index: the document would take too much memory");
+            "/parts/0/cells/0/index: needs too much memory for the size of the document");
 }
 
 TEST(JsonReader, RefusesManySubscriptsThatTakeTooMuchMemoryTogether) {
@@ -345,19 +356,21 @@ TEST(JsonReader, RefusesManySubscriptsThatTakeTooMuchMemoryTogether) {
   EXPECT_EQ(ErrorOf(Document(R"({"depth":0,"type":"table","label":{"text":""},"template":)"
                              R"({"text":""},"dimensions":[)" +
                              dimension + "," + dimension + R"(],"cells":[)" + cells + "]}")),
-            "/parts/0/cells/0/index: the document would take too much memory");
+            "/parts/0/cells/0/index: needs too much memory for the size of the document");
 }
 
 TEST(JsonReader, RefusesDimensionsThatAreTooLarge) {
   EXPECT_EQ(ErrorOf(Table1(kNodes, "", "", "4294967295")),
-            "/parts/0/dimensions/0/size: the document would take too much memory");
+            "/parts/0/dimensions/0/size: needs too much memory for the size of the document");
   EXPECT_EQ(ErrorOf(Table1(R"({"id":0},{"id":1,"parent":0,"subscript":2000000000})")),
-            "/parts/0/dimensions/0/nodes/1/subscript: the document would take too much memory");
+            "/parts/0/dimensions/0/nodes/1/subscript: needs too much memory for the size of the "
+            "document");
 }
 
 TEST(JsonReader, RefusesASubscriptWhoseLowBitsTakeTooMuchMemory) {
   EXPECT_EQ(ErrorOf(Table1(R"({"id":0},{"id":1,"parent":0,"subscript":6442450943})")),
-            "/parts/0/dimensions/0/nodes/1/subscript: the document would take too much memory");
+            "/parts/0/dimensions/0/nodes/1/subscript: needs too much memory for the size of the "
+            "document");
 }
 
 TEST(JsonReader, TakesALargeSubscriptInAShortText) {
@@ -380,7 +393,7 @@ TEST(JsonReader, RefusesAnAxisThatNamesADimensionAgainAndAgain) {
   std::string const once = R"("rows":[0])";
   EXPECT_EQ(ErrorOf(text), "no error");
   EXPECT_EQ(ErrorOf(text.replace(text.find(once), once.size(), R"("rows":[0,0,0,0])")),
-            "/parts/0: the document would take too much memory");
+            "/parts/0: needs too much memory for the size of the document");
 }
 
 TEST(JsonReader, RefusesCategoriesThatShareSubscriptsInManyDimensions) {
@@ -401,7 +414,7 @@ TEST(JsonReader, RefusesCategoriesThatShareSubscriptsInManyDimensions) {
                              R"({"text":""},"dimensions":[)" +
                              dimensions + R"(],"rows":[)" + numbers + R"(],"cells":[{"index":[)" +
                              index + R"(],"number":1}]})")),
-            "/parts/0: the document would take too much memory");
+            "/parts/0: needs too much memory for the size of the document");
 }
 
 TEST(JsonReader, ReadsBackATableWithItsCellsOnTheDiagonal) {
@@ -438,7 +451,7 @@ TEST(JsonReader, TakesOldSpellingsOfSubscriptsThatStandForNoPosition) {
 
 TEST(JsonReader, RefusesDigitsInATextThatANumberCouldHave) {
   std::string const problem =
-      "/parts/0/dimensions/0/nodes/1/subscript: there should be a whole number from 0 to "
+      "/parts/0/dimensions/0/nodes/1/subscript: expected a whole number from 0 to "
       "18446744073709551615";
   for (char const* const text : {"7", "9007199254740992", "18446744073709551616", "", "gone",
                                  "-9007199254740993", "9007199254740993 ", "9007199254740993.0"}) {
@@ -450,7 +463,9 @@ TEST(JsonReader, RefusesDigitsInATextThatANumberCouldHave) {
 }
 
 TEST(JsonReader, RefusesCellsThatAreNotInOrder) {
-  std::string const problem = "/parts/0/cells/1/index: the cells are not in ascending order";
+  std::string const problem =
+      "/parts/0/cells/1/index: cells out of order: expected ascending subscripts, the first "
+      "varying fastest";
   EXPECT_EQ(ErrorOf(Table1(kNodes, R"({"index":[1],"number":1},{"index":[0],"number":1})")),
             problem);
   EXPECT_EQ(ErrorOf(Table1(kNodes, R"({"index":[1],"number":1},{"index":[1],"number":1})")),
@@ -459,9 +474,9 @@ TEST(JsonReader, RefusesCellsThatAreNotInOrder) {
 
 TEST(JsonReader, RefusesAnEmptyCellStyleThatComesTwice) {
   EXPECT_EQ(ErrorOf(Table1(kNodes, "", R"(,"emptyCellStyles":[[1,2],[1,3]])")),
-            "/parts/0/emptyCellStyles/1: the place comes twice");
+            "/parts/0/emptyCellStyles/1: duplicate place");
   EXPECT_EQ(ErrorOf(Table1(kNodes, "", R"(,"emptyCellStyles":[[1]])")),
-            "/parts/0/emptyCellStyles/0: there should be a place and a style");
+            "/parts/0/emptyCellStyles/0: expected a place and a style");
 }
 
 TEST(JsonReader, StoresAllCellsOfATableWithACellLimit) {
@@ -503,7 +518,7 @@ TEST(JsonReader, RefusesAStreamThatCannotBeRead) {
     lakresvos::render::ReadJson(in);
     FAIL();
   } catch (lakresvos::render::JsonError const& error) {
-    EXPECT_STREQ(error.what(), "cannot read the text");
+    EXPECT_STREQ(error.what(), "cannot read the input");
     EXPECT_EQ(error.Place(), "");
   }
 }

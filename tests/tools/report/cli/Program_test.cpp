@@ -706,12 +706,12 @@ TEST(Program, TellsWhatIsWrongWithASavedDocument) {
   TemporaryDirectory const directory;
   std::string const torn = directory.Write("torn.json", "{\n\"format");
   EXPECT_EQ(RunReport({"--from", torn}).err,
-            "lakresvos-report: " + torn + ":2:8: this is not JSON: it ends too early\n");
+            "lakresvos-report: " + torn + ":2:8: invalid JSON: unexpected end\n");
   EXPECT_EQ(RunReport({"--from", directory.Path("")}).err,
             "lakresvos-report: " + directory.Path("") + ": Is a directory\n");
   std::string const other = directory.Write("other.json", R"({"format":1})");
   EXPECT_EQ(RunReport({"--from", other}).err,
-            "lakresvos-report: " + other + ": /format: there should be a text\n");
+            "lakresvos-report: " + other + ": /format: expected a string\n");
   EXPECT_EQ(RunReport({"--from", directory.Path("none")}).err,
             "lakresvos-report: " + directory.Path("none") + ": No such file or directory\n");
 }

@@ -151,32 +151,31 @@ TEST(StyleSheet, DirectoryIsNoFile) {
 // What is no JSON
 
 TEST(StyleSheet, ParseErrorNamesLineAndColumn) {
-  EXPECT_EQ(ErrorIn("{\"data\":\n  {\"font\": oops}}"), "style.json:2:12: not JSON");
+  EXPECT_EQ(ErrorIn("{\"data\":\n  {\"font\": oops}}"), "style.json:2:12: invalid JSON");
 }
 
 TEST(StyleSheet, ColumnsCountCharacters) {
-  EXPECT_EQ(ErrorIn("{\"data\": {\"font\": \"é\" x"), "style.json:1:23: not JSON");
+  EXPECT_EQ(ErrorIn("{\"data\": {\"font\": \"é\" x"), "style.json:1:23: invalid JSON");
 }
 
 TEST(StyleSheet, EmptyFileIsNoJson) {
-  EXPECT_EQ(ErrorIn(""), "style.json:1:1: not JSON: it ends too early");
+  EXPECT_EQ(ErrorIn(""), "style.json:1:1: invalid JSON: unexpected end");
 }
 
 TEST(StyleSheet, EndInTheMiddleIsFound) {
-  EXPECT_EQ(ErrorIn("{\"data\": {\n"), "style.json:2:1: not JSON: it ends too early");
+  EXPECT_EQ(ErrorIn("{\"data\": {\n"), "style.json:2:1: invalid JSON: unexpected end");
 }
 
 TEST(StyleSheet, TextBehindTheObjectIsFound) {
-  EXPECT_EQ(ErrorIn("{} {}"), "style.json:1:4: not JSON");
+  EXPECT_EQ(ErrorIn("{} {}"), "style.json:1:4: invalid JSON");
 }
 
 TEST(StyleSheet, BytesThatAreNoUtf8AreFound) {
-  EXPECT_EQ(ErrorIn("{\"data\": {\"font\": \"\xFF\"}}"),
-            "style.json:1:20: bytes that are not UTF-8");
+  EXPECT_EQ(ErrorIn("{\"data\": {\"font\": \"\xFF\"}}"), "style.json:1:20: invalid UTF-8");
 }
 
 TEST(StyleSheet, NumberBeyondAllBoundsIsFound) {
-  EXPECT_EQ(ErrorIn("{\"data\": {\"size\": 1e999}}"), "style.json:1:23: the number is too large");
+  EXPECT_EQ(ErrorIn("{\"data\": {\"size\": 1e999}}"), "style.json:1:23: number out of range");
 }
 
 TEST(StyleSheet, LongTokensDoNotFillTheMessage) {
@@ -227,7 +226,7 @@ TEST(StyleSheet, AreaIsAnObject) {
 TEST(StyleSheet, TextIsNothingElse) {
   for (char const* const json : {"[]", "{}", "null", "1", "true"}) {
     EXPECT_EQ(ErrorIn(R"({"data": {"font": )" + std::string(json) + "}}"),
-              "style.json: /data/font: expected a text")
+              "style.json: /data/font: expected a string")
         << json;
   }
 }
@@ -282,11 +281,11 @@ TEST(StyleSheet, ColorsAreHexadecimal) {
 TEST(StyleSheet, DeepNestingIsRefusedWhereItStarts) {
   EXPECT_EQ(ErrorIn(Repeat("[", 1'000'000)), "style.json: expected an object");
   EXPECT_EQ(ErrorIn(R"({"data": {"font": )" + Repeat("{\"a\": ", 1'000'000)),
-            "style.json: /data/font: expected a text");
+            "style.json: /data/font: expected a string");
   EXPECT_EQ(ErrorIn(R"({"data": )" + Repeat("[", 1'000'000)),
             "style.json: /data: expected an object");
 }
 
 TEST(StyleSheet, ZeroBytesAreNoJson) {
-  EXPECT_EQ(ErrorIn(std::string(3, '\0')), "style.json:1:1: not JSON");
+  EXPECT_EQ(ErrorIn(std::string(3, '\0')), "style.json:1:1: invalid JSON");
 }
