@@ -162,7 +162,7 @@ void Check(lxw_error error) {
     Fail(errno);
   }
   if (error != LXW_NO_ERROR) {
-    Fail("a part of it is refused with error " + std::to_string(error));
+    Fail("error " + std::to_string(error) + " of the XLSX library");
   }
 }
 
@@ -186,7 +186,7 @@ XlsxBook::~XlsxBook() {
 
 lxw_worksheet* XlsxBook::AddSheet(std::string const& name) {
   if (sheets_ >= kMaxSheets) {
-    throw std::length_error("the document takes more than " + std::to_string(kMaxSheets) +
+    throw std::length_error("the document needs more than " + std::to_string(kMaxSheets) +
                             " sheets");
   }
   if (book_ == nullptr) {
@@ -271,7 +271,7 @@ void XlsxBook::Write(std::ostream& out) {
   Close();
   FileView const file(file_);
   if (!HasWholeParts(file.Bytes())) {
-    Fail("there is no room for a temporary file");
+    Fail("a temporary file is incomplete; the disk may be full");
   }
   out.write(file.Bytes().data(), static_cast<std::streamsize>(file.Bytes().size()));
 }

@@ -12,8 +12,8 @@ struct Wording {
 
 constexpr std::array<Wording, 3> kWordings = {{
     {"text", "texts", " longer than the 32767 characters of a cell left out"},
-    {"picture", "pictures", " left out, damaged or of an unknown kind"},
-    {"number", "numbers", " written as text for want of number formats with footnote marks"},
+    {"picture", "pictures", " left out, damaged or in an unknown format"},
+    {"number", "numbers", " written as text: too many number formats with footnote marks"},
 }};
 
 }  // namespace

@@ -78,9 +78,9 @@ class XlsxVisitor : public OmOutputPart::Visitor {
     };
     if (!(IsWholePng(image) || IsWholeJpeg(image)) || insert() != LXW_NO_ERROR) {
       sheet->Lose(XlsxLoss::BadPicture, row, 0);
-      sheet->Lines(row,
-                   {MakePlaceholder(chart) + " The picture is damaged or of an unknown kind.", ""},
-                   XlsxStyle());
+      sheet->Lines(
+          row, {MakePlaceholder(chart) + " The picture is damaged or in an unknown format.", ""},
+          XlsxStyle());
     }
     sheet->Finish();
   }

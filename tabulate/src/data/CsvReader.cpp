@@ -204,7 +204,7 @@ void ReadCsv(std::istream& input, std::string const& name, CsvSink& sink) {
   ParseAll(name, sink, [&](char* buffer, std::size_t size) {
     input.read(buffer, static_cast<std::streamsize>(size));
     if (input.bad()) {
-      throw InputError(name + ": cannot be read");
+      throw InputError(name + ": read error");
     }
     return static_cast<std::size_t>(input.gcount());
   });

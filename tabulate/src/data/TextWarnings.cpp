@@ -19,7 +19,7 @@ void WarnAboutTextsIn(DataColumn const& column, DataSet const& data, WarningLog&
     std::uint32_t const code = column.Codes()[row];
     if (code != kMissingCode && std::isnan(numbers.byCode[code])) {
       warnings.Add({Skipped::Texts, data.lines[row], column.Name(),
-                    Quote(column.Values()[code]) + " is not a number; it counts as missing"});
+                    Quote(column.Values()[code]) + " is not a number; treated as missing"});
     }
   }
 }

@@ -60,7 +60,7 @@ std::string Scanner::ReadBackQuoted(std::size_t start) {
   for (;;) {
     std::size_t const end = text_.find('`', at_);
     if (end == std::string_view::npos) {
-      Fail(start, "unclosed back-quote");
+      Fail(start, "unclosed backquote");
     }
     name += text_.substr(at_, end - at_);
     at_ = end + 1;

@@ -66,7 +66,7 @@ void CategoryGroups::AddLevel(std::size_t level, TableDimension const& dimension
              "duplicate category " + Quote(token.name) +
                  (known->second == &grouping
                       ? ""
-                      : ", already in group " + Quote(known->second->group.name) + ","));
+                      : " (already in group " + Quote(known->second->group.name) + ")"));
       }
     }
   }

@@ -175,7 +175,7 @@ TEST_F(XlsxRendererTest, SaysWhenThereIsNoRoomForTheFilesOfRows) {
 TEST_F(XlsxRendererTest, SaysWhenThereIsNoRoomForTheFilesOfSheetsInMemory) {
   AddTallTable("a title " + std::string(90, 'x'));
   EXPECT_EQ(FailureWithSmallFiles(),
-            "cannot write the workbook: there is no room for a temporary file");
+            "cannot write the workbook: a temporary file is incomplete; the disk may be full");
 }
 
 TEST_F(XlsxRendererTest, SaysWhenThereCanBeNoFurtherFile) {

@@ -499,7 +499,7 @@ class Marks(unittest.TestCase):
         self.assertEqual({row[2].data_type for row in body}, {"n"})
         self.assertEqual(
             losses("marks"),
-            ["140 numbers written as text for want of number formats with footnote marks, the first"
+            ["140 numbers written as text: too many number formats with footnote marks, the first"
              " at 'Marks'!B165"],
         )
 
@@ -630,11 +630,11 @@ class Pictures(unittest.TestCase):
         for name in ("Broken", "Flipped", "Unknown"):
             self.assertEqual(
                 rows(self.book[name])[2],
-                [f"[Chart: {name}] The picture is damaged or of an unknown kind."],
+                [f"[Chart: {name}] The picture is damaged or in an unknown format."],
             )
         self.assertEqual(
             losses("pictures"),
-            ["3 pictures left out, damaged or of an unknown kind, the first at 'Broken'!A3"],
+            ["3 pictures left out, damaged or in an unknown format, the first at 'Broken'!A3"],
         )
 
     def test_what_is_none_is_announced(self):

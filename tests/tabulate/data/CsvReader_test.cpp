@@ -179,7 +179,7 @@ TEST(CsvReader, NamesAStreamThatCannotBeRead) {
   Unreadable buffer;
   std::istream input(&buffer);
   Gather gather;
-  EXPECT_EQ(ErrorOf([&] { ReadCsv(input, "data", gather); }), "data: cannot be read");
+  EXPECT_EQ(ErrorOf([&] { ReadCsv(input, "data", gather); }), "data: read error");
 }
 
 TEST(CsvReader, ReadsFieldsLargerThanAnyBuffer) {

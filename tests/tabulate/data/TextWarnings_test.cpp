@@ -13,7 +13,7 @@ TEST(TextWarnings, TellEachRowWithAText) {
   ASSERT_EQ(warnings.Total(), 2u);
   EXPECT_EQ(warnings.First()[0].line, 3u);
   EXPECT_EQ(warnings.First()[0].column, "a");
-  EXPECT_EQ(warnings.First()[0].problem, "'x' is not a number; it counts as missing");
+  EXPECT_EQ(warnings.First()[0].problem, "'x' is not a number; treated as missing");
   EXPECT_EQ(warnings.First()[1].line, 5u);
 }
 

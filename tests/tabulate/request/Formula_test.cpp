@@ -111,8 +111,8 @@ TEST(FormulaErrors, NothingAfterAnOperator) {
 }
 
 TEST(FormulaErrors, OpenBackQuote) {
-  EXPECT_EQ(ErrorIn("A ~ `B"), "unclosed back-quote at position 5");
-  EXPECT_EQ(ErrorIn("`A`` ~ B"), "unclosed back-quote at position 1");
+  EXPECT_EQ(ErrorIn("A ~ `B"), "unclosed backquote at position 5");
+  EXPECT_EQ(ErrorIn("`A`` ~ B"), "unclosed backquote at position 1");
 }
 
 TEST(FormulaErrors, TextAfterABackQuote) {

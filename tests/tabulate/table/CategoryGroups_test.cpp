@@ -139,7 +139,7 @@ TEST(CategoryGroups, CategoryBelongsToOneGroup) {
   EXPECT_EQ(ErrorOf([] {
               Table("kind ~", {"kind: x = cat", "kind: y = dog, cat"});
             }),
-            "--group 'kind: y = dog, cat': duplicate category 'cat', already in group 'x', "
+            "--group 'kind: y = dog, cat': duplicate category 'cat' (already in group 'x') "
             "at position 16");
 }
 
@@ -155,7 +155,7 @@ TEST(CategoryGroups, NumberBelongsToOneGroupHoweverItIsWritten) {
       ErrorOf([] {
         Table("n ~", {"n: x = 1", "n: y = 2, 1e0"});
       }),
-      "--group 'n: y = 2, 1e0': duplicate category '1e0', already in group 'x', at position 11");
+      "--group 'n: y = 2, 1e0': duplicate category '1e0' (already in group 'x') at position 11");
 }
 
 TEST(CategoryGroups, GroupsOfOneColumnHaveDifferentNames) {

@@ -139,7 +139,7 @@ TEST(Document, EndsWithWarningsWhenDataWereSkipped) {
   EXPECT_EQ(warnings->Size(0), 3);
   EXPECT_EQ(TextAt(*warnings, {"1", "Line"}), "3");
   EXPECT_EQ(TextAt(*warnings, {"1", "Column"}), "x");
-  EXPECT_EQ(TextAt(*warnings, {"1", "Problem"}), "'y' is not a number; it counts as missing");
+  EXPECT_EQ(TextAt(*warnings, {"1", "Problem"}), "'y' is not a number; treated as missing");
   EXPECT_EQ(TextAt(*warnings, {"2", "Line"}), "4");
   EXPECT_EQ(TextAt(*warnings, {"2", "Column"}), "x");
   EXPECT_EQ(TextAt(*warnings, {"3", "Line"}), "5");
