@@ -11,7 +11,7 @@ namespace {
 
 class FormulaParser {
  public:
-  explicit FormulaParser(std::string const& text) : scanner_("--table", text) {}
+  FormulaParser(std::string const& text, std::string const& source) : scanner_(source, text) {}
 
   Formula Parse(std::string const& text) {
     Formula formula;
@@ -61,8 +61,10 @@ class FormulaParser {
 
 }  // namespace
 
-Formula ParseFormula(std::string const& text) {
-  return FormulaParser(text).Parse(text);
+Formula ParseFormula(std::string const& text, std::string const& source) {
+  Formula formula = FormulaParser(text, source).Parse(text);
+  formula.source = source;
+  return formula;
 }
 
 }  // namespace lakresvos::tabulate

@@ -12,15 +12,15 @@ namespace lakresvos::tabulate {
 
 namespace {
 
-constexpr char kOption[] = "--group";
 constexpr char kStops[] = ":=,";
 
 }  // namespace
 
-Grouping ParseGrouping(std::string const& text) {
-  Scanner scanner(kOption, text);
+Grouping ParseGrouping(std::string const& text, std::string const& source) {
+  Scanner scanner(source, text);
   Grouping grouping;
   grouping.text = text;
+  grouping.source = source;
   grouping.column = scanner.ReadName(kStops, "a column name");
   scanner.Expect(':', "':'");
   grouping.group = scanner.ReadName(kStops, "a group name");
@@ -33,7 +33,7 @@ Grouping ParseGrouping(std::string const& text) {
 }
 
 void Fail(Grouping const& grouping, NameToken const& token, std::string const& what) {
-  Scanner(kOption, grouping.text).Fail(token.position, what);
+  Scanner(grouping.source, grouping.text).Fail(token.position, what);
 }
 
 void CheckGroupings(std::vector<Grouping> const& groupings, RequiredColumns const& tableColumns) {

@@ -7,7 +7,7 @@
 
 namespace lakresvos::tabulate {
 
-/// @throws InputError always: "--group 'TEXT': what at position N", with the position of `token`.
+/// @throws InputError always: "SOURCE 'TEXT': what at position N", with the position of `token`.
 [[noreturn]] void Fail(Grouping const& grouping, NameToken const& token, std::string const& what);
 
 }  // namespace lakresvos::tabulate

@@ -6,11 +6,11 @@
 namespace lakresvos::tabulate {
 
 std::string RequiredColumn::DescribeSource() const {
-  std::string source = option;
+  std::string description = source;
   if (value != nullptr) {
-    source += " '" + *value + "'";
+    description += " '" + *value + "'";
   }
-  return position == 0 ? source : source + " at position " + std::to_string(position);
+  return position == 0 ? description : description + " at position " + std::to_string(position);
 }
 
 RequiredColumns ListColumns(Formula const& formula) {
@@ -19,7 +19,7 @@ RequiredColumns ListColumns(Formula const& formula) {
   for (auto const* axis : {&formula.rows, &formula.columns, &formula.layers}) {
     for (FormulaTerm const& term : *axis) {
       for (NameToken const& column : term) {
-        columns.push_back({column.name, "--table", text, column.position});
+        columns.push_back({column.name, formula.source, text, column.position});
       }
     }
   }
@@ -31,7 +31,7 @@ RequiredColumns ListColumns(std::vector<Statistic> const& statistics) {
   for (Statistic const& statistic : statistics) {
     if (NeedsColumn(statistic)) {
       columns.push_back(
-          {statistic.column.name, "--statistics", nullptr, statistic.column.position});
+          {statistic.column.name, statistic.source, nullptr, statistic.column.position});
     }
   }
   return columns;

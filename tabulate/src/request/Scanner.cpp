@@ -78,8 +78,8 @@ std::size_t Scanner::Position() {
 }
 
 void Scanner::Fail(std::size_t position, std::string const& what) const {
-  throw InputError(std::string(option_) + " '" + std::string(text_) + "': " + what +
-                   " at position " + std::to_string(position));
+  throw InputError(source_ + " '" + std::string(text_) + "': " + what + " at position " +
+                   std::to_string(position));
 }
 
 }  // namespace lakresvos::tabulate

@@ -4,17 +4,18 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include <lakresvos/tabulate/NameToken.h>
 
 namespace lakresvos::tabulate {
 
-/// Reads the value of an option from left to right and says where it went wrong.
+/// Reads a text of the user's from left to right and says where it went wrong.
 class Scanner {
  public:
-  /// @param option what the text is the value of: "--table".
+  /// @param source what messages call the text: "formula".
   /// @param text   has to outlive the scanner.
-  Scanner(char const* option, std::string_view text) : option_(option), text_(text) {}
+  Scanner(std::string source, std::string_view text) : source_(std::move(source)), text_(text) {}
 
   /// Skips spaces and tells whether anything is left.
   bool AtEnd();
@@ -33,7 +34,7 @@ class Scanner {
   void ExpectEnd(char const* what);
 
   /// Skips spaces and reads a name: either everything up to a space or one of the characters of
-  /// `stops`, or, in back-quotes, everything up to the next back-quote; two of these make one.
+  /// `stops`, or, in backquotes, everything up to the next backquote; two of these make one.
   /// @param what was expected, for the message.
   /// @throws InputError when there is no name.
   NameToken ReadName(std::string_view stops, char const* what);
@@ -41,13 +42,13 @@ class Scanner {
   /// Skips spaces and returns the present position, in characters from 1.
   std::size_t Position();
 
-  /// @throws InputError always: "OPTION 'TEXT': what at position N".
+  /// @throws InputError always: "SOURCE 'TEXT': what at position N".
   [[noreturn]] void Fail(std::size_t position, std::string const& what) const;
 
  private:
   std::string ReadBackQuoted(std::size_t start);
 
-  char const* option_;
+  std::string source_;
   std::string_view text_;
   std::size_t at_ = 0;  // in bytes
 };

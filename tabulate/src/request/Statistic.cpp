@@ -22,7 +22,7 @@ Statistic ReadStatistic(Scanner& scanner) {
   if (kind == kinds.end()) {
     scanner.Fail(keyword.position, "unknown statistic " + Quote(keyword.name));
   }
-  Statistic statistic{&*kind, {"", keyword.position}};
+  Statistic statistic{&*kind, {"", keyword.position}, {}};
   if (kind->NeedsColumn()) {
     scanner.Expect(':', "':' and a column name");
     statistic.column = scanner.ReadName(",", "a column name");
@@ -60,8 +60,8 @@ std::unique_ptr<OmCellText> MakeStatisticLabel(Statistic const& statistic) {
   return label;
 }
 
-std::vector<Statistic> ParseStatistics(std::string const& text) {
-  Scanner scanner("--statistics", text);
+std::vector<Statistic> ParseStatistics(std::string const& text, std::string const& source) {
+  Scanner scanner(source, text);
   std::vector<Statistic> statistics;
   do {
     std::size_t const position = scanner.Position();
@@ -71,6 +71,7 @@ std::vector<Statistic> ParseStatistics(std::string const& text) {
         scanner.Fail(position, "duplicate statistic " + Quote(Describe(statistic)));
       }
     }
+    statistic.source = source;
     statistics.push_back(std::move(statistic));
   } while (scanner.Accept(','));
   scanner.ExpectEnd("',' or the end");

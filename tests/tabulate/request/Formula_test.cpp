@@ -28,7 +28,7 @@ std::string Parsed(std::string const& text) {
 
 std::string ErrorIn(std::string const& text) {
   std::string const error = ErrorOf([&] { ParseFormula(text); });
-  std::string const start = "--table '" + text + "': ";
+  std::string const start = "formula '" + text + "': ";
   return error.starts_with(start) ? error.substr(start.size()) : error;
 }
 

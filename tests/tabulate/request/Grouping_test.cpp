@@ -47,13 +47,13 @@ TEST(Grouping, AnyNameMayBeInBackQuotes) {
 }
 
 TEST(Grouping, WhatIsMissingIsNamed) {
-  EXPECT_EQ(ErrorIn(""), "--group '': expected a column name at position 1");
-  EXPECT_EQ(ErrorIn("a"), "--group 'a': expected ':' at position 2");
-  EXPECT_EQ(ErrorIn("a:"), "--group 'a:': expected a group name at position 3");
-  EXPECT_EQ(ErrorIn("a: b"), "--group 'a: b': expected '=' at position 5");
-  EXPECT_EQ(ErrorIn("a: b ="), "--group 'a: b =': expected a category at position 7");
-  EXPECT_EQ(ErrorIn("a: b = c,"), "--group 'a: b = c,': expected a category at position 10");
-  EXPECT_EQ(ErrorIn("a: b = c d"), "--group 'a: b = c d': expected ',' or the end at position 10");
+  EXPECT_EQ(ErrorIn(""), "group '': expected a column name at position 1");
+  EXPECT_EQ(ErrorIn("a"), "group 'a': expected ':' at position 2");
+  EXPECT_EQ(ErrorIn("a:"), "group 'a:': expected a group name at position 3");
+  EXPECT_EQ(ErrorIn("a: b"), "group 'a: b': expected '=' at position 5");
+  EXPECT_EQ(ErrorIn("a: b ="), "group 'a: b =': expected a category at position 7");
+  EXPECT_EQ(ErrorIn("a: b = c,"), "group 'a: b = c,': expected a category at position 10");
+  EXPECT_EQ(ErrorIn("a: b = c d"), "group 'a: b = c d': expected ',' or the end at position 10");
 }
 
 TEST(CheckGroupings, ColumnHasToBeInATable) {
@@ -62,7 +62,7 @@ TEST(CheckGroupings, ColumnHasToBeInATable) {
   EXPECT_EQ(ErrorOf([&] {
               CheckGroupings({grouping}, {{"home", ""}});
             }),
-            "--group 'kind: x = cat': column 'kind' is in no table at position 1");
+            "group 'kind: x = cat': column 'kind' is in no table at position 1");
 }
 
 TEST(CheckGroupings, GroupsOfAColumnHaveDifferentNames) {
@@ -70,7 +70,7 @@ TEST(CheckGroupings, GroupsOfAColumnHaveDifferentNames) {
               CheckGroupings({ParseGrouping("kind: x = cat"), ParseGrouping("kind: x = dog")},
                              {{"kind", ""}});
             }),
-            "--group 'kind: x = dog': duplicate group 'x' at position 7");
+            "group 'kind: x = dog': duplicate group 'x' at position 7");
 }
 
 TEST(CheckGroupings, EqualCategoriesOfSeveralColumnsAreDifferent) {

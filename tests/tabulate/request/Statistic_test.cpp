@@ -18,7 +18,7 @@ std::string Parsed(std::string const& text) {
 
 std::string ErrorIn(std::string const& text) {
   std::string const error = ErrorOf([&] { ParseStatistics(text); });
-  std::string const start = "--statistics '" + text + "': ";
+  std::string const start = "statistics '" + text + "': ";
   return error.starts_with(start) ? error.substr(start.size()) : error;
 }
 

@@ -121,7 +121,7 @@ TEST(CategoryGroups, SiblingsInOneOuterCategoryAreGroupedWhereverTheyAre) {
 
 TEST(CategoryGroups, CategoriesInDifferentOuterOnesAreAnError) {
   EXPECT_EQ(ErrorOf([] { Table("home/kind ~", {"kind: x = cat, dog, emu"}); }),
-            "--group 'kind: x = cat, dog, emu': category 'emu' never occurs next to 'cat' "
+            "group 'kind: x = cat, dog, emu': category 'emu' never occurs next to 'cat' "
             "at position 21");
 }
 
@@ -132,22 +132,22 @@ TEST(CategoryGroups, CategoriesOfTheOutermostColumnAreSiblings) {
 
 TEST(CategoryGroups, UnknownCategoryIsNamed) {
   EXPECT_EQ(ErrorOf([] { Table("kind ~", {"kind: x = cat, yak"}); }),
-            "--group 'kind: x = cat, yak': unknown category 'yak' of column 'kind' at position 16");
+            "group 'kind: x = cat, yak': unknown category 'yak' of column 'kind' at position 16");
 }
 
 TEST(CategoryGroups, CategoryBelongsToOneGroup) {
   EXPECT_EQ(ErrorOf([] {
               Table("kind ~", {"kind: x = cat", "kind: y = dog, cat"});
             }),
-            "--group 'kind: y = dog, cat': duplicate category 'cat' (already in group 'x') "
+            "group 'kind: y = dog, cat': duplicate category 'cat' (already in group 'x') "
             "at position 16");
 }
 
 TEST(CategoryGroups, CategoryIsOnceInAGroup) {
   EXPECT_EQ(ErrorOf([] { Table("kind ~", {"kind: x = cat, dog, cat"}); }),
-            "--group 'kind: x = cat, dog, cat': duplicate category 'cat' at position 21");
+            "group 'kind: x = cat, dog, cat': duplicate category 'cat' at position 21");
   EXPECT_EQ(ErrorOf([] { Table("n ~", {"n: x = 1, 1.0"}); }),
-            "--group 'n: x = 1, 1.0': duplicate category '1.0' at position 11");
+            "group 'n: x = 1, 1.0': duplicate category '1.0' at position 11");
 }
 
 TEST(CategoryGroups, NumberBelongsToOneGroupHoweverItIsWritten) {
@@ -155,14 +155,14 @@ TEST(CategoryGroups, NumberBelongsToOneGroupHoweverItIsWritten) {
       ErrorOf([] {
         Table("n ~", {"n: x = 1", "n: y = 2, 1e0"});
       }),
-      "--group 'n: y = 2, 1e0': duplicate category '1e0' (already in group 'x') at position 11");
+      "group 'n: y = 2, 1e0': duplicate category '1e0' (already in group 'x') at position 11");
 }
 
 TEST(CategoryGroups, GroupsOfOneColumnHaveDifferentNames) {
   EXPECT_EQ(ErrorOf([] {
               Table("kind ~", {"kind: x = cat", "kind: x = dog"});
             }),
-            "--group 'kind: x = dog': duplicate group 'x' at position 7");
+            "group 'kind: x = dog': duplicate group 'x' at position 7");
 }
 
 TEST(CategoryGroups, MembersOfSeveralGroupsMayTakeTurns) {

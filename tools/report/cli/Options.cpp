@@ -179,12 +179,12 @@ std::string QuoteCommand(int argc, char const* const* argv) {
 /// Reads the raw values but for those that belong to single tables.
 void ReadValues(RawValues const& raw, Options& options) {
   for (std::string const& formula : raw.formulas) {
-    options.tables.push_back({tabulate::ParseFormula(formula), "", ""});
+    options.tables.push_back({tabulate::ParseFormula(formula, "--table"), "", ""});
   }
   for (std::string const& grouping : raw.groupings) {
-    options.groupings.push_back(tabulate::ParseGrouping(grouping));
+    options.groupings.push_back(tabulate::ParseGrouping(grouping, "--group"));
   }
-  options.statistics = tabulate::ParseStatistics(raw.statistics);
+  options.statistics = tabulate::ParseStatistics(raw.statistics, "--statistics");
   SetTableOptions(options, {.skipEmpty = !raw.keepEmpty, .allLayers = raw.allLayers});
   if (options.text.width == 0) {
     bool const isPrinted = options.outputFile.empty();

@@ -20,16 +20,19 @@ struct Formula {
   std::vector<FormulaTerm> rows;     ///< the terms before `~`
   std::vector<FormulaTerm> columns;  ///< the terms after `~`
   std::vector<FormulaTerm> layers;   ///< the terms after `|`
+  std::string source = "formula";    ///< what messages call it
 };
 
 /// Parses `ROWS ~ COLUMNS` or `ROWS ~ COLUMNS | LAYERS`.
 ///
 /// Each axis is empty or a list of terms joined by `*`. A term is a column, or columns joined by
 /// `/`, each nested in the one before. A column name ends at a space or at one of `~|*/`; in
-/// back-quotes it may hold anything, and two back-quotes there make one.
+/// backquotes it may hold anything, and two backquotes there make one.
 ///
-/// @throws InputError that names the position, also for a column that is there twice.
-LAKRESVOS_TABULATE_EXPORT Formula ParseFormula(std::string const& text);
+/// @param source what messages call the text: the option that has it, say.
+/// @throws InputError that names the position, also for a duplicate column.
+LAKRESVOS_TABULATE_EXPORT Formula ParseFormula(std::string const& text,
+                                               std::string const& source = "formula");
 
 }  // namespace lakresvos::tabulate
 

@@ -18,12 +18,15 @@ struct Grouping {
   NameToken column;                   ///< the data column
   NameToken group;                    ///< what the group is called
   std::vector<NameToken> categories;  ///< values of the column, at least one
+  std::string source = "group";       ///< what messages call it
 };
 
-/// Parses `COLUMN: GROUP = CATEGORY, CATEGORY`; names in back-quotes may hold anything, as in a
+/// Parses `COLUMN: GROUP = CATEGORY, CATEGORY`; names in backquotes may hold anything, as in a
 /// formula.
+/// @param source what messages call the text: the option that has it, say.
 /// @throws InputError that names the position.
-LAKRESVOS_TABULATE_EXPORT Grouping ParseGrouping(std::string const& text);
+LAKRESVOS_TABULATE_EXPORT Grouping ParseGrouping(std::string const& text,
+                                                 std::string const& source = "group");
 
 /// Checks groupings before any data are read.
 /// @param tableColumns the columns of the formulas of all tables.

@@ -11,7 +11,7 @@ namespace lakresvos::tabulate {
 ///
 /// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct NameToken {
-  std::string name;          ///< in UTF-8, without back-quotes
+  std::string name;          ///< in UTF-8, without backquotes
   std::size_t position = 0;  ///< where the name starts in what was read, in code points from 1
 };
 

@@ -17,12 +17,12 @@ namespace lakresvos::tabulate {
 /// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct LAKRESVOS_TABULATE_EXPORT RequiredColumn {
   std::string name;    ///< as in the header of the data
-  std::string option;  ///< what names it: "--table", say
+  std::string source;  ///< what names it: "formula", say
   std::shared_ptr<std::string const> value =
       {};                    ///< the text in which it is named; null: not shown
   std::size_t position = 0;  ///< of the name in that text, in code points from 1; 0: not shown
 
-  /// "--table 'a ~ b' at position 5".
+  /// "formula 'a ~ b' at position 5".
   std::string DescribeSource() const;
 };
 

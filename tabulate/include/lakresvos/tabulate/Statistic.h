@@ -21,6 +21,7 @@ class WarningLog;
 struct Statistic {
   StatisticKind const* kind;  ///< what is computed; never null, owned by the library
   NameToken column;           ///< what it is taken of; without a name when NeedsColumn() is false
+  std::string source = "statistics";  ///< what messages call the list that has it
 };
 
 /// Whether a statistic is taken of a data column rather than of the rows as such.
@@ -43,8 +44,10 @@ LAKRESVOS_TABULATE_EXPORT std::unique_ptr<OmCellText> MakeStatisticLabel(
 /// of a sample: the root of the sum of squared distances from the mean over the sum of the weights
 /// less 1.
 ///
-/// @throws InputError that names the position, also for a statistic that is there twice.
-LAKRESVOS_TABULATE_EXPORT std::vector<Statistic> ParseStatistics(std::string const& text);
+/// @param source what messages call the list: the option that has it, say.
+/// @throws InputError that names the position, also for a duplicate statistic.
+LAKRESVOS_TABULATE_EXPORT std::vector<Statistic> ParseStatistics(
+    std::string const& text, std::string const& source = "statistics");
 
 /// Warns of every row in which a column that a statistic is taken of has a text instead of a number;
 /// it counts as missing. To be called once for a data set, however many tables are made of it.

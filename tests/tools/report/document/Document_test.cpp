@@ -162,11 +162,11 @@ TEST(Document, SaysWhoAskedForAColumnThatIsNotThere) {
   std::string const file = directory.Write("a.csv", "a\n1\n");
   OmOutputTree document;
   EXPECT_EQ(ErrorOf([&] { AppendReport(document, OptionsFor(file, {"a ~ b"})); }),
-            file + ":1: unknown column 'b' in --table 'a ~ b' at position 5");
+            file + ":1: unknown column 'b' in formula 'a ~ b' at position 5");
   Options options = OptionsFor(file, {});
   options.statistics = ParseStatistics("count,mean:c");
   EXPECT_EQ(ErrorOf([&] { AppendReport(document, options); }),
-            file + ":1: unknown column 'c' in --statistics at position 12");
+            file + ":1: unknown column 'c' in statistics at position 12");
   options = OptionsFor(file, {});
   options.weight = "w";
   EXPECT_EQ(ErrorOf([&] { AppendReport(document, options); }),
@@ -228,6 +228,6 @@ TEST(Document, GroupingOfAColumnInNoTableIsAnError) {
   options.groupings = {ParseGrouping("b: x = 2")};
   OmOutputTree document;
   EXPECT_EQ(ErrorOf([&] { AppendReport(document, options); }),
-            "--group 'b: x = 2': column 'b' is in no table at position 1");
+            "group 'b: x = 2': column 'b' is in no table at position 1");
   EXPECT_EQ(document.size(), 1u);
 }
