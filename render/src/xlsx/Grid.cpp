@@ -96,7 +96,7 @@ class XlsxGrid {
       Above const above{
           &cell,
           WantsMerge(cell) && sheet_.Merge(top_ + row, cell.column, cell.rowSpan, cell.columnSpan),
-          std::make_shared<MarkedText const>(notes_.Raised(cell.label))};
+          std::make_shared<MarkedText const>(notes_.RaisedLabel(cell.label))};
       for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
         above_[static_cast<std::size_t>(c)] = above;
         if (cell.role == GridRole::ColumnHeading && IsTotal(cell.label)) {

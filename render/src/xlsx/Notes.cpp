@@ -8,6 +8,17 @@ MarkedText XlsxNotes::Raised(OmCellText const* label) {
   return {GetText(label), RaisedMarks(label)};
 }
 
+MarkedText XlsxNotes::RaisedLabel(OmCellText const* label) {
+  return {labels_.Text(label), RaisedMarks(label)};
+}
+
+MarkedText XlsxNotes::PlainLabel(OmCellText const* label) {
+  if (label != nullptr) {
+    use_.Show(*label);
+  }
+  return ShowLabel(label, marks_);
+}
+
 std::string XlsxNotes::RaisedMarks(OmCellText const* label) {
   if (label == nullptr) {
     return {};

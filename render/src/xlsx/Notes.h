@@ -21,6 +21,12 @@ class XlsxNotes {
   /// A label or cell with its marks as they are, to be raised; nothing for a null one.
   MarkedText Raised(OmCellText const* label);
 
+  /// Likewise a label that may be shown in several layers; its text is asked for once.
+  MarkedText RaisedLabel(OmCellText const* label);
+
+  /// Likewise as a text that needs no raising.
+  MarkedText PlainLabel(OmCellText const* label);
+
   /// The marks of a label or cell as they are, to be raised; none for a null one.
   std::string RaisedMarks(OmCellText const* label);
 

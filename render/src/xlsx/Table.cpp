@@ -1,6 +1,5 @@
 #include "xlsx/Table.h"
 
-#include <map>
 #include <memory>
 #include <string>
 
@@ -47,22 +46,17 @@ class TableSheets {
     std::string marked;  ///< with the marks of footnotes
   };
 
-  /// Empty for no layer. Labels can be costly to make texts of, so each is asked for its own once.
+  /// Empty for no layer.
   LayerName NameLayer(DisplayGrid const* grid) {
     if (grid == nullptr) {
       return {};
     }
-    std::map<OmCellText const*, MarkedText> texts;
-    auto const text = [&](OmCellText const* label) -> MarkedText const& {
-      auto const [at, added] = texts.try_emplace(label);
-      if (added) {
-        at->second = notes_.Plain(label);
-      }
-      return at->second;
+    auto const plain = [&](auto label) { return notes_.PlainLabel(label).text; };
+    auto const marked = [&](auto label) {
+      MarkedText const shown = notes_.PlainLabel(label);
+      return shown.text + shown.marks;
     };
-    return {LayerLine(grid->LayerLabels(), [&](auto label) { return text(label).text; }),
-            LayerLine(grid->LayerLabels(),
-                      [&](auto label) { return text(label).text + text(label).marks; })};
+    return {LayerLine(grid->LayerLabels(), plain), LayerLine(grid->LayerLabels(), marked)};
   }
 
   /// @param layer the one that the sheet is for; empty when it is for all.

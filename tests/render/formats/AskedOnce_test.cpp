@@ -9,8 +9,10 @@
 #include <lakresvos/OmTextBlock.h>
 #include <lakresvos/render/CsvRenderer.h>
 #include <lakresvos/render/HtmlRenderer.h>
+#include <lakresvos/render/JsonRenderer.h>
 #include <lakresvos/render/MarkdownRenderer.h>
 #include <lakresvos/render/TextRenderer.h>
+#include <lakresvos/render/XlsxRenderer.h>
 
 #include "render/support/RenderTables.h"
 #include "support/SpyCell.h"
@@ -135,6 +137,33 @@ TEST(AskedOnce, DisplayedCsv) {
               CsvOptions options;
               options.shape = CsvOptions::Shape::Display;
               RenderCsv(document, out, options);
+            }),
+            "once");
+}
+
+TEST(AskedOnce, Json) {
+  EXPECT_EQ(MostAsked([](auto const& document, auto& out) { RenderJson(document, out); }), "once");
+}
+
+// The document keeps no texts, which would take as much memory as itself; the layout asks again.
+TEST(AskedOnce, JsonOncePerPartOfTheText) {
+  std::string const most = MostAsked([](auto const& document, auto& out) {
+    JsonOptions options;
+    options.layout = true;
+    RenderJson(document, out, options);
+  });
+  EXPECT_NE(most.find("' 2 times"), std::string::npos) << most;
+}
+
+TEST(AskedOnce, Xlsx) {
+  EXPECT_EQ(MostAsked([](auto const& document, auto& out) { RenderXlsx(document, out); }), "once");
+}
+
+TEST(AskedOnce, XlsxWithASheetForEachLayer) {
+  EXPECT_EQ(MostAsked([](auto const& document, auto& out) {
+              XlsxOptions options;
+              options.layersAsSheets = true;
+              RenderXlsx(document, out, options);
             }),
             "once");
 }

@@ -4,7 +4,7 @@
 
 #include <lakresvos/render/LayerGrids.h>
 
-#include "content/CellText.h"
+#include "content/LabelTexts.h"
 #include "json/Fields.h"
 
 namespace lakresvos::render {
@@ -23,17 +23,17 @@ constexpr std::string_view RoleName(GridRole role) {
   return "row";
 }
 
-void WriteLayers(JsonStream& json, DisplayGrid const& grid) {
+void WriteLayers(JsonStream& json, DisplayGrid const& grid, LabelTexts& labels) {
   if (grid.LayerLabels().empty()) {
     return;
   }
   json.Name("layer").BeginArray();
   for (LayerLabel const& label : grid.LayerLabels()) {
     json.BeginObject();
-    WriteText(json, "dimension", GetText(label.dimension));
+    WriteText(json, "dimension", labels.Text(label.dimension));
     json.Name("categories").BeginArray();
     for (OmCellText const* const category : label.categories) {
-      json.Text(GetText(category));
+      json.Text(labels.Text(category));
     }
     json.End();
     json.End();
@@ -41,7 +41,7 @@ void WriteLayers(JsonStream& json, DisplayGrid const& grid) {
   json.End();
 }
 
-void WriteFrame(JsonStream& json, DisplayGrid const& grid) {
+void WriteHeadings(JsonStream& json, DisplayGrid const& grid, LabelTexts& labels) {
   json.Name("frame").BeginLines();
   for (GridCell const& cell : grid.Headings()) {
     json.BeginObject();
@@ -50,7 +50,7 @@ void WriteFrame(JsonStream& json, DisplayGrid const& grid) {
     json.Name("column").Number(cell.column);
     WriteNumber(json, "rowSpan", cell.rowSpan, 1);
     WriteNumber(json, "columnSpan", cell.columnSpan, 1);
-    WriteText(json, "text", GetText(cell.label));
+    WriteText(json, "text", labels.Text(cell.label));
     json.End();
   }
   json.End();
@@ -78,14 +78,15 @@ void WriteBody(JsonStream& json, DisplayGrid const& grid) {
 void WriteLayout(JsonStream& json, OmPivotTable& table, TableOptions const& options) {
   json.BeginLines();
   LayerGrids layers(table, options);
+  LabelTexts labels;
   while (DisplayGrid const* const grid = layers.Next()) {
     json.BeginObject();
-    WriteLayers(json, *grid);
+    WriteLayers(json, *grid, labels);
     json.Name("rows").Number(grid->Rows());
     json.Name("columns").Number(grid->Columns());
     json.Name("headingRows").Number(grid->HeadingRows());
     json.Name("headingColumns").Number(grid->HeadingColumns());
-    WriteFrame(json, *grid);
+    WriteHeadings(json, *grid, labels);
     WriteBody(json, *grid);
     json.End();
   }
