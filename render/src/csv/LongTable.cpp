@@ -52,7 +52,7 @@ class LongTable {
     }
   }
 
-  void WriteAll() {
+  void WriteCombinations() {
     for (CategoryColumns const& dimension : dimensions_) {
       if (dimension.Count() == 0) {
         return;
@@ -248,7 +248,7 @@ void WriteLongTables(CsvRecord& record, std::vector<OmPivotTable*> const& tables
     }
     LongTable writer(record, header, *tables[i], labels);
     if (all) {
-      writer.WriteAll();
+      writer.WriteCombinations();
     } else {
       writer.WriteStored();
     }

@@ -20,7 +20,7 @@ namespace lakresvos::report {
 
 namespace {
 
-std::string ReadAll(std::string const& file) {
+std::string ReadFile(std::string const& file) {
   errno = 0;
   std::ifstream input(file, std::ios::binary);
   std::string text;
@@ -157,7 +157,7 @@ class StyleSink : public nlohmann::json_sax<nlohmann::json> {
 }  // namespace
 
 StyleSheet ReadStyleSheet(std::string const& file) {
-  std::string const text = ReadAll(file);
+  std::string const text = ReadFile(file);
   StyleSink sink(file, text);
   nlohmann::json::sax_parse(text, &sink);
   return sink.Result();
