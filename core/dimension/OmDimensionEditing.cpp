@@ -139,7 +139,7 @@ void MoveBelow(Place const& node, Element& receiver, std::size_t receiverDepth,
 }
 
 /// Puts the children of `group` in its place; does nothing when no child equals the group.
-/// @return where the group stood last.
+/// @return the last position of the group.
 Element* Dissolve(Element& parent, Element& group, OmMemoryRegion* arena) {
   OmChildPlan plan(parent);
   std::size_t const place = plan.FindEqual(group.value);

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-/// Collects places, each as often as one likes, and gives them back in ascending order without
+/// Collects places, duplicates allowed, and gives them back in ascending order without
 /// repeats. Few possible places are marked in a bit vector; of many, those seen are kept and sorted
 /// out now and then, so that the memory stays proportional to the different ones.
 class OmPlaceSet {

@@ -5,11 +5,11 @@
 
 #include <lakresvos/Export.h>
 
-/// How one area of a pivot table is drawn: font, alignment, margins and colours.
+/// How one area of a pivot table is drawn: font, alignment, margins and colors.
 ///
 /// Every field is stored and returned as it is given: no value is checked, and what a number or a
-/// colour's text means is agreed between the maker and the renderer. -1 and the empty text say that
-/// the maker left a field open.
+/// color's text means is agreed between the producer and the renderer. -1 and the empty text say that
+/// the producer left a field open.
 ///
 /// Copies share one record: what is set through one copy is seen through all, and the last copy
 /// frees it. References that the string getters return are valid until the last copy is gone and
@@ -55,12 +55,12 @@ class LAKRESVOS_EXPORT FormatArea {
   /// Replaces the name of the font.
   void setFontName(std::string const& name);
 
-  /// The size of the font, in the maker's unit; 0 at first.
+  /// The size of the font, in the producer's unit; 0 at first.
   float getFontSize() const;
   /// Replaces the size of the font.
   void setFontSize(float size);
 
-  /// The style of the font, a number of the maker's; -1 at first.
+  /// The style of the font, a number that the producer chooses; -1 at first.
   int getFontStyle() const;
   /// Replaces the style of the font.
   void setFontStyle(int style);
@@ -70,57 +70,57 @@ class LAKRESVOS_EXPORT FormatArea {
   /// Sets whether texts are underlined.
   void setUnderline(bool underline);
 
-  /// The horizontal alignment, a number of the maker's; -1 at first.
+  /// The horizontal alignment, a number that the producer chooses; -1 at first.
   int getHorizontalAlignment() const;
   /// Replaces the horizontal alignment.
   void setHorizontalAlignment(int alignment);
 
-  /// The vertical alignment, a number of the maker's; -1 at first.
+  /// The vertical alignment, a number that the producer chooses; -1 at first.
   int getVerticalAlignment() const;
   /// Replaces the vertical alignment.
   void setVerticalAlignment(int alignment);
 
-  /// The colour of the text; empty at first.
+  /// The color of the text; empty at first.
   std::string const& getTextColor() const;
-  /// Replaces the colour of the text.
+  /// Replaces the color of the text.
   void setTextColor(std::string const& color);
 
-  /// The colour of the background; empty at first.
+  /// The color of the background; empty at first.
   std::string const& getBackgroundColor() const;
-  /// Replaces the colour of the background.
+  /// Replaces the color of the background.
   void setBackgroundColor(std::string const& color);
 
-  /// Whether every other row is drawn in the alternate colours; false at first.
+  /// Whether every other row is drawn in the alternate colors; false at first.
   bool getUseAltRowColors() const;
-  /// Sets whether every other row is drawn in the alternate colours.
+  /// Sets whether every other row is drawn in the alternate colors.
   void setUseAltRowColors(bool use);
 
-  /// The colour of the text in every other row; empty at first.
+  /// The color of the text in every other row; empty at first.
   std::string const& getAlternateTextColor() const;
-  /// Replaces the colour of the text in every other row.
+  /// Replaces the color of the text in every other row.
   void setAlternateTextColor(std::string const& color);
 
-  /// The colour of the background in every other row; empty at first.
+  /// The color of the background in every other row; empty at first.
   std::string const& getAlternateBackgroundColor() const;
-  /// Replaces the colour of the background in every other row.
+  /// Replaces the color of the background in every other row.
   void setAlternateBackgroundColor(std::string const& color);
 
-  /// The left margin, in the maker's unit; 6 at first, unlike the other three.
+  /// The left margin, in the producer's unit; 6 at first, unlike the other three.
   int getMarginLeft() const;
   /// Replaces the left margin.
   void setMarginLeft(int margin);
 
-  /// The right margin, in the maker's unit; 2 at first.
+  /// The right margin, in the producer's unit; 2 at first.
   int getMarginRight() const;
   /// Replaces the right margin.
   void setMarginRight(int margin);
 
-  /// The top margin, in the maker's unit; 2 at first.
+  /// The top margin, in the producer's unit; 2 at first.
   int getMarginTop() const;
   /// Replaces the top margin.
   void setMarginTop(int margin);
 
-  /// The bottom margin, in the maker's unit; 2 at first.
+  /// The bottom margin, in the producer's unit; 2 at first.
   int getMarginBottom() const;
   /// Replaces the bottom margin.
   void setMarginBottom(int margin);

@@ -28,7 +28,7 @@ class LAKRESVOS_EXPORT OmAnswerTree : public OmOutputPart {
   ~OmAnswerTree() override;
   void Accept(Visitor& visitor) override;
 
-  /// Replaces the tree's type, a number of the maker's.
+  /// Replaces the tree's type, a number that the producer chooses.
   virtual void SetTreeType(int type);
 
   /// Appends to the path. Requires: `count` bytes at `bytes`, as for every such operation here.

@@ -10,9 +10,9 @@
 /// @file
 /// Charts, and the types of their content.
 
-/// What a chart's content is, as its maker says; the library only keeps it.
+/// What a chart's content is, as its producer says; the library only keeps it.
 enum ChartXMLContentSubType : int {
-  ChartXMLUnspecified = 0,  ///< the maker did not say; at first
+  ChartXMLUnspecified = 0,  ///< the producer did not say; at first
   ChartXMLBar = 1,          ///< a bar chart
   ChartXMLLine = 2,         ///< a line chart
   ChartXMLArea = 3,         ///< an area chart
@@ -31,7 +31,7 @@ enum ChartXMLContentSubType : int {
 /// as the chart and show later changes; every text is empty at first.
 ///
 /// Appending takes amortized time linear in the bytes, except that the binary data, the image and
-/// the visualisation are made exactly as long as needed at each call. What runs out of memory
+/// the visualization are made exactly as long as needed at each call. What runs out of memory
 /// throws std::bad_alloc and changes nothing; queries take constant time and throw nothing.
 ///
 /// A chart with a code page has a plain string cell as its label: the label's text converted from
@@ -74,7 +74,7 @@ class LAKRESVOS_EXPORT OmChart : public OmOutputPart {
   /// Appends to the image. `bytes` may point into GetImageData().
   virtual void SetImageStream(char const* bytes, unsigned int count);
 
-  /// Appends to the visualisation in JSON. `bytes` may point into GetViZJSONData().
+  /// Appends to the visualization in JSON. `bytes` may point into GetViZJSONData().
   virtual void SetViZJSON(char const* bytes, unsigned int count);
 
   /// Replaces the type of the content.
@@ -93,7 +93,7 @@ class LAKRESVOS_EXPORT OmChart : public OmOutputPart {
   /// The image; its first bytes tell the format.
   std::string const& GetImageData() const;
 
-  /// The visualisation in JSON.
+  /// The visualization in JSON.
   std::string const& GetViZJSONData() const;
 
   /// The name of the code page that the constructor was given.
@@ -102,19 +102,19 @@ class LAKRESVOS_EXPORT OmChart : public OmOutputPart {
   /// The type of the content; ChartXMLUnspecified at first.
   ChartXMLContentSubType GetChartSubType() const;
 
-  /// Whether the chart can be edited, a number of the maker's; 0 until Done().
+  /// Whether the chart can be edited, a number that the producer chooses; 0 until Done().
   int GetEditable() const;
 
-  /// The editor to use, a number of the maker's; 1 until Done().
+  /// The editor to use, a number that the producer chooses; 1 until Done().
   int GetEditor() const;
 
   /// The number that the constructor was given.
   long long getChartId() const;
 
-  /// Appends to the template of the visualisation, although the name says otherwise.
+  /// Appends to the template of the visualization, although the name says otherwise.
   void setVizJSONTemplate(char const* bytes, unsigned int count);
 
-  /// The template of the visualisation.
+  /// The template of the visualization.
   std::string const& getVizJSONTemplate() const;
 
   /// Replaces the options.

@@ -181,7 +181,7 @@ class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
   /// throws nothing.
   unsigned int CategoryCount() const { return categoryCount_; }
 
-  /// Sets the number of subscripts, for a maker that restores a dimension whose nodes do not say
+  /// Sets the number of subscripts, for a producer that restores a dimension whose nodes do not say
   /// how many there are. No node and no cell changes. Child(), AddNewChild() and insertCategory()
   /// count on from here; Delete() counts anew. Constant time; throws nothing.
   void setCategoryCount(unsigned int count) { categoryCount_ = count; }

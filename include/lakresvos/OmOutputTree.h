@@ -304,7 +304,7 @@ class LAKRESVOS_EXPORT OmOutputTree : public ListTree<OmOutputPart*> {
 /// @param label the text block's label, copied; null stands for an empty one.
 /// @param text  what the text block says, copied.
 /// @throws std::bad_alloc, or what copying the label throws; the subtree of an item that is kept
-///         has gone all the same, and a deeper item is unchanged.
+///         is deleted nevertheless, and a deeper item is unchanged.
 /// @throws what an item's destructor throws; no text block is left then. Of an item that is kept,
 ///         the subtree is left as by OmOutputTree::Prune(): the element of the item that threw with
 ///         a null value, and what was still to be deleted. A deeper item's element stays with a

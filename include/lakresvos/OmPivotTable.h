@@ -24,7 +24,7 @@ struct LAKRESVOS_EXPORT OmFootnote {
   OmMemoryRegion* region;        ///< where the table makes the texts; not owned; null until then
   OmCellText* text = nullptr;    ///< owned; equal texts (kind and text) are the same footnote
   OmCellText* marker = nullptr;  ///< owned; null when the renderer chooses the mark
-  int count = 0;  ///< how often the footnote was added, or what its maker set below 0
+  int count = 0;  ///< how often the footnote was added, or what its producer set below 0
 
   /// A footnote without texts. Throws nothing.
   /// @param source kept as `region`; null is allowed.
@@ -38,7 +38,7 @@ struct LAKRESVOS_EXPORT OmFootnote {
 
 /// An n-dimensional sparse table of cells.
 ///
-/// A maker constructs the table, adds dimensions and their categories, puts every dimension's
+/// A producer constructs the table, adds dimensions and their categories, puts every dimension's
 /// number on one of the three axes, stores cells by subscript vector (one subscript per dimension,
 /// dimension 0 first), and calls EndTable(). Every text and cell that the table is given is cloned
 /// into the table's own region, which goes in bulk with the table; the caller keeps what it passed.
@@ -251,13 +251,13 @@ class LAKRESVOS_EXPORT OmPivotTable : public OmOutputPart {
 
   /// Sets whether footnotes were removed from the table; the list stays.
   void RemovedFootnotes(bool removed);
-  /// Whether footnotes were removed from the table, as the maker says; false at first.
+  /// Whether footnotes were removed from the table, as the producer says; false at first.
   bool HasRemovedFootnotes() const;
 
   // Attributes
   //
-  // Each is stored and read as it is, for makers and renderers to agree on; the table acts on none
-  // of them. Units are the maker's. Those that say nothing else start as false, 0 or empty.
+  // Each is stored and read as it is, for producers and renderers to agree on; the table acts on none
+  // of them. Units are the producer's. Those that say nothing else start as false, 0 or empty.
 
   /// Sets whether the table is to be shown.
   void Show(bool show);
@@ -287,12 +287,12 @@ class LAKRESVOS_EXPORT OmPivotTable : public OmOutputPart {
 
   /// Notes that cells have footnote markers; there is no way back.
   void setHasMarkers();
-  /// Whether cells have footnote markers, as the maker says.
+  /// Whether cells have footnote markers, as the producer says.
   bool hasMarkers() const;
 
   /// Sets whether the back end owns the table.
   void setBackendOwns(bool owns);
-  /// Whether the back end owns the table, as the maker says; true at first. The output tree deletes
+  /// Whether the back end owns the table, as the producer says; true at first. The output tree deletes
   /// it in any case.
   bool backendOwns() const;
 
@@ -362,39 +362,39 @@ class LAKRESVOS_EXPORT OmPivotTable : public OmOutputPart {
   /// The number of the language.
   int getLang() const;
 
-  /// Sets how variables are shown: a number of the maker's.
+  /// Sets how variables are shown: a number that the producer chooses.
   void setVariableMode(int mode);
-  /// How variables are shown: a number of the maker's.
+  /// How variables are shown: a number that the producer chooses.
   int getVariableMode() const;
 
-  /// Sets how values are shown: a number of the maker's.
+  /// Sets how values are shown: a number that the producer chooses.
   void setValueMode(int mode);
-  /// How values are shown: a number of the maker's.
+  /// How values are shown: a number that the producer chooses.
   int getValueMode() const;
 
-  /// Sets the first colour of a range that cells are coloured by.
+  /// Sets the first color of a range that cells are colored by.
   void setStartColor(int color);
-  /// The first colour of a range that cells are coloured by; -1 at first.
+  /// The first color of a range that cells are colored by; -1 at first.
   int getStartColor() const;
 
-  /// Sets the last colour of a range that cells are coloured by.
+  /// Sets the last color of a range that cells are colored by.
   void setEndColor(int color);
-  /// The last colour of a range that cells are coloured by; -1 at first.
+  /// The last color of a range that cells are colored by; -1 at first.
   int getEndColor() const;
 
   /// Replaces the description of the borders.
   void setBorderInfo(std::string const& info);
-  /// The description of the borders, in the maker's format.
+  /// The description of the borders, in the producer's format.
   std::string const& getBorderInfo() const;
 
   /// Replaces the description of the table's look.
   void setTableLookInfo(std::string const& info);
-  /// The description of the table's look, in the maker's format.
+  /// The description of the table's look, in the producer's format.
   std::string const& getTableLookInfo() const;
 
   /// Replaces the description of the table's properties.
   void setTablePropertiesInfo(std::string const& info);
-  /// The description of the table's properties, in the maker's format.
+  /// The description of the table's properties, in the producer's format.
   std::string const& getTablePropertiesInfo() const;
 
   /// Replaces the widths that were set by hand.
@@ -412,7 +412,7 @@ class LAKRESVOS_EXPORT OmPivotTable : public OmOutputPart {
   /// The comma-separated list of all that addMiscProperty() was given, in order.
   std::string const& getMiscProperties() const;
 
-  /// The styles of cells that are not stored: the number of a cell, as the maker counts them, and
+  /// The styles of cells that are not stored: the number of a cell, as the producer counts them, and
   /// its style in cellStyles(); to read or change.
   std::map<unsigned long long, unsigned short>& emptyCellStyles();
   /// The styles of cells that are not stored, to read.

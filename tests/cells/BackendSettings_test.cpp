@@ -1,5 +1,5 @@
 #include <cells/BackendSettings.h>
-// This header comes first to show that it stands alone.
+// This header comes first to show that it is self-contained.
 #include <climits>
 #include <gtest/gtest.h>
 

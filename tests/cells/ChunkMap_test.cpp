@@ -1,5 +1,5 @@
 #include "ChunkMap.h"
-// This header comes first to show that it stands alone.
+// This header comes first to show that it is self-contained.
 #include <cstdint>
 #include <gtest/gtest.h>
 #include <new>

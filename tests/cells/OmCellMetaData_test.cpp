@@ -1,5 +1,5 @@
 #include <cells/OmCellMetaData.h>
-// This header comes first to show that it stands alone.
+// This header comes first to show that it is self-contained.
 #include <gtest/gtest.h>
 
 namespace {

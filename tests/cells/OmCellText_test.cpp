@@ -1,5 +1,5 @@
 #include <cells/OmCellText.h>
-// This header comes first to show that it stands alone.
+// This header comes first to show that it is self-contained.
 #include <climits>
 #include <cstddef>
 #include <gtest/gtest.h>

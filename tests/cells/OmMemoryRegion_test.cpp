@@ -1,5 +1,5 @@
 #include <cells/OmMemoryRegion.h>
-// This header comes first to show that it stands alone.
+// This header comes first to show that it is self-contained.
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
@@ -161,14 +161,14 @@ TEST_F(RegionTest, OneBlockOfEverySharedSizeFitsIntoFewChunks) {
 
 TEST_F(RegionTest, BlocksOfOneSizeLieInOrderOfAllocation) {
   auto* previous = static_cast<char*>(region.Allocate(48));
-  int neighbours = 0;
+  int neighbors = 0;
   for (int i = 1; i < 1000; ++i) {
     region.Allocate(100);
     auto* next = static_cast<char*>(region.Allocate(48));
-    neighbours += next == previous + 48 ? 1 : 0;
+    neighbors += next == previous + 48 ? 1 : 0;
     previous = next;
   }
-  EXPECT_GE(neighbours, 980);
+  EXPECT_GE(neighbors, 980);
 }
 
 TEST_F(RegionTest, ReleasedBlocksAreHandedOutAgainLastFirst) {

@@ -1,5 +1,5 @@
 #include <cells/OmNumber.h>
-// This header comes first to show that it stands alone.
+// This header comes first to show that it is self-contained.
 #include <algorithm>
 #include <clocale>
 #include <cmath>

@@ -1,5 +1,5 @@
 #include "Utf8.h"
-// This header comes first to show that it stands alone.
+// This header comes first to show that it is self-contained.
 #include <array>
 #include <cstdint>
 #include <gtest/gtest.h>

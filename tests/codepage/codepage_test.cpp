@@ -1,5 +1,5 @@
 #include <codepage/codepage.h>
-// This header comes first to show that it stands alone.
+// This header comes first to show that it is self-contained.
 #include <clocale>
 #include <gtest/gtest.h>
 #include <memory>

@@ -41,11 +41,11 @@ class CELLS_EXPORT OmCellMetaData {
   bool total_ = false;
 };
 
-/// One cell style: font, alignment and colours. A plain value that is kept as the caller stores it;
+/// One cell style: font, alignment and colors. A plain value that is kept as the caller stores it;
 /// renderers pass over values that they do not know, so that a style that nobody set changes
 /// nothing.
 ///
-/// Colours are texts such as "#1F4E79". The texts that the accessors return are valid until the
+/// Colors are texts such as "#1F4E79". The texts that the accessors return are valid until the
 /// object is changed or destroyed; setting one throws std::bad_alloc and then changes nothing.
 ///
 /// Thread safety: for reading; several threads may read an object that none changes.
@@ -75,7 +75,7 @@ class CELLS_EXPORT OmCellProperties {
   /// Sets whether the text is underlined; false leaves the choice to the table.
   void setUnderline(bool underline) { underline_ = underline; }
 
-  /// Where the text is between the sides: 0 left, 1 centre, 2 right; -1 until set.
+  /// Where the text is between the sides: 0 left, 1 center, 2 right; -1 until set.
   int getHorizontalAlignment() const { return horizontalAlignment_; }
 
   /// Sets where the text is between the sides; -1 leaves the choice to the table.
@@ -87,16 +87,16 @@ class CELLS_EXPORT OmCellProperties {
   /// Sets where the text is between top and bottom; -1 leaves the choice to the table.
   void setVerticalAlignment(int alignment) { verticalAlignment_ = alignment; }
 
-  /// The colour of the text; empty until set.
+  /// The color of the text; empty until set.
   std::string const& getTextColor() const { return textColor_; }
 
-  /// Sets the colour of the text; empty leaves the choice to the table.
+  /// Sets the color of the text; empty leaves the choice to the table.
   void setTextColor(std::string const& color) { textColor_ = color; }
 
-  /// The colour of the background; empty until set.
+  /// The color of the background; empty until set.
   std::string const& getBackgroundColor() const { return backgroundColor_; }
 
-  /// Sets the colour of the background; empty leaves the choice to the table.
+  /// Sets the color of the background; empty leaves the choice to the table.
   void setBackgroundColor(std::string const& color) { backgroundColor_ = color; }
 
  private:

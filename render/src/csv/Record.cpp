@@ -9,8 +9,8 @@ namespace lakresvos::render {
 
 namespace {
 
-/// Whether a spreadsheet takes a text that starts like this for a formula: some skip spaces, some
-/// take quotes away, and some know full-width forms of the signs.
+/// Whether a spreadsheet takes a text that starts like this for a formula (OWASP, "CSV Injection"):
+/// some skip spaces, some remove quotes, and some know full-width forms of the signs.
 bool StartsFormula(std::string_view text) {
   std::size_t const start = text.find_first_not_of(" \"");
   std::string_view const rest = start == std::string_view::npos ? "" : text.substr(start);

@@ -19,8 +19,8 @@ class CsvRecord {
   /// a text and wherever in it a spreadsheet may see a field start.
   CsvRecord(OutputBuffer& out, bool safe) : out_(out), safe_(safe) {}
 
-  /// What a field with this text shows: the text cleaned and, where it has to be, made safe. What is
-  /// shown shows as itself.
+  /// What a field with this text shows: the text cleaned and, where it has to be, made safe. Applying
+  /// it twice changes nothing.
   std::string Shown(std::string_view text) const;
 
   /// A field with this text, as it is written.

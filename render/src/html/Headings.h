@@ -7,7 +7,7 @@
 
 namespace lakresvos::render {
 
-/// How far a cell of an HTML table can reach; browsers cut off what is more.
+/// How far a cell of an HTML table can reach (HTML Living Standard, 4.9.11); browsers cut off the rest.
 constexpr int kMaxHtmlColumns = 1000;
 constexpr int kMaxHtmlRows = 65'534;
 

@@ -10,7 +10,7 @@
 namespace lakresvos::render {
 
 /// Writes links to the items of a document as nested lists that can be folded, entry by entry.
-/// Below the sixth level all entries stand on one.
+/// Below the sixth level all entries are on one.
 class HtmlOutline {
  public:
   explicit HtmlOutline(OutputBuffer& out) : out_(out) {}

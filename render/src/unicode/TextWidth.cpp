@@ -10,7 +10,7 @@ namespace lakresvos::render {
 
 namespace {
 
-constexpr utf8proc_int32_t kEmojiPresentation = 0xFE0F;
+constexpr utf8proc_int32_t kEmojiPresentation = 0xFE0F;  // UTS #51: shown as an emoji, two wide
 
 bool IsLineEnd(utf8proc_int32_t code) {
   return code == '\n' || code == '\r' || code == 0x2028 || code == 0x2029;

@@ -14,6 +14,7 @@ namespace lakresvos::render {
 
 namespace {
 
+// What spreadsheet programs accept in the name of a sheet.
 constexpr std::size_t kMaxUnits = 31;
 constexpr std::string_view kForbidden = "[]:*?/\\\n\t";
 constexpr std::string_view kReserved = "history";

@@ -18,7 +18,7 @@ class CategoryGroups {
  public:
   /// Picks the groupings of the dimension's columns.
   /// @param groupings have to outlive the object.
-  /// @throws InputError for a category that its column does not have or that is there twice, and,
+  /// @throws InputError for a category that its column does not have, for a duplicate one, and,
   ///         inside nested columns, for one that has no outer category in common with the first.
   CategoryGroups(TableDimension const& dimension, DataSet const& data,
                  std::vector<Grouping> const& groupings);

@@ -45,6 +45,7 @@ class TupleIndex {
 
  private:
   static std::size_t Hash(Tuple tuple) {
+    // Multiplies by 2^64 over the golden ratio: D. E. Knuth, The Art of Computer Programming 3, 6.4.
     std::uint64_t hash = 0;
     for (std::uint32_t const number : tuple) {
       hash = (hash ^ number) * 0x9E3779B97F4A7C15U;

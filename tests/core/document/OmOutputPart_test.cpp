@@ -255,7 +255,7 @@ std::ptrdiff_t SlotOfVisit() {
 }
 
 TEST(OmOutputPartSlots, TheVisitorsOperationsStandInTheirOrder) {
-  EXPECT_EQ(SlotOfVisit<OmPivotTable>(), 2) << "behind the two slots of the destructor";
+  EXPECT_EQ(SlotOfVisit<OmPivotTable>(), 2) << "after the two slots of the destructor";
   EXPECT_EQ(SlotOfVisit<OmProcedure>(), 3);
   EXPECT_EQ(SlotOfVisit<OmHeading>(), 4);
   EXPECT_EQ(SlotOfVisit<OmTextBlock>(), 5);

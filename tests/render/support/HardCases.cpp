@@ -327,7 +327,7 @@ void Formulas(Table& table) {
   FillTexts(table, {"=1+1", "+1", "-1", "@SUM(A1)", "=cmd|' /C calc'!A0", "'quoted", "{=1}"});
 }
 
-void LineEndsAndBlanks(Table& table) {
+void LineEndsAndSpaces(Table& table) {
   FillTexts(table, {"two\nlines", "two\r\nlines", "one\rtwo", "tab\ttab", "  blanks  ", "\n", " ",
                     "no\u00A0break"});
 }
@@ -372,7 +372,7 @@ Case const kCases[] = {
     {"Hidden caption", HiddenCaption},
     {"Empty labels", EmptyLabels},
     {"Equal labels under different groups", EqualLabelsUnderDifferentGroups},
-    {"Equal neighbouring groups", EqualNeighboringGroups},
+    {"Equal neighboring groups", EqualNeighboringGroups},
     {"Paths of different length", PathsOfDifferentLength},
     {"Corner text", CornerText},
     {"Long texts", LongTexts},
@@ -397,7 +397,7 @@ Case const kCases[] = {
     {"Markdown markup", MarkdownMarkup},
     {"Quotes", Quotes},
     {"Formulas", Formulas},
-    {"Line ends and blanks", LineEndsAndBlanks},
+    {"Line ends and spaces", LineEndsAndSpaces},
     {"Control characters", ControlCharacters},
     {"Broken UTF-8", BrokenUtf8},
     {"Numbers as texts", NumbersAsTexts},

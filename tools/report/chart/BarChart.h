@@ -12,7 +12,7 @@ namespace lakresvos::report {
 /// titles are above the axis, below the names and before the legend. Every category has its room:
 /// the picture gets wider with their number.
 ///
-/// The ground is transparent, lines and letters have a grey that can be read on a light and on a
+/// The ground is transparent, lines and letters have a gray that can be read on a light and on a
 /// dark page, and the colors of the first series differ for color-blind readers too. Every number
 /// has a bar, if only a thin one; a missing or infinite value has none.
 ///

@@ -54,13 +54,13 @@ struct GridCells {
   GridCell const* end() const { return last; }     ///< where a loop ends
 };
 
-/// One layer of a pivot table as a rectangle of cells, the ground of every renderer.
+/// One layer of a pivot table as a rectangle of cells, which every renderer starts from.
 ///
 /// Rows and columns count from the top left, headings included: the body starts at row
 /// HeadingRows() and column HeadingColumns(). Every position belongs to exactly one cell: of the
 /// corner, of a heading, or of the body, whose cells have no spans.
 ///
-/// How heading cells come about:
+/// Rules for heading cells:
 /// 1. Neighboring positions of one heading level are one cell when they show the same node of the
 ///    category tree (never merely the same text) below the same cell of the level before.
 /// 2. Where a path is shorter than its dimension's levels, the last cell of the path reaches over

@@ -35,9 +35,8 @@ class LAKRESVOS_RENDER_EXPORT JsonError : public std::runtime_error {
 
 /// Makes the document that RenderJson() wrote. Written again, it gives the same text.
 ///
-/// The text must be exactly as the format has it: fields that the format does not have, fields that
-/// come twice, and cells that are not in ascending order (the first subscript varying fastest) are
-/// errors. A layout is not looked at. Numbers that are kept for the caller, such as those of
+/// The text must follow the format exactly: unknown fields, duplicate fields, and cells that are not
+/// in ascending order (the first subscript varying fastest) are errors. The layout is ignored. Numbers that are kept for the caller, such as those of
 /// footnotes, styles and axes, may name what does not exist, as in any document.
 ///
 /// A short text can ask for a lot: by large subscripts, by composites whose parts are put in again

@@ -21,9 +21,9 @@ struct XlsxOptions : TableOptions {
   bool mergeRows = true;        ///< row headings that reach over several cells are merged ones
   bool mergeColumns = true;     ///< the same of column headings and of the corner
 
-  /// Told what the workbook does not hold as the document has it: one line for each kind of loss,
-  /// with the count and the place of the first one, before anything is written to the stream. What
-  /// it throws leaves RenderXlsx(). Empty: nobody is told.
+  /// Called once for each kind of loss, with one line that gives the count and the place of the first
+  /// one, before anything is written to the stream; empty: no reports. Exceptions pass through
+  /// RenderXlsx().
   std::function<void(std::string const&)> onLoss;
 };
 

@@ -10,12 +10,12 @@ namespace lakresvos::render {
 /// A document comes from anywhere, and a few words of it can ask for more memory than there is: a
 /// subscript of two billion for as many entries of the store, a composite whose parts name the one
 /// before twice for a text that doubles with each, an axis with a dimension twenty times over for a
-/// grid of more rows than atoms. A fixed limit on any of these would refuse honest tables, which may
-/// be as large as one likes. What tells them apart is the text: an honest document says each thing
-/// that it holds, so that what it takes is in proportion to its length. So there is one budget for
-/// the whole text, a fixed amount for the small documents and an amount for each byte; whoever is
-/// about to follow words that are shorter than what they ask for spends the estimated cost first, and
-/// what the budget does not cover is refused before it is allocated. Costs are estimates from above
+/// grid of more rows than atoms. A fixed limit on any of these would refuse legitimate tables,
+/// which may be of any size. What tells them apart is the text: a legitimate document says each
+/// thing that it holds, so that what it takes is in proportion to its length. So there is one budget for
+/// the whole text, a fixed amount for the small documents and an amount for each byte; a
+/// reader spends the estimated cost before it allocates more than the text's own length, and what the
+/// budget does not cover is refused. Costs are estimates from above
 /// of the memory while reading and while showing the document without empty rows and columns; what
 /// costs no more than its own text, such as a subscript below the number of nodes, is free.
 class ReadBudget {

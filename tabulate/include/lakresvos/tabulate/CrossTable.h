@@ -32,9 +32,9 @@ struct TableRequest {
 /// Counts have the decimals of the weights, percentages 1, means and deviations 2, the others those
 /// of the data. A statistic that cannot be computed is the system-missing value.
 ///
-/// A row that lacks a value in a column of the formula is left out, which a footnote at the title
-/// tells; one that lacks a value of which a statistic is taken is left out of that statistic, which
-/// a footnote at the cell tells.
+/// A row that lacks a value in a column of the formula is left out, as a footnote at the title
+/// says; one that lacks a value of which a statistic is taken is left out of that statistic, as
+/// a footnote at the cell says.
 ///
 /// Takes time linear in the number of rows, and in the number of cells times 2 to the number of row
 /// and column dimensions when totals or percentages are wanted.

@@ -49,7 +49,7 @@ class LAKRESVOS_TABULATE_EXPORT DataColumn {
   /// Whether the categories are texts in any case, even if all values are numbers; false at first.
   bool IsText() const { return text_; }
 
-  /// Has the categories be texts in any case, in the order of the rows.
+  /// Treats the categories as texts even if all values are numbers, in the order of the rows.
   void TreatAsText() { text_ = true; }
 
   /// The number of rows in which the value is missing, whether or not values are kept.
@@ -105,7 +105,7 @@ struct LAKRESVOS_TABULATE_EXPORT DataSet {
 /// @param required the columns to keep.
 /// @param warnings gets a warning of each skipped record.
 /// @throws InputError with file, line and column at fault: for a file that cannot be read, broken
-///         quotes, invalid UTF-8, a missing header, a column name that is there twice, and a
+///         quotes, invalid UTF-8, a missing header, a duplicate column name, and a
 ///         required column that is not there.
 LAKRESVOS_TABULATE_EXPORT DataSet ReadDataSet(std::string const& file,
                                               RequiredColumns const& required,

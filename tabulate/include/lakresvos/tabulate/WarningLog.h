@@ -10,7 +10,7 @@
 
 namespace lakresvos::tabulate {
 
-/// What can be passed over in the data.
+/// What can be skipped in the data.
 enum class Skipped {
   Lines,    ///< records with too few or too many fields
   Weights,  ///< rows without a weight
@@ -23,17 +23,17 @@ enum class Skipped {
 constexpr std::array<Skipped, 5> kAllSkipped = {Skipped::Lines, Skipped::Weights, Skipped::Texts,
                                                 Skipped::Rows, Skipped::Values};
 
-/// Something in the data that was passed over.
+/// Something in the data that was skipped.
 ///
 /// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct Warning {
-  Skipped kind;         ///< what was passed over
+  Skipped kind;         ///< what was skipped
   std::size_t line;     ///< in the data, from 1
   std::string column;   ///< the column's name, or the number of a column without one
   std::string problem;  ///< what was found and what came of it
 };
 
-/// How much of one kind was passed over, and where that starts.
+/// How much of one kind was skipped, and where that starts.
 ///
 /// Thread safety: const operations may run in several threads at once; others need exclusive access.
 struct SkipCount {
@@ -42,7 +42,7 @@ struct SkipCount {
   std::string column;     ///< of that one, as in the Warning
 };
 
-/// Counts by kind what was passed over, and keeps the first warnings by line.
+/// Counts by kind what was skipped, and keeps the first warnings by line.
 ///
 /// Thread safety: const operations may run in several threads at once; others need exclusive access.
 class LAKRESVOS_TABULATE_EXPORT WarningLog {
@@ -50,10 +50,10 @@ class LAKRESVOS_TABULATE_EXPORT WarningLog {
   /// The number of warnings that are kept.
   static constexpr std::size_t kMaxKept = 100;
 
-  /// Counts what is passed over and keeps a warning of it. Takes constant time, amortized.
+  /// Counts what is skipped and keeps a warning of it. Takes constant time, amortized.
   void Add(Warning warning);
 
-  /// Counts what is passed over without a warning.
+  /// Counts what is skipped without a warning.
   /// @param line   from 1.
   /// @param column as in a Warning.
   void Count(Skipped kind, std::size_t line, std::string const& column);

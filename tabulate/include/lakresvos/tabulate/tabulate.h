@@ -11,8 +11,8 @@
 /// 5. RowWeights: how often each row counts, if not once;
 /// 6. MakeCrossTable(): makes the pivot table, which a document takes and a renderer shows.
 ///
-/// What the author of the input has to correct is thrown as an InputError. What is passed over in the
-/// data is told by a WarningLog.
+/// What the author of the input has to correct is thrown as an InputError. A WarningLog
+/// records what was skipped in the data.
 
 #include <lakresvos/tabulate/ColumnNumbers.h>
 #include <lakresvos/tabulate/CrossTable.h>
