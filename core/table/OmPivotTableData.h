@@ -48,7 +48,7 @@ struct OmPivotTable::PointerVector : OmVector<void*> {
 ///
 /// 1. Until the first write, `cells` is null; from then on, each path down to a cell has one node
 ///    per dimension. Writing makes the missing nodes apart, from the bottom up, and hooks them in
-///    last, so that a failure leaves no half of a path.
+///    last, so that a failure leaves no partial path.
 /// 2. A node may hold nulls alone, after cells were cleared by writing null. Walks and searches pass
 ///    over it; only deleting a cell removes such nodes, for a client can tell the two apart.
 /// 3. Each cell is in the region and in one slot.
@@ -169,7 +169,7 @@ struct OmPivotTable::Data : OmMemoryRegion {
   /// Gives back `node`, which belongs to `level`, and the nodes below it on the path of `index`.
   static void ReleasePath(PointerVector* node, std::size_t level, std::vector<int> const& index);
 
-  /// Deletes every cell. The nodes stay as they are torn, for the region to take back.
+  /// Deletes every cell. The nodes are left half emptied, for the region to release.
   void DeleteCells();
 };
 

@@ -174,8 +174,8 @@ class LAKRESVOS_EXPORT OmChart : public OmOutputPart {
   /// Whether there is a map-info block.
   bool hasMap() const;
 
-  /// Reads the four texts of the map-info block; leaves them alone when there is none. Of a block
-  /// that is too short come the bytes that are there, and empty texts for the rest.
+  /// Reads the four texts of the map-info block; leaves them alone when there is none. A block
+  /// that is too short gives the bytes that it has, and empty texts for the rest.
   /// @throws std::bad_alloc; all four texts are then as they were.
   void getMapInfo(std::string& s1, std::string& s2, std::string& s3, std::string& s4);
 

@@ -81,8 +81,8 @@ for (const [document, sign] of [[survey, 1], [rightToLeft, -1]]) {
       for (const column of columns) {
         for (const { right, inside } of column) {
           assert.ok(Math.abs(right - column[0].right) < 0.5, `${right} and ${column[0].right}`);
-          assert.ok(right < 0 && right > -40, "the numbers stand at the right");
-          assert.ok(inside <= 0, "the mark stands in its cell");
+          assert.ok(right < 0 && right > -40, "the numbers are at the right");
+          assert.ok(inside <= 0, "the mark is in its cell");
         }
       }
     });
@@ -229,7 +229,7 @@ test("labels of wide and tall blocks stay in view while their block is", async (
   });
 });
 
-// The lines of each label of a table, as the words and pieces of words that stand on them.
+// The lines of each label of a table, as the words and pieces of words that are on them.
 const linesOfLabels = (page, table) => page.locator(".pivot-table").nth(table).evaluate((one) =>
   [...one.querySelectorAll("th")].map((cell) => {
     const lines = [];
@@ -288,7 +288,7 @@ test("a note has one link back, to the mark that led to it", async () => {
   });
 });
 
-test("the switch stands below the title and says the layer alone", async () => {
+test("the switch is below the title and says the layer alone", async () => {
   await open(survey, async (page) => {
     const pivot = page.locator(".pivot.switched");
     const title = await pivot.locator(".title:visible").boundingBox();

@@ -43,7 +43,7 @@ class CELLS_EXPORT OmComposite : public OmCellText {
   /// so that pieces without a text count too. Few bytes of nested patterns can ask for more text
   /// than there is memory for; a caller that reads patterns from outside checks this before
   /// GetText().
-  /// @param limit where to stop counting: of a higher cost, only that it is above this is told.
+  /// @param limit where to stop counting: a higher cost is reported only as some value above it.
   /// @throws std::bad_alloc.
   std::size_t TextCost(std::size_t limit) const;
 

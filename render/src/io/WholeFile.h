@@ -6,8 +6,8 @@
 
 namespace lakresvos::render {
 
-/// A file that is there as a whole or not at all: what is written goes to a draft beside it, which
-/// Commit() puts in its place. Without Commit() the draft goes and the file stays as it was.
+/// Writes a file atomically: what is written goes to a draft beside it, which Commit() puts in its
+/// place. Without Commit() the draft is deleted and the file stays as it was.
 class WholeFile {
  public:
   /// @param path a file that is there keeps its permissions, a symbolic link to one stays a link.
