@@ -2,6 +2,7 @@
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmOutputTree.h>
 #include <lakresvos/OmTextBlock.h>
+#include <lakresvos/render/OutputFile.h>
 #include <lakresvos/render/XlsxRenderer.h>
 
 #include "content/CellText.h"
@@ -10,7 +11,6 @@
 #include "content/Placeholder.h"
 #include "grid/DocumentWalk.h"
 #include "io/LibraryCall.h"
-#include "io/WholeFile.h"
 #include "unicode/CleanText.h"
 #include "unicode/Utf16.h"
 #include "xlsx/Contents.h"
@@ -109,9 +109,9 @@ void RenderXlsx(OmOutputTree const& tree, std::ostream& out, XlsxOptions const& 
 
 void RenderXlsx(OmOutputTree const& tree, std::filesystem::path const& file,
                 XlsxOptions const& options) {
-  WholeFile whole(file);
-  RenderXlsx(tree, whole.Stream(), options);
-  whole.Commit();
+  OutputFile out(file);
+  RenderXlsx(tree, out.Stream(), options);
+  out.Commit();
 }
 
 }  // namespace lakresvos::render

@@ -70,6 +70,14 @@ TEST_F(XlsxFileTest, LinkStaysALink) {
   EXPECT_TRUE(IsArchive(ReadFile(target)));
 }
 
+TEST_F(XlsxFileTest, DanglingLinkStaysALinkToTheNewFile) {
+  fs::create_symlink("target.xlsx", file_);
+  Render();
+  EXPECT_TRUE(fs::is_symlink(file_));
+  EXPECT_TRUE(IsArchive(ReadFile(directory_.Path("target.xlsx"))));
+  EXPECT_EQ(directory_.Entries(), 2u);
+}
+
 TEST_F(XlsxFileTest, StaysAsItWasWhenTheDocumentHasNoRoom) {
   directory_.Write("report.xlsx", "former");
   AddTableThatIsTooWide();
@@ -92,8 +100,11 @@ TEST_F(XlsxFileTest, ErrorNamesTheFile) {
   EXPECT_EQ(directory_.Entries(), 0u);
 }
 
-TEST_F(XlsxFileTest, WhatIsNoRegularFileIsNotReplaced) {
+TEST_F(XlsxFileTest, WhatIsNoRegularFileIsWrittenToDirectly) {
   file_ = "/dev/null";
-  EXPECT_EQ(Failure(), "/dev/null: Invalid argument");
+  EXPECT_EQ(Failure(), "no error");
+  EXPECT_TRUE(fs::is_character_file(file_));
+  file_ = "/dev/full";
+  EXPECT_EQ(Failure(), "/dev/full: No space left on device");
   EXPECT_TRUE(fs::is_character_file(file_));
 }

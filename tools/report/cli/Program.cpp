@@ -16,12 +16,11 @@
 #include <vector>
 
 #include <lakresvos/OmOutputTree.h>
+#include <lakresvos/render/OutputFile.h>
 #include <lakresvos/tabulate/InputError.h>
 #include <lakresvos/tabulate/Quoting.h>
 
-#include "cli/DescriptorBuffer.h"
 #include "cli/Options.h"
-#include "cli/OutputFile.h"
 #include "cli/SkipMessages.h"
 #include "document/Document.h"
 #include "document/Rendering.h"
@@ -49,24 +48,6 @@ std::unique_ptr<OmOutputTree> MakeDocument(Options const& options, tabulate::War
   return document;
 }
 
-/// Standard output; says why it cannot be written.
-class StandardOutput {
- public:
-  std::ostream& Stream() { return stream_; }
-
-  /// @throws InputError when any of it could not be written.
-  void Flush() {
-    if (!stream_.flush()) {
-      throw tabulate::InputError(std::string(kStandardOutput) + ": " +
-                                 std::generic_category().message(buffer_.Error()));
-    }
-  }
-
- private:
-  DescriptorBuffer buffer_{STDOUT_FILENO};
-  std::ostream stream_{&buffer_};
-};
-
 /// Renders the document; an error of the system names the output.
 std::vector<std::string> RenderTo(std::string const& name, OmOutputTree const& document,
                                   Options const& options, std::ostream& out) {
@@ -81,7 +62,7 @@ std::vector<std::string> RenderTo(std::string const& name, OmOutputTree const& d
 /// it.
 /// @return what the format could not hold.
 std::vector<std::string> Write(OmOutputTree const& document, Options const& options,
-                               StandardOutput& out) {
+                               render::OutputFile& out) {
   if (options.outputFile.empty()) {
     std::ostringstream held;
     std::vector<std::string> losses =
@@ -89,13 +70,13 @@ std::vector<std::string> Write(OmOutputTree const& document, Options const& opti
     if (options.strict && losses.empty()) {
       out.Stream() << held.view();
     }
-    out.Flush();
+    out.Commit();
     return losses;
   }
   RefuseToOverwrite(options.dataFile, "data file", options.outputFile);
   RefuseToOverwrite(options.documentFile, "saved document", options.outputFile);
   RefuseToOverwrite(options.styleFile, "style file", options.outputFile);
-  OutputFile file(options.outputFile);
+  render::OutputFile file(options.outputFile);
   std::vector<std::string> losses = RenderTo(options.outputFile, document, options, file.Stream());
   if (!options.strict || losses.empty()) {
     file.Commit();
@@ -107,7 +88,7 @@ void PrintMessage(std::string_view message) {
   std::cerr << "lakresvos-report: " << tabulate::Shorten(tabulate::EscapeControls(message)) << '\n';
 }
 
-int Run(Options const& options, StandardOutput& out) {
+int Run(Options const& options, render::OutputFile& out) {
   if (options.format == OutputFormat::Xlsx && options.outputFile.empty() && isatty(STDOUT_FILENO)) {
     throw tabulate::InputError("refusing to write a workbook to a terminal; use -o FILE");
   }
@@ -143,16 +124,14 @@ int RunProgram(int argc, char const* const* argv) {
   OpenStandardFiles();
   std::signal(SIGXFSZ, SIG_IGN);  // so that the write fails, which is reported
   try {
-    StandardOutput out;
+    render::OutputFile out(STDOUT_FILENO, kStandardOutput);
     if (std::optional<Options> const options = ParseCommandLine(argc, argv, out.Stream())) {
       return Run(*options, out);
     }
-    out.Flush();
+    out.Commit();
     return 0;
   } catch (std::bad_alloc const&) {
     PrintMessage("out of memory");
-  } catch (std::system_error const& error) {
-    PrintMessage(error.code().message());
   } catch (std::exception const& error) {
     PrintMessage(error.what());
   }

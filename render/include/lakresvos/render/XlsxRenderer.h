@@ -79,16 +79,14 @@ struct XlsxOptions : TableOptions {
 LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree const& tree, std::ostream& out,
                                         XlsxOptions const& options = {});
 
-/// As above, to a file that is there as a whole or not at all: the workbook is written to a file
-/// beside it, which then takes its place. When anything is thrown, nothing of that is left and a
-/// file that was there is as it was.
+/// As above, to a file that is there as a whole or not at all; see OutputFile.h. When anything is
+/// thrown, a file that was there is as it was.
 ///
 /// @param tree the document; neither it nor its items are changed.
-/// @param file a file that is there is replaced and keeps its permissions; a symbolic link to one
-///        stays a link.
+/// @param file a file that is there is replaced and keeps its permissions; a symbolic link stays a
+///        link, and what it names is written; what is no regular file is written to directly.
 /// @param options see XlsxOptions.
-/// @throws as above; std::system_error that names the file when it cannot be written or is no
-///         regular file.
+/// @throws as above; std::system_error that names the file when it cannot be written.
 LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree const& tree, std::filesystem::path const& file,
                                         XlsxOptions const& options = {});
 

@@ -101,6 +101,18 @@ TEST(Program, WritesTheSameToAFile) {
   EXPECT_EQ(ReadFile(directory.Path("out.txt")), printed);
 }
 
+TEST(Program, WritesTheFileThatADanglingLinkNames) {
+  for (std::string const format : {"text", "xlsx"}) {
+    TemporaryDirectory const directory;
+    std::filesystem::create_symlink("target", directory.Path("link"));
+    ReportRun const run =
+        RunReport({DataPath("titanic.csv"), "--format", format, "-o", directory.Path("link")});
+    EXPECT_EQ(run.err, "");
+    EXPECT_TRUE(std::filesystem::is_symlink(directory.Path("link")));
+    EXPECT_NE(ReadFile(directory.Path("target")), "");
+  }
+}
+
 TEST(Program, WrapsTextAtTheWidth) {
   std::vector<std::string> const wide{DataPath("titanic.csv"), "--table",
                                       "Class ~ Sex * Age * Survived"};

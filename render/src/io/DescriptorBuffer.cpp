@@ -1,10 +1,10 @@
-#include "cli/DescriptorBuffer.h"
+#include "io/DescriptorBuffer.h"
 
 #include <cerrno>
 
-#include "cli/WriteAll.h"
+#include "io/WriteAll.h"
 
-namespace lakresvos::report {
+namespace lakresvos::render {
 
 DescriptorBuffer::DescriptorBuffer(int descriptor) : descriptor_(descriptor), pending_(1 << 16) {
   setp(pending_.data(), pending_.data() + pending_.size());
@@ -29,4 +29,4 @@ int DescriptorBuffer::sync() {
   return error_ == 0 ? 0 : -1;
 }
 
-}  // namespace lakresvos::report
+}  // namespace lakresvos::render

@@ -1,10 +1,10 @@
-#ifndef LAKRESVOS_REPORT_CLI_DESCRIPTOR_H
-#define LAKRESVOS_REPORT_CLI_DESCRIPTOR_H
+#ifndef LAKRESVOS_RENDER_IO_DESCRIPTOR_H
+#define LAKRESVOS_RENDER_IO_DESCRIPTOR_H
 
 #include <unistd.h>
 #include <utility>
 
-namespace lakresvos::report {
+namespace lakresvos::render {
 
 /// Owns a file descriptor and closes it; -1 when there is none.
 class Descriptor {
@@ -28,6 +28,6 @@ class Descriptor {
   int number_;
 };
 
-}  // namespace lakresvos::report
+}  // namespace lakresvos::render
 
 #endif

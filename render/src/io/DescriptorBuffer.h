@@ -1,10 +1,10 @@
-#ifndef LAKRESVOS_REPORT_CLI_DESCRIPTORBUFFER_H
-#define LAKRESVOS_REPORT_CLI_DESCRIPTORBUFFER_H
+#ifndef LAKRESVOS_RENDER_IO_DESCRIPTORBUFFER_H
+#define LAKRESVOS_RENDER_IO_DESCRIPTORBUFFER_H
 
 #include <streambuf>
 #include <vector>
 
-namespace lakresvos::report {
+namespace lakresvos::render {
 
 /// A stream buffer that writes to a file descriptor and keeps the error when it cannot.
 ///
@@ -27,6 +27,6 @@ class DescriptorBuffer : public std::streambuf {
   std::vector<char> pending_;
 };
 
-}  // namespace lakresvos::report
+}  // namespace lakresvos::render
 
 #endif

@@ -1,4 +1,4 @@
-#include "cli/DescriptorBuffer.h"
+#include "io/DescriptorBuffer.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -6,10 +6,10 @@
 #include <ostream>
 #include <string>
 
-#include "cli/Descriptor.h"
+#include "io/Descriptor.h"
 #include "support/TemporaryDirectory.h"
 
-using namespace lakresvos::report;
+using namespace lakresvos::render;
 
 TEST(DescriptorBuffer, WritesAllThatIsFlushed) {
   TemporaryDirectory const directory;

@@ -1,11 +1,11 @@
-#ifndef LAKRESVOS_REPORT_CLI_WRITEALL_H
-#define LAKRESVOS_REPORT_CLI_WRITEALL_H
+#ifndef LAKRESVOS_RENDER_IO_WRITEALL_H
+#define LAKRESVOS_RENDER_IO_WRITEALL_H
 
 #include <cerrno>
 #include <string_view>
 #include <unistd.h>
 
-namespace lakresvos::report {
+namespace lakresvos::render {
 
 /// Writes all of the bytes to a file descriptor.
 /// @return false when that failed; errno says why.
@@ -21,6 +21,6 @@ inline bool WriteAll(int descriptor, std::string_view bytes) {
   return true;
 }
 
-}  // namespace lakresvos::report
+}  // namespace lakresvos::render
 
 #endif

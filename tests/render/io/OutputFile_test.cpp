@@ -1,19 +1,20 @@
-#include "cli/OutputFile.h"
-
 #include <cerrno>
+#include <csignal>
 #include <cstdarg>
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <system_error>
 #include <unistd.h>
 
-#include "support/ErrorOf.h"
+#include <lakresvos/render/OutputFile.h>
+
 #include "support/TemporaryDirectory.h"
 
-using namespace lakresvos::report;
-using namespace lakresvos::tabulate;
+using lakresvos::render::OutputFile;
 
 namespace fs = std::filesystem;
 
@@ -22,6 +23,37 @@ namespace {
 enum class FileSystem { Whole, WithoutUnnamedFiles, WithoutLinking };
 
 FileSystem fileSystem = FileSystem::Whole;
+
+/// No file grows beyond a few bytes while the object lives.
+class SmallFiles {
+ public:
+  explicit SmallFiles(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &former_);
+    rlimit const small{bytes, former_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+  }
+  SmallFiles(SmallFiles const&) = delete;
+  SmallFiles& operator=(SmallFiles const&) = delete;
+  ~SmallFiles() {
+    setrlimit(RLIMIT_FSIZE, &former_);
+    std::signal(SIGXFSZ, handler_);
+  }
+
+ private:
+  rlimit former_{};
+  void (*handler_)(int);
+};
+
+/// The text of the error of the system that `action` ends with; "none" when it ends without.
+template <class Action>
+std::string ErrorOf(Action action) {
+  try {
+    action();
+  } catch (std::system_error const& error) {
+    return error.what();
+  }
+  return "none";
+}
 
 }  // namespace
 
@@ -142,6 +174,50 @@ TEST(OutputFile, IgnoresTemporaryFilesOfOthers) {
   file.Commit();
   EXPECT_EQ(ReadFile(path), "after");
   EXPECT_EQ(directory.Entries(), 2u);
+}
+
+TEST(OutputFile, SeveralOfOneNameDoNotMeet) {
+  TemporaryDirectory const directory;
+  OutputFile first(directory.Path("file"));
+  OutputFile second(directory.Path("file"));
+  first.Stream() << "first";
+  second.Stream() << "second";
+  second.Commit();
+  first.Commit();
+  EXPECT_EQ(ReadFile(directory.Path("file")), "first");
+  EXPECT_EQ(directory.Entries(), 1u);
+}
+
+TEST(OutputFile, StaysAsItWasWhenThereIsNoRoom) {
+  TemporaryDirectory const directory;
+  std::string const name = directory.Write("file", "former");
+  OutputFile file(name);
+  SmallFiles const small(1000);
+  file.Stream() << std::string(100000, 'x');
+  EXPECT_EQ(ErrorOf([&] { file.Commit(); }), name + ": File too large");
+  EXPECT_EQ(ReadFile(name), "former");
+  EXPECT_EQ(directory.Entries(), 1u);
+}
+
+TEST(OutputFile, WritesToAnOpenFileDirectly) {
+  TemporaryDirectory const directory;
+  std::string const name = directory.Write("file", "former");
+  int const descriptor = ::open(name.c_str(), O_WRONLY | O_APPEND);
+  {
+    OutputFile file(descriptor, "the log");
+    file.Stream() << " and new";
+    file.Commit();
+  }
+  EXPECT_EQ(::close(descriptor), 0) << "it is the caller's to close";
+  EXPECT_EQ(ReadFile(name), "former and new");
+}
+
+TEST(OutputFile, ErrorOfAnOpenFileSaysWhatItIsCalled) {
+  int const full = ::open("/dev/full", O_WRONLY);
+  OutputFile file(full, "standard output");
+  file.Stream() << "text";
+  EXPECT_EQ(ErrorOf([&] { file.Commit(); }), "standard output: No space left on device");
+  ::close(full);
 }
 
 // File systems that have no files without names
