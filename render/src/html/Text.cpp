@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "unicode/CleanText.h"
+#include "unicode/CodePoint.h"
 
 namespace lakresvos::render {
 
@@ -60,12 +61,11 @@ bool IsBlank(std::string_view text) {
 }
 
 bool HasWideWord(std::string_view text) {
-  constexpr std::ptrdiff_t kMaxNarrow = 12;  // in characters, as what page.css has room for
-  constexpr std::ptrdiff_t kMaxWhole = 24;
-  auto const starts = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
+  constexpr std::size_t kMaxNarrow = 12;  // in characters, as what page.css has room for
+  constexpr std::size_t kMaxWhole = 24;
   while (!text.empty()) {
     std::string_view const word = text.substr(0, text.find_first_of(kSpaces));
-    auto const length = std::count_if(word.begin(), word.end(), starts);
+    std::size_t const length = CountCodePoints(word);
     if (length > kMaxNarrow && length <= kMaxWhole) {
       return true;
     }

@@ -15,14 +15,14 @@ constexpr std::string_view kMarksAtStart = "#+-=:";
 
 /// Whether a text starts with a space or a line end.
 bool StartsWithSpace(std::string_view text) {
-  std::int32_t const code = FirstCodePoint(text).code;
+  std::int32_t const code = DecodeFirst(text).code;
   return code == '\n' || code == '\t' || utf8proc_category(code) == UTF8PROC_CATEGORY_ZS;
 }
 
 /// Where the last character of a text in UTF-8 starts. Requires: the text is not empty.
 std::size_t FindLastCharacter(std::string_view text) {
   std::size_t at = text.size() - 1;
-  while (at > 0 && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U) {
+  while (at > 0 && !StartsCodePoint(text[at])) {
     --at;
   }
   return at;
@@ -30,7 +30,7 @@ std::size_t FindLastCharacter(std::string_view text) {
 
 std::string_view TrimSpaces(std::string_view text) {
   while (!text.empty() && StartsWithSpace(text)) {
-    text.remove_prefix(FirstCodePoint(text).length);
+    text.remove_prefix(DecodeFirst(text).length);
   }
   while (!text.empty() && StartsWithSpace(text.substr(FindLastCharacter(text)))) {
     text = text.substr(0, FindLastCharacter(text));

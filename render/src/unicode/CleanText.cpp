@@ -22,7 +22,7 @@ std::string CleanText(std::string_view text) {
   }
   std::string clean;
   while (!text.empty()) {
-    CodePoint const point = FirstCodePoint(text);
+    CodePoint const point = DecodeFirst(text);
     std::string_view const bytes = text.substr(0, point.length);
     text.remove_prefix(point.length);
     if (point.code != '\r') {

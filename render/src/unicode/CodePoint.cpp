@@ -5,7 +5,7 @@
 
 namespace lakresvos::render {
 
-CodePoint FirstCodePoint(std::string_view text) {
+CodePoint DecodeFirst(std::string_view text) {
   utf8proc_int32_t code = -1;
   auto const* bytes = reinterpret_cast<utf8proc_uint8_t const*>(text.data());
   utf8proc_ssize_t const length =
@@ -13,12 +13,16 @@ CodePoint FirstCodePoint(std::string_view text) {
   return length > 0 ? CodePoint{code, static_cast<std::size_t>(length)} : CodePoint{-1, 1};
 }
 
+std::size_t CountCodePoints(std::string_view text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), StartsCodePoint));
+}
+
 bool IsUtf8(std::string_view text) {
   if (IsPlainAscii(text)) {
     return true;
   }
   while (!text.empty()) {
-    CodePoint const point = FirstCodePoint(text);
+    CodePoint const point = DecodeFirst(text);
     if (point.code < 0) {
       return false;
     }

@@ -17,8 +17,17 @@ struct CodePoint {
   std::size_t length;
 };
 
+/// Decodes the start of a text.
 /// Requires: `text` is not empty.
-CodePoint FirstCodePoint(std::string_view text);
+CodePoint DecodeFirst(std::string_view text);
+
+/// Whether a byte of a text in UTF-8 starts a code point rather than goes on with one.
+inline bool StartsCodePoint(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+}
+
+/// How many code points start in a text in UTF-8.
+std::size_t CountCodePoints(std::string_view text);
 
 /// Whether a text is UTF-8 from end to end: no surrogates, no overlong forms, nothing above U+10FFFF.
 bool IsUtf8(std::string_view text);

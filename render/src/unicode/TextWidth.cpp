@@ -38,7 +38,7 @@ std::string_view Shown(CodePoint point, std::string_view bytes) {
 std::vector<std::string> PrintableLines(std::string_view text) {
   std::vector<std::string> lines(1);
   while (!text.empty()) {
-    CodePoint const point = FirstCodePoint(text);
+    CodePoint const point = DecodeFirst(text);
     std::string_view const bytes = text.substr(0, point.length);
     text.remove_prefix(point.length);
     if (!IsLineEnd(point.code)) {
@@ -56,12 +56,12 @@ std::vector<std::string> PrintableLines(std::string_view text) {
 }
 
 Grapheme SplitGrapheme(std::string_view& text) {
-  CodePoint previous = FirstCodePoint(text);
+  CodePoint previous = DecodeFirst(text);
   std::size_t length = previous.length;
   int width = utf8proc_charwidth(previous.code);
   utf8proc_int32_t state = 0;
   while (length < text.size()) {
-    CodePoint const next = FirstCodePoint(text.substr(length));
+    CodePoint const next = DecodeFirst(text.substr(length));
     if (utf8proc_grapheme_break_stateful(previous.code, next.code, &state)) {
       break;
     }

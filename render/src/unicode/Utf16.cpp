@@ -15,7 +15,7 @@ std::size_t Units(CodePoint const& point) {
 std::size_t Utf16Length(std::string_view text) {
   std::size_t length = 0;
   while (!text.empty()) {
-    CodePoint const point = FirstCodePoint(text);
+    CodePoint const point = DecodeFirst(text);
     length += Units(point);
     text.remove_prefix(point.length);
   }
@@ -25,7 +25,7 @@ std::size_t Utf16Length(std::string_view text) {
 std::string_view Utf16Prefix(std::string_view text, std::size_t units) {
   std::string_view rest = text;
   while (!rest.empty()) {
-    CodePoint const point = FirstCodePoint(rest);
+    CodePoint const point = DecodeFirst(rest);
     if (Units(point) > units) {
       break;
     }

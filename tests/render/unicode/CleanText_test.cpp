@@ -8,7 +8,7 @@
 
 using lakresvos::render::CleanText;
 using lakresvos::render::CodePoint;
-using lakresvos::render::FirstCodePoint;
+using lakresvos::render::DecodeFirst;
 
 namespace {
 
@@ -62,7 +62,7 @@ RC_GTEST_PROP(CleanText, IsCleanWhateverTheBytes, (std::string const& bytes)) {
   std::string const clean = CleanText(bytes);
   std::string_view rest = clean;
   while (!rest.empty()) {
-    CodePoint const point = FirstCodePoint(rest);
+    CodePoint const point = DecodeFirst(rest);
     RC_ASSERT(point.code >= 0);
     RC_ASSERT(point.code >= ' ' || point.code == '\n' || point.code == '\t');
     rest.remove_prefix(point.length);
