@@ -1,16 +1,15 @@
 #include "style/StyleSheet.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <fstream>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <set>
-#include <string_view>
 #include <system_error>
 #include <utility>
 
+#include <lakresvos/render/JsonSyntax.h>
 #include <lakresvos/tabulate/InputError.h>
 #include <lakresvos/tabulate/Quoting.h>
 
@@ -91,30 +90,11 @@ class StyleSink : public nlohmann::json_sax<nlohmann::json> {
 
   bool parse_error(std::size_t position, std::string const& /*token*/,
                    nlohmann::detail::exception const& error) override {
-    std::string_view const read =
-        std::string_view(text_).substr(0, std::min(position == 0 ? 0 : position - 1, text_.size()));
-    auto const line = std::count(read.begin(), read.end(), '\n') + 1;
-    auto const startsCharacter = [](char c) {
-      return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-    };
-    auto const lineStart = read.begin() + static_cast<std::ptrdiff_t>(read.rfind('\n') + 1);
-    auto const column = std::count_if(lineStart, read.end(), startsCharacter) + 1;
-    throw tabulate::InputError(file_ + ":" + std::to_string(line) + ":" + std::to_string(column) +
-                               ": " + Reason(position, error));
+    throw tabulate::InputError(file_ + ":" +
+                               render::MakeSyntaxError(text_, position, error.what()).what());
   }
 
  private:
-  /// What is wrong with the text, in few words.
-  std::string Reason(std::size_t position, nlohmann::detail::exception const& error) const {
-    if (dynamic_cast<nlohmann::detail::out_of_range const*>(&error) != nullptr) {
-      return "number out of range";
-    }
-    if (std::string_view(error.what()).find("UTF-8") != std::string_view::npos) {
-      return "invalid UTF-8";
-    }
-    return position > text_.size() ? "invalid JSON: unexpected end" : "invalid JSON";
-  }
-
   void StartArea(std::string const& name) {
     std::optional<FormatArea::Area> const area = FindStyleArea(name);
     if (!area) {

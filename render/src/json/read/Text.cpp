@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <lakresvos/render/JsonReader.h>
+#include <lakresvos/render/JsonSyntax.h>
 
 namespace lakresvos::render {
 
@@ -53,29 +54,10 @@ class ValueBuilder : public nlohmann::json_sax<nlohmann::json> {
 
   bool parse_error(std::size_t position, std::string const& /*token*/,
                    nlohmann::detail::exception const& error) override {
-    std::string_view const read =
-        std::string_view(text_).substr(0, std::min(position == 0 ? 0 : position - 1, text_.size()));
-    auto const line = std::count(read.begin(), read.end(), '\n') + 1;
-    std::string_view const before = read.substr(read.rfind('\n') + 1);
-    auto const column = std::count_if(before.begin(), before.end(), [](char c) {
-      return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;  // the first byte of a character
-    });
-    throw JsonError(std::to_string(line) + ":" + std::to_string(column + 1),
-                    Reason(position, error));
+    throw MakeSyntaxError(text_, position, error.what());
   }
 
  private:
-  /// What is wrong with the text, in few words.
-  std::string Reason(std::size_t position, nlohmann::detail::exception const& error) const {
-    if (dynamic_cast<nlohmann::detail::out_of_range const*>(&error) != nullptr) {
-      return "number out of range";
-    }
-    if (std::string_view(error.what()).find("UTF-8") != std::string_view::npos) {
-      return "invalid UTF-8";
-    }
-    return position > text_.size() ? "invalid JSON: unexpected end" : "invalid JSON";
-  }
-
   template <class Value>
   JsonData& Place(Value&& value) {
     JsonData& place = Next();
