@@ -15,7 +15,8 @@ std::string FindReason(bool ended, std::string_view message) {
   if (message.substr(0, kOutOfRange.size()) == kOutOfRange) {
     return "number out of range";
   }
-  if (message.find("UTF-8") != std::string_view::npos) {
+  std::string_view const complaint = message.substr(0, message.find("; last read: "));
+  if (complaint.find("UTF-8") != std::string_view::npos) {
     return "invalid UTF-8";
   }
   return ended ? "invalid JSON: unexpected end" : "invalid JSON";

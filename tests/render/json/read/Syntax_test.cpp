@@ -56,3 +56,8 @@ TEST(JsonSyntax, SaysWhereAndWhy) {
   EXPECT_EQ(FindError("[\"\xFF\"]"), "1:3: invalid UTF-8");
   EXPECT_EQ(FindError("[1e999]"), "1:6: number out of range");
 }
+
+// The parser's message quotes the text, which may itself speak of UTF-8.
+TEST(JsonSyntax, ReasonIsNotReadOutOfTheText) {
+  EXPECT_EQ(FindError("[\"UTF-8\n\"]"), "1:8: invalid JSON");
+}
