@@ -14,6 +14,7 @@
 #include "content/NumberCell.h"
 #include "content/Placeholder.h"
 #include "grid/DocumentWalk.h"
+#include "grid/IdleVisitor.h"
 #include "grid/LayerLine.h"
 #include "html/Chart.h"
 #include "html/Language.h"
@@ -38,18 +39,9 @@ std::string PartId(std::size_t part) {
 }
 
 /// Goes through a document for one purpose, counting its items.
-class PartVisitor : public OmOutputPart::Visitor {
+class PartVisitor : public IdleVisitor {
  public:
   void VisitAll(OmOutputTree const& tree) { render::VisitAll(tree, *this, depth_, part_); }
-
-  void Visit(OmPivotTable& /*table*/) override {}
-  void Visit(OmHeading& /*heading*/) override {}
-  void Visit(OmTextBlock& /*block*/) override {}
-  void Visit(OmPageTitle& /*title*/) override {}
-  void Visit(OmChart& /*chart*/) override {}
-  void Visit(OmAnswerTree& /*tree*/) override {}
-  void Visit(OmModel& /*model*/) override {}
-  void Visit(OmInteractive& /*item*/) override {}
 
  protected:
   std::size_t part_ = 0;

@@ -7,7 +7,7 @@
 #include <lakresvos/render/MarkdownRenderer.h>
 
 #include "content/CellText.h"
-#include "content/Placeholder.h"
+#include "content/PlaceholderVisitor.h"
 #include "grid/DocumentWalk.h"
 #include "grid/LayerLine.h"
 #include "markdown/Table.h"
@@ -22,8 +22,10 @@ std::string Between(char const* marks, std::string const& markdown) {
   return markdown.empty() ? markdown : marks + markdown + marks;
 }
 
-class MarkdownVisitor : public OmOutputPart::Visitor {
+class MarkdownVisitor : public PlaceholderVisitor {
  public:
+  using PlaceholderVisitor::Visit;
+
   MarkdownVisitor(std::ostream& out, MarkdownOptions const& options)
       : out_(out), options_(options) {}
 
@@ -32,16 +34,12 @@ class MarkdownVisitor : public OmOutputPart::Visitor {
   void Visit(OmHeading& heading) override { WriteHeading(GetText(heading.Label())); }
   void Visit(OmTextBlock& block) override;
   void Visit(OmPageTitle& title) override;
-  void Visit(OmChart& chart) override { WritePlaceholder(MakePlaceholder(chart)); }
-  void Visit(OmAnswerTree& tree) override { WritePlaceholder(MakePlaceholder(tree)); }
-  void Visit(OmModel& model) override { WritePlaceholder(MakePlaceholder(model)); }
-  void Visit(OmInteractive& item) override { WritePlaceholder(MakePlaceholder(item)); }
 
   int depth = 0;  ///< of the item that is visited next
 
  private:
   void WriteHeading(std::string const& text);
-  void WritePlaceholder(std::string const& placeholder);
+  void WritePlaceholder(std::string const& placeholder) override;
   void WriteParagraph(std::string const& markdown);
 
   std::ostream& out_;

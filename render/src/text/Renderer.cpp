@@ -13,7 +13,7 @@
 
 #include "content/AreaAlignment.h"
 #include "content/CellText.h"
-#include "content/Placeholder.h"
+#include "content/PlaceholderVisitor.h"
 #include "grid/DocumentWalk.h"
 #include "grid/LayerLine.h"
 #include "text/Table.h"
@@ -48,8 +48,10 @@ std::string MarkLabel(OmCellText const* label, FootnoteMarks const& marks) {
   return shown.text + shown.marks;
 }
 
-class TextVisitor : public OmOutputPart::Visitor {
+class TextVisitor : public PlaceholderVisitor {
  public:
+  using PlaceholderVisitor::Visit;
+
   TextVisitor(std::ostream& out, TextOptions const& options) : out_(out), options_(options) {}
 
   void Visit(OmPivotTable& table) override;
@@ -57,17 +59,13 @@ class TextVisitor : public OmOutputPart::Visitor {
   void Visit(OmHeading& heading) override;
   void Visit(OmTextBlock& block) override;
   void Visit(OmPageTitle& title) override;
-  void Visit(OmChart& chart) override { WritePlaceholder(MakePlaceholder(chart)); }
-  void Visit(OmAnswerTree& tree) override { WritePlaceholder(MakePlaceholder(tree)); }
-  void Visit(OmModel& model) override { WritePlaceholder(MakePlaceholder(model)); }
-  void Visit(OmInteractive& item) override { WritePlaceholder(MakePlaceholder(item)); }
 
   int depth = 0;  ///< of the item that is visited next
 
  private:
   void StartItem();
   void WriteHeading(std::string const& text);
-  void WritePlaceholder(std::string const& placeholder);
+  void WritePlaceholder(std::string const& placeholder) override;
   void WriteAligned(std::string const& text, HorizontalAlignment alignment, int width);
   void WriteLines(std::string const& text, std::string const& indent = {});
 

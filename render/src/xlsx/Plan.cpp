@@ -4,6 +4,7 @@
 
 #include "content/CellText.h"
 #include "grid/DocumentWalk.h"
+#include "grid/IdleVisitor.h"
 #include "xlsx/Sheet.h"
 
 namespace lakresvos::render {
@@ -25,8 +26,10 @@ double CountLayers(OmPivotTable const& table) {
 
 }  // namespace
 
-class XlsxPlan::Visitor : public OmOutputPart::Visitor {
+class XlsxPlan::Visitor : public IdleVisitor {
  public:
+  using IdleVisitor::Visit;
+
   Visitor(XlsxPlan& plan, XlsxOptions const& options) : plan_(plan), options_(options) {}
 
   /// Whether what was visited leaves the rows in files.
@@ -43,11 +46,6 @@ class XlsxPlan::Visitor : public OmOutputPart::Visitor {
     plan_.titles_.emplace(&table, title);
   }
   void Visit(OmChart& chart) override { sheets_ += chart.GetImageData().empty() ? 0 : 1; }
-  void Visit(OmHeading& /*heading*/) override {}
-  void Visit(OmTextBlock& /*block*/) override {}
-  void Visit(OmAnswerTree& /*tree*/) override {}
-  void Visit(OmModel& /*model*/) override {}
-  void Visit(OmInteractive& /*item*/) override {}
 
  private:
   XlsxPlan& plan_;

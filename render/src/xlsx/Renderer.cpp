@@ -8,7 +8,7 @@
 #include "content/CellText.h"
 #include "content/ImageType.h"
 #include "content/Picture.h"
-#include "content/Placeholder.h"
+#include "content/PlaceholderVisitor.h"
 #include "grid/DocumentWalk.h"
 #include "io/LibraryCall.h"
 #include "unicode/CleanText.h"
@@ -24,8 +24,10 @@ namespace {
 /// What the library has room for, in UTF-16 units, which take at most three bytes each.
 constexpr std::size_t kMaxDescription = (LXW_MAX_ATTRIBUTE_LENGTH - 1) / 3;
 
-class XlsxVisitor : public OmOutputPart::Visitor {
+class XlsxVisitor : public PlaceholderVisitor {
  public:
+  using PlaceholderVisitor::Visit;
+
   XlsxVisitor(XlsxContents& contents, XlsxPlan const& plan, XlsxOptions const& options)
       : contents_(contents), plan_(plan), options_(options) {}
 
@@ -49,17 +51,15 @@ class XlsxVisitor : public OmOutputPart::Visitor {
   void Visit(OmChart& chart) override {
     std::string const& image = chart.GetImageData();
     if (image.empty() || ImageType(image) == "image/svg+xml") {
-      contents_.Add(MakePlaceholder(chart));
+      PlaceholderVisitor::Visit(chart);
     } else {
       WritePicture(chart);
     }
   }
 
-  void Visit(OmAnswerTree& tree) override { contents_.Add(MakePlaceholder(tree)); }
-  void Visit(OmModel& model) override { contents_.Add(MakePlaceholder(model)); }
-  void Visit(OmInteractive& item) override { contents_.Add(MakePlaceholder(item)); }
-
  private:
+  void WritePlaceholder(std::string const& placeholder) override { contents_.Add(placeholder); }
+
   void WritePicture(OmChart& chart) {
     std::string const label = GetText(chart.Label());
     auto const sheet = contents_.AddSheet(label, label, "Chart");
