@@ -8,6 +8,30 @@
 
 namespace lakresvos::render {
 
+namespace {
+
+using Parts = OmVectorTree<OmCellText*>;
+
+class PartsVisitor : public OmCellText::Visitor {
+ public:
+  using OmCellText::Visitor::Visit;
+
+  void Visit(OmComposite& label) override { parts = &label.Parts(); }
+
+  Parts const* parts = nullptr;
+};
+
+/// The parts of a label that is a composite; null for any other.
+Parts const* FindParts(OmCellText* label) {
+  PartsVisitor visitor;
+  if (label != nullptr) {
+    label->Accept(visitor);
+  }
+  return visitor.parts;
+}
+
+}  // namespace
+
 CategoryColumns::CategoryColumns(OmDimension const& dimension, LabelTexts& labels) {
   OmVectorTreeWalk<OmDimension::ConstNode> walk(dimension.Root());
   while (walk.Next()) {
@@ -16,9 +40,8 @@ CategoryColumns::CategoryColumns(OmDimension const& dimension, LabelTexts& label
     }
   }
   if (levels_ == 0 && dimension.Root().Value().group) {
-    auto const* const composite = dynamic_cast<OmComposite const*>(dimension.value.label);
-    levels_ =
-        composite != nullptr ? std::max<std::size_t>(composite->Parts().Root().NChildren(), 1) : 1;
+    Parts const* const parts = FindParts(dimension.value.label);
+    levels_ = parts != nullptr ? std::max<std::size_t>(parts->Root().NChildren(), 1) : 1;
   }
   OmVectorTreeWalk<OmDimension::ConstNode> again(dimension.Root());
   while (again.Next()) {
@@ -44,11 +67,11 @@ CategoryColumns::CategoryColumns(OmDimension const& dimension, LabelTexts& label
 }
 
 void CategoryColumns::NameLevels(OmDimension const& dimension, LabelTexts& labels) {
-  OmCellText const* const label = dimension.value.label;
-  auto const* const composite = dynamic_cast<OmComposite const*>(label);
-  if (levels_ > 1 && composite != nullptr && composite->Parts().Root().NChildren() == levels_) {
+  OmCellText* const label = dimension.value.label;
+  Parts const* const parts = FindParts(label);
+  if (levels_ > 1 && parts != nullptr && parts->Root().NChildren() == levels_) {
     for (std::size_t level = 0; level < levels_; ++level) {
-      names_.push_back(labels.Text(composite->Parts().Root()[level].Value()));
+      names_.push_back(labels.Text(parts->Root()[level].Value()));
     }
     return;
   }

@@ -10,6 +10,8 @@
 #include "csv/LongTable.h"
 #include "csv/Record.h"
 #include "csv/UniqueNames.h"
+#include "grid/DocumentWalk.h"
+#include "grid/IdleVisitor.h"
 #include "grid/LayerLine.h"
 #include "grid/RepeatedHeadings.h"
 #include "io/OutputBuffer.h"
@@ -83,15 +85,24 @@ bool IsWritten(OmPivotTable const& table) {
   return table.Show() && !table.IsNotes() && !table.IsWarnings();
 }
 
-std::vector<OmPivotTable*> WrittenTables(OmOutputTree const& tree) {
-  std::vector<OmPivotTable*> tables;
-  for (OmOutputTree::Element const& element : tree.Elements()) {
-    auto* const table = dynamic_cast<OmPivotTable*>(element.value);
-    if (table != nullptr && IsWritten(*table)) {
-      tables.push_back(table);
+class TableVisitor : public IdleVisitor {
+ public:
+  using IdleVisitor::Visit;
+
+  void Visit(OmPivotTable& table) override {
+    if (IsWritten(table)) {
+      tables.push_back(&table);
     }
   }
-  return tables;
+
+  std::vector<OmPivotTable*> tables;
+};
+
+std::vector<OmPivotTable*> FindTables(OmOutputTree const& tree) {
+  TableVisitor visitor;
+  int depth = 0;
+  VisitAll(tree, visitor, depth);
+  return visitor.tables;
 }
 
 std::vector<std::string> MakeNames(std::vector<OmPivotTable*> const& tables,
@@ -108,7 +119,7 @@ std::vector<std::string> MakeNames(std::vector<OmPivotTable*> const& tables,
 }  // namespace
 
 void RenderCsv(OmOutputTree const& tree, std::ostream& out, CsvOptions const& options) {
-  std::vector<OmPivotTable*> const tables = WrittenTables(tree);
+  std::vector<OmPivotTable*> const tables = FindTables(tree);
   if (tables.empty()) {
     return;
   }

@@ -37,9 +37,22 @@ std::vector<Category> FindCategories(OmDimension const& dimension) {
   return categories;
 }
 
-double NumberAt(OmPivotTable const& table, std::vector<int> const& index) {
-  auto const* const number = dynamic_cast<OmNumber const*>(table.Cell(index));
-  return number != nullptr ? number->Value() : std::numeric_limits<double>::quiet_NaN();
+class NumberVisitor : public OmCellText::Visitor {
+ public:
+  using OmCellText::Visitor::Visit;
+
+  void Visit(OmNumber& cell) override { number = cell.Value(); }
+
+  double number = std::numeric_limits<double>::quiet_NaN();
+};
+
+/// The number in a cell; NaN where there is none.
+double FindNumber(OmPivotTable const& table, std::vector<int> const& index) {
+  NumberVisitor visitor;
+  if (OmCellText* const cell = table.Cell(index)) {
+    cell->Accept(visitor);
+  }
+  return visitor.number;
 }
 
 }  // namespace
@@ -70,7 +83,7 @@ render::ChartData MakeChartData(OmPivotTable const& table, std::size_t dimension
       if (twoWay) {
         index[1] = one.subscript;
       }
-      data.series.back().values.push_back(NumberAt(table, index));
+      data.series.back().values.push_back(FindNumber(table, index));
     }
   }
   return data;
