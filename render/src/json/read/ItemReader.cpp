@@ -145,12 +145,19 @@ void ReadMap(JsonObject& object, OmChart& chart) {
   Deliver(chart, &OmChart::SetMapInfo, OmChart::MapInfoBlock(info));
 }
 
-Item ReadChart(JsonObject& object) {
+/// Makes an item that has a code page and an id.
+template <class Part>
+std::unique_ptr<Part> MakeNumberedItem(JsonObject& object) {
   std::string const codePage = ReadText(object, "codePage");
   auto const id = object.At("id").Integer<long long>();
   std::unique_ptr<OmCellText> const label = NeedCell(object, "label");
-  auto chart = std::make_unique<OmChart>(*label, codePage, id);
-  chart->setLabel(*label);  // as it is, not in the code page
+  auto item = std::make_unique<Part>(*label, codePage, id);
+  item->setLabel(*label);  // as it is, not in the code page
+  return item;
+}
+
+Item ReadChart(JsonObject& object) {
+  auto chart = MakeNumberedItem<OmChart>(object);
   chart->SetImageSubType(static_cast<ChartXMLContentSubType>(
       ReadInteger<int>(object, "subType", ChartXMLUnspecified)));
   std::array<std::int32_t, 2> const numbers = {ReadInteger(object, "editable", 0),
@@ -197,11 +204,7 @@ Item ReadModel(JsonObject& object) {
 }
 
 Item ReadInteractive(JsonObject& object) {
-  std::string const codePage = ReadText(object, "codePage");
-  auto const id = object.At("id").Integer<long long>();
-  std::unique_ptr<OmCellText> const label = NeedCell(object, "label");
-  auto item = std::make_unique<OmInteractive>(*label, codePage, id);
-  item->setLabel(*label);  // as it is, not in the code page
+  auto item = MakeNumberedItem<OmInteractive>(object);
   ReadPayload(object, "json", *item, &OmInteractive::setInteractiveJSON);
   item->setProcedureName(ReadText(object, "procedureName"));
   item->setJSONPath(ReadText(object, "jsonPath"));
