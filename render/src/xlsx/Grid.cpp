@@ -96,7 +96,8 @@ class XlsxGrid {
       Above const above{
           &cell,
           WantsMerge(cell) && sheet_.Merge(top_ + row, cell.column, cell.rowSpan, cell.columnSpan),
-          std::make_shared<MarkedText const>(notes_.RaisedLabel(cell.label))};
+          std::make_shared<MarkedText const>(
+              MarkedText{notes_.FindText(cell.label), notes_.FindMarks(cell.label)})};
       for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
         above_[static_cast<std::size_t>(c)] = above;
         if (cell.role == GridRole::ColumnHeading && IsTotal(cell.label)) {
@@ -204,7 +205,7 @@ class XlsxGrid {
     style.groupRule = column >= ruleStart_;
     bool const first = cell.row == row && cell.column == column;
     if (above.merged && !first) {
-      sheet_.Blank(top_ + row, column, style);
+      sheet_.FormatEmptyCell(top_ + row, column, style);
     } else {
       sheet_.Text(top_ + row, column, *above.text, style, cell.columnSpan == 1);
     }
@@ -213,7 +214,7 @@ class XlsxGrid {
   void WriteCell(int row, int column, OmCellText* cell, XlsxStyle const& plain) {
     if (cell == nullptr) {
       if (!plain.background.empty() || plain.groupRule) {
-        sheet_.Blank(top_ + row, column, plain);
+        sheet_.FormatEmptyCell(top_ + row, column, plain);
       }
       return;
     }
@@ -227,19 +228,18 @@ class XlsxGrid {
     if (value.has_value() && style.horizontal == HorizontalAlignment::Any) {
       style.horizontal = HorizontalAlignment::Right;
     }
+    std::string const text = cell->GetText();
     if (value.has_value() && std::fabs(value->value) <= kMaxNumber) {
-      MarkedText const shown = notes_.Plain(cell);
-      auto const format = NumberFormat(value->decimals, shown.marks);
-      if (format.has_value() && (shown.marks.empty() || sheet_.HasRoomFor(*format))) {
+      std::string const marks = notes_.RaiseMarks(cell);
+      auto const format = NumberFormat(value->decimals, marks);
+      if (format.has_value() && (marks.empty() || sheet_.HasRoomFor(*format))) {
         style.numberFormat = *format;
-        sheet_.Number(top_ + row, column, value->value, shown.text + shown.marks, style);
-      } else {
-        sheet_.Lose(XlsxLoss::MarkedNumber, top_ + row, column);
-        sheet_.Text(top_ + row, column, {shown.text, notes_.RaisedMarks(cell)}, style);
+        sheet_.Number(top_ + row, column, value->value, text + marks, style);
+        return;
       }
-      return;
+      sheet_.CountLoss(XlsxLoss::MarkedNumber, top_ + row, column);
     }
-    sheet_.Text(top_ + row, column, notes_.Raised(cell), style);
+    sheet_.Text(top_ + row, column, {text, notes_.FindMarks(cell)}, style);
   }
 
   XlsxSheet& sheet_;

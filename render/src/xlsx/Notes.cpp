@@ -1,37 +1,21 @@
 #include "xlsx/Notes.h"
 
-#include "content/CellText.h"
-
 namespace lakresvos::render {
 
-MarkedText XlsxNotes::Raised(OmCellText const* label) {
-  return {GetText(label), RaisedMarks(label)};
-}
-
-MarkedText XlsxNotes::RaisedLabel(OmCellText const* label) {
-  return {labels_.Text(label), RaisedMarks(label)};
-}
-
-MarkedText XlsxNotes::PlainLabel(OmCellText const* label) {
-  if (label != nullptr) {
-    use_.Show(*label);
-  }
-  return ShowLabel(label, marks_);
-}
-
-std::string XlsxNotes::RaisedMarks(OmCellText const* label) {
-  if (label == nullptr) {
+std::string XlsxNotes::FindMarks(OmCellText const* text) {
+  if (text == nullptr) {
     return {};
   }
-  use_.Show(*label);
-  return marks_.Footnotes().Marks(*label);
+  use_.Show(*text);
+  return marks_.Footnotes().Marks(*text);
 }
 
-MarkedText XlsxNotes::Plain(OmCellText const* label) {
-  if (label != nullptr) {
-    use_.Show(*label);
+std::string XlsxNotes::RaiseMarks(OmCellText const* text) {
+  if (text == nullptr) {
+    return {};
   }
-  return ShowCell(label, marks_);
+  use_.Show(*text);
+  return marks_.Find(*text);
 }
 
 std::vector<std::string> XlsxNotes::EndSheet(bool last) {

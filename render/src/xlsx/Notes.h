@@ -18,20 +18,14 @@ class XlsxNotes {
   XlsxNotes(XlsxNotes const&) = delete;
   XlsxNotes& operator=(XlsxNotes const&) = delete;
 
-  /// A label or cell with its marks as they are, to be raised; nothing for a null one.
-  MarkedText Raised(OmCellText const* label);
-
-  /// Likewise a label that may be shown in several layers; its text is asked for once.
-  MarkedText RaisedLabel(OmCellText const* label);
-
-  /// Likewise as a text that needs no raising.
-  MarkedText PlainLabel(OmCellText const* label);
+  /// The text of a label that may be shown in several layers, asked for once; nothing for a null one.
+  std::string const& FindText(OmCellText const* label) { return labels_.Text(label); }
 
   /// The marks of a label or cell as they are, to be raised; none for a null one.
-  std::string RaisedMarks(OmCellText const* label);
+  std::string FindMarks(OmCellText const* text);
 
-  /// A label or cell with its marks as a text that needs no raising; nothing for a null one.
-  MarkedText Plain(OmCellText const* label);
+  /// The marks of a label or cell as text that needs no raising; none for a null one.
+  std::string RaiseMarks(OmCellText const* text);
 
   /// The notes that the sheet lists, each after its mark. Ends the sheet.
   /// @param last whether it is the table's last one, which lists the notes that no sheet uses.

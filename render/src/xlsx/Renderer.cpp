@@ -77,7 +77,7 @@ class XlsxVisitor : public PlaceholderVisitor {
                                                image.size(), &options);
     };
     if (!(IsWholePng(image) || IsWholeJpeg(image)) || insert() != LXW_NO_ERROR) {
-      sheet->Lose(XlsxLoss::BadPicture, row, 0);
+      sheet->CountLoss(XlsxLoss::BadPicture, row, 0);
       sheet->Lines(
           row, {MakePlaceholder(chart) + " The picture is damaged or in an unknown format.", ""},
           XlsxStyle());

@@ -137,7 +137,7 @@ void XlsxSheet::Text(int row, int column, MarkedText const& text, XlsxStyle cons
   std::string clean = CleanText(text.text);
   std::string marks = CleanText(text.marks);
   if (!FitsCell(clean, marks)) {
-    Lose(XlsxLoss::LongText, row, column);
+    CountLoss(XlsxLoss::LongText, row, column);
     clean = "[A text of " + std::to_string(Utf16Length(clean + marks)) +
             " characters, too long for a cell]";
     if (!FitsCell(clean, marks)) {
@@ -195,7 +195,7 @@ void XlsxSheet::WriteText(int row, int column, std::string const& text, std::str
   auto const rowNumber = static_cast<lxw_row_t>(row);
   auto const columnNumber = static_cast<lxw_col_t>(column);
   if (text.empty() && marks.empty()) {
-    Blank(row, column, style);
+    FormatEmptyCell(row, column, style);
     return;
   }
   XlsxStyle raised = style;
@@ -229,7 +229,7 @@ void XlsxSheet::Number(int row, int column, double value, std::string const& sho
                                value, book_.Format(style)));
 }
 
-void XlsxSheet::Blank(int row, int column, XlsxStyle const& style) {
+void XlsxSheet::FormatEmptyCell(int row, int column, XlsxStyle const& style) {
   CheckPlace(row, column);
   Check(worksheet_write_blank(sheet_, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
                               book_.Format(style)));
@@ -258,7 +258,7 @@ bool XlsxSheet::Merge(int row, int column, int rows, int columns) {
   return true;
 }
 
-void XlsxSheet::Lose(XlsxLoss kind, int row, int column) {
+void XlsxSheet::CountLoss(XlsxLoss kind, int row, int column) {
   char cell[LXW_MAX_CELL_NAME_LENGTH];
   lxw_rowcol_to_cell(cell, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column));
   book_.Losses().Add(kind, QuoteName(name_) + '!' + cell);

@@ -43,7 +43,7 @@ class XlsxSheet {
   void Number(int row, int column, double value, std::string const& shown, XlsxStyle const& style);
 
   /// Gives a cell without content a style.
-  void Blank(int row, int column, XlsxStyle const& style);
+  void FormatEmptyCell(int row, int column, XlsxStyle const& style);
 
   /// Writes a line, as Lines() does, that leads to another sheet.
   void Link(int row, std::string const& sheet, std::string const& text, XlsxStyle const& style);
@@ -70,7 +70,7 @@ class XlsxSheet {
   }
 
   /// Counts something that the workbook cannot hold as it is.
-  void Lose(XlsxLoss kind, int row, int column);
+  void CountLoss(XlsxLoss kind, int row, int column);
 
   /// Sets the widths and levels of the columns, and how the sheet is printed.
   void Finish();

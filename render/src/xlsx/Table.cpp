@@ -51,10 +51,9 @@ class TableSheets {
     if (grid == nullptr) {
       return {};
     }
-    auto const plain = [&](auto label) { return notes_.PlainLabel(label).text; };
+    auto const plain = [&](auto label) { return notes_.FindText(label); };
     auto const marked = [&](auto label) {
-      MarkedText const shown = notes_.PlainLabel(label);
-      return shown.text + shown.marks;
+      return notes_.FindText(label) + notes_.RaiseMarks(label);
     };
     return {LayerLine(grid->LayerLabels(), plain), LayerLine(grid->LayerLabels(), marked)};
   }
@@ -69,7 +68,7 @@ class TableSheets {
     row_ = 1;
     XlsxStyle bold;
     bold.bold = true;
-    WriteLines({title_, notes_.RaisedMarks(FindHeadline(table_))}, bold, FormatArea::AreaTitle);
+    WriteLines({title_, notes_.FindMarks(FindHeadline(table_))}, bold, FormatArea::AreaTitle);
   }
 
   void WriteLayer(DisplayGrid const& grid, std::string const& name, bool first) {
@@ -84,7 +83,7 @@ class TableSheets {
   }
 
   void End(bool last) {
-    MarkedText const caption{captionText_, notes_.RaisedMarks(caption_)};
+    MarkedText const caption{captionText_, notes_.FindMarks(caption_)};
     XlsxStyle const style = ApplyArea(XlsxStyle(), table_, FormatArea::AreaFootnotes);
     for (std::string const& note : notes_.EndSheet(last)) {
       row_ = sheet_->Lines(row_, {note, ""}, style);
