@@ -13,7 +13,7 @@ bool IsLetter(char c) {
 }
 
 /// The raised form of an ASCII character, empty when it has none.
-std::string_view Raised(char c) {
+std::string_view RaiseCharacter(char c) {
   static constexpr std::array<std::string_view, 26> kLetters = {
       "ᵃ", "ᵇ", "ᶜ", "ᵈ", "ᵉ", "ᶠ", "ᵍ", "ʰ", "ⁱ", "ʲ", "ᵏ", "ˡ", "ᵐ",
       "ⁿ", "ᵒ", "ᵖ", "",  "ʳ", "ˢ", "ᵗ", "ᵘ", "ᵛ", "ʷ", "ˣ", "ʸ", "ᶻ"};
@@ -30,11 +30,11 @@ std::string_view Raised(char c) {
 
 /// The raised form of a mark; empty when some character has none, and for several letters, which
 /// would be hard to read and of which some could not be raised.
-std::string Raised(std::string const& mark) {
+std::string RaiseMark(std::string const& mark) {
   std::string raised;
   for (char const c : mark) {
     bool const ascii = static_cast<unsigned char>(c) < 0x80;
-    std::string_view const form = ascii ? Raised(c) : std::string_view(&c, 1);
+    std::string_view const form = ascii ? RaiseCharacter(c) : std::string_view(&c, 1);
     if (form.empty()) {
       return {};
     }
@@ -53,7 +53,7 @@ std::string FootnoteMarks::Find(OmCellText const& text) const {
   bool open = false;  // whether a bracket is
   for (std::size_t const footnote : footnotes_.Find(text)) {
     std::string const& mark = footnotes_.Mark(footnote);
-    std::string const raised = RaisedForm(mark);
+    std::string const raised = FindRaisedForm(mark);
     shown += open && !raised.empty() ? "]" : "";
     shown += shown.empty() ? "" : ",";
     shown += !open && raised.empty() ? "[" : "";
@@ -65,7 +65,7 @@ std::string FootnoteMarks::Find(OmCellText const& text) const {
 
 std::string FootnoteMarks::Note(std::size_t footnote) const {
   std::string const& mark = footnotes_.Mark(footnote);
-  std::string const raised = RaisedForm(mark);
+  std::string const raised = FindRaisedForm(mark);
   return (raised.empty() ? '[' + mark + ']' : raised) + ' ' + footnotes_.Text(footnote);
 }
 
@@ -77,8 +77,8 @@ std::vector<std::string> FootnoteMarks::Notes() const {
   return notes;
 }
 
-std::string FootnoteMarks::RaisedForm(std::string const& mark) const {
-  return ascii_ ? std::string() : Raised(mark);
+std::string FootnoteMarks::FindRaisedForm(std::string const& mark) const {
+  return ascii_ ? std::string() : RaiseMark(mark);
 }
 
 }  // namespace lakresvos::render

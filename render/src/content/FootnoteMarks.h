@@ -35,8 +35,8 @@ class FootnoteMarks {
   TableFootnotes const& Footnotes() const { return footnotes_; }
 
  private:
-  /// Empty for a mark in brackets.
-  std::string RaisedForm(std::string const& mark) const;
+  /// The raised form of a mark; empty for one in brackets.
+  std::string FindRaisedForm(std::string const& mark) const;
 
   TableFootnotes footnotes_;
   bool ascii_;

@@ -16,7 +16,7 @@ class Bytes {
 
   bool Good() const { return good_; }
 
-  std::string_view Take(std::size_t count) {
+  std::string_view ReadBytes(std::size_t count) {
     good_ = good_ && count <= left_.size();
     std::string_view const taken = good_ ? left_.substr(0, count) : "";
     left_.remove_prefix(taken.size());
@@ -26,7 +26,7 @@ class Bytes {
   /// An unsigned number, its highest byte first.
   std::uint32_t Number(std::size_t bytes) {
     std::uint32_t number = 0;
-    for (char const c : Take(bytes)) {
+    for (char const c : ReadBytes(bytes)) {
       number = number << 8 | static_cast<unsigned char>(c);
     }
     return number;
@@ -38,7 +38,7 @@ class Bytes {
     while (at < left_.size() - 1 && skipped.find(left_[at + 1]) != std::string_view::npos) {
       at = left_.find(first, at + 1);
     }
-    Take(std::min(at, left_.size()));
+    ReadBytes(std::min(at, left_.size()));
   }
 
  private:
@@ -59,14 +59,14 @@ std::uint32_t Checksum(std::string_view bytes) {
 
 bool IsWholePng(std::string_view bytes) {
   Bytes picture(bytes);
-  if (picture.Take(8) != "\x89PNG\r\n\x1A\n") {
+  if (picture.ReadBytes(8) != "\x89PNG\r\n\x1A\n") {
     return false;
   }
   bool sized = false;
   bool filled = false;
   while (picture.Good()) {
     std::size_t const length = picture.Number(4);
-    std::string_view const chunk = picture.Take(4 + length);
+    std::string_view const chunk = picture.ReadBytes(4 + length);
     if (picture.Number(4) != Checksum(chunk) || !picture.Good()) {
       return false;
     }
@@ -87,12 +87,12 @@ bool IsWholeJpeg(std::string_view bytes) {
   constexpr std::uint32_t kEnd = 0xD9;
   constexpr std::uint32_t kScan = 0xDA;
   Bytes picture(bytes);
-  if (picture.Take(2) != "\xFF\xD8") {
+  if (picture.ReadBytes(2) != "\xFF\xD8") {
     return false;
   }
   bool sized = false;
   bool filled = false;
-  while (picture.Take(1) == "\xFF") {
+  while (picture.ReadBytes(1) == "\xFF") {
     std::uint32_t mark = picture.Number(1);
     while (mark == 0xFF) {  // fill bytes
       mark = picture.Number(1);
@@ -104,7 +104,7 @@ bool IsWholeJpeg(std::string_view bytes) {
     if (length < 2) {
       return false;
     }
-    std::string_view const segment = picture.Take(length - 2);
+    std::string_view const segment = picture.ReadBytes(length - 2);
     bool const frame = mark >= 0xC0 && mark <= 0xCF && mark != 0xC4 && mark != 0xC8 && mark != 0xCC;
     if (frame) {
       sized = segment.size() > 5 && HasSize(Bytes(segment.substr(1)), 2);

@@ -8,7 +8,7 @@ namespace lakresvos::render {
 namespace {
 
 /// 0 is a, 25 is z, 26 is aa, ...
-std::string Letters(std::size_t number) {
+std::string MakeLetters(std::size_t number) {
   std::string letters;
   for (std::size_t rest = number + 1; rest != 0; rest = (rest - 1) / 26) {
     letters.insert(letters.begin(), static_cast<char>('a' + (rest - 1) % 26));
@@ -28,7 +28,7 @@ TableFootnotes::TableFootnotes(OmPivotTable const& table, LabelTexts& labels)
   for (OmFootnote const& footnote : table.Footnotes().Elements()) {
     std::string mark = labels.Text(footnote.marker);
     while (mark.empty()) {
-      std::string letters = Letters(next++);
+      std::string letters = MakeLetters(next++);
       if (taken.count(letters) == 0) {
         mark = std::move(letters);
       }

@@ -27,7 +27,7 @@ bool IsPlainNumber(std::string_view text) {
 
 std::string EncodeLabel(CsvRecord const& record, OmCellText const* label, std::string const& text) {
   bool const isNumber = label != nullptr && IsNumeric(*label) && IsPlainNumber(text);
-  return isNumber ? text : record.Encoded(text);
+  return isNumber ? text : record.EncodeField(text);
 }
 
 }  // namespace lakresvos::render

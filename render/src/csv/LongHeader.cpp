@@ -65,7 +65,7 @@ std::vector<LongHeader::Key> LongHeader::MakeKeys(CsvRecord const& record,
   std::map<std::string, std::size_t> counts;
   for (CategoryColumns const& dimension : dimensions) {
     for (std::string const& name : dimension.Names()) {
-      std::string shown = record.Shown(name);
+      std::string shown = record.CleanField(name);
       std::size_t const number = counts[shown]++;
       keys.emplace_back(std::move(shown), number);
     }

@@ -64,13 +64,13 @@ bool NeedsQuotes(std::string_view text) {
 
 }  // namespace
 
-std::string CsvRecord::Shown(std::string_view text) const {
+std::string CsvRecord::CleanField(std::string_view text) const {
   std::string clean = CleanText(text);
   return safe_ ? GuardFormulas(clean) : clean;
 }
 
-std::string CsvRecord::Encoded(std::string_view text) const {
-  std::string shown = Shown(text);
+std::string CsvRecord::EncodeField(std::string_view text) const {
+  std::string shown = CleanField(text);
   if (!NeedsQuotes(shown)) {
     return shown;
   }

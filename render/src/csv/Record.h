@@ -21,20 +21,20 @@ class CsvRecord {
 
   /// What a field with this text shows: the text cleaned and, where it has to be, made safe. Applying
   /// it twice changes nothing.
-  std::string Shown(std::string_view text) const;
+  std::string CleanField(std::string_view text) const;
 
   /// A field with this text, as it is written.
-  std::string Encoded(std::string_view text) const;
+  std::string EncodeField(std::string_view text) const;
 
   /// Has every record from the next one start with a field of this text, which has to be shown
   /// already.
-  void Lead(std::string const& shown) { lead_ = Encoded(shown) + ','; }
+  void Lead(std::string const& shown) { lead_ = EncodeField(shown) + ','; }
 
   /// Adds one or more fields, commas between, as they are written.
   void Add(std::string_view encoded);
 
   /// Adds a field with any text.
-  void Text(std::string_view text) { Add(Encoded(text)); }
+  void Text(std::string_view text) { Add(EncodeField(text)); }
 
   /// Adds a field that shows a number.
   void Number(std::string_view text) { Add(text); }

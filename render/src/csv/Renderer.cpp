@@ -111,7 +111,7 @@ std::vector<std::string> MakeNames(std::vector<OmPivotTable*> const& tables,
   std::vector<std::string> names;
   names.reserve(tables.size());
   for (OmPivotTable const* const table : tables) {
-    names.push_back(unique.Next(record.Shown(labels.Text(FindHeadline(*table)))));
+    names.push_back(unique.Next(record.CleanField(labels.Text(FindHeadline(*table)))));
   }
   return names;
 }

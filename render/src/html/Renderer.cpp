@@ -220,7 +220,7 @@ class MainVisitor : public PartVisitor {
     bool const first = grid != nullptr && !grid->LayerLabels().empty() && !options_.allLayers;
     HtmlNotes notes(footnotes, PartId(part_));
     if (grid == nullptr) {
-      out_ << "<p class=\"title\">" << Shown(notes, FindHeadline(table)) << "</p>";
+      out_ << "<p class=\"title\">" << MarkLabel(notes, FindHeadline(table)) << "</p>";
       WriteFoot(table, notes, listed);
     }
     for (int layer = 0; grid != nullptr; ++layer) {
@@ -239,10 +239,10 @@ class MainVisitor : public PartVisitor {
     std::string const name = HtmlText(LayerLine(
         grid.LayerLabels(), [&notes](OmCellText const* label) { return notes.Text(label); }));
     out_ << "<div class=\"layer\" data-name=\"" << name << "\"><div class=\"heading\" id=\""
-         << prefix << "t\"><span class=\"title\">" << Shown(notes, FindHeadline(table))
+         << prefix << "t\"><span class=\"title\">" << MarkLabel(notes, FindHeadline(table))
          << "</span>";
     if (!name.empty()) {
-      out_ << " <span class=\"layer-line\">" << MarkedLayerLine(grid, notes) << "</span>";
+      out_ << " <span class=\"layer-line\">" << MarkLayerLine(grid, notes) << "</span>";
     }
     out_ << "</div>\n<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-labelledby=\""
          << prefix << "t\">\n";
@@ -263,18 +263,18 @@ class MainVisitor : public PartVisitor {
     if (!table.showCaption() || table.Caption() == nullptr) {
       return {};
     }
-    return "<p class=\"table-caption\">" + Shown(notes, table.Caption()) + "</p>";
+    return "<p class=\"table-caption\">" + MarkLabel(notes, table.Caption()) + "</p>";
   }
 
-  static std::string Shown(HtmlNotes& notes, OmCellText const* label) {
+  static std::string MarkLabel(HtmlNotes& notes, OmCellText const* label) {
     std::string html;
     notes.AppendLabel(html, label);
     return html;
   }
 
-  static std::string MarkedLayerLine(DisplayGrid const& grid, HtmlNotes& notes) {
+  static std::string MarkLayerLine(DisplayGrid const& grid, HtmlNotes& notes) {
     return LayerLine(grid.LayerLabels(),
-                     [&notes](OmCellText const* label) { return Shown(notes, label); });
+                     [&notes](OmCellText const* label) { return MarkLabel(notes, label); });
   }
 
   OutputBuffer& out_;

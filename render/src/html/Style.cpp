@@ -150,9 +150,9 @@ std::string Rule(std::string const& selector, std::string const& declarations) {
   return declarations.empty() ? declarations : selector + "{" + declarations + "}\n";
 }
 
-/// Selects within the table. All areas weigh the same, so that a later rule wins over an earlier one,
+/// Makes a selector of what is within the table. All areas weigh the same, so that a later rule wins over an earlier one,
 /// and less than a class, so that a cell's own style wins over both.
-std::string Within(std::string const& table, std::string const& selector) {
+std::string MakeSelector(std::string const& table, std::string const& selector) {
   return table + " :where(" + selector + ")";
 }
 
@@ -170,9 +170,9 @@ std::string HtmlStyle(OmPivotTable const& table, std::string const& selector) {
       continue;
     }
     std::string const padding = area.area == FormatArea::AreaFrame ? "" : Padding(*format);
-    css += Rule(Within(selector, area.selector), MakeDeclarations(*format) + padding);
+    css += Rule(MakeSelector(selector, area.selector), MakeDeclarations(*format) + padding);
     if (area.area == FormatArea::AreaData && format->getUseAltRowColors()) {
-      css += Rule(Within(selector, "tbody tr.alt td:not([class^=h])"),
+      css += Rule(MakeSelector(selector, "tbody tr.alt td:not([class^=h])"),
                   Colors(format->getAlternateTextColor(), format->getAlternateBackgroundColor()));
     }
   }

@@ -25,7 +25,8 @@ bool IsRegionalIndicator(utf8proc_int32_t code) {
   return code >= 0x1F1E6 && code <= 0x1F1FF;
 }
 
-std::string_view Shown(CodePoint point, std::string_view bytes) {
+/// What is printed of a code point, given with its bytes.
+std::string_view CleanCodePoint(CodePoint point, std::string_view bytes) {
   if (point.code == '\t') {
     return " ";
   }
@@ -42,7 +43,7 @@ std::vector<std::string> PrintableLines(std::string_view text) {
     std::string_view const bytes = text.substr(0, point.length);
     text.remove_prefix(point.length);
     if (!IsLineEnd(point.code)) {
-      lines.back() += Shown(point, bytes);
+      lines.back() += CleanCodePoint(point, bytes);
       continue;
     }
     if (point.code == '\r' && !text.empty() && text.front() == '\n') {
