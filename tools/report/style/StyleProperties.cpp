@@ -77,7 +77,7 @@ constexpr std::array<StyleProperty, 15> kProperties = {{
     {names::kFontStyle, "style", R"("regular", "bold", "italic" or "bold italic")",
      SetChoice<&FormatArea::setFontStyle, render::FindFontStyle>},
     {names::kUnderline, "", kFlag, SetFlag<&FormatArea::setUnderline>},
-    {names::kHorizontal, "horizontal", R"("left", "center" or "right")",
+    {names::kHorizontal, "horizontal", R"("left", "center", "centre" or "right")",
      SetChoice<&FormatArea::setHorizontalAlignment, render::FindHorizontal>},
     {names::kVertical, "vertical", R"("top", "middle" or "bottom")",
      SetChoice<&FormatArea::setVerticalAlignment, render::FindVertical>},

@@ -259,7 +259,7 @@ TEST(StyleSheet, MarginIsAWholeNumberInBounds) {
 
 TEST(StyleSheet, ChoicesAreNamedWhenNoneIsMet) {
   EXPECT_EQ(ErrorIn(R"({"data": {"horizontal": "middle"}})"),
-            "style.json: /data/horizontal: expected \"left\", \"center\" or \"right\"");
+            "style.json: /data/horizontal: expected \"left\", \"center\", \"centre\" or \"right\"");
   EXPECT_EQ(ErrorIn(R"({"data": {"vertical": 1}})"),
             "style.json: /data/vertical: expected \"top\", \"middle\" or \"bottom\"");
   EXPECT_EQ(ErrorIn(R"({"data": {"style": ""}})"),
