@@ -102,7 +102,7 @@ test("what scrolls under the row headings has an edge", async () => {
     const edge = () => scroll.evaluate((box) => {
       const style = getComputedStyle(box.querySelector("tbody th.edge"));
       const fade = getComputedStyle(box.querySelector("tbody th.edge"), "::after");
-      return { width: style.borderRightWidth, colour: style.borderRightColor,
+      return { width: style.borderRightWidth, color: style.borderRightColor,
         fades: fade.backgroundImage !== "none" && fade.position === "absolute" };
     });
     const before = await edge();
@@ -111,7 +111,7 @@ test("what scrolls under the row headings has an edge", async () => {
     await page.waitForSelector(".scroll.scrolled");
     const after = await edge();
     assert.equal(after.width, "1px");
-    assert.notEqual(after.colour, before.colour);
+    assert.notEqual(after.color, before.color);
     assert.equal(after.fades, true);
   });
 });
@@ -128,7 +128,7 @@ test("what scrolls under the row headings has an edge on a page that is read fro
       const under = [...heading.parentElement.querySelectorAll("td")].filter((cell) =>
         cell.getBoundingClientRect().right > left && cell.getBoundingClientRect().left < right);
       return { widths: [style.borderLeftWidth, style.borderRightWidth],
-        colour: style.borderLeftColor, background: style.backgroundColor,
+        color: style.borderLeftColor, background: style.backgroundColor,
         text: getComputedStyle(box).color,
         covers: heading.contains(window.document.elementFromPoint((left + right) / 2,
           top + height / 2)),
@@ -136,14 +136,14 @@ test("what scrolls under the row headings has an edge on a page that is read fro
         outside: parseFloat(fade.left) < 0 };
     });
     assert.deepEqual(seen.widths, ["1px", "0px"]);
-    assert.equal(seen.colour, seen.text);
+    assert.equal(seen.color, seen.text);
     assert.equal(seen.background, "rgb(255, 255, 255)");
     assert.ok(seen.under > 0 && seen.covers, "cells go under the row headings");
     assert.ok(seen.outside && seen.gradient.includes("to left"), JSON.stringify(seen));
   });
 });
 
-test("rules of neighbouring spanners leave a gap", async () => {
+test("rules of neighboring spanners leave a gap", async () => {
   await open(survey, async (page) => {
     const rules = await page.locator(".pivot-table").nth(1).evaluate((table) =>
       [...table.tHead.rows[1].querySelectorAll("th[scope=colgroup]")].map((cell) => {
@@ -194,7 +194,7 @@ test("totals look different from categories", async () => {
   });
 });
 
-test("every other row is shaded across groups, in the page's text colour", async () => {
+test("every other row is shaded across groups, in the page's text color", async () => {
   await open(survey, async (page) => {
     const rows = await page.locator(".pivot-table").nth(1).evaluate((table) =>
       [...table.querySelectorAll("tbody td.n:nth-last-child(4)")].map((cell) => {

@@ -36,7 +36,7 @@ XlsxStyle ApplyArea(XlsxStyle style, OmPivotTable const& table, FormatArea::Area
 /// `style` with what a cell style says.
 XlsxStyle ApplyProperties(XlsxStyle style, OmCellProperties const& properties);
 
-/// `style` in the colours of every other row, where the format of the data area wants that.
+/// `style` in the colors of every other row, where the format of the data area wants that.
 XlsxStyle ApplyAlternateColors(XlsxStyle style, FormatArea const* data);
 
 }  // namespace lakresvos::render

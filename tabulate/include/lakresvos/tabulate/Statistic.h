@@ -36,13 +36,11 @@ LAKRESVOS_TABULATE_EXPORT std::vector<std::string> ListStatistics();
 LAKRESVOS_TABULATE_EXPORT std::unique_ptr<OmCellText> MakeStatisticLabel(
     Statistic const& statistic);
 
-/// Parses a list such as `count,row%,mean:X,sd:X`.
+/// Parses a list such as `count,row%,mean:X,sd:X` of what ListStatistics() gives.
 ///
-/// `count` is the sum of the weights; `row%`, `column%` and `total%` are percentages of the count of
-/// the row, the column and the layer; `mean:X`, `sd:X`, `sum:X`, `min:X` and `max:X` are taken of
-/// the numbers in column X, each as often as its row's weight says. The standard deviation is that
-/// of a sample: the root of the sum of squared distances from the mean over the sum of the weights
-/// less 1.
+/// The count is the sum of the weights, of which percentages are taken too; a number in a column
+/// counts as often as its row's weight says. The standard deviation is that of a sample: the root of
+/// the sum of squared distances from the mean over the sum of the weights less 1.
 ///
 /// @param source what messages call the list: the option that has it, say.
 /// @throws InputError that names the position, also for a duplicate statistic.
