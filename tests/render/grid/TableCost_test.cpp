@@ -1,0 +1,70 @@
+#include "grid/TableCost.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+#include "render/support/RenderTables.h"
+
+using lakresvos::render::EstimateShownCost;
+using namespace render_tables;
+
+namespace {
+
+/// The cost of a table of two dimensions of this many categories, full of cells.
+double EstimateSquare(unsigned int size, std::initializer_list<short> rows,
+                      std::initializer_list<short> columns) {
+  Table table;
+  table.AddFlat("r", size);
+  table.AddFlat("c", size);
+  table.Place(rows, columns);
+  return EstimateShownCost(table, std::size_t{size} * size);
+}
+
+}  // namespace
+
+TEST(TableCost, GrowsWithTheCellsOfAnOrdinaryTable) {
+  double const small = EstimateSquare(10, {0}, {1});
+  double const large = EstimateSquare(100, {0}, {1});
+  EXPECT_GT(small, 0);
+  EXPECT_LE(large, 110 * small);
+}
+
+TEST(TableCost, BodyCountsWhereADimensionIsPlacedTwice) {
+  constexpr double kCells = 100 * 100;
+  double const once = EstimateSquare(100, {0}, {1});
+  EXPECT_GE(EstimateSquare(100, {0, 1}, {1}), once + kCells * 100);
+  EXPECT_GE(EstimateSquare(100, {0, 0}, {1}), once + kCells * 100);
+}
+
+TEST(TableCost, BodyCountsWhereCategoriesShareASubscript) {
+  Table table;
+  OmDimension& rows = table.Add("r");
+  table.Place({0}, {});
+  for (int i = 0; i < 3; ++i) {
+    Category(rows, rows.Root(), "", static_cast<unsigned long>(i));
+  }
+  double const apart = EstimateShownCost(table, 3);
+  Category(rows, rows.Root(), "", 2);
+  EXPECT_GT(EstimateShownCost(table, 3), apart + 3);
+}
+
+TEST(TableCost, LabelOfAGroupCountsForEachOfItsCategories) {
+  auto const estimate = [](std::string const& name) {
+    Table table;
+    OmDimension& rows = table.Add("r");
+    table.Place({0}, {});
+    auto const group = Group(rows, rows.Root(), name);
+    for (unsigned long i = 0; i < 50; ++i) {
+      Category(rows, group, "", i);
+    }
+    return EstimateShownCost(table, 0);
+  };
+  EXPECT_EQ(estimate(std::string(1000, 'x')) - estimate(""), 50 * 1000);
+}
+
+TEST(TableCost, AxisMayNameNoDimension) {
+  Table table;
+  table.AddFlat("r", 2);
+  table.Place({0, 7, -1}, {});
+  EXPECT_GT(EstimateShownCost(table, 2), 0);
+}
