@@ -152,7 +152,8 @@ class LayoutBuilder {
   void Narrow(int width) {
     int const headings = grid_.HeadingColumns();
     int const room = std::max(0, width - kFrame - kBetweenColumns * headings);
-    int widest = 0;
+    // A heading over several columns may be wider than they are.
+    int widest = std::min(kMinWidth, limit_);
     for (int column = headings; column < grid_.Columns(); ++column) {
       widest = std::max(widest, At(column).width);
     }

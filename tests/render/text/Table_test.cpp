@@ -673,6 +673,28 @@ TEST(TextTable, WideHeadingOfAPartHasRoomInIt) {
   EXPECT_EQ(parts, 2);
 }
 
+TEST(TextTable, RowHeadingsLeaveRoomForAHeadingThatIsWiderThanItsColumns) {
+  Table table;
+  AddCategories(table, "Question", {"How often do you read a newspaper?"});
+  AddCategories(table, "Answer", {"a", "b"});
+  table.Place({0}, {1});
+  table.PutAll();
+  EXPECT_EQ(Drawn(table, AsWideAs(21)), R"(
+┌──────────┬────────┐
+│          │ Answer │
+│          ├────┬───┤
+│ Question │  a │ b │
+╞══════════╪════╪═══╡
+│ How      │  1 │ 1 │
+│ often do │    │   │
+│ you read │    │   │
+│ a        │    │   │
+│ newspape │    │   │
+│ r?       │    │   │
+└──────────┴────┴───┘
+)");
+}
+
 TEST(TextTable, ManyPartsAreCutInLinearTime) {
   Table table;
   OmDimension& dimension = table.Add("D");
