@@ -8,8 +8,8 @@
 /// How one area of a pivot table is drawn: font, alignment, margins and colors.
 ///
 /// Every field is stored and returned as it is given: no value is checked, and what a number or a
-/// color's text means is agreed between the producer and the renderer. -1 and the empty text say that
-/// the producer left a field open.
+/// color's text means is agreed between the producer and the renderer. -1 and the empty text say
+/// that the producer left a field open.
 ///
 /// Copies share one record: what is set through one copy is seen through all, and the last copy
 /// frees it. References that the string getters return are valid until the last copy is gone and

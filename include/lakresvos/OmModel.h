@@ -13,8 +13,8 @@
 /// bytes. References that queries return are valid as long as the item and show later changes.
 ///
 /// Appending takes amortized time linear in the bytes, except that the binary data is made exactly
-/// as long as needed at each call. What runs out of memory throws std::bad_alloc and changes nothing;
-/// queries take constant time and throw nothing.
+/// as long as needed at each call. What runs out of memory throws std::bad_alloc and changes
+/// nothing; queries take constant time and throw nothing.
 ///
 /// Thread safety: none; one thread at a time uses an item and the tree that holds it.
 class LAKRESVOS_EXPORT OmModel : public OmOutputPart {

@@ -144,8 +144,8 @@ class ListTree {
   /// The handle of the end position.
   Node end() { return Node(this, list_.end()); }
 
-  /// All elements in preorder, to read a tree that may not be changed. A tree of pointers keeps what
-  /// its elements are, not what they point at, from changing. Valid as long as the tree; an
+  /// All elements in preorder, to read a tree that may not be changed. A tree of pointers keeps
+  /// what its elements are, not what they point at, from changing. Valid as long as the tree; an
   /// iterator into it, until its element is removed.
   std::list<Element> const& Elements() const { return list_; }
 

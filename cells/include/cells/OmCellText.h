@@ -61,8 +61,8 @@ class CELLS_EXPORT OmCellText {
   /// @throws std::bad_alloc; nothing has changed then.
   virtual OmCellText* Clone(OmMemoryRegion* region) const = 0;
 
-  /// The value rendered as UTF-8; texts as the bytes that they were made from. Time in proportion to
-  /// the text.
+  /// The value rendered as UTF-8; texts as the bytes that they were made from. Time in proportion
+  /// to the text.
   /// @throws std::bad_alloc.
   virtual std::string GetText() const = 0;
 

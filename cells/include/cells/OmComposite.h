@@ -52,8 +52,8 @@ class CELLS_EXPORT OmComposite : public OmCellText {
   std::string Pattern() const { return pattern_.Text(); }
 
   /// The parts: the children of the root, whose own value is null. Nodes below them take no part in
-  /// the text. The composite owns every cell in the tree, and clones and deletes it with itself. Null
-  /// values are allowed. Valid until the end of the composite.
+  /// the text. The composite owns every cell in the tree, and clones and deletes it with itself.
+  /// Null values are allowed. Valid until the end of the composite.
   /// Requires: a cell that is put there was made by `new` or Clone(), and nobody else owns it.
   OmVectorTree<OmCellText*>& Parts() { return parts_; }
 

@@ -33,8 +33,8 @@ CODEPAGE_EXPORT void* VELKMBConverterNew_A(char const* page);
 /// @param converter a handle from VELKMBConverterNew_A(); may be null.
 /// @param out       replaced by the converted text; empty after a failure. May be the same string
 ///                  as `utf8`.
-/// @return 0, or non-zero when `converter` is null, `utf8` is not UTF-8 throughout, or the page lacks
-///         one of its characters. The converter stays usable.
+/// @return 0, or non-zero when `converter` is null, `utf8` is not UTF-8 throughout, or the page
+///         lacks one of its characters. The converter stays usable.
 /// @throws std::bad_alloc; `out` is then as before, and the converter stays usable.
 CODEPAGE_EXPORT int VELKMBU8ToGeneric(void* converter, std::string& out, std::string const& utf8);
 

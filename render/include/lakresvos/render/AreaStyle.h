@@ -3,8 +3,8 @@
 
 namespace lakresvos::render {
 
-// What the numbers of a FormatArea and of an OmCellProperties mean to the renderers. Any number that
-// is not listed counts as one that leaves the choice to the renderer.
+// What the numbers of a FormatArea and of an OmCellProperties mean to the renderers. Any number
+// that is not listed counts as one that leaves the choice to the renderer.
 
 /// The numbers of FormatArea::getHorizontalAlignment().
 enum class HorizontalAlignment : int {

@@ -37,16 +37,16 @@ struct CsvOptions : TableOptions {
 /// - Long shape: a header record, then a record for each stored cell that OmPivotTable::Iterator
 ///   walks over, with the categories of the first dimension changing fastest; with
 ///   TableOptions::skipEmpty off, for each combination of categories. There is a column for each
-///   dimension, whichever axis it is on and whatever it hides; for each level of it where categories
-///   are grouped, the outermost first. Where a category is higher up than others, the columns of the
-///   groups that it lacks are empty. A category that shares its subscript with an earlier one
-///   has no records of its own, unless all combinations are written. Cells of deleted categories are
-///   left out, and TableOptions::allLayers does not matter.
+///   dimension, whichever axis it is on and whatever it hides; for each level of it where
+///   categories are grouped, the outermost first. Where a category is higher up than others, the
+///   columns of the groups that it lacks are empty. A category that shares its subscript with an
+///   earlier one has no records of its own, unless all combinations are written. Cells of deleted
+///   categories are left out, and TableOptions::allLayers does not matter.
 ///
 ///   Several tables share one header, which begins with a column "table"; dimensions of one
 ///   name share a column, which is empty in tables that lack it. Further columns are
-///   - "totals", when there is a total: the names of the columns that the record is a total of, "; "
-///     between; empty in records of categories alone, whatever they are called. A total is a
+///   - "totals", when there is a total: the names of the columns that the record is a total of,
+///     "; " between; empty in records of categories alone, whatever they are called. A total is a
 ///     category whose label is marked as one, see OmCellMetaData::isTotal();
 ///   - "value": numbers are exact, the shortest text that reads back to the same value, nothing for
 ///     the system-missing value;
@@ -69,9 +69,9 @@ struct CsvOptions : TableOptions {
 /// @param tree the document; neither it nor its items are changed.
 /// @param out where to write; its state tells whether writing failed.
 /// @param options see CsvOptions.
-/// @throws std::length_error that names a table with more rows or columns, or in the long shape more
-///         combinations of categories to write, than an int can count. For the latter nothing has
-///         been written then. std::bad_alloc.
+/// @throws std::length_error that names a table with more rows or columns, or in the long shape
+///         more combinations of categories to write, than an int can count. For the latter nothing
+///         has been written then. std::bad_alloc.
 LAKRESVOS_RENDER_EXPORT void RenderCsv(OmOutputTree const& tree, std::ostream& out,
                                        CsvOptions const& options = {});
 

@@ -42,8 +42,8 @@ struct LayerLabel {
   std::vector<OmCellText const*> categories;  ///< the category's shown path, outermost first
 };
 
-/// The heading cells that start in one grid row, left to right, as a range for a loop. Valid as long
-/// as the grid.
+/// The heading cells that start in one grid row, left to right, as a range for a loop. Valid as
+/// long as the grid.
 ///
 /// Thread safety: a plain value; several threads may read it while none writes it.
 struct GridCells {
@@ -70,8 +70,8 @@ struct GridCells {
 ///    the table's own corner text, shown when no dimension name is, over the whole corner.
 /// 4. A corner that has something to show above no heading rows gets one, empty above the body.
 ///
-/// The grid holds the headings, with their spans computed once; body cells are looked up in the table
-/// as they are asked for.
+/// The grid holds the headings, with their spans computed once; body cells are looked up in the
+/// table as they are asked for.
 ///
 /// The table and the layer heading must outlive the grid and stay in the state in which it was
 /// made.

@@ -25,8 +25,8 @@ class LAKRESVOS_RENDER_EXPORT JsonError : public std::runtime_error {
   ~JsonError() override;
 
   /// For what is not JSON, "LINE:COLUMN", both from 1 and the column in characters; for what is no
-  /// such document, the JSON Pointer (RFC 6901) of the offending value. It is what what() begins with,
-  /// and valid as long as the object.
+  /// such document, the JSON Pointer (RFC 6901) of the offending value. It is what what() begins
+  /// with, and valid as long as the object.
   std::string const& Place() const { return place_; }
 
  private:
@@ -35,9 +35,10 @@ class LAKRESVOS_RENDER_EXPORT JsonError : public std::runtime_error {
 
 /// Makes the document that RenderJson() wrote. Written again, it gives the same text.
 ///
-/// The text must follow the format exactly: unknown fields, duplicate fields, and cells that are not
-/// in ascending order (the first subscript varying fastest) are errors. The layout is ignored. Numbers that are kept for the caller, such as those of
-/// footnotes, styles and axes, may name what does not exist, as in any document.
+/// The text must follow the format exactly: unknown fields, duplicate fields, and cells that are
+/// not in ascending order (the first subscript varying fastest) are errors. The layout is ignored.
+/// Numbers that are kept for the caller, such as those of footnotes, styles and axes, may name what
+/// does not exist, as in any document.
 ///
 /// A short text can ask for a lot: by large subscripts, by composites whose parts are put in again
 /// and again, or by axes that show each cell at many places. What that takes, for reading and for

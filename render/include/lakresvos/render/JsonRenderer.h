@@ -25,8 +25,8 @@ struct JsonOptions : TableOptions {
 /// fields that have their initial value are left out. Lists of items, nodes and cells are flat: the
 /// text is nested no deeper for a document of 100,000 levels.
 ///
-/// - Texts keep their bytes; one that is not UTF-8 is written as an object with its bytes in base64.
-///   Payloads are in base64.
+/// - Texts keep their bytes; one that is not UTF-8 is written as an object with its bytes in
+///   base64. Payloads are in base64.
 /// - Numbers read back as the same value. What is not finite is the text "NaN", "Infinity" or
 ///   "-Infinity".
 /// - Cells of kinds that the cell library does not have are written as their text.

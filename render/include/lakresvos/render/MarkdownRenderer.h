@@ -19,18 +19,18 @@ struct MarkdownOptions : TableOptions {};
 ///
 /// - Headings and procedures become headings of their depth, at most of level six. A text block's
 ///   text is a code block below its label in bold; page titles are in bold.
-/// - A table is its title in bold and, for each layer, a line that names the layer and a pipe table:
-///   one heading line with the labels of all levels of a column joined by " / ", every label
+/// - A table is its title in bold and, for each layer, a line that names the layer and a pipe
+///   table: one heading line with the labels of all levels of a column joined by " / ", every label
 ///   repeated where it reaches, but for one that reaches over several columns of row headings: that
 ///   is in the first of them. A column of numbers is aligned at the right, unless the table's area
 ///   format for data says otherwise.
-/// - Footnotes are footnotes, named after the table's and their own number in the document. One that
-///   nothing refers to is a paragraph below its table, like the caption.
+/// - Footnotes are footnotes, named after the table's and their own number in the document. One
+///   that nothing refers to is a paragraph below its table, like the caption.
 /// - Charts, models, answer trees and interactive items have a placeholder in brackets.
 ///
-/// Every text is escaped, so that markup in it is shown as text; GitHub still makes links of web and
-/// mail addresses. Line ends become `<br>`, except in code blocks; spaces and line ends around a
-/// text are left out. Bytes that are not UTF-8 and control characters become U+FFFD.
+/// Every text is escaped, so that markup in it is shown as text; GitHub still makes links of web
+/// and mail addresses. Line ends become `<br>`, except in code blocks; spaces and line ends around
+/// a text are left out. Bytes that are not UTF-8 and control characters become U+FFFD.
 ///
 /// Every cell and label is asked for its text once. Writing takes time linear in the displayed and
 /// stored cells, and memory for the headings of one layer at a time and for the labels that have

@@ -17,8 +17,8 @@ namespace lakresvos::render {
 /// program ends earlier, in whatever way, and without Commit() the target stays as it was.
 ///
 /// A target that is no regular file (a terminal, a pipe) is written to directly. A symbolic link is
-/// kept and what it names is replaced, or made if it does not exist. A file without write permission
-/// is not replaced.
+/// kept and what it names is replaced, or made if it does not exist. A file without write
+/// permission is not replaced.
 ///
 /// Thread safety: none; one thread at a time uses the object. Several objects may have one target,
 /// in one process or in several: the last Commit() counts.
@@ -44,8 +44,8 @@ class LAKRESVOS_RENDER_EXPORT OutputFile {
   std::ostream& Stream();
 
   /// Writes all there is and replaces the target.
-  /// @throws std::system_error whose what() is the path or name and the reason, when any of it could
-  ///         not be written. The target is as it was then, unless it is written to directly.
+  /// @throws std::system_error whose what() is the path or name and the reason, when any of it
+  ///         could not be written. The target is as it was then, unless it is written to directly.
   void Commit();
 
  private:

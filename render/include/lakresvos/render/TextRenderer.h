@@ -50,8 +50,8 @@ struct TextOptions : TableOptions {
 /// spaces; line ends within a text are kept.
 ///
 /// Every cell and label is asked for its text once. Writing takes time linear in the displayed and
-/// stored cells, and memory for the headings and the texts of one layer at a time and for the labels
-/// that have been shown.
+/// stored cells, and memory for the headings and the texts of one layer at a time and for the
+/// labels that have been shown.
 ///
 /// Thread safety: none; one thread at a time uses a document and the stream.
 ///

@@ -21,27 +21,27 @@ struct XlsxOptions : TableOptions {
   bool mergeRows = true;        ///< row headings that reach over several cells are merged ones
   bool mergeColumns = true;     ///< the same of column headings and of the corner
 
-  /// Called once for each kind of loss, with one line that gives the count and the place of the first
-  /// one, before anything is written to the stream; empty: no reports. Exceptions pass through
-  /// RenderXlsx().
+  /// Called once for each kind of loss, with one line that gives the count and the place of the
+  /// first one, before anything is written to the stream; empty: no reports. Exceptions pass
+  /// through RenderXlsx().
   std::function<void(std::string const&)> onLoss;
 };
 
 /// Writes a document as a workbook of Office Open XML (ECMA-376, ".xlsx").
 ///
-/// - The first sheet, "Contents", lists the document's items, indented by depth, with the texts line
-///   by line, wrapped to the width of a page, and with a link to the sheet of each table and picture;
-///   those link back.
-/// - A table has a sheet of its own, named after its title: the title, then each layer with its name
-///   above it, below all the notes and the caption. With layers as sheets, each layer has a sheet
-///   with all of these, named after the layer and the title; its notes are those that it refers to,
-///   and the last one has those too that no layer refers to.
-/// - Numbers are numbers of 16 digits with their decimals as number format, everything else is text,
-///   never a formula; so are the system-missing value, ".", and numbers above 9.99999999999999e307.
-///   Marks of footnotes are raised after texts and, through the number format, after numbers,
-///   which are texts where marks are too long for that and after the first 160 such formats, for
-///   spreadsheets open workbooks with some 200 of them. A text of more than 32,767 characters is left
-///   out; a note in its place says so.
+/// - The first sheet, "Contents", lists the document's items, indented by depth, with the texts
+///   line by line, wrapped to the width of a page, and with a link to the sheet of each table and
+///   picture; those link back.
+/// - A table has a sheet of its own, named after its title: the title, then each layer with its
+///   name above it, below all the notes and the caption. With layers as sheets, each layer has a
+///   sheet with all of these, named after the layer and the title; its notes are those that it
+///   refers to, and the last one has those too that no layer refers to.
+/// - Numbers are numbers of 16 digits with their decimals as number format, everything else is
+///   text, never a formula; so are the system-missing value, ".", and numbers above
+///   9.99999999999999e307. Marks of footnotes are raised after texts and, through the number
+///   format, after numbers, which are texts where marks are too long for that and after the first
+///   160 such formats, for spreadsheets open workbooks with some 200 of them. A text of more than
+///   32,767 characters is left out; a note in its place says so.
 /// - Heading cells are merged, or where that is not wanted repeated; so are those after the first
 ///   65,535 of a sheet. The heading of one column is at its right, as numbers do, that of several
 ///   in their middle. A rule separates the outermost groups of rows. Panes are frozen at the first
@@ -63,10 +63,10 @@ struct XlsxOptions : TableOptions {
 ///
 /// Bytes that are not UTF-8 and control characters become U+FFFD.
 ///
-/// Writing takes time linear in the displayed and stored cells. Beside the headings, memory does not
-/// grow with the rows, which go to temporary files, one for each sheet, in the directory that TMPDIR
-/// names or else in /tmp. Documents of more than 50 sheets, and those with a title that wraps, are held
-/// in memory instead.
+/// Writing takes time linear in the displayed and stored cells. Beside the headings, memory does
+/// not grow with the rows, which go to temporary files, one for each sheet, in the directory that
+/// TMPDIR names or else in /tmp. Documents of more than 50 sheets, and those with a title that
+/// wraps, are held in memory instead.
 ///
 /// Thread safety: none; one thread at a time uses a document and the stream.
 ///
@@ -74,8 +74,9 @@ struct XlsxOptions : TableOptions {
 /// @param out where to write; its state tells whether writing failed.
 /// @param options see XlsxOptions.
 /// @throws std::length_error that names the table when it has more than 1,048,576 rows or 16,384
-///         columns, and for more than 65,000 sheets; std::runtime_error when there can be no temporary
-///         file, std::system_error when it cannot be written. Nothing is written to `out` then.
+///         columns, and for more than 65,000 sheets; std::runtime_error when there can be no
+///         temporary file, std::system_error when it cannot be written. Nothing is written to `out`
+///         then.
 LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree const& tree, std::ostream& out,
                                         XlsxOptions const& options = {});
 

@@ -18,7 +18,8 @@ constexpr std::uint32_t kMissingCode = 0xFFFFFFFF;
 /// A value is a number when all of it is one: digits with an optional sign, decimal point and
 /// exponent, as in "-12", ".5" or "6.02e23", within a double's range.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 struct ColumnNumbers {
   std::vector<double> byCode;  ///< for each value the number that it is, or kNoNumber
   int decimals = 0;            ///< the largest number of decimals written, at most 15

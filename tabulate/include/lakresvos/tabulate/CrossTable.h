@@ -17,7 +17,8 @@ namespace lakresvos::tabulate {
 
 /// A table to make.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 struct TableRequest {
   Formula formula;           ///< what is on its axes
   std::string title = {};    ///< empty: one that says what is tabulated

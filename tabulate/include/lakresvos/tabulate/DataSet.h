@@ -21,10 +21,11 @@ class WarningLog;
 
 /// One column of data: its distinct values, and for each row which of them it holds.
 ///
-/// A value is missing when its field is empty or reads NA. Can be moved but not copied. One that was
-/// moved from can only be assigned to and destroyed.
+/// A value is missing when its field is empty or reads NA. Can be moved but not copied. One that
+/// was moved from can only be assigned to and destroyed.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 class LAKRESVOS_TABULATE_EXPORT DataColumn {
  public:
   /// Makes a column without rows.
@@ -82,7 +83,8 @@ class LAKRESVOS_TABULATE_EXPORT DataColumn {
 ///
 /// Can be moved but not copied; references to columns and what they hold stay valid then.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 struct LAKRESVOS_TABULATE_EXPORT DataSet {
   std::string file;                 ///< the name of the source, for messages
   std::vector<DataColumn> columns;  ///< in the order of the header
@@ -92,8 +94,8 @@ struct LAKRESVOS_TABULATE_EXPORT DataSet {
   /// The number of rows.
   std::size_t Rows() const { return lines.size(); }
 
-  /// The index of the column with this name, or the number of columns when there is none. Takes time
-  /// linear in the number of columns.
+  /// The index of the column with this name, or the number of columns when there is none. Takes
+  /// time linear in the number of columns.
   std::size_t FindColumn(std::string const& name) const;
 };
 

@@ -18,7 +18,8 @@ class IdTable;
 ///
 /// Can be moved but not copied. One that was moved from can only be assigned to and destroyed.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 class LAKRESVOS_TABULATE_EXPORT Dictionary {
  public:
   /// What Find() returns when there is nothing to find, and the one number that is never given.

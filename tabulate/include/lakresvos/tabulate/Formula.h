@@ -14,7 +14,8 @@ using FormulaTerm = std::vector<NameToken>;
 
 /// Which data columns are on which axis of a table. On each axis the first term is the outermost.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 struct Formula {
   std::string text;                  ///< what was parsed, for messages
   std::vector<FormulaTerm> rows;     ///< the terms before `~`

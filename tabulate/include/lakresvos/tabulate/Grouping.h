@@ -12,7 +12,8 @@ namespace lakresvos::tabulate {
 
 /// Categories of a data column that tables show under a group of their own.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 struct Grouping {
   std::string text;                   ///< what was parsed, for messages
   NameToken column;                   ///< the data column

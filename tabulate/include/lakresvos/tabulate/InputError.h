@@ -12,7 +12,8 @@ namespace lakresvos::tabulate {
 /// Something in the input that its author has to correct: in data, a formula or an option. what()
 /// says what and where, in one sentence; it may hold line ends and control characters of the input.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 class LAKRESVOS_TABULATE_EXPORT InputError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

@@ -16,8 +16,8 @@ LAKRESVOS_TABULATE_EXPORT std::string EscapeControls(std::string_view text);
 /// than 500: a message starts with what is at fault and ends with the reason.
 LAKRESVOS_TABULATE_EXPORT std::string Shorten(std::string const& line);
 
-/// The text as messages show it: in single quotes, on one line as EscapeControls() makes it, and with
-/// "..." in place of what comes after 40 code points.
+/// The text as messages show it: in single quotes, on one line as EscapeControls() makes it, and
+/// with "..." in place of what comes after 40 code points.
 LAKRESVOS_TABULATE_EXPORT std::string Quote(std::string_view text);
 
 }  // namespace lakresvos::tabulate

@@ -14,7 +14,8 @@ namespace lakresvos::tabulate {
 
 /// A data column that a table needs, and where it is named, for messages.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 struct LAKRESVOS_TABULATE_EXPORT RequiredColumn {
   std::string name;    ///< as in the header of the data
   std::string source;  ///< what names it: "formula", say

@@ -15,7 +15,8 @@ class WarningLog;
 /// How often each row of a data set counts. Weights are frequencies: a row of weight 3 counts as
 /// three equal rows, one of weight 0 as none.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 class LAKRESVOS_TABULATE_EXPORT RowWeights {
  public:
   /// Makes the weights of data in which every row counts once.

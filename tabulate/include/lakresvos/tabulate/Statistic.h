@@ -17,7 +17,8 @@ class WarningLog;
 
 /// One number for each cell of a table; ParseStatistics() makes them.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 struct Statistic {
   StatisticKind const* kind;  ///< what is computed; never null, owned by the library
   NameToken column;           ///< what it is taken of; without a name when NeedsColumn() is false
@@ -27,8 +28,8 @@ struct Statistic {
 /// Whether a statistic is taken of a data column rather than of the rows as such.
 LAKRESVOS_TABULATE_EXPORT bool NeedsColumn(Statistic const& statistic);
 
-/// How every statistic is written in a list, in the order of the manual: "count", or "mean:X" for one
-/// that is taken of a column X.
+/// How every statistic is written in a list, in the order of the manual: "count", or "mean:X" for
+/// one that is taken of a column X.
 LAKRESVOS_TABULATE_EXPORT std::vector<std::string> ListStatistics();
 
 /// What a statistic is called in tables: "Count", "Mean of Ozone".
@@ -39,16 +40,17 @@ LAKRESVOS_TABULATE_EXPORT std::unique_ptr<OmCellText> MakeStatisticLabel(
 /// Parses a list such as `count,row%,mean:X,sd:X` of what ListStatistics() gives.
 ///
 /// The count is the sum of the weights, of which percentages are taken too; a number in a column
-/// counts as often as its row's weight says. The standard deviation is that of a sample: the root of
-/// the sum of squared distances from the mean over the sum of the weights less 1.
+/// counts as often as its row's weight says. The standard deviation is that of a sample: the root
+/// of the sum of squared distances from the mean over the sum of the weights less 1.
 ///
 /// @param source what messages call the list: the option that has it, say.
 /// @throws InputError that names the position, also for a duplicate statistic.
 LAKRESVOS_TABULATE_EXPORT std::vector<Statistic> ParseStatistics(
     std::string const& text, std::string const& source = "statistics");
 
-/// Warns of every row in which a column that a statistic is taken of has a text instead of a number;
-/// it counts as missing. To be called once for a data set, however many tables are made of it.
+/// Warns of every row in which a column that a statistic is taken of has a text instead of a
+/// number; it counts as missing. To be called once for a data set, however many tables are made of
+/// it.
 /// Requires: the data set keeps the columns of the statistics.
 LAKRESVOS_TABULATE_EXPORT void WarnAboutTexts(DataSet const& data,
                                               std::vector<Statistic> const& statistics,

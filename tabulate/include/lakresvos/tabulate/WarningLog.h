@@ -25,7 +25,8 @@ constexpr std::array<Skipped, 5> kAllSkipped = {Skipped::Lines, Skipped::Weights
 
 /// Something in the data that was skipped.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 struct Warning {
   Skipped kind;         ///< what was skipped
   std::size_t line;     ///< in the data, from 1
@@ -35,7 +36,8 @@ struct Warning {
 
 /// How much of one kind was skipped, and where that starts.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 struct SkipCount {
   std::size_t count = 0;  ///< how often
   std::size_t line = 0;   ///< the first one by line; 0 when there is none
@@ -44,7 +46,8 @@ struct SkipCount {
 
 /// Counts by kind what was skipped, and keeps the first warnings by line.
 ///
-/// Thread safety: const operations may run in several threads at once; others need exclusive access.
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
 class LAKRESVOS_TABULATE_EXPORT WarningLog {
  public:
   /// The number of warnings that are kept.
