@@ -1,5 +1,5 @@
-#ifndef LAKRESVOS_RENDER_AREA_NAMES_H
-#define LAKRESVOS_RENDER_AREA_NAMES_H
+#ifndef LAKRESVOS_RENDER_AREANAMES_H
+#define LAKRESVOS_RENDER_AREANAMES_H
 
 #include <array>
 #include <optional>

@@ -1,5 +1,5 @@
-#ifndef LAKRESVOS_RENDER_CHART_DATA_H
-#define LAKRESVOS_RENDER_CHART_DATA_H
+#ifndef LAKRESVOS_RENDER_CHARTDATA_H
+#define LAKRESVOS_RENDER_CHARTDATA_H
 
 #include <optional>
 #include <string>

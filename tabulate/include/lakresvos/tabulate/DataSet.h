@@ -1,5 +1,5 @@
-#ifndef LAKRESVOS_TABULATE_DATA_SET_H
-#define LAKRESVOS_TABULATE_DATA_SET_H
+#ifndef LAKRESVOS_TABULATE_DATASET_H
+#define LAKRESVOS_TABULATE_DATASET_H
 
 #include <cstddef>
 #include <cstdint>
