@@ -33,8 +33,9 @@ struct JsonOptions : TableOptions {
 /// - Not written are counts of writes, the pointers of OmOutputPart::Extra(), which texts share
 ///   storage, and cells that OmPivotTable::FirstCell() does not reach.
 ///
-/// Writing takes time linear in the stored cells, and in the displayed ones with the layout; memory
-/// beyond the document grows with its depths only, and with the headings of one layer.
+/// Every cell and label is asked for its text at most once, and once more for the layout. Writing
+/// takes time linear in the stored cells, and in the displayed ones with the layout; memory beyond
+/// the document grows with its depths only, and with the headings of one layer.
 ///
 /// Thread safety: none; one thread at a time uses a document and the stream.
 ///

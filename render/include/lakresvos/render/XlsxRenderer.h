@@ -63,10 +63,10 @@ struct XlsxOptions : TableOptions {
 ///
 /// Bytes that are not UTF-8 and control characters become U+FFFD.
 ///
-/// Writing takes time linear in the displayed and stored cells. Beside the headings, memory does
-/// not grow with the rows, which go to temporary files, one for each sheet, in the directory that
-/// TMPDIR names or else in /tmp. Documents of more than 50 sheets, and those with a title that
-/// wraps, are held in memory instead.
+/// Every cell and label is asked for its text once. Writing takes time linear in the displayed and
+/// stored cells. Beside the headings, memory does not grow with the rows, which go to temporary
+/// files, one for each sheet, in the directory that TMPDIR names or else in /tmp. Documents of more
+/// than 50 sheets, and those with a title that wraps, are held in memory instead.
 ///
 /// Thread safety: none; one thread at a time uses a document and the stream.
 ///
