@@ -20,15 +20,16 @@ XlsxStyle LinkStyle() {
 void XlsxContents::Add(std::string const& text, bool bold) {
   XlsxStyle style;
   style.bold = bold;
-  rows_ = sheet_.Lines(rows_, {text, ""}, Indented(style));
+  rows_ = sheet_.WriteLines(rows_, {text, ""}, Indented(style));
 }
 
 std::unique_ptr<XlsxSheet> XlsxContents::AddSheet(std::string const& entry,
                                                   std::string const& content,
                                                   std::string const& otherwise) {
   auto sheet = std::make_unique<XlsxSheet>(book_, content, otherwise);
-  sheet->Link(0, sheet_.Name(), sheet_.Name(), LinkStyle());
-  sheet_.Link(rows_++, sheet->Name(), entry.empty() ? sheet->Name() : entry, Indented(LinkStyle()));
+  sheet->WriteLink(0, sheet_.Name(), sheet_.Name(), LinkStyle());
+  sheet_.WriteLink(rows_++, sheet->Name(), entry.empty() ? sheet->Name() : entry,
+                   Indented(LinkStyle()));
   return sheet;
 }
 

@@ -108,7 +108,7 @@ class XlsxGrid {
     bool const heading = row < grid_.HeadingRows();
     int const labels = heading ? grid_.Columns() : grid_.HeadingColumns();
     if (int const level = heading ? 0 : GroupsAround(row); level > 0) {
-      sheet_.RowLevel(top_ + row, level);
+      sheet_.SetRowLevel(top_ + row, level);
     }
     for (int column = 0; column < labels; ++column) {
       WriteLabel(row, column);
@@ -207,7 +207,7 @@ class XlsxGrid {
     if (above.merged && !first) {
       sheet_.FormatEmptyCell(top_ + row, column, style);
     } else {
-      sheet_.Text(top_ + row, column, *above.text, style, cell.columnSpan == 1);
+      sheet_.WriteText(top_ + row, column, *above.text, style, cell.columnSpan == 1);
     }
   }
 
@@ -234,12 +234,12 @@ class XlsxGrid {
       auto const format = NumberFormat(value->decimals, marks);
       if (format.has_value() && (marks.empty() || sheet_.HasRoomFor(*format))) {
         style.numberFormat = *format;
-        sheet_.Number(top_ + row, column, value->value, text + marks, style);
+        sheet_.WriteNumber(top_ + row, column, value->value, text + marks, style);
         return;
       }
       sheet_.CountLoss(XlsxLoss::MarkedNumber, top_ + row, column);
     }
-    sheet_.Text(top_ + row, column, {text, notes_.FindMarks(cell)}, style);
+    sheet_.WriteText(top_ + row, column, {text, notes_.FindMarks(cell)}, style);
   }
 
   XlsxSheet& sheet_;
@@ -280,7 +280,7 @@ void SetUpXlsxGrid(XlsxSheet& sheet, DisplayGrid const& grid, int top) {
     }
   }
   for (int column = grid.HeadingColumns(); column < grid.Columns(); ++column) {
-    sheet.ColumnLevel(column, levels[static_cast<std::size_t>(column)]);
+    sheet.SetColumnLevel(column, levels[static_cast<std::size_t>(column)]);
   }
 }
 

@@ -65,7 +65,7 @@ class XlsxVisitor : public PlaceholderVisitor {
     auto const sheet = contents_.AddSheet(label, label, "Chart");
     XlsxStyle bold;
     bold.bold = true;
-    int const row = sheet->Lines(1, {label, ""}, bold);
+    int const row = sheet->WriteLines(1, {label, ""}, bold);
     std::string const& image = chart.GetImageData();
     std::string description(Utf16Prefix(CleanText(label), kMaxDescription));
     lxw_image_options options = {};
@@ -78,7 +78,7 @@ class XlsxVisitor : public PlaceholderVisitor {
     };
     if (!(IsWholePng(image) || IsWholeJpeg(image)) || insert() != LXW_NO_ERROR) {
       sheet->CountLoss(XlsxLoss::BadPicture, row, 0);
-      sheet->Lines(
+      sheet->WriteLines(
           row, {MakePlaceholder(chart) + " The picture is damaged or in an unknown format.", ""},
           XlsxStyle());
     }

@@ -131,8 +131,8 @@ void XlsxSheet::SetLeastWidth(int column, int width) {
   widths_[at] = std::max(widths_[at], width);
 }
 
-void XlsxSheet::Text(int row, int column, MarkedText const& text, XlsxStyle const& style,
-                     bool wide) {
+void XlsxSheet::WriteText(int row, int column, MarkedText const& text, XlsxStyle const& style,
+                          bool wide) {
   CheckPlace(row, column);
   std::string clean = CleanText(text.text);
   std::string marks = CleanText(text.marks);
@@ -149,7 +149,7 @@ void XlsxSheet::Text(int row, int column, MarkedText const& text, XlsxStyle cons
   if (wide && Widen(column, clean + marks) > kMaxWidth) {
     wrapped.wrap = true;
   }
-  WriteText(row, column, clean, marks, wrapped);
+  WriteMarked(row, column, clean, marks, wrapped);
 }
 
 bool XlsxSheet::WrapsAcrossPage(std::string const& text, XlsxStyle const& style) {
@@ -160,7 +160,7 @@ bool XlsxSheet::WrapsAcrossPage(std::string const& text, XlsxStyle const& style)
   });
 }
 
-int XlsxSheet::Lines(int row, MarkedText const& text, XlsxStyle const& style) {
+int XlsxSheet::WriteLines(int row, MarkedText const& text, XlsxStyle const& style) {
   std::string const clean = CleanText(text.text);
   if (clean.empty() && text.marks.empty()) {
     return row;
@@ -168,12 +168,12 @@ int XlsxSheet::Lines(int row, MarkedText const& text, XlsxStyle const& style) {
   std::vector<std::string_view> const lines = SplitLines(clean);
   for (std::string_view const& line : lines) {
     bool const last = &line == &lines.back();
-    Line(row++, {std::string(line), last ? text.marks : ""}, style);
+    WriteLine(row++, {std::string(line), last ? text.marks : ""}, style);
   }
   return row;
 }
 
-void XlsxSheet::Line(int row, MarkedText const& text, XlsxStyle style) {
+void XlsxSheet::WriteLine(int row, MarkedText const& text, XlsxStyle style) {
   std::size_t const lines = CountLines(text.text + text.marks, style);
   if (lines > 1) {
     CheckPlace(row, 0);
@@ -187,11 +187,11 @@ void XlsxSheet::Line(int row, MarkedText const& text, XlsxStyle style) {
       MergeAcrossPage(row);
     }
   }
-  Text(row, 0, text, style, false);
+  WriteText(row, 0, text, style, false);
 }
 
-void XlsxSheet::WriteText(int row, int column, std::string const& text, std::string const& marks,
-                          XlsxStyle const& style) {
+void XlsxSheet::WriteMarked(int row, int column, std::string const& text, std::string const& marks,
+                            XlsxStyle const& style) {
   auto const rowNumber = static_cast<lxw_row_t>(row);
   auto const columnNumber = static_cast<lxw_col_t>(column);
   if (text.empty() && marks.empty()) {
@@ -221,8 +221,8 @@ void XlsxSheet::WriteText(int row, int column, std::string const& text, std::str
   }
 }
 
-void XlsxSheet::Number(int row, int column, double value, std::string const& shown,
-                       XlsxStyle const& style) {
+void XlsxSheet::WriteNumber(int row, int column, double value, std::string const& shown,
+                            XlsxStyle const& style) {
   CheckPlace(row, column);
   Widen(column, shown);
   Check(worksheet_write_number(sheet_, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
@@ -235,13 +235,13 @@ void XlsxSheet::FormatEmptyCell(int row, int column, XlsxStyle const& style) {
                               book_.Format(style)));
 }
 
-void XlsxSheet::Link(int row, std::string const& sheet, std::string const& text,
-                     XlsxStyle const& style) {
+void XlsxSheet::WriteLink(int row, std::string const& sheet, std::string const& text,
+                          XlsxStyle const& style) {
   CheckPlace(row, 0);
   std::string const target = "internal:" + QuoteName(sheet) + "!A1";
   Check(worksheet_write_url(sheet_, static_cast<lxw_row_t>(row), 0, target.c_str(),
                             book_.Format(style)));
-  Line(row, {text, ""}, style);
+  WriteLine(row, {text, ""}, style);
 }
 
 // What the library would write into the range, a text and empty cells with a format, would end the
@@ -264,7 +264,7 @@ void XlsxSheet::CountLoss(XlsxLoss kind, int row, int column) {
   book_.Losses().Add(kind, QuoteName(name_) + '!' + cell);
 }
 
-void XlsxSheet::RowLevel(int row, int level) {
+void XlsxSheet::SetRowLevel(int row, int level) {
   CheckPlace(row, 0);
   lxw_row_col_options options = {};
   options.level = static_cast<std::uint8_t>(std::min(level, kMaxLevels));
@@ -272,7 +272,7 @@ void XlsxSheet::RowLevel(int row, int level) {
                               &options));
 }
 
-void XlsxSheet::ColumnLevel(int column, int level) {
+void XlsxSheet::SetColumnLevel(int column, int level) {
   auto const at = static_cast<std::size_t>(column);
   levels_.resize(std::max(levels_.size(), at + 1), 0);
   levels_[at] = std::min(level, kMaxLevels);

@@ -28,35 +28,38 @@ class XlsxSheet {
   /// unless `wide` is off.
   /// One that is longer than a cell can hold is replaced by a note that says so.
   /// @throws std::length_error, as all that write, when the place is outside a sheet.
-  void Text(int row, int column, MarkedText const& text, XlsxStyle const& style, bool wide = true);
+  void WriteText(int row, int column, MarkedText const& text, XlsxStyle const& style,
+                 bool wide = true);
 
   /// Writes a text line by line from the first column on, nothing for an empty one. Lines that are
   /// wider than a page wrap across merged columns that are as wide as a page or wider; very long ones
   /// go over several rows. The columns do not get wider.
   /// @return the row after the last.
-  int Lines(int row, MarkedText const& text, XlsxStyle const& style);
+  int WriteLines(int row, MarkedText const& text, XlsxStyle const& style);
 
-  /// Whether Lines() would wrap a line of the text.
+  /// Whether WriteLines() would wrap a line of the text.
   static bool WrapsAcrossPage(std::string const& text, XlsxStyle const& style);
 
   /// Writes a number; `shown` is the text that it will show.
-  void Number(int row, int column, double value, std::string const& shown, XlsxStyle const& style);
+  void WriteNumber(int row, int column, double value, std::string const& shown,
+                   XlsxStyle const& style);
 
   /// Gives a cell without content a style.
   void FormatEmptyCell(int row, int column, XlsxStyle const& style);
 
-  /// Writes a line, as Lines() does, that leads to another sheet.
-  void Link(int row, std::string const& sheet, std::string const& text, XlsxStyle const& style);
+  /// Writes a line, as WriteLines() does, that leads to another sheet.
+  void WriteLink(int row, std::string const& sheet, std::string const& text,
+                 XlsxStyle const& style);
 
   /// Merges cells, whose contents are written one by one, from the present row on down. A sheet
   /// cannot hold more than 65,535 merged cells; false, and nothing done, when it does.
   bool Merge(int row, int column, int rows, int columns);
 
   /// The outline level of a row; before any of its cells. Levels above 7 count as 7.
-  void RowLevel(int row, int level);
+  void SetRowLevel(int row, int level);
 
   /// The outline level of a column.
-  void ColumnLevel(int column, int level);
+  void SetColumnLevel(int column, int level);
 
   /// What every printed page repeats.
   void RepeatHeadings(XlsxHeadings const& headings) { headings_ = headings; }
@@ -80,10 +83,10 @@ class XlsxSheet {
 
  private:
   int Widen(int column, std::string const& text);
-  void Line(int row, MarkedText const& text, XlsxStyle style);
+  void WriteLine(int row, MarkedText const& text, XlsxStyle style);
   void MergeAcrossPage(int row);
-  void WriteText(int row, int column, std::string const& text, std::string const& marks,
-                 XlsxStyle const& style);
+  void WriteMarked(int row, int column, std::string const& text, std::string const& marks,
+                   XlsxStyle const& style);
 
   XlsxBook& book_;
   int number_;  // among the workbook's sheets

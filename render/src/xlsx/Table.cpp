@@ -75,7 +75,8 @@ class TableSheets {
     if (!first) {
       ++row_;
     }
-    row_ = sheet_->Lines(row_, {name, ""}, ApplyArea(XlsxStyle(), table_, FormatArea::AreaLayers));
+    row_ = sheet_->WriteLines(row_, {name, ""},
+                              ApplyArea(XlsxStyle(), table_, FormatArea::AreaLayers));
     if (first) {
       SetUpXlsxGrid(*sheet_, grid, row_);
     }
@@ -86,14 +87,14 @@ class TableSheets {
     MarkedText const caption{captionText_, notes_.FindMarks(caption_)};
     XlsxStyle const style = ApplyArea(XlsxStyle(), table_, FormatArea::AreaFootnotes);
     for (std::string const& note : notes_.EndSheet(last)) {
-      row_ = sheet_->Lines(row_, {note, ""}, style);
+      row_ = sheet_->WriteLines(row_, {note, ""}, style);
     }
     WriteLines(caption, XlsxStyle(), FormatArea::AreaCaption);
     sheet_->Finish();
   }
 
   void WriteLines(MarkedText const& text, XlsxStyle const& style, FormatArea::Area area) {
-    row_ = sheet_->Lines(row_, text, ApplyArea(style, table_, area));
+    row_ = sheet_->WriteLines(row_, text, ApplyArea(style, table_, area));
   }
 
   OmPivotTable& table_;

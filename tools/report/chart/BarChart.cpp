@@ -89,7 +89,7 @@ class BarChart {
     DrawBars(canvas);
     DrawNames(canvas);
     double const zero = Height(scale_.Position(0));
-    canvas.Line(left_, zero, Right(), zero, 1, kInk);
+    canvas.DrawLine(left_, zero, Right(), zero, 1, kInk);
     return canvas.Finish();
   }
 
@@ -198,24 +198,25 @@ class BarChart {
 
   void DrawTitles(SvgCanvas& canvas) const {
     if (seriesTitle_) {
-      canvas.Text(*seriesTitle_, left_, kMargin, 0, kInk);
+      canvas.DrawText(*seriesTitle_, left_, kMargin, 0, kInk);
     }
     if (valueTitle_) {
-      canvas.Text(*valueTitle_, kMargin, top_ - 2 * kMargin - valueTitle_->Height(), 0, kInk);
+      canvas.DrawText(*valueTitle_, kMargin, top_ - 2 * kMargin - valueTitle_->Height(), 0, kInk);
     }
     if (categoryTitle_) {
       // In the middle of what readers see before they scroll.
       double const middle = (left_ + std::min(Right(), left_ + kPlotWidth)) / 2;
-      canvas.Text(*categoryTitle_, middle - categoryTitle_->Width() / 2, NamesBottom(), 0, kInk);
+      canvas.DrawText(*categoryTitle_, middle - categoryTitle_->Width() / 2, NamesBottom(), 0,
+                      kInk);
     }
   }
 
   void DrawLegend(SvgCanvas& canvas) const {
     for (std::size_t i = 0; i < legend_.size(); ++i) {
       LegendEntry const& entry = legend_[i];
-      canvas.Rectangle(entry.x, entry.y + (entry.name.Height() - kSwatch) / 2, kSwatch, kSwatch,
-                       SeriesColor(i));
-      canvas.Text(entry.name, entry.x + kSwatch + kMargin / 2, entry.y, 0, kInk);
+      canvas.DrawRectangle(entry.x, entry.y + (entry.name.Height() - kSwatch) / 2, kSwatch, kSwatch,
+                           SeriesColor(i));
+      canvas.DrawText(entry.name, entry.x + kSwatch + kMargin / 2, entry.y, 0, kInk);
     }
   }
 
@@ -223,8 +224,8 @@ class BarChart {
     for (int tick = 0; tick < scale_.Ticks(); ++tick) {
       ShapedText const& label = ticks_[static_cast<std::size_t>(tick)];
       double const y = Height(scale_.TickPosition(tick));
-      canvas.Line(left_, y, Right(), y, 0.25, kInk);
-      canvas.Text(label, left_ - kMargin - label.Width(), y - label.Height() / 2, 0, kInk);
+      canvas.DrawLine(left_, y, Right(), y, 0.25, kInk);
+      canvas.DrawText(label, left_ - kMargin - label.Width(), y - label.Height() / 2, 0, kInk);
     }
   }
 
@@ -241,7 +242,8 @@ class BarChart {
         double const length =
             std::max(kMinBarLength, std::abs(Height(scale_.Position(value)) - zero));
         double const x = Middle(category) + width * (static_cast<double>(series) - bars / 2);
-        canvas.Rectangle(x, value < 0 ? zero : zero - length, width, length, SeriesColor(series));
+        canvas.DrawRectangle(x, value < 0 ? zero : zero - length, width, length,
+                             SeriesColor(series));
       }
     }
   }
@@ -252,9 +254,10 @@ class BarChart {
       double const width = names_[i].Width();
       if (slanting_) {
         double const along = width * std::cos(kSlant);
-        canvas.Text(names_[i], Middle(i) - along - names_[i].Height() / 4, y + along, kSlant, kInk);
+        canvas.DrawText(names_[i], Middle(i) - along - names_[i].Height() / 4, y + along, kSlant,
+                        kInk);
       } else {
-        canvas.Text(names_[i], Middle(i) - width / 2, y, 0, kInk);
+        canvas.DrawText(names_[i], Middle(i) - width / 2, y, 0, kInk);
       }
     }
   }

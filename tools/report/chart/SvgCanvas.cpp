@@ -111,13 +111,13 @@ SvgCanvas::SvgCanvas(double width, double height)
     : surface_(cairo_svg_surface_create_for_stream(Append, &svg_, width, height)),
       context_(cairo_create(surface_.get())) {}
 
-void SvgCanvas::Rectangle(double x, double y, double width, double height, Color color) {
+void SvgCanvas::DrawRectangle(double x, double y, double width, double height, Color color) {
   SetColor(context_.get(), color);
   cairo_rectangle(context_.get(), x, y, width, height);
   cairo_fill(context_.get());
 }
 
-void SvgCanvas::Line(double x1, double y1, double x2, double y2, double width, Color color) {
+void SvgCanvas::DrawLine(double x1, double y1, double x2, double y2, double width, Color color) {
   SetColor(context_.get(), color);
   cairo_set_line_width(context_.get(), width);
   cairo_move_to(context_.get(), x1, y1);
@@ -125,7 +125,7 @@ void SvgCanvas::Line(double x1, double y1, double x2, double y2, double width, C
   cairo_stroke(context_.get());
 }
 
-void SvgCanvas::Text(ShapedText const& text, double x, double y, double angle, Color color) {
+void SvgCanvas::DrawText(ShapedText const& text, double x, double y, double angle, Color color) {
   SetColor(context_.get(), color);
   cairo_save(context_.get());
   cairo_translate(context_.get(), x, y);

@@ -47,11 +47,11 @@ class SvgCanvas {
   SvgCanvas(SvgCanvas const&) = delete;
   SvgCanvas& operator=(SvgCanvas const&) = delete;
 
-  void Rectangle(double x, double y, double width, double height, Color color);
-  void Line(double x1, double y1, double x2, double y2, double width, Color color);
+  void DrawRectangle(double x, double y, double width, double height, Color color);
+  void DrawLine(double x1, double y1, double x2, double y2, double width, Color color);
 
   /// Puts the top left of a text at (x, y), turned clockwise around this point.
-  void Text(ShapedText const& text, double x, double y, double angle, Color color);
+  void DrawText(ShapedText const& text, double x, double y, double angle, Color color);
 
   /// Ends the picture and returns it.
   /// @throws std::runtime_error when it could not be drawn.
