@@ -35,17 +35,17 @@ LongHeader::LongHeader(CsvRecord const& record, std::vector<OmPivotTable*> const
 
 void LongHeader::Write(CsvRecord& record) const {
   if (hasTables_) {
-    record.Text(table_);
+    record.AddText(table_);
   }
   for (std::string const& name : levels_) {
-    record.Text(name);
+    record.AddText(name);
   }
   if (hasTotals_) {
-    record.Text(totals_);
+    record.AddText(totals_);
   }
-  record.Text(value_);
+  record.AddText(value_);
   if (hasFootnotes_) {
-    record.Text(footnotes_);
+    record.AddText(footnotes_);
   }
   record.End();
 }

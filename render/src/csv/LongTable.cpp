@@ -137,17 +137,17 @@ class LongTable {
   void Write(OmCellText* cell) {
     for (Source const& source : sources_) {
       if (source.dimension == kNone) {
-        record_.Empty();
+        record_.AddEmpty();
       } else {
         record_.Add(fields_[source.dimension][positions_[source.dimension]].levels[source.level]);
       }
     }
     if (header_.HasTotals()) {
-      record_.Text(Totals());
+      record_.AddText(Totals());
     }
     WriteValue(cell);
     if (header_.HasFootnotes()) {
-      record_.Text(ListFootnotes(cell));
+      record_.AddText(ListFootnotes(cell));
     }
     record_.End();
   }
@@ -159,11 +159,11 @@ class LongTable {
       if (!std::isnan(number->value)) {
         AppendNumber(value_, number->value);
       }
-      record_.Number(value_);
+      record_.AddNumber(value_);
     } else if (cell != nullptr) {
       record_.Add(EncodeLabel(record_, cell, cell->GetText()));
     } else {
-      record_.Empty();
+      record_.AddEmpty();
     }
   }
 
@@ -244,7 +244,7 @@ void WriteLongTables(CsvRecord& record, std::vector<OmPivotTable*> const& tables
   header.Write(record);
   for (std::size_t i = 0; i < tables.size(); ++i) {
     if (header.HasTables()) {
-      record.Lead(names[i]);
+      record.SetLead(names[i]);
     }
     LongTable writer(record, header, *tables[i], labels);
     if (all) {

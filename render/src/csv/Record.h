@@ -28,18 +28,19 @@ class CsvRecord {
 
   /// Has every record from the next one start with a field of this text, which has to be shown
   /// already.
-  void Lead(std::string const& shown) { lead_ = EncodeField(shown) + ','; }
+  void SetLead(std::string const& shown) { lead_ = EncodeField(shown) + ','; }
 
   /// Adds one or more fields, commas between, as they are written.
   void Add(std::string_view encoded);
 
   /// Adds a field with any text.
-  void Text(std::string_view text) { Add(EncodeField(text)); }
+  void AddText(std::string_view text) { Add(EncodeField(text)); }
 
   /// Adds a field that shows a number.
-  void Number(std::string_view text) { Add(text); }
+  void AddNumber(std::string_view text) { Add(text); }
 
-  void Empty() { Add({}); }
+  /// Adds a field without content.
+  void AddEmpty() { Add({}); }
 
   /// Ends the record.
   void End();

@@ -22,9 +22,9 @@ namespace {
 
 void WriteCell(CsvRecord& record, OmCellText* cell) {
   if (cell == nullptr) {
-    record.Empty();
+    record.AddEmpty();
   } else if (FindNumber(*cell).has_value()) {
-    record.Number(cell->GetText());
+    record.AddNumber(cell->GetText());
   } else {
     record.Add(EncodeLabel(record, cell, cell->GetText()));
   }
@@ -34,7 +34,7 @@ void WriteGrid(CsvRecord& record, DisplayGrid const& grid, LabelTexts& labels) {
   std::string const layer =
       LayerLine(grid.LayerLabels(), [&](OmCellText const* label) { return labels.Text(label); });
   if (!layer.empty()) {
-    record.Text(layer);
+    record.AddText(layer);
     record.End();
   }
   RepeatedHeadings cells(grid);
@@ -59,7 +59,7 @@ void WriteDimensionNames(CsvRecord& record, OmPivotTable const& table, LabelText
   bool written = false;
   for (CategoryColumns const& dimension : FindCategories(table, labels)) {
     for (std::string const& name : dimension.Names()) {
-      record.Text(name);
+      record.AddText(name);
       written = true;
     }
   }
@@ -133,7 +133,7 @@ void RenderCsv(OmOutputTree const& tree, std::ostream& out, CsvOptions const& op
     for (std::size_t i = 0; i < tables.size(); ++i) {
       buffer << (i > 0 ? "\r\n" : "");
       if (tables.size() > 1) {
-        record.Lead(names[i]);
+        record.SetLead(names[i]);
       }
       WriteDisplay(record, *tables[i], options, labels);
     }

@@ -43,7 +43,7 @@ std::string Field(std::string const& text, bool safe = false) {
   std::ostringstream out;
   OutputBuffer buffer(out);
   CsvRecord record(buffer, safe);
-  record.Text(text);
+  record.AddText(text);
   record.End();
   buffer.Flush();
   return out.str();
