@@ -7,7 +7,7 @@
 
 #include <codepage/codepage.h>
 
-// The program's own iconv functions stand before those of the C library, and can run out of memory
+// The program's own iconv functions come before those of the C library, and can run out of memory
 // as these can.
 #define EXPORTED extern "C" __attribute__((visibility("default")))
 

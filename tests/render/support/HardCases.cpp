@@ -328,7 +328,7 @@ void Formulas(Table& table) {
 }
 
 void LineEndsAndSpaces(Table& table) {
-  FillTexts(table, {"two\nlines", "two\r\nlines", "one\rtwo", "tab\ttab", "  blanks  ", "\n", " ",
+  FillTexts(table, {"two\nlines", "two\r\nlines", "one\rtwo", "tab\ttab", "  spaces  ", "\n", " ",
                     "no\u00A0break"});
 }
 

@@ -26,7 +26,7 @@ Texts Wrapped(std::string const& text, int limit) {
   return texts;
 }
 
-std::string WithoutBlanks(std::string text) {
+std::string RemoveSpaces(std::string text) {
   text.erase(std::remove(text.begin(), text.end(), ' '), text.end());
   return text;
 }
@@ -112,7 +112,7 @@ RC_GTEST_PROP(WrapProperty, NothingButBlanksIsLost, ()) {
   for (std::string const& line : PrintableLines(text)) {
     whole += line;
   }
-  RC_ASSERT(WithoutBlanks(lines) == WithoutBlanks(whole));
+  RC_ASSERT(RemoveSpaces(lines) == RemoveSpaces(whole));
 }
 
 RC_GTEST_PROP(WrapProperty, WrappingAtTheWidestLineChangesNothing, ()) {

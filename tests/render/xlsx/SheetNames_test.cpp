@@ -92,9 +92,9 @@ TEST(SheetNames, PassesNumbersThatAreTaken) {
 
 TEST(SheetNames, MakesRoomForTheNumber) {
   SheetNames names;
-  std::string const wish(40, 'x');
-  EXPECT_EQ(names.Next(wish, "Table"), std::string(31, 'x'));
-  EXPECT_EQ(names.Next(wish, "Table"), std::string(27, 'x') + " (2)");
+  std::string const text(40, 'x');
+  EXPECT_EQ(names.Next(text, "Table"), std::string(31, 'x'));
+  EXPECT_EQ(names.Next(text, "Table"), std::string(27, 'x') + " (2)");
 }
 
 TEST(SheetNames, DoesNotUseTheReservedName) {
@@ -103,7 +103,7 @@ TEST(SheetNames, DoesNotUseTheReservedName) {
   EXPECT_EQ(NameSheet("History 2"), "History 2");
 }
 
-TEST(SheetNames, ManyEqualWishesTakeLittleTime) {
+TEST(SheetNames, ManyEqualTextsTakeLittleTime) {
   SheetNames names;
   std::string last;
   for (int i = 0; i < 50000; ++i) {
@@ -113,12 +113,12 @@ TEST(SheetNames, ManyEqualWishesTakeLittleTime) {
 }
 
 RC_GTEST_PROP(SheetNames, AreLegalAndAllDifferent, ()) {
-  auto const wishes = *rc::gen::container<std::vector<std::string>>(rc::gen::container<std::string>(
+  auto const texts = *rc::gen::container<std::vector<std::string>>(rc::gen::container<std::string>(
       rc::gen::element('a', 'A', '\'', ' ', ':', '\\', '\xFF', '\xC3', '\xB6', '1', '\0')));
   SheetNames names;
   std::set<std::string> seen;
-  for (std::string const& wish : wishes) {
-    std::string name = names.Next(wish, "Table");
+  for (std::string const& text : texts) {
+    std::string name = names.Next(text, "Table");
     RC_ASSERT(!name.empty());
     RC_ASSERT(Utf16Length(name) <= 31u);
     RC_ASSERT(name.find_first_of("[]:*?/\\\n\t") == std::string::npos);
