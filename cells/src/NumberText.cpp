@@ -25,7 +25,7 @@ constexpr int kMaxFraction = 64;     // bits after the point
 
 /// Writes what std::to_chars() writes with fixed decimals, in a quarter of the time, for the
 /// numbers that tables are full of; null for others. A double is a whole number over a power of
-/// two, so its digits come exactly from whole numbers, halves going to the even neighbour.
+/// two, so its digits come exactly from whole numbers, halves going to the even neighbor.
 char* WriteFixed(char* out, double value, int decimals) {
   std::uint64_t bits = 0;
   std::memcpy(&bits, &value, sizeof bits);

@@ -259,7 +259,7 @@ class ListTree {
 
 /// The output document of one analysis run: a tree that owns its items.
 ///
-/// A new tree holds the root, an OmHeading labelled "Output". Items are made with `new` and
+/// A new tree holds the root, an OmHeading labeled "Output". Items are made with `new` and
 /// appended below it; from then on the tree deletes them. Requires: an item is in one tree, once.
 ///
 ///     OmOutputTree tree;

@@ -60,7 +60,7 @@ TEST(CaseFolding, DoesNotFollowTheTurkishRules) {
   EXPECT_NE(Folded("I", "\u0131"), 0);
 }
 
-TEST(CaseFolding, NeighboursOfFoldingCharactersStayApart) {
+TEST(CaseFolding, NeighborsOfFoldingCharactersStayApart) {
   EXPECT_NE(Folded("@", "`"), 0);
   EXPECT_NE(Folded("[", "{"), 0);
   EXPECT_NE(Folded("\u00D7", "\u00F7"), 0);

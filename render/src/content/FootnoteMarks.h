@@ -12,8 +12,8 @@
 namespace lakresvos::render {
 
 /// The footnotes of a table as text. A mark is shown raised where every character has a raised form
-/// or is a sign already and no more than one is a letter, and else as it is, in brackets: in the same
-/// form at its note and wherever it refers to that.
+/// or is a symbol already and no more than one is a letter, and else as it is, in brackets: in the
+/// same form at its note and wherever it refers to that.
 class FootnoteMarks {
  public:
   /// @param table  must outlive the object.
@@ -21,8 +21,9 @@ class FootnoteMarks {
   /// @param ascii  shows all marks in brackets.
   FootnoteMarks(OmPivotTable const& table, LabelTexts& labels, bool ascii);
 
-  /// What to put after a text: the marks of its footnotes, joined by commas, neighbors in
-  /// brackets within the same ones; empty when it has none. Numbers that are no footnote of the table are left out.
+  /// What to put after a text: the marks of its footnotes, joined by commas, several in brackets in
+  /// one pair of them; empty when it has none. Numbers that are no footnote of the table are left
+  /// out.
   std::string Find(OmCellText const& text) const;
 
   /// A footnote after its mark, by its position in the table's list.

@@ -12,7 +12,7 @@ namespace lakresvos::render {
 
 namespace {
 
-constexpr double kHeadingLevel = 8;  // bytes that a level of a heading takes at the least
+constexpr double kHeadingLevel = 8;  // bytes that a level of a heading takes at least
 
 /// What a dimension adds to the cost. Doubles, for products that no integer holds.
 struct Extent {
@@ -67,8 +67,8 @@ struct AxisCost {
   }
 };
 
-/// A dimension decides where a cell is found once. A further entry of it finds every cell at each of
-/// its categories, and so does any entry when the dimension is on an axis across.
+/// A dimension decides where a cell is found once. A further entry of it finds every cell at each
+/// of its categories, and so does any entry when the dimension is on an axis across.
 AxisCost EstimateCost(std::vector<short> const& axis, std::vector<Extent> const& extents,
                       std::vector<bool> across) {
   AxisCost cost;

@@ -7,7 +7,7 @@
 
 namespace lakresvos::render {
 
-/// The content of a chart's figure: its picture, its data as a table, or its announcement.
+/// The content of a chart's figure: its picture, its data as a table, or its placeholder.
 std::string HtmlChart(OmChart const& chart);
 
 }  // namespace lakresvos::render

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kEndSize = 22;     // of the record at the end of an archive
 constexpr std::size_t kEntrySize = 46;   // of an entry of the directory, without its texts
-constexpr std::size_t kHeaderSize = 30;  // in front of a part, without its texts
+constexpr std::size_t kHeaderSize = 30;  // before a part, without its texts
 
 /// An unsigned number, its lowest byte first; 0 past the end.
 std::size_t ReadNumber(std::string_view bytes, std::size_t at, std::size_t size) {

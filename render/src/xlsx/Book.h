@@ -18,11 +18,11 @@ namespace lakresvos::render {
 /// Where the rows of a workbook are until it is complete.
 ///
 /// A table can have millions of cells, and in memory each takes some two hundred bytes beside the
-/// document, so rows go to files as they are written. The XLSX library has a file for each sheet and
-/// keeps it open to the end, and a process can have a few hundred open files only. It also lets go
-/// of a row for good: cells can be merged down from the row that is being written, not in one above
-/// it. So documents of many sheets are held in memory, and so are those with a title that goes across
-/// merged columns, whose widths are known below the table only.
+/// document, so rows go to files as they are written. The XLSX library has a file for each sheet
+/// and keeps it open to the end, and a process can have a few hundred open files only. It cannot go
+/// back to a row either: cells can be merged down from the row that is being written, not in one
+/// above it. So documents of many sheets are held in memory, and so are those with a title that
+/// goes across merged columns, whose widths are known only after the table.
 enum class XlsxRows { InFiles, InMemory };
 
 /// A workbook that is being written to a temporary file.

@@ -13,7 +13,7 @@
 namespace lakresvos::render {
 
 /// What has to be known of a document before its workbook is begun: where the rows can be kept. The
-/// titles of the tables, which decide over that, are read here once and for all.
+/// titles of the tables, which decide that, are read here once and for all.
 class XlsxPlan {
  public:
   XlsxPlan(OmOutputTree const& tree, XlsxOptions const& options);

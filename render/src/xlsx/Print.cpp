@@ -8,9 +8,9 @@ namespace lakresvos::render {
 namespace {
 
 constexpr int kMinPercent = 50;
-constexpr int kUprightPixels = 659;   // between the margins of an A4 page, narrower than Letter
-constexpr int kSidewaysPixels = 921;  // of a Letter page on its side, narrower than A4
-constexpr int kMaxNumber = 32'767;    // of a sheet, in the names that the library defines
+constexpr int kPortraitPixels = 659;   // between the margins of an A4 page, narrower than Letter
+constexpr int kLandscapePixels = 921;  // of a Letter page, narrower than A4
+constexpr int kMaxNumber = 32'767;     // of a sheet, in the names that the library defines
 constexpr std::size_t kMaxReference = LXW_DEFINED_NAME_LENGTH - 1;
 
 bool Fits(int pixels, int page) {
@@ -64,9 +64,9 @@ void Repeat(XlsxBook& book, lxw_worksheet* sheet, std::string const& name,
 
 void SetUpPrinting(XlsxBook& book, lxw_worksheet* sheet, std::string const& name, int number,
                    XlsxHeadings const& headings, int pixels) {
-  bool const sideways = !Fits(pixels, kUprightPixels);
-  bool const onePage = Fits(pixels, sideways ? kSidewaysPixels : kUprightPixels);
-  if (sideways) {
+  bool const landscape = !Fits(pixels, kPortraitPixels);
+  bool const onePage = Fits(pixels, landscape ? kLandscapePixels : kPortraitPixels);
+  if (landscape) {
     worksheet_set_landscape(sheet);
   }
   if (onePage) {

@@ -15,7 +15,7 @@ struct XlsxHeadings {
 };
 
 /// Sets up how a sheet is printed: scaled to the width of one page, down to half its size; a sheet
-/// that is too wide for that on an upright page has its pages on the side, and one that is too wide
+/// that is too wide for that in portrait is printed in landscape, and one that is too wide
 /// even so goes over several pages at half its size.
 ///
 /// Headings are repeated as far as the XLSX library can: on the first 32,768 sheets, and where a

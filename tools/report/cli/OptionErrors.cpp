@@ -21,7 +21,7 @@ bool IsFlag(CLI::Option const& option) {
                                                      : option.get_name() + " needs a value");
 }
 
-/// @param left the arguments that the parser did not recognise.
+/// @param left the arguments that the parser did not recognize.
 [[noreturn]] void RefuseArgument(std::vector<std::string> const& left) {
   bool const afterOptions = left.size() > 1 && left.front() == "--";
   std::string const& argument = left[afterOptions ? 1 : 0];

@@ -49,8 +49,8 @@ struct XlsxOptions : TableOptions {
 ///   screen as the first layer of a sheet wants it. Columns are as wide as their widest number or
 ///   text, headings over several columns left out, up to a limit beyond which texts wrap.
 /// - Sheets are printed on the width of one page, down to half their size; those that are too wide
-///   have pages on the side, and when they are too wide even so, they go over several pages at half
-///   their size. Heading rows and columns are repeated on every printed page of the first 32,768
+///   are printed in landscape, and when they are too wide even so, over several pages at half their
+///   size. Heading rows and columns are repeated on every printed page of the first 32,768
 ///   sheets. Where a long name with characters beyond ASCII leaves no room for both, only the rows
 ///   are, and only the columns on a sheet that goes over several pages side by side.
 /// - Area formats and the styles of cells become cell formats, margins left out; see AreaStyle.h. A
