@@ -12,12 +12,12 @@
 // Why a region is built as it is. Tables hold millions of small cells and texts, made one by one
 // and mostly released all at once, and whoever releases one knows its address and nothing else. So
 //
-// 1. Blocks have no headers. Memory comes in chunks whose addresses are multiples of their size: the
-//    upper bits of an address lead to the chunk's header, which names the owner and, for each page
-//    of the chunk, the size of the blocks on it.
-// 2. Each rounded size has a bin of its own, fed by runs of pages: getting a block is a step forward
-//    in a run, or the head of the list of released ones. What is made in a row lies in a row, and
-//    runs grow with the demand, so that a size that is seldom asked for takes little.
+// 1. Blocks have no headers. Memory comes in chunks whose addresses are multiples of their size:
+//    the upper bits of an address lead to the chunk's header, which names the owner and, for each
+//    page of the chunk, the size of the blocks on it.
+// 2. Each rounded size has a bin of its own, fed by runs of pages: getting a block is a step
+//    forward in a run, or the head of the list of released ones. What is made in a row lies in a
+//    row, and runs grow with the demand, so that a size that is seldom asked for takes little.
 // 3. Large blocks lie alone, each after a header of its own, and go back to the system at once: if
 //    they were kept they would seldom fit again.
 // 4. The end of a region looks at chunks, not at blocks. Chunks come in spans that grow with the

@@ -9,8 +9,8 @@
 namespace lakresvos::render {
 
 /// The texts of labels, each asked for once however often it is shown: what a label shows may be
-/// costly to find out. Cells of a table's body are not labels; keeping their texts would take memory
-/// for all of them.
+/// costly to find out. Cells of a table's body are not labels; keeping their texts would take
+/// memory for all of them.
 ///
 /// The labels must outlive the object and must not change while it lives.
 class LabelTexts {

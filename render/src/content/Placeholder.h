@@ -10,8 +10,8 @@
 
 namespace lakresvos::render {
 
-// What takes the place of an item that has no form as text: its kind and label in brackets, for a chart
-// with its sub-type, for the others with the sizes of what they hold, as in
+// What takes the place of an item that has no form as text: its kind and label in brackets, for a
+// chart with its sub-type, for the others with the sizes of what they hold, as in
 //
 //     [Chart: Survival (bar)]
 //     [Model: Regression (PMML: 2048 bytes, binary data: 1 byte)]

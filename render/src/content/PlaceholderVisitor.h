@@ -9,7 +9,8 @@
 
 namespace lakresvos::render {
 
-/// Has a placeholder written for every item that has no form as text, unless a renderer knows better.
+/// Has a placeholder written for every item that has no form as text, unless a renderer knows
+/// better.
 class PlaceholderVisitor : public OmOutputPart::Visitor {
  public:
   using OmOutputPart::Visitor::Visit;

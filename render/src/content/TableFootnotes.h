@@ -32,8 +32,8 @@ class TableFootnotes {
   /// Whose texts the footnotes are shown with.
   LabelTexts& Labels() const { return labels_; }
 
-  /// The footnotes of a text, in the order in which it has them. Numbers that are no footnote of the
-  /// table are left out.
+  /// The footnotes of a text, in the order in which it has them. Numbers that are no footnote of
+  /// the table are left out.
   std::vector<std::size_t> Find(OmCellText const& text) const;
 
   /// The marks of these footnotes, joined by commas; empty when there are none.

@@ -8,8 +8,8 @@
 
 namespace lakresvos::render {
 
-/// Has a visitor visit all items of a document in order. Before each, `depth` becomes the item's and
-/// `number` its place in the document, counted from 0; places without an item count.
+/// Has a visitor visit all items of a document in order. Before each, `depth` becomes the item's
+/// and `number` its place in the document, counted from 0; places without an item count.
 inline void VisitAll(OmOutputTree const& tree, OmOutputPart::Visitor& visitor, int& depth,
                      std::size_t& number) {
   number = 0;

@@ -7,12 +7,13 @@
 
 namespace lakresvos::render {
 
-/// How far a cell of an HTML table can reach (HTML Living Standard, 4.9.11); browsers cut off the rest.
+/// How far a cell of an HTML table can reach (HTML Living Standard, 4.9.11); browsers cut off the
+/// rest.
 constexpr int kMaxHtmlColumns = 1000;
 constexpr int kMaxHtmlRows = 65'534;
 
-/// The headings of a grid in cells that are no larger than HTML allows: a larger cell comes in several
-/// pieces with the same label.
+/// The headings of a grid in cells that are no larger than HTML allows: a larger cell comes in
+/// several pieces with the same label.
 class HtmlHeadings {
  public:
   /// @param grid must outlive the object.

@@ -150,8 +150,8 @@ std::string Rule(std::string const& selector, std::string const& declarations) {
   return declarations.empty() ? declarations : selector + "{" + declarations + "}\n";
 }
 
-/// Makes a selector of what is within the table. All areas weigh the same, so that a later rule wins over an earlier one,
-/// and less than a class, so that a cell's own style wins over both.
+/// Makes a selector of what is within the table. All areas weigh the same, so that a later rule
+/// wins over an earlier one, and less than a class, so that a cell's own style wins over both.
 std::string MakeSelector(std::string const& table, std::string const& selector) {
   return table + " :where(" + selector + ")";
 }

@@ -117,7 +117,8 @@ class HtmlTable {
     out_ << (reaches ? "</span>" : "") << (header ? "</th>" : "</td>");
   }
 
-  /// hN: the heading column, edge: the last one, foot: the end of the head, t: a total, wide: has a wide word.
+  /// hN: the heading column, edge: the last one, foot: the end of the head, t: a total, wide: has a
+  /// wide word.
   std::string MakeClasses(GridCell const& cell) const {
     std::string classes = cell.role == GridRole::Corner ? "corner " : "";
     if (cell.role != GridRole::ColumnHeading) {

@@ -8,9 +8,9 @@
 
 namespace lakresvos::render {
 
-/// To be alive during calls of the library that writes workbooks. That makes temporary files that have a
-/// name for a moment, in which no signal may end the process, and prints to standard error what its
-/// callers are told anyway.
+/// To be alive during calls of the library that writes workbooks. That makes temporary files that
+/// have a name for a moment, in which no signal may end the process, and prints to standard error
+/// what its callers are told anyway.
 class LibraryCall {
  public:
   LibraryCall() : nowhere_(std::fopen("/dev/null", "we")) {

@@ -24,8 +24,8 @@ constexpr int kMaxLinks = 40;  // as many as the system follows
 constexpr int kMaxTemporaries = 1000;
 constexpr mode_t kPermissionBits = 07777;
 
-/// Finds the path that a symbolic link leads to in the end, whether or not anything is there; nothing
-/// when links form a loop.
+/// Finds the path that a symbolic link leads to in the end, whether or not anything is there;
+/// nothing when links form a loop.
 std::optional<fs::path> FollowLinks(fs::path path) {
   std::error_code error;
   for (int links = 0; links <= kMaxLinks; ++links) {

@@ -10,8 +10,8 @@
 
 namespace lakresvos::render {
 
-/// The texts of a grid's body, from measuring its columns to drawing it: a cell may find out at some
-/// cost what it shows, so it is asked once. They share one string, without overhead for each.
+/// The texts of a grid's body, from measuring its columns to drawing it: a cell may find out at
+/// some cost what it shows, so it is asked once. They share one string, without overhead for each.
 class BodyTexts {
  public:
   /// Starts without any.

@@ -41,8 +41,8 @@ struct TextPart {
 /// all.
 ///
 /// What is wider than `width` terminal columns (0: nothing) is cut into parts with as many columns
-/// of the body as fit, at least one, next to all of the row headings. Columns that leave no room for
-/// that wrap earlier, but not below a few characters, so that a part may still be too wide.
+/// of the body as fit, at least one, next to all of the row headings. Columns that leave no room
+/// for that wrap earlier, but not below a few characters, so that a part may still be too wide.
 ///
 /// Looks at every cell of the grid once and adds the texts of the body to `texts`.
 std::vector<TextPart> LayOutText(DisplayGrid const& grid, FootnoteMarks const& marks, int limit,

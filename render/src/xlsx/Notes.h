@@ -18,7 +18,8 @@ class XlsxNotes {
   XlsxNotes(XlsxNotes const&) = delete;
   XlsxNotes& operator=(XlsxNotes const&) = delete;
 
-  /// The text of a label that may be shown in several layers, asked for once; nothing for a null one.
+  /// The text of a label that may be shown in several layers, asked for once; nothing for a null
+  /// one.
   std::string const& FindText(OmCellText const* label) { return labels_.Text(label); }
 
   /// The marks of a label or cell as they are, to be raised; none for a null one.

@@ -14,11 +14,11 @@ namespace lakresvos::render {
 
 namespace {
 
-// Beyond a limit of theirs, spreadsheet programs call a workbook damaged and repair it, which removes
-// more than the excess, and the XLSX library checks only some limits. So all of them are checked here,
-// before anything is written. What is too large as a whole, such as a table of too many rows, is
-// refused; a detail that has no room, such as a long text, is replaced and counted as a loss, or looks
-// plainer, as the cells after the last one that can be merged do.
+// Beyond a limit of theirs, spreadsheet programs call a workbook damaged and repair it, which
+// removes more than the excess, and the XLSX library checks only some limits. So all of them are
+// checked here, before anything is written. What is too large as a whole, such as a table of too
+// many rows, is refused; a detail that has no room, such as a long text, is replaced and counted as
+// a loss, or looks plainer, as the cells after the last one that can be merged do.
 //
 // The limits of rows, columns and characters are those that spreadsheet programs publish; widths in
 // characters follow ECMA-376, part 1, 18.3.1.13.

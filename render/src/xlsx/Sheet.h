@@ -32,8 +32,8 @@ class XlsxSheet {
                  bool wide = true);
 
   /// Writes a text line by line from the first column on, nothing for an empty one. Lines that are
-  /// wider than a page wrap across merged columns that are as wide as a page or wider; very long ones
-  /// go over several rows. The columns do not get wider.
+  /// wider than a page wrap across merged columns that are as wide as a page or wider; very long
+  /// ones go over several rows. The columns do not get wider.
   /// @return the row after the last.
   int WriteLines(int row, MarkedText const& text, XlsxStyle const& style);
 

@@ -25,7 +25,8 @@ std::string_view Trim(std::string_view text) {
   return first == std::string_view::npos ? "" : text.substr(first, last - first + 1);
 }
 
-/// A text with single spaces for what a name cannot have, and no longer than leaves room for `suffix`.
+/// A text with single spaces for what a name cannot have, and no longer than leaves room for
+/// `suffix`.
 std::string MakeLegal(std::string const& text, std::string const& suffix) {
   std::string legal;
   for (char const c : CleanText(text)) {

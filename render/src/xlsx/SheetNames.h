@@ -6,8 +6,8 @@
 
 namespace lakresvos::render {
 
-/// Names for the sheets of a workbook, as spreadsheets take them (ECMA-376, part 1, 18.2.19, and the
-/// limits that they add): not empty, at most 31 UTF-16 units, without the characters
+/// Names for the sheets of a workbook, as spreadsheets take them (ECMA-376, part 1, 18.2.19, and
+/// the limits that they add): not empty, at most 31 UTF-16 units, without the characters
 /// `[ ] : * ? / \`, without an apostrophe at either end, not the reserved "History", and each
 /// different from all others whatever the case of its letters.
 class SheetNames {

@@ -39,7 +39,8 @@ class CsvSink {
   virtual void Add(CsvRecord const& record) = 0;
 };
 
-/// Reads a CSV file as in RFC 4180, in one pass, in memory that grows with the longest record alone.
+/// Reads a CSV file as in RFC 4180, in one pass, in memory that grows with the longest record
+/// alone.
 ///
 /// Fields are UTF-8, with or without a byte order mark; spaces belong to them; quoted ones may hold
 /// commas, doubled quotes and line ends. Beyond the RFC, lines may end with LF or CR as well as CR

@@ -19,8 +19,8 @@ std::unique_ptr<OmCellText> MakeDimensionLabel(TableDimension const& dimension,
 /// Fills a dimension without categories: one category for each of `source`, with the same
 /// subscript, in groups for the outer ones of nested columns; and a Total after them if asked for.
 ///
-/// Categories that `groups` names are together under a group, where the first of them would be. Those
-/// of an inner column are so within each category of the outer one.
+/// Categories that `groups` names are together under a group, where the first of them would be.
+/// Those of an inner column are so within each category of the outer one.
 void FillDimension(OmDimension& target, TableDimension const& source, CategoryGroups const& groups,
                    DataSet const& data, bool withTotal);
 

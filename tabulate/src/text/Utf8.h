@@ -12,7 +12,8 @@ std::size_t MeasureCharacter(std::string_view text);
 /// Whether the text is well-formed UTF-8.
 bool IsUtf8(std::string_view text);
 
-/// Whether the text has bytes below 0x80 only, which is far quicker to tell than whether it is UTF-8.
+/// Whether the text has bytes below 0x80 only, which is far quicker to tell than whether it is
+/// UTF-8.
 bool IsAscii(std::string_view text);
 
 /// The number of characters (code points) in the text. A byte that belongs to none counts as one.

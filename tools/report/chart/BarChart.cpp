@@ -33,11 +33,12 @@ constexpr int kMaxNameLines = 3;
 constexpr double kSlant = -0.785398163397448;  // half a right angle
 constexpr double kSwatch = 12;
 
-// Contrasts 4.5 to 1 with both white and black, which WCAG 2.1 (success criterion 1.4.3) asks of text.
+// Contrasts 4.5 to 1 with both white and black, which WCAG 2.1 (success criterion 1.4.3) asks of
+// text.
 constexpr Color kInk = {0x76 / 255.0, 0x76 / 255.0, 0x76 / 255.0};
 
-// From the palette of Okabe and Ito (2008): neighbors differ in lightness, and all differ for each kind
-// of color blindness.
+// From the palette of Okabe and Ito (2008): neighbors differ in lightness, and all differ for each
+// kind of color blindness.
 constexpr std::array<Color, 6> kColors = {{
     {0x00 / 255.0, 0x72 / 255.0, 0xB2 / 255.0},
     {0xE6 / 255.0, 0x9F / 255.0, 0x00 / 255.0},

@@ -16,7 +16,8 @@ namespace lakresvos::report {
 /// dark page, and the colors of the first series differ for color-blind readers too. Every number
 /// has a bar, if only a thin one; a missing or infinite value has none.
 ///
-/// @return the picture in SVG; empty when there are more bars than a reader could tell apart (5,000).
+/// @return the picture in SVG; empty when there are more bars than a reader could tell apart
+///         (5,000).
 /// Requires: each series has a value per category.
 std::string DrawBarChart(render::ChartData const& data);
 

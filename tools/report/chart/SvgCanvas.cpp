@@ -81,7 +81,8 @@ ShapedText::ShapedText(std::string const& text, double maxWidth, Overflow overfl
   }
   std::string const line = OneLine(text);
   pango_layout_set_text(layout_.get(), line.data(), static_cast<int>(line.size()));
-  // Lines are placed in the given width as their script asks; from here on they begin where they end up.
+  // Lines are placed in the given width as their script asks; from here on they begin where they
+  // end up.
   pango_layout_set_width(layout_.get(), pango_units_from_double(std::min(maxWidth, Width())));
 }
 

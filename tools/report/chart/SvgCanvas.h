@@ -39,8 +39,8 @@ class ShapedText {
   std::unique_ptr<PangoLayout, Release> layout_;
 };
 
-/// Draws a picture in SVG on a transparent ground; lengths are in pixels, from the top left. Letters
-/// are drawn as outlines: the picture needs no fonts where it is shown, and holds no texts.
+/// Draws a picture in SVG on a transparent ground; lengths are in pixels, from the top left.
+/// Letters are drawn as outlines: the picture needs no fonts where it is shown, and holds no texts.
 class SvgCanvas {
  public:
   SvgCanvas(double width, double height);

@@ -15,8 +15,8 @@ CLI::Validator AllowValues(std::vector<std::string> const& values);
 /// Accepts whole numbers from `min` to `max` only.
 CLI::Validator AllowRange(int min, int max);
 
-/// Refuses what the parser would misread: `--name=`, which would get the next argument as its value,
-/// and a flag with a value.
+/// Refuses what the parser would misread: `--name=`, which would get the next argument as its
+/// value, and a flag with a value.
 /// @throws InputError for the first such argument.
 void CheckAssignments(CLI::App const& app, int argc, char const* const* argv);
 

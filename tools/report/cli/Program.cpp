@@ -58,8 +58,8 @@ std::vector<std::string> RenderTo(std::string const& name, OmOutputTree const& d
   }
 }
 
-/// Writes the document to where it belongs, but not with --strict when the format cannot hold all of
-/// it.
+/// Writes the document to where it belongs, but not with --strict when the format cannot hold all
+/// of it.
 /// @return what the format could not hold.
 std::vector<std::string> Write(OmOutputTree const& document, Options const& options,
                                render::OutputFile& out) {

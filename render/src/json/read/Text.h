@@ -26,8 +26,8 @@ struct JsonData::Field {
   JsonData data;
 };
 
-/// The value that a JSON text (RFC 8259) is. Nothing in it is larger than in a document in JSON: values are
-/// nested no deeper, objects have no more fields, and no two of one name.
+/// The value that a JSON text (RFC 8259) is. Nothing in it is larger than in a document in JSON:
+/// values are nested no deeper, objects have no more fields, and no two of one name.
 /// @throws JsonError for what is not JSON, and for anything larger.
 JsonData ParseJson(std::string const& text);
 
