@@ -101,14 +101,14 @@ bool MayBeRun(std::string const& field) {
 }
 
 /// A text without the apostrophes that keep it from being run.
-std::string WithoutApostrophes(std::string text) {
+std::string RemoveApostrophes(std::string text) {
   text.erase(std::remove(text.begin(), text.end(), '\''), text.end());
   return text;
 }
 
 /// Whether a field shows a text, guarded or not.
 bool Shows(std::string const& field, std::string const& text, bool safe) {
-  return field == text || (safe && WithoutApostrophes(field) == WithoutApostrophes(text));
+  return field == text || (safe && RemoveApostrophes(field) == RemoveApostrophes(text));
 }
 
 bool IsNumber(std::string const& text) {
