@@ -123,7 +123,7 @@ void OmOccupiedPlaces::AppendTo(std::vector<unsigned long long>& result) {
       }
     } else if (level != 0) {
       path.push_back(
-          Enter(static_cast<OmPivotTable::PointerVector*>(top.node->Entry(subscripts_[level])),
+          Enter(OmPivotTable::PointerVector::FromEntry(top.node->Entry(subscripts_[level])),
                 level - 1, FindListBelow(top, level)));
     } else {
       bool const hit = AreOthersInRange();
@@ -162,11 +162,12 @@ bool OmOccupiedPlaces::Step(Frame& frame, std::size_t level) {
     return StepOpen(frame, level);
   }
   while (!frame.finished) {
-    at = frame.node->FirstFrom(frame.next);
-    looks_ += at - frame.next + 1;
-    if (at >= frame.node->size()) {
+    OmPivotTable::PointerVector::Found const found = frame.node->FirstFrom(frame.next);
+    ++looks_;
+    if (found.entry == nullptr) {
       return false;
     }
+    at = found.position;
     frame.next = at + 1;
     if (dimension.role == Role::kOther) {
       return at < static_cast<unsigned long>(dimension.bound);

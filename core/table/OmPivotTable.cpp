@@ -98,13 +98,14 @@ OmDimension& OmPivotTable::Data::Adopt(Owned<OmDimension> dimension) {
   if (dimension->value.label != nullptr) {
     Bind(*dimension->value.label);
   }
+  ReserveLevels(_dimensions.size() + 1);
   PointerVector* const before = cells;
   AddCellDimension();
   try {
     _dimensions.push_back(dimension.get());
   } catch (...) {
     if (cells != before) {
-      Destroyer()(std::exchange(cells, before));
+      PointerVector::Release(std::exchange(cells, before));
     }
     throw;
   }
@@ -145,6 +146,7 @@ void OmPivotTable::CopyDimensions(OmPivotTable const& other) {
   for (OmDimension const* dimension : other._my->_dimensions.Elements()) {
     copies.push_back(_my->Make<OmDimension>(*dimension, _my));
   }
+  _my->ReserveLevels(copies.size());
   if (!copies.empty()) {
     _my->_dimensions.reserve(OmVector<OmDimension*>::GrownCapacity(copies.size() - 1));
   }

@@ -13,36 +13,20 @@
 #include <cells/icuTracker.h>
 #include <lakresvos/OmPivotTable.h>
 
-/// One node of the cell store. An entry is a node of the next level or, at the bottom, a cell; null
-/// where nothing lies below.
-struct OmPivotTable::PointerVector : OmVector<void*> {
-  using OmVector<void*>::OmVector;
-
-  /// The entry at `position`, or null past the end.
-  void* Entry(unsigned long position) const {
-    return position < size() ? begin[position] : nullptr;
-  }
-
-  /// The position of the first entry from `position` on that is not null; size() when there is
-  /// none.
-  unsigned long FirstFrom(unsigned long position) const;
-
-  /// Appends nulls until there is an entry at `position`. A far position is reserved for exactly.
-  void MakeRoom(unsigned long position);
-};
+#include "table/OmPivotTablePointerVector.h"
 
 /// All that a table holds, and the region that it lives in.
 ///
 /// The cell store is a tree of PointerVectors with one level per dimension: the root is indexed by
 /// the subscript of the last dimension, the bottom nodes by that of the first.
 ///
-/// Why a tree of vectors: a few dimensions of some hundred categories have millions of
-/// combinations, and most hold nothing. A lookup takes one step per dimension and allocates
-/// nothing, a walk meets the cells in the order of their subscripts, and a branch without cells
-/// costs one null. The price is that a node is as long as its largest subscript. Why the last
-/// dimension is on top: dimensions are added at the end, also when cells are there, and the new
-/// level is then a new root above the present store, whatever that holds. Why a region: a table
-/// goes in bulk, and only its cells and dimensions have to be visited for that.
+/// Why a tree: a few dimensions of some hundred categories have millions of combinations, and most
+/// hold nothing. A lookup takes one step per dimension and allocates nothing, a walk meets the cells
+/// in the order of their subscripts, and a branch without cells costs one null, or nothing in a
+/// node with few entries. Why the last dimension is on top: dimensions are added at the end, also
+/// when cells are there, and the new level is then a new root above the present store, whatever
+/// that holds. Why a region: a table goes in bulk, and only what owns something outside the region
+/// has to be visited for that.
 ///
 /// What holds between operations:
 ///
@@ -97,19 +81,41 @@ struct OmPivotTable::Data : OmMemoryRegion {
   /// A bound copy of `text` in this region; null for null.
   std::unique_ptr<OmCellText> CloneAndBind(OmCellText const* text);
 
-  /// The bottom node on the path of `index`, or null. Requires: one subscript per dimension.
-  PointerVector* FindBottom(std::vector<int> const& index) const;
+  /// Makes room for what the store keeps per dimension, for `count` of them.
+  void ReserveLevels(std::size_t count);
 
   /// @throws OMSException unless `index` has one subscript per dimension and none is negative.
   void CheckIndex(std::vector<int> const& index) const;
 
-  /// Makes the slot at `index` exist and returns it. Nothing is changed when that fails.
-  /// Requires: one subscript per dimension, none negative, at least one.
-  void*& MakeSlot(std::vector<int> const& index);
+  /// The cell at `index`, or null. Requires: one subscript per dimension. A negative one finds
+  /// nothing.
+  OmCellText* FindCell(std::vector<int> const& index) const {
+    PointerVector const* node = cells;
+    int const* const first = index.data();
+    int const* at = first + index.size();
+    if (node == nullptr || at == first) {
+      return nullptr;
+    }
+    for (;;) {
+      void* const entry = node->Entry(static_cast<unsigned int>(*--at));
+      if (at == first) {
+        return static_cast<OmCellText*>(entry);
+      }
+      if (!PointerVector::MayHave(entry, static_cast<unsigned int>(at[-1]))) {
+        return nullptr;
+      }
+      node = PointerVector::FromEntry(entry);
+    }
+  }
 
-  /// Gives back the nodes on the path of `index` that hold nothing, but for the root.
-  /// Requires: a bottom node on that path.
-  void Prune(std::vector<int> const& index);
+  /// Puts a cell of this region, or null, into the store and deletes the one before it, whose
+  /// metadata the new one inherits. Nothing is changed when that fails.
+  /// Requires: one subscript per dimension, none negative, at least one.
+  void StoreCell(std::vector<int> const& index, std::unique_ptr<OmCellText> cell);
+
+  /// Deletes the cell at `index` and gives back the nodes on the path that hold nothing, but for
+  /// the root. Does nothing outside the store. Requires: one subscript per dimension.
+  void DeleteCell(std::vector<int> const& index);
 
   std::unique_ptr<OmCellText> templateName;
   std::unique_ptr<OmCellText> cornerText;
@@ -166,11 +172,44 @@ struct OmPivotTable::Data : OmMemoryRegion {
   std::string miscProperties;
 
  private:
-  /// Gives back `node`, which belongs to `level`, and the nodes below it on the path of `index`.
-  static void ReleasePath(PointerVector* node, std::size_t level, std::vector<int> const& index);
+  /// The nodes of the store from the root down to the deepest one on the path of an index.
+  struct Path {
+    PointerVector* above = nullptr;  ///< the node before the last one
+    PointerVector* last = nullptr;   ///< the deepest node; null in an empty store
+    std::size_t level = 0;           ///< that of `last`; the number of dimensions in an empty store
+  };
 
-  /// Deletes every cell. The nodes are left half emptied, for the region to release.
+  /// A node that a walk comes back to, and where it goes on there.
+  struct Step {
+    PointerVector* node = nullptr;
+    unsigned long position = 0;
+  };
+
+  Path FindPath(std::vector<int> const& index) const;
+
+  /// Whether `index` leads to the bottom node that was written last.
+  bool IsLastWritten(std::vector<int> const& index) const;
+
+  /// Up to where a node of `level` will probably be filled.
+  unsigned long GetExpected(std::size_t level) const {
+    return static_cast<unsigned long>(_dimensions[level]->CategoryCount());
+  }
+
+  /// Takes `node` into the place of the last node of `path`, which has moved there.
+  void Hook(Path const& path, std::vector<int> const& index, PointerVector* node);
+
+  /// Nodes for the levels below `level`, with `cell` at the bottom of the path of `index`.
+  PointerVector* MakeBranch(std::vector<int> const& index, std::size_t level, OmCellText* cell);
+
+  /// Gives back the nodes below `level` on the path of `index`, of which `node` is the uppermost.
+  static void ReleaseBranch(PointerVector* node, std::size_t level, std::vector<int> const& index);
+
+  /// Deletes every cell. Allocates nothing.
   void DeleteCells();
+
+  Path lastBottom;             ///< to the bottom node that was written last; none after a change
+  std::vector<int> lastIndex;  ///< the index written there; its first subscript says nothing
+  std::vector<Step> wayBack;   ///< for DeleteCells(), one per dimension
 };
 
 /// A position in the cell store.

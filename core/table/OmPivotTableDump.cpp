@@ -47,6 +47,18 @@ void DumpTree(OmDimension const& dimension) {
   }
 }
 
+/// One line of the dump of the cell store.
+void PrintEntry(void const* entry, unsigned long depth, unsigned long index, bool isCell) {
+  for (unsigned long group = 0; group < depth; ++group) {
+    std::cout << "    [" << index << "] ";
+  }
+  std::cout << entry;
+  if (isCell && entry != nullptr) {
+    std::cout << " - " << static_cast<OmCellText const*>(entry)->GetText();
+  }
+  std::cout << std::endl;
+}
+
 }  // namespace
 
 void OmPivotTable::Print() const {
@@ -74,29 +86,34 @@ void OmPivotTable::Print() const {
 }
 
 void OmPivotTable::PrintCells(PointerVector* node, unsigned long depth, unsigned long index) const {
-  struct Entry {
-    void* pointer;
-    unsigned long depth;
-    unsigned long index;
+  // The nodes from the first one down, each with the entry that comes next.
+  struct Step {
+    PointerVector const* node;
+    unsigned long next;
   };
-  std::vector<Entry> pending{{node, depth, index}};
-  while (!pending.empty()) {
-    Entry const entry = pending.back();
-    pending.pop_back();
-    for (unsigned long group = 0; group < entry.depth; ++group) {
-      std::cout << "    [" << entry.index << "] ";
+  std::vector<Step> path;
+  std::size_t const bottom = _my->_dimensions.size();
+  PrintEntry(node, depth, index, depth >= bottom);
+  if (node != nullptr && depth < bottom) {
+    path.push_back({node, 0});
+  }
+  while (!path.empty()) {
+    Step& step = path.back();
+    if (step.next == step.node->size()) {
+      path.pop_back();
+      continue;
     }
-    std::cout << entry.pointer;
-    bool const isCell = entry.depth >= _my->_dimensions.size();
-    if (isCell && entry.pointer != nullptr) {
-      std::cout << " - " << static_cast<OmCellText const*>(entry.pointer)->GetText();
+    unsigned long const position = step.next++;
+    void* const entry = step.node->Entry(position);
+    unsigned long const below = depth + path.size();
+    if (below >= bottom) {
+      PrintEntry(entry, below, position, true);
+      continue;
     }
-    std::cout << std::endl;
-    if (!isCell && entry.pointer != nullptr) {
-      auto const& entries = *static_cast<PointerVector const*>(entry.pointer);
-      for (unsigned long i = entries.size(); i != 0; --i) {
-        pending.push_back({entries[i - 1], entry.depth + 1, i - 1});
-      }
+    PointerVector const* const child = PointerVector::FromEntry(entry);
+    PrintEntry(child, below, position, false);
+    if (child != nullptr) {
+      path.push_back({child, 0});
     }
   }
 }

@@ -6,39 +6,36 @@ OmPivotTable::Iterator::Data::Data(OmPivotTable::Data& table) : levels(table._di
   void* entry = table.cells;
   for (std::size_t i = levels.size(); i != 0 && entry != nullptr;) {
     Level& level = levels[--i];
-    level.node = static_cast<PointerVector*>(entry);
+    level.node = PointerVector::FromEntry(entry);
     level.size = static_cast<int>(table._dimensions[i]->CategoryCount());
-    unsigned long const first = level.node->FirstFrom(0);
-    entry = level.node->Entry(first);
-    level.index = entry != nullptr ? first : 0;
+    PointerVector::Found const found = level.node->FirstFrom(0);
+    entry = found.entry;
+    level.index = found.position;
   }
   current = static_cast<OmCellText*>(entry);
 }
 
 void* OmPivotTable::Iterator::Data::Increment(unsigned long target) {
   for (unsigned long at = target; at < levels.size();) {
-    Level& level = levels[at];
-    unsigned long const next = level.node->FirstFrom(level.index + 1);
-    void* entry = level.node->Entry(next);
-    if (entry == nullptr) {
+    PointerVector::Found found = levels[at].node->FirstFrom(levels[at].index + 1);
+    if (found.entry == nullptr) {
       ++at;
       continue;
     }
-    level.index = next;
+    levels[at].index = found.position;
     // Down again to the level asked for, unless a branch turns out to be empty.
     while (at != target) {
-      auto* const node = static_cast<PointerVector*>(entry);
-      unsigned long const first = node->FirstFrom(0);
-      if (first == node->size()) {
+      PointerVector* const node = PointerVector::FromEntry(found.entry);
+      found = node->FirstFrom(0);
+      if (found.entry == nullptr) {
         break;
       }
       --at;
       levels[at].node = node;
-      levels[at].index = first;
-      entry = (*node)[first];
+      levels[at].index = found.position;
     }
     if (at == target) {
-      return entry;
+      return at == 0 ? found.entry : PointerVector::FromEntry(found.entry);
     }
   }
   return nullptr;

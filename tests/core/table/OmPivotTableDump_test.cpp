@@ -379,16 +379,17 @@ TEST(OmPivotTablePrintCells, ACellStandsBehindItsAddress) {
   table.Put({0}, "cell");
   Node* const root = table.data().cells;
   EXPECT_EQ(Cells(table, root, 0, 0),
-            (Lines{PointerText(root), "    [0] " + PointerText((*root)[0]) + " - cell"}));
+            (Lines{PointerText(root), "    [0] " + PointerText(root->Entry(0)) + " - cell"}));
 }
 
 TEST(OmPivotTablePrintCells, AnEmptySlotIsItsAddressAlone) {
   TestTable table(1);
   table.Put({2}, "cell");
   Node* const root = table.data().cells;
-  EXPECT_EQ(Cells(table, root, 0, 0), (Lines{PointerText(root), "    [0] " + PointerText(nullptr),
-                                             "    [1] " + PointerText(nullptr),
-                                             "    [2] " + PointerText((*root)[2]) + " - cell"}));
+  EXPECT_EQ(Cells(table, root, 0, 0),
+            (Lines{PointerText(root), "    [0] " + PointerText(nullptr),
+                   "    [1] " + PointerText(nullptr),
+                   "    [2] " + PointerText(root->Entry(2)) + " - cell"}));
 }
 
 TEST(OmPivotTablePrintCells, TheSameNumberStandsInEveryGroup) {
@@ -400,15 +401,15 @@ TEST(OmPivotTablePrintCells, TheSameNumberStandsInEveryGroup) {
   Node* const second = Below(root, 1);
   EXPECT_EQ(Cells(table, root, 0, 9),
             (Lines{PointerText(root), "    [0] " + PointerText(first),
-                   "    [0]     [0] " + PointerText((*first)[0]) + " - a",
+                   "    [0]     [0] " + PointerText(first->Entry(0)) + " - a",
                    "    [1] " + PointerText(second), "    [0]     [0] " + PointerText(nullptr),
-                   "    [1]     [1] " + PointerText((*second)[1]) + " - b"}));
+                   "    [1]     [1] " + PointerText(second->Entry(1)) + " - b"}));
 }
 
 TEST(OmPivotTablePrintCells, AtDepthTwoWithNumberThreeALineBeginsWithTwoGroups) {
   TestTable table(2);
   table.Put({3, 0}, "cell");
-  void* const cell = (*Below(table.data().cells, 0))[3];
+  void* const cell = Below(table.data().cells, 0)->Entry(3);
   EXPECT_EQ(Cells(table, cell, 2, 3), Lines{"    [3]     [3] " + PointerText(cell) + " - cell"});
 }
 
@@ -418,7 +419,7 @@ TEST(OmPivotTablePrintCells, APartOfTheStoreCanBePrinted) {
   Node* const middle = Below(Below(table.data().cells, 0), 1);
   EXPECT_EQ(Cells(table, middle, 2, 1),
             (Lines{"    [1]     [1] " + PointerText(middle),
-                   "    [0]     [0]     [0] " + PointerText((*middle)[0]) + " - cell"}));
+                   "    [0]     [0]     [0] " + PointerText(middle->Entry(0)) + " - cell"}));
 }
 
 TEST(OmPivotTablePrintCells, DeeperThanTheDimensionsEverythingIsACell) {
@@ -452,7 +453,7 @@ TEST(OmPivotTablePrintCells, AClearedBranchIsANullNode) {
   EXPECT_EQ(
       Cells(table, root, 0, 0),
       (Lines{PointerText(root), "    [0] " + PointerText(nullptr), "    [1] " + PointerText(second),
-             "    [0]     [0] " + PointerText((*second)[0]) + " - cell"}));
+             "    [0]     [0] " + PointerText(second->Entry(0)) + " - cell"}));
 }
 
 // Depth

@@ -36,13 +36,14 @@ void Describe(std::ostream& out, OmCellText const* text) {
 
 void Describe(std::ostream& out, OmPivotTable::PointerVector const* node, std::size_t level) {
   out << "[";
-  for (void* entry : node->Elements()) {
+  for (unsigned long position = 0; position < node->size(); ++position) {
+    void* const entry = node->Entry(position);
     if (entry == nullptr) {
       out << "_";
     } else if (level == 1) {
       Describe(out, static_cast<OmCellText*>(entry));
     } else {
-      Describe(out, static_cast<OmPivotTable::PointerVector*>(entry), level - 1);
+      Describe(out, OmPivotTable::PointerVector::FromEntry(entry), level - 1);
     }
     out << " ";
   }

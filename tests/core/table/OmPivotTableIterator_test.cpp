@@ -355,7 +355,7 @@ TEST(OmPivotTableIteratorState, HasOneLevelPerDimension) {
   EXPECT_EQ(state.levels[1].size, 5);
   EXPECT_EQ(state.levels[1].node, table.data().cells);
   EXPECT_EQ(state.levels[0].node,
-            static_cast<OmPivotTable::PointerVector*>((*table.data().cells)[1]));
+            OmPivotTable::PointerVector::FromEntry(table.data().cells->Entry(1)));
   EXPECT_EQ(state.current, table.Cell({2, 1}));
 }
 
@@ -384,7 +384,7 @@ TEST(OmPivotTableIteratorState, IncrementingAHigherLevelGivesItsNextNode) {
   table.Put({5, 0}, "b");
   table.Put({1, 3}, "c");
   State state(table.data());
-  void* const next = (*table.data().cells)[3];
+  void* const next = OmPivotTable::PointerVector::FromEntry(table.data().cells->Entry(3));
   EXPECT_EQ(state.Increment(1), next);
   EXPECT_EQ(state.levels[1].index, 3U);
   EXPECT_EQ(state.Increment(1), nullptr);

@@ -1,0 +1,293 @@
+#include "table/OmPivotTablePointerVector.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+#include <rapidcheck/gtest.h>
+#include <vector>
+
+#include <cells/OmMemoryRegion.h>
+
+#include "core/table/PlainNode.h"
+#include "support/FailingNew.h"
+
+namespace {
+
+using Node = OmPivotTable::PointerVector;
+using Positions = std::vector<unsigned long>;
+
+constexpr unsigned long kLast = std::numeric_limits<int>::max();
+
+/// Something for an entry to lead to, different for each number and never null.
+void* Mark(unsigned long number) {
+  return reinterpret_cast<void*>((number + 1) * 16);
+}
+
+/// A node and the plain one beside it.
+class NodePair {
+ public:
+  void Set(unsigned long position, void* entry, unsigned long expected = 0) {
+    SetInNode(position, entry, expected);
+    plain_.Set(position, entry);
+  }
+
+  void SetInNode(unsigned long position, void* entry, unsigned long expected = 0) {
+    node_ = node_ == nullptr ? Node::Make(region, position, entry)
+                             : node_->Set(position, entry, expected);
+  }
+
+  void Fill(Positions const& positions, unsigned long expected = 0) {
+    for (unsigned long const position : positions) {
+      Set(position, Mark(position), expected);
+    }
+  }
+
+  /// Checks all that the node shows; reads at and beside each entry.
+  void Check() const {
+    ASSERT_EQ(node_->size(), plain_.size());
+    ASSERT_EQ(node_->CountFilled(), plain_.Filled().size());
+    unsigned long next = 0;
+    for (auto const& [position, entry] : plain_.Filled()) {
+      Node::Found const found = node_->FirstFrom(next);
+      ASSERT_EQ(found.position, position);
+      ASSERT_EQ(found.entry, entry);
+      ASSERT_EQ(node_->Entry(position), entry);
+      ASSERT_EQ(*node_->FindSlot(position), entry);
+      ASSERT_EQ(node_->FirstFrom(position).entry, entry);
+      ASSERT_EQ(node_->Entry(position + 1), plain_.Entry(position + 1));
+      ASSERT_EQ(node_->Entry(position - 1), plain_.Entry(position - 1));
+      ASSERT_TRUE(Node::MayHave(node_->AsEntry(), position));
+      next = position + 1;
+    }
+    ASSERT_EQ(node_->FirstFrom(next).entry, nullptr);
+    ASSERT_EQ(node_->Entry(node_->size()), nullptr);
+    ASSERT_EQ(node_->FirstFrom(node_->size()).entry, nullptr);
+    ASSERT_EQ(Node::FromEntry(node_->AsEntry()), node_);
+  }
+
+  unsigned long BytesPerEntry() const {
+    return region.BytesInUse() / std::max(1UL, node_->CountFilled());
+  }
+
+  Node* get() const { return node_; }
+  PlainNode const& plain() const { return plain_; }
+
+  void Release() {
+    Node::Release(node_);
+    node_ = nullptr;
+    plain_ = PlainNode();
+  }
+
+  OmMemoryRegion region{false};
+
+ private:
+  Node* node_ = nullptr;
+  PlainNode plain_;
+};
+
+/// Each `step`th position below `end`.
+Positions Every(unsigned long step, unsigned long end) {
+  Positions positions;
+  for (unsigned long position = 0; position < end; position += step) {
+    positions.push_back(position);
+  }
+  return positions;
+}
+
+Positions Shuffled(Positions positions) {
+  std::shuffle(positions.begin(), positions.end(), std::mt19937(1));
+  return positions;
+}
+
+// One form after another
+
+TEST(OmPivotTablePointerVector, MayEndWithANullEntry) {
+  NodePair pair;
+  pair.Set(1000, nullptr);
+  pair.Check();
+  EXPECT_FALSE(Node::MayHave(pair.get()->AsEntry(), 1000));
+}
+
+TEST(OmPivotTablePointerVector, KeepsWhatItHasWhenItBecomesLonger) {
+  for (unsigned long const last : {3UL, 4UL, 31UL, 32UL, 33UL, 1000UL, kLast}) {
+    NodePair pair;
+    pair.Fill({0, 1, last});
+    pair.Check();
+    pair.Set(std::min(2 * last, kLast), nullptr);
+    pair.Check();
+  }
+}
+
+TEST(OmPivotTablePointerVector, HoldsAllPositionsInOrderOrNot) {
+  for (Positions const& order : {Every(1, 2000), Shuffled(Every(1, 2000))}) {
+    for (unsigned long const expected : {0UL, 2000UL, 1UL}) {
+      NodePair pair;
+      for (unsigned long const position : order) {
+        pair.Set(position, Mark(position), expected);
+      }
+      pair.Check();
+    }
+  }
+}
+
+TEST(OmPivotTablePointerVector, ShowsTheSameAtEveryCountOfAList) {
+  NodePair pair;
+  for (unsigned long const position : Shuffled(Every(1000, 60000))) {
+    pair.Set(position, Mark(position));
+    pair.Check();
+  }
+}
+
+TEST(OmPivotTablePointerVector, ReplacesEntriesInEveryForm) {
+  for (unsigned long const step : {1UL, 10UL, 100UL, 10000UL}) {
+    NodePair pair;
+    pair.Fill(Every(step, 10000));
+    for (unsigned long const position : Every(step, 10000)) {
+      pair.Set(position, Mark(position + 1));
+    }
+    pair.Check();
+  }
+}
+
+TEST(OmPivotTablePointerVector, EmptiesInAnyOrder) {
+  for (unsigned long const step : {1UL, 10UL, 100UL, 10000UL}) {
+    for (Positions const& order : {Every(step, 10000), Shuffled(Every(step, 10000))}) {
+      NodePair pair;
+      pair.Fill(Every(step, 10000));
+      for (unsigned long const position : order) {
+        pair.Set(position, nullptr);
+      }
+      pair.Check();
+      EXPECT_EQ(pair.get()->CountFilled(), 0U);
+      EXPECT_LT(pair.region.BytesInUse(), 512U) << "more than a short list";
+    }
+  }
+}
+
+TEST(OmPivotTablePointerVector, FillsAgainAfterItWasEmptied) {
+  NodePair pair;
+  for (int round = 0; round < 3; ++round) {
+    pair.Fill(Shuffled(Every(3, 3000)));
+    pair.Check();
+    for (unsigned long const position : Every(3, 3000)) {
+      pair.Set(position, nullptr);
+    }
+    pair.Check();
+  }
+}
+
+// Memory
+
+TEST(OmPivotTablePointerVector, TakesMemoryForWhatItHoldsAlone) {
+  for (unsigned long const step : {1UL, 2UL, 7UL, 20UL, 64UL, 100UL, 1000UL, 65536UL, 1000000UL}) {
+    NodePair pair;
+    unsigned long const end = step * 2000;
+    pair.Fill(Shuffled(Every(step, end)));
+    pair.Check();
+    EXPECT_LE(pair.BytesPerEntry(), 80U) << "every " << step;
+  }
+}
+
+TEST(OmPivotTablePointerVector, IsHardlyLongerThanItsEntriesWhenFull) {
+  NodePair pair;
+  pair.Fill(Every(1, 10000), 10000);
+  EXPECT_LE(pair.region.BytesInUse(), 8 * 10000 + 64U);
+}
+
+TEST(OmPivotTablePointerVector, GivesEverythingBack) {
+  for (unsigned long const step : {1UL, 10UL, 1000UL, 1000000UL}) {
+    NodePair pair;
+    pair.Fill(Shuffled(Every(step, step * 500)));
+    pair.Release();
+    EXPECT_EQ(pair.region.BytesInUse(), 0U);
+  }
+  Node::Release(nullptr);
+}
+
+// Hints
+
+TEST(OmPivotTablePointerVector, OfNoNodeMayHaveNothing) {
+  EXPECT_FALSE(Node::MayHave(nullptr, 0));
+  EXPECT_EQ(Node::FromEntry(nullptr), nullptr);
+}
+
+TEST(OmPivotTablePointerVector, AListSaysWhichPositionsItHasNot) {
+  NodePair pair;
+  pair.Fill({100, 250});
+  void* const entry = pair.get()->AsEntry();
+  EXPECT_TRUE(pair.get()->HasHints());
+  unsigned long maybe = 0;
+  for (unsigned long position = 0; position < 1600; ++position) {
+    maybe += Node::MayHave(entry, position) ? 1 : 0;
+  }
+  EXPECT_EQ(maybe, 200U);
+}
+
+// Failure
+
+TEST(OmPivotTablePointerVector, AnyAllocationMayFail) {
+  for (unsigned long const step : {1UL, 5UL, 64UL, 4096UL}) {
+    NodePair pair;
+    for (unsigned long const position : Shuffled(Every(step, step * 300))) {
+      unsigned long const bytes = pair.region.BytesInUse();
+      FailEveryAllocation([&] { pair.SetInNode(position, Mark(position)); },
+                          [&] { ASSERT_EQ(pair.region.BytesInUse(), bytes); });
+      pair.Set(position, Mark(position));
+    }
+    pair.Check();
+  }
+}
+
+TEST(OmPivotTablePointerVector, TakingOutNeedsNoMemory) {
+  for (unsigned long const step : {1UL, 5UL, 64UL, 4096UL}) {
+    NodePair pair;
+    pair.Fill(Every(step, step * 300));
+    for (unsigned long const position : Shuffled(Every(step, step * 300))) {
+      {
+        FailAfter const failing(1);
+        pair.SetInNode(position, nullptr);
+      }
+      pair.Set(position, nullptr);
+    }
+    pair.Check();
+    pair.Fill(Every(step, step * 300));
+    pair.Check();
+  }
+}
+
+// Anything
+
+RC_GTEST_PROP(OmPivotTablePointerVectorProperty, ShowsWhatAPlainVectorShows, ()) {
+  // Positions near one another, anywhere, or in clusters far apart.
+  auto const bits = *rc::gen::inRange(1, 32);
+  auto const cluster = *rc::gen::inRange(0, 12);
+  auto const count = *rc::gen::inRange(1, 600);
+  auto const seed = *rc::gen::arbitrary<unsigned int>();
+  std::mt19937_64 random(seed);
+  NodePair pair;
+  Positions written;
+  for (int i = 0; i < count; ++i) {
+    unsigned long position = (random() & ((1UL << bits) - 1)) & kLast;
+    if (!written.empty() && cluster != 0 && random() % 4 != 0) {
+      position = std::min(kLast, written.back() + random() % (1UL << cluster));
+    }
+    bool const again = !written.empty() && random() % 3 == 0;
+    position = again ? written[random() % written.size()] : position;
+    bool const erase = random() % (again ? 2 : 20) == 0;
+    pair.Set(position, erase ? nullptr : Mark(static_cast<unsigned long>(i)),
+             random() % 3 == 0 ? random() % (1UL << bits) : 0);
+    written.push_back(position);
+  }
+  pair.Check();
+  for (unsigned long const position : written) {
+    RC_ASSERT((pair.get()->Entry(position) == pair.plain().Entry(position)));
+    auto const at = pair.plain().Filled().lower_bound(position + 1);
+    Node::Found const found = pair.get()->FirstFrom(position + 1);
+    RC_ASSERT((found.entry == (at != pair.plain().Filled().end() ? at->second : nullptr)));
+  }
+  pair.Release();
+  RC_ASSERT(pair.region.BytesInUse() == 0U);
+}
+
+}  // namespace
