@@ -22,7 +22,11 @@ struct OmCellText::Extras {
 OmCellText::OmCellText() noexcept = default;
 
 OmCellText::OmCellText(OmCellText const& other)
-    : extras_(other.extras_ ? std::make_unique<Extras>(*other.extras_) : nullptr) {}
+    : extras_(other.extras_ ? std::make_unique<Extras>(*other.extras_) : nullptr) {
+  if (extras_) {
+    NoteOwnership();
+  }
+}
 
 OmCellText::~OmCellText() = default;
 
@@ -86,6 +90,20 @@ short OmCellText::CompareTexts(OmCellText const& other, bool ignoreCase) const {
   return cell_order::CompareTexts(GetText(), other.GetText(), ignoreCase);
 }
 
+bool OmCellText::GoesWithRegion() const {
+  return false;
+}
+
+bool OmCellText::TakeValue(OmCellText const& /*other*/) {
+  return false;
+}
+
+void OmCellText::NoteOwnership() const {
+  if (OmMemoryRegion* const region = OmMemoryRegion::FindRegion(this)) {
+    region->NoteOwner();
+  }
+}
+
 OmMemoryRegion* OmCellText::Home(OmMemoryRegion* region) const {
   return region != nullptr ? region : OmMemoryRegion::FindRegion(this);
 }
@@ -93,6 +111,7 @@ OmMemoryRegion* OmCellText::Home(OmMemoryRegion* region) const {
 OmCellText::Extras& OmCellText::MakeExtras() {
   if (!extras_) {
     extras_ = std::make_unique<Extras>();
+    NoteOwnership();
   }
   return *extras_;
 }

@@ -1,3 +1,5 @@
+#include <typeinfo>
+
 #include <cells/OmDataValue.h>
 
 #include "CellOrder.h"
@@ -32,6 +34,10 @@ void OmNumDataValue::Accept(Visitor& visitor) {
   visitor.Visit(*this);
 }
 
+bool OmNumDataValue::GoesWithRegion() const {
+  return typeid(*this) == typeid(OmNumDataValue);
+}
+
 std::string OmNumDataValue::ValueText() const {
   return NumberText(value_, -1);
 }
@@ -54,4 +60,8 @@ long OmStringDataValue::GetKind() const {
 
 void OmStringDataValue::Accept(Visitor& visitor) {
   visitor.Visit(*this);
+}
+
+bool OmStringDataValue::GoesWithRegion() const {
+  return typeid(*this) == typeid(OmStringDataValue);
 }

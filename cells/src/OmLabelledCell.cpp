@@ -24,6 +24,7 @@ std::string OmLabelledCell::GetText() const {
 void OmLabelledCell::UseTracker(icuTracker* tracker) {
   if (!label_.IsBoundTo(tracker)) {
     label_ = label_.BoundTo(tracker);
+    NoteOwnership();
   }
 }
 

@@ -1,3 +1,5 @@
+#include <typeinfo>
+
 #include <cells/OmNumber.h>
 
 #include "CellOrder.h"
@@ -32,4 +34,21 @@ short OmNumber::Compare(OmCellText const& other, bool ignoreCase) const {
 
 void OmNumber::Accept(Visitor& visitor) {
   visitor.Visit(*this);
+}
+
+bool OmNumber::GoesWithRegion() const {
+  return typeid(*this) == typeid(OmNumber);
+}
+
+bool OmNumber::TakeValue(OmCellText const& other) {
+  if (typeid(*this) != typeid(OmNumber) || typeid(other) != typeid(OmNumber) || hasContext()) {
+    return false;
+  }
+  auto const& number = static_cast<OmNumber const&>(other);
+  if (!number.IsBare()) {
+    return false;
+  }
+  value_ = number.value_;
+  decimals_ = number.decimals_;
+  return true;
 }

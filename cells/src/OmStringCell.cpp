@@ -1,3 +1,5 @@
+#include <typeinfo>
+
 #include <cells/OmStringCell.h>
 
 #include "CellOrder.h"
@@ -22,6 +24,7 @@ short OmPlainText::Compare(OmCellText const& other, bool ignoreCase) const {
 void OmPlainText::UseTracker(icuTracker* tracker) {
   if (!text_.IsBoundTo(tracker)) {
     text_ = text_.BoundTo(tracker);
+    NoteOwnership();
   }
 }
 
@@ -49,6 +52,10 @@ void OmStringCell::Accept(Visitor& visitor) {
   visitor.Visit(*this);
 }
 
+bool OmStringCell::GoesWithRegion() const {
+  return typeid(*this) == typeid(OmStringCell);
+}
+
 OmStringCellUTF8::OmStringCellUTF8(std::string const& text) : OmPlainText(text) {}
 
 OmStringCellUTF8::OmStringCellUTF8(OmStringCellUTF8 const& other, OmMemoryRegion* region)
@@ -66,4 +73,8 @@ long OmStringCellUTF8::GetKind() const {
 
 void OmStringCellUTF8::Accept(Visitor& visitor) {
   visitor.Visit(*this);
+}
+
+bool OmStringCellUTF8::GoesWithRegion() const {
+  return typeid(*this) == typeid(OmStringCellUTF8);
 }

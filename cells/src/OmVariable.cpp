@@ -1,3 +1,5 @@
+#include <typeinfo>
+
 #include <cells/OmVariable.h>
 
 OmVariable::OmVariable(std::string const& name, std::string const& label)
@@ -18,4 +20,8 @@ long OmVariable::GetKind() const {
 
 void OmVariable::Accept(Visitor& visitor) {
   visitor.Visit(*this);
+}
+
+bool OmVariable::GoesWithRegion() const {
+  return typeid(*this) == typeid(OmVariable);
 }

@@ -49,7 +49,7 @@ bool OmPivotTable::Cell(std::vector<int> const& index, OmCellText const* cell) {
   if (index.empty()) {
     ThrowSizeError(0, 0);
   }
-  _my->StoreCell(index, _my->CloneAndBind(cell));
+  _my->StoreCell(index, cell);
   return true;
 }
 

@@ -14,6 +14,7 @@
 #include <lakresvos/OmPivotTable.h>
 
 #include "table/OmPivotTablePointerVector.h"
+#include "table/OmShortArray.h"
 
 /// All that a table holds, and the region that it lives in.
 ///
@@ -108,10 +109,10 @@ struct OmPivotTable::Data : OmMemoryRegion {
     }
   }
 
-  /// Puts a cell of this region, or null, into the store and deletes the one before it, whose
-  /// metadata the new one inherits. Nothing is changed when that fails.
+  /// Puts a bound copy of `value` into the store; for null, a null entry. The cell that was there
+  /// goes, but for its metadata. Nothing is changed when that fails.
   /// Requires: one subscript per dimension, none negative, at least one.
-  void StoreCell(std::vector<int> const& index, std::unique_ptr<OmCellText> cell);
+  void StoreCell(std::vector<int> const& index, OmCellText const* value);
 
   /// Deletes the cell at `index` and gives back the nodes on the path that hold nothing, but for
   /// the root. Does nothing outside the store. Requires: one subscript per dimension.
@@ -198,13 +199,16 @@ struct OmPivotTable::Data : OmMemoryRegion {
   /// Takes `node` into the place of the last node of `path`, which has moved there.
   void Hook(Path const& path, std::vector<int> const& index, PointerVector* node);
 
+  /// Adds the nodes that `path` lacks to reach the bottom, with `cell` there.
+  void AddBranch(std::vector<int> const& index, Path const& path, OmCellText* cell);
+
   /// Nodes for the levels below `level`, with `cell` at the bottom of the path of `index`.
   PointerVector* MakeBranch(std::vector<int> const& index, std::size_t level, OmCellText* cell);
 
   /// Gives back the nodes below `level` on the path of `index`, of which `node` is the uppermost.
   static void ReleaseBranch(PointerVector* node, std::size_t level, std::vector<int> const& index);
 
-  /// Deletes every cell. Allocates nothing.
+  /// Deletes every cell, unless all of them go with the region. Allocates nothing.
   void DeleteCells();
 
   Path lastBottom;             ///< to the bottom node that was written last; none after a change
@@ -229,7 +233,7 @@ struct OmPivotTable::Iterator::Data {
   /// Moves the positions from `level` upwards and returns the next entry of that level, or null.
   void* Increment(unsigned long level);
 
-  std::vector<Level> levels;
+  OmShortArray<Level, 8> levels;  ///< one per dimension
   OmCellText* current = nullptr;
   unsigned int owners = 1;  ///< how many iterators share this position
 };

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <lakresvos/OmPivotTable.h>
 
 #include "table/OmPivotTableData.h"
@@ -77,11 +79,14 @@ OmPivotTable::Iterator& OmPivotTable::Iterator::operator++() {
 
 std::vector<int> OmPivotTable::Iterator::Index() const {
   std::vector<int> index;
-  index.reserve(data_->levels.size());
-  for (Data::Level const& level : data_->levels) {
-    index.push_back(static_cast<int>(level.index));
-  }
+  Index(index);
   return index;
+}
+
+void OmPivotTable::Iterator::Index(std::vector<int>& index) const {
+  index.resize(data_->levels.size());
+  std::transform(data_->levels.begin(), data_->levels.end(), index.begin(),
+                 [](Data::Level const& level) { return static_cast<int>(level.index); });
 }
 
 OmPivotTable::Iterator OmPivotTable::FirstCell() {

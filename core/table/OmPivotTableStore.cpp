@@ -82,42 +82,59 @@ void OmPivotTable::Data::ReleaseBranch(PointerVector* node, std::size_t level,
   }
 }
 
-void OmPivotTable::Data::StoreCell(std::vector<int> const& index,
-                                   std::unique_ptr<OmCellText> cell) {
-  bool const again = IsLastWritten(index);
-  Path const path = again ? lastBottom : FindPath(index);
-  if (path.level != 0) {
-    lastBottom = Path();
-    // What is missing is built apart, from the bottom up, so that a failure leaves the store alone.
-    PointerVector* const branch = MakeBranch(index, path.level, cell.get());
-    try {
-      Hook(path, index,
-           path.last != nullptr ? path.last->Set(GetSubscript(index, path.level), branch->AsEntry(),
-                                                 GetExpected(path.level))
-                                : branch);
-    } catch (...) {
-      ReleaseBranch(branch, path.level, index);
-      throw;
-    }
-    static_cast<void>(cell.release());
+void OmPivotTable::Data::StoreCell(std::vector<int> const& index, OmCellText const* value) {
+  bool again = IsLastWritten(index);
+  Path path = again ? lastBottom : FindPath(index);
+  unsigned long const position = GetSubscript(index, 0);
+  auto const find = [&] {
+    void** const slot = path.level == 0 ? path.last->FindSlot(position) : nullptr;
+    return slot != nullptr ? static_cast<OmCellText*>(*slot) : nullptr;
+  };
+  OmCellText* before = find();
+  if (before != nullptr && value != nullptr && before->TakeValue(*value)) {
     return;
   }
-  unsigned long const position = GetSubscript(index, 0);
-  void** const slot = path.last->FindSlot(position);
-  auto* const before = slot != nullptr ? static_cast<OmCellText*>(*slot) : nullptr;
+  std::unique_ptr<OmCellText> cell = CloneAndBind(value);
+  if (cell != nullptr && !cell->GoesWithRegion()) {
+    NoteOwner();
+    // Nobody knows what a class from elsewhere does to the table when it is copied.
+    again = false;
+    path = FindPath(index);
+    before = find();
+  }
   if (before != nullptr && cell != nullptr && before->hasMeta()) {
     cell->setMeta(before->getMeta());
   }
-  PointerVector* const bottom = path.last->Set(position, cell.get(), GetExpected(0));
+  if (path.level != 0) {
+    AddBranch(index, path, cell.get());
+  } else {
+    PointerVector* const bottom = path.last->Set(position, cell.get(), GetExpected(0));
+    if (bottom != path.last || bottom->HasHints()) {
+      Hook(path, index, bottom);
+    }
+    lastBottom = {path.above, bottom, 0};
+    if (!again) {
+      std::copy(index.begin(), index.end(), lastIndex.begin());
+    }
+  }
   static_cast<void>(cell.release());
-  if (bottom != path.last || bottom->HasHints()) {
-    Hook(path, index, bottom);
-  }
-  lastBottom = {path.above, bottom, 0};
-  if (!again) {
-    std::copy(index.begin(), index.end(), lastIndex.begin());
-  }
   delete before;
+}
+
+void OmPivotTable::Data::AddBranch(std::vector<int> const& index, Path const& path,
+                                   OmCellText* cell) {
+  // What is missing is built apart, from the bottom up, so that a failure leaves the store alone.
+  PointerVector* const branch = MakeBranch(index, path.level, cell);
+  try {
+    Hook(path, index,
+         path.last != nullptr ? path.last->Set(GetSubscript(index, path.level), branch->AsEntry(),
+                                               GetExpected(path.level))
+                              : branch);
+  } catch (...) {
+    ReleaseBranch(branch, path.level, index);
+    throw;
+  }
+  lastBottom = Path();
 }
 
 void OmPivotTable::Data::DeleteCell(std::vector<int> const& index) {
@@ -155,6 +172,9 @@ void OmPivotTable::Data::DeleteCell(std::vector<int> const& index) {
 }
 
 void OmPivotTable::Data::DeleteCells() {
+  if (!HasOwners()) {
+    return;
+  }
   // A destructor must not allocate: the way back up has had its place since the dimensions came.
   std::size_t const top = _dimensions.size();
   std::size_t level = top;

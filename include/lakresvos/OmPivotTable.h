@@ -560,10 +560,15 @@ class LAKRESVOS_EXPORT OmPivotTable::Iterator {
   /// Steps to the next stored cell; does nothing at the end. Throws nothing.
   Iterator& operator++();
 
-  /// The subscripts of the present cell, dimension 0 first. Allocates the result; ask only where
-  /// the subscripts are needed.
+  /// The subscripts of the present cell, dimension 0 first, in a new vector. At the end of the walk
+  /// they are those of the last cell.
   /// @throws std::bad_alloc.
   std::vector<int> Index() const;
+
+  /// The same in `index`, whose memory is used again: a loop that hands in the same vector each time
+  /// allocates once.
+  /// @throws std::bad_alloc when `index` has to grow.
+  void Index(std::vector<int>& index) const;
 
  private:
   Data* data_;
@@ -590,9 +595,13 @@ class LAKRESVOS_EXPORT OmPivotTable::ConstIterator {
     return *this;
   }
 
-  /// The subscripts of the present cell, dimension 0 first. Allocates the result.
+  /// The subscripts of the present cell, dimension 0 first, in a new vector.
   /// @throws std::bad_alloc.
   std::vector<int> Index() const { return walk_.Index(); }
+
+  /// The same in `index`, whose memory is used again.
+  /// @throws std::bad_alloc when `index` has to grow.
+  void Index(std::vector<int>& index) const { walk_.Index(index); }
 
  private:
   Iterator walk_;

@@ -27,7 +27,8 @@ class icuTracker;
 ///
 /// The texts of a cell lie in the region that the cell lies in, on the default heap when it lies in
 /// none: a region that goes as a whole takes them along, and its cells need not be deleted.
-/// Metadata, a context and a tracker's text lie elsewhere: only deleting the cell gives these back.
+/// Metadata, a context and a tracker's text lie elsewhere: only deleting the cell gives these back,
+/// and the region is told that it holds such a cell (OmMemoryRegion::HasOwners()).
 ///
 /// Beside its value a cell may carry metadata and a context. A context is a setting that the labels
 /// of one family share, so that changing it through one of them changes it for all.
@@ -106,6 +107,17 @@ class CELLS_EXPORT OmCellText {
   /// is gone.
   virtual icuTracker* GetTracker() const;
 
+  /// Whether a cell of this class need not be deleted when the region that it lies in goes: all that
+  /// it owns lies there too, or the cell told the region otherwise with NoteOwnership(). True for
+  /// the kinds of this library but composites; a class that is derived from them answers for itself,
+  /// false unless it overrides this.
+  virtual bool GoesWithRegion() const;
+
+  /// Becomes a copy of `other` but for its own metadata, which it keeps if it has any, where that
+  /// takes no memory and cannot be told from a clone. Returns whether it did; nothing has changed
+  /// otherwise.
+  virtual bool TakeValue(OmCellText const& other);
+
   /// Whether the cell has metadata.
   bool hasMeta() const { return getMeta() != nullptr; }
 
@@ -158,6 +170,13 @@ class CELLS_EXPORT OmCellText {
   /// different kinds. -1, 0 or 1.
   /// @throws std::bad_alloc.
   short CompareTexts(OmCellText const& other, bool ignoreCase) const;
+
+  /// Whether the cell has neither metadata nor a context.
+  bool IsBare() const { return extras_ == nullptr; }
+
+  /// Tells the region that the cell lies in, if it lies in one, that the cell owns something outside
+  /// it and has to be deleted.
+  void NoteOwnership() const;
 
   /// Where the texts of this cell belong: `region`, or when that is null the region that the cell
   /// lies in. Null, which means the default heap, for a cell that lies in none.

@@ -23,6 +23,7 @@ class CELLS_EXPORT OmNumDataValue : public OmLabelledCell {
   long GetKind() const override;
   short Compare(OmCellText const& other, bool ignoreCase) const override;
   void Accept(Visitor& visitor) override;
+  bool GoesWithRegion() const override;
 
   /// The value, as given to the constructor.
   double Value() const { return value_; }
@@ -52,6 +53,7 @@ class CELLS_EXPORT OmStringDataValue : public OmLabelledText {
   OmCellText* Clone(OmMemoryRegion* region) const override;
   long GetKind() const override;
   void Accept(Visitor& visitor) override;
+  bool GoesWithRegion() const override;
 
   /// A copy of the value, as given to the constructor.
   /// @throws std::bad_alloc.

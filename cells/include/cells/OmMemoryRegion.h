@@ -75,6 +75,14 @@ class CELLS_EXPORT OmMemoryRegion {
   /// first.
   void WorkingRelease(bool on);
 
+  /// Says that an object in the region owns something outside it, which nobody but the object can
+  /// give back.
+  void NoteOwner() { hasOwners_.store(true, std::memory_order_relaxed); }
+
+  /// Whether NoteOwner() was ever called: objects in the region then have to be destroyed before the
+  /// region goes.
+  bool HasOwners() const { return hasOwners_.load(std::memory_order_relaxed); }
+
   /// The rounded sizes, in bytes, of all blocks that were handed out and not taken back.
   unsigned long BytesInUse() const;
 
@@ -124,6 +132,7 @@ class CELLS_EXPORT OmMemoryRegion {
   bool const shared_;
   bool const quick_;  // whether the inline path of Allocate() may serve requests
   std::atomic<bool> working_{true};
+  std::atomic<bool> hasOwners_{false};
   unsigned long bytesInUse_ = 0;
   unsigned long bytesReserved_ = 0;
   char* page_ = nullptr;      // first unused page of the current chunk

@@ -30,6 +30,8 @@ class CELLS_EXPORT OmNumber : public OmCellText {
   long GetKind() const override;
   short Compare(OmCellText const& other, bool ignoreCase) const override;
   void Accept(Visitor& visitor) override;
+  bool GoesWithRegion() const override;
+  bool TakeValue(OmCellText const& other) override;
 
   /// The value, as given to the constructor.
   double Value() const { return value_; }

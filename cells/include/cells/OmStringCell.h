@@ -46,6 +46,7 @@ class CELLS_EXPORT OmStringCell : public OmPlainText {
   OmCellText* Clone(OmMemoryRegion* region) const override;
   long GetKind() const override;
   void Accept(Visitor& visitor) override;
+  bool GoesWithRegion() const override;
 
   /// Whether the text may be shown in another language, as given to the constructor.
   bool IsTranslatable() const { return translatable_; }
@@ -72,6 +73,7 @@ class CELLS_EXPORT OmStringCellUTF8 : public OmPlainText {
   OmCellText* Clone(OmMemoryRegion* region) const override;
   long GetKind() const override;
   void Accept(Visitor& visitor) override;
+  bool GoesWithRegion() const override;
 
  protected:
   /// Copies everything into `region`, as Clone() does; null means where the copy lies.

@@ -19,6 +19,7 @@ class CELLS_EXPORT OmVariable : public OmLabelledText {
   OmCellText* Clone(OmMemoryRegion* region) const override;
   long GetKind() const override;
   void Accept(Visitor& visitor) override;
+  bool GoesWithRegion() const override;
 
   /// A copy of the name, as given to the constructor.
   /// @throws std::bad_alloc.

@@ -327,4 +327,42 @@ TEST(OmPivotTableCells, ANewDimensionKeepsTheStoredObjects) {
   EXPECT_EQ(table.getNumCells(), 1);
 }
 
+/// A cell that writes to a table whenever it is copied.
+class Intruder : public OmCellText {
+ public:
+  Intruder(OmPivotTable& table, Index const& index) : table_(table), index_(index) {}
+  OmCellText* Clone(OmMemoryRegion* region) const override {
+    for (int i = 0; i < 100; ++i) {
+      index_[0] += 7;
+      table_.Cell(index_, Text("intruder"));
+    }
+    return new (region) OmStringCell("intruding");
+  }
+  std::string GetText() const override { return "intruder"; }
+  long GetKind() const override { return 3001; }
+  short Compare(OmCellText const& other, bool ignoreCase) const override {
+    return CompareTexts(other, ignoreCase);
+  }
+  void Accept(OmCellText::Visitor& /*visitor*/) override {}
+
+ private:
+  OmPivotTable& table_;
+  mutable Index index_;
+};
+
+TEST(OmPivotTableCells, ACellMayWriteToTheTableWhileItIsCopied) {
+  TestTable table(2);
+  table.Put({0, 0}, "first");
+  table.Cell({7, 0}, Intruder(table, {0, 0}));
+  table.Cell({0, 0}, Intruder(table, {0, 2}));
+  table.Cell({0, 1}, Intruder(table, {0, 1}));
+  EXPECT_EQ(table.At({7, 0}), "intruding");
+  EXPECT_EQ(table.At({0, 0}), "intruding");
+  EXPECT_EQ(table.At({0, 1}), "intruding");
+  EXPECT_EQ(table.At({700, 1}), "intruder");
+  EXPECT_EQ(table.Walk().size(), 302U);
+  table.Put({1, 1}, "after");
+  EXPECT_EQ(table.At({1, 1}), "after");
+}
+
 }  // namespace

@@ -78,6 +78,19 @@ TYPED_TEST(OmPivotTableIterators, AnIndexHasRoomForItsSubscriptsAndNoMore) {
   EXPECT_EQ(index.capacity(), 5U);
 }
 
+TYPED_TEST(OmPivotTableIterators, AnIndexFillsTheVectorThatItIsGiven) {
+  TestTable table(3);
+  table.Put({1, 2, 3}, "cell");
+  auto const at = this->First(table);
+  for (Index index : {Index{}, Index{7, 8, 9}, Index(20, 4)}) {
+    index.reserve(3);
+    int const* const memory = index.data();
+    at.Index(index);
+    EXPECT_EQ(index, (Index{1, 2, 3}));
+    EXPECT_EQ(index.data(), memory);
+  }
+}
+
 TYPED_TEST(OmPivotTableIterators, ALoneCellIsTheFirstAndTheLast) {
   TestTable table(2);
   table.Put({3, 0}, "cell");

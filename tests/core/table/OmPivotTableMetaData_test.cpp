@@ -111,4 +111,39 @@ TEST(OmPivotTableMetaData, StaysWhenACellIsHandedBack) {
   ExpectMeta(table.Cell({0}), 1);
 }
 
+TEST(OmPivotTableMetaData, OfANumberStaysWhenAnotherNumberTakesItsPlace) {
+  TestTable table(1);
+  table.Cell({0}, OmNumber(1));
+  OmCellMetaData const meta = Footnoted(1);
+  table.Cell({0})->setMeta(&meta);
+  unsigned long const bytes = table.data().BytesInUse();
+  table.Cell({0}, OmNumber(2.5, 1));
+  EXPECT_EQ(table.At({0}), "2.5");
+  ExpectMeta(table.Cell({0}), 1);
+  EXPECT_EQ(table.data().BytesInUse(), bytes);
+}
+
+TEST(OmPivotTableMetaData, ANumberWithMetaDataBringsItToAPlainOne) {
+  TestTable table(1);
+  table.Cell({0}, OmNumber(1));
+  OmNumber number(2);
+  OmCellMetaData const meta = Footnoted(1);
+  number.setMeta(&meta);
+  table.Cell({0}, number);
+  EXPECT_EQ(table.At({0}), "2");
+  ExpectMeta(table.Cell({0}), 1);
+}
+
+TEST(OmPivotTableMetaData, GoesWithATableOfNumbersTheLastOfWhichGotIt) {
+  // The leak checker of the address sanitizer sees what is left.
+  TestTable table(2);
+  for (int i = 0; i < 100; ++i) {
+    table.Cell({i % 10, i / 10}, OmNumber(i));
+  }
+  EXPECT_FALSE(table.data().HasOwners());
+  OmCellMetaData const meta = Footnoted(1);
+  table.Cell({9, 9})->setMeta(&meta);
+  EXPECT_TRUE(table.data().HasOwners());
+}
+
 }  // namespace

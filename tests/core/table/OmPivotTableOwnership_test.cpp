@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cells/OmNumber.h>
 #include <lakresvos/OmPivotTable.h>
 
 #include "core/table/OmPivotTableFixture.h"
@@ -202,6 +203,25 @@ TEST(OmPivotTableOwnership, LabelsOfDifferentKindsAreDifferent) {
   table.AddDimension(SpyCell("Age", 2));
   EXPECT_EQ(table.FindDimension(SpyCell("Age", 2)), 1);
   EXPECT_EQ(table.FindDimension(SpyCell("Age", 3)), -1);
+}
+
+TEST(OmPivotTableOwnership, AForeignCellAmongNumbersIsDestroyed) {
+  SpyBalance const balance;
+  TestTable table(3);
+  for (int i = 0; i < 1000; ++i) {
+    table.Cell({i % 10, i / 10 % 10, i / 100}, OmNumber(i));
+  }
+  table.Cell({5, 5, 5}, SpyCell("foreign"));
+  table.Cell({1000000, 5, 5}, SpyCell("far away"));
+}
+
+TEST(OmPivotTableOwnership, OnlyWhatOwnsSomethingOutsideTheTableIsVisitedInTheEnd) {
+  auto numbers = std::make_unique<TestTable>(1);
+  numbers->Cell({0}, OmNumber(1));
+  numbers->Cell({1}, OmStringCell("a text of the table's own"));
+  EXPECT_FALSE(numbers->data().HasOwners());
+  numbers->Cell({2}, SpyCell("foreign"));
+  EXPECT_TRUE(numbers->data().HasOwners());
 }
 
 }  // namespace
