@@ -43,8 +43,15 @@ void Layout::FindNonEmptyHeadersSparse(PuppetVector<short> const& heads, PuppetV
   PlaceCalculator const calc(heads, table->SizeVector());
   OmPlaceSet places(calc.Size());
   std::vector<unsigned int> digits(heads.size());
+  // Cells that differ in lower dimensions only are in the same place.
+  auto lowest = static_cast<unsigned long>(table->NDimensions());
+  for (short const dimension : heads) {
+    if (FindHeader(dimension) != nullptr) {
+      lowest = std::min(lowest, static_cast<unsigned long>(dimension));
+    }
+  }
   OmPivotTable::Iterator::Data walk(*GetTableData());
-  for (; walk.current != nullptr; walk.current = static_cast<OmCellText*>(walk.Increment(0))) {
+  for (; walk.current != nullptr; walk.Skip(lowest)) {
     for (std::size_t i = 0; i < digits.size(); ++i) {
       short const dimension = heads.elements[i];
       OmDimHeader const* const header = FindHeader(dimension);

@@ -1,6 +1,7 @@
 #include "layout/OmOccupiedPlaces.h"
 
 #include <algorithm>
+#include <bit>
 #include <limits>
 #include <utility>
 
@@ -20,7 +21,29 @@ unsigned long long AddProductSaturated(unsigned long long value, unsigned long l
   return __builtin_add_overflow(value, MultiplySaturated(weight, digit), &sum) ? kSaturated : sum;
 }
 
+constexpr unsigned long kBits = 64;
+
 }  // namespace
+
+bool OmOccupiedPlaces::IsClosed(OpenSet const& set, unsigned long subscript) {
+  return (set.closed[subscript / kBits] >> subscript % kBits & 1) != 0;
+}
+
+/// The first open subscript from `subscript` on; one past the set when there is none.
+unsigned long OmOccupiedPlaces::FindOpen(OpenSet const& set, unsigned long subscript) {
+  unsigned long word = subscript / kBits;
+  if (word >= set.closed.size()) {
+    return set.closed.size() * kBits;
+  }
+  std::uint64_t open = ~set.closed[word] >> subscript % kBits << subscript % kBits;
+  while (open == 0) {
+    if (++word == set.closed.size()) {
+      return word * kBits;
+    }
+    open = ~set.closed[word];
+  }
+  return word * kBits + static_cast<unsigned long>(std::countr_zero(open));
+}
 
 OmOccupiedPlaces::OmOccupiedPlaces(OmDisplayLayerHeading::Data& layout,
                                    OmPivotTable::PointerVector* root,
@@ -80,6 +103,7 @@ void OmOccupiedPlaces::PlanHeads(OmDisplayLayerHeading::Data& layout,
       if (dimension.role == Role::kFixed) {
         dimension.role = Role::kHead;
         dimension.leaves = IndexLeaves(*header, digit.count);
+        dimension.open = OpenAll(dimension.leaves);
         digit.dimension = static_cast<long long>(d);
         lowestHead_ = std::min(lowestHead_, d);
       }
@@ -105,6 +129,18 @@ OmOccupiedPlaces::Leaves OmOccupiedPlaces::IndexLeaves(OmDimHeader const& header
   return leaves;
 }
 
+OmOccupiedPlaces::OpenSet OmOccupiedPlaces::OpenAll(Leaves const& leaves) {
+  OpenSet set;
+  set.closed.resize((leaves.last.size() + kBits - 1) / kBits, ~std::uint64_t{0});
+  for (std::size_t subscript = 0; subscript < leaves.last.size(); ++subscript) {
+    if (leaves.last[subscript] != kNone) {
+      set.closed[subscript / kBits] &= ~(std::uint64_t{1} << subscript % kBits);
+      ++set.left;
+    }
+  }
+  return set;
+}
+
 void OmOccupiedPlaces::AppendTo(std::vector<unsigned long long>& result) {
   if (root_ == nullptr || nHeads_ == 0 || nOthers_ == 0) {
     return;
@@ -124,7 +160,7 @@ void OmOccupiedPlaces::AppendTo(std::vector<unsigned long long>& result) {
     } else if (level != 0) {
       path.push_back(
           Enter(OmPivotTable::PointerVector::FromEntry(top.node->Entry(subscripts_[level])),
-                level - 1, FindListBelow(top, level)));
+                level - 1, FindSetBelow(top, level)));
     } else {
       bool const hit = AreOthersInRange();
       if (hit) {
@@ -137,15 +173,13 @@ void OmOccupiedPlaces::AppendTo(std::vector<unsigned long long>& result) {
 }
 
 OmOccupiedPlaces::Frame OmOccupiedPlaces::Enter(OmPivotTable::PointerVector const* node,
-                                                std::size_t level, unsigned int list) {
+                                                std::size_t level, unsigned int set) {
   if (level != highestOther_) {
-    return {node, list};
+    return {node, set};
   }
   // Everything found so far belongs to other subscripts above, which do not come again.
-  open_.clear();
-  freeOpen_ = kNone;
-  freeLists_.clear();
-  lists_.assign(1, OpenList());
+  freeSets_.clear();
+  sets_.assign(1, OpenSet());
   return {node, 0};
 }
 
@@ -181,31 +215,36 @@ bool OmOccupiedPlaces::Step(Frame& frame, std::size_t level) {
 
 /// Step() in a heads dimension, over what is open.
 bool OmOccupiedPlaces::StepOpen(Frame& frame, std::size_t level) {
-  OpenList& list = lists_[frame.list];
-  for (;;) {
-    frame.current = frame.previous != kNone ? open_[frame.previous].next : list.first;
-    if (frame.current == kNone) {
-      while (list.seen < frame.node->size() && !HasLeaf(level, list.seen)) {
-        ++list.seen;
-        ++looks_;
-      }
-      if (list.seen >= frame.node->size()) {
+  OpenSet& set = sets_[frame.set];
+  if (set.closed.empty()) {
+    set.closed = dimensions_[level].open.closed;
+    set.left = dimensions_[level].open.left;
+  }
+  unsigned long& at = subscripts_[level];
+  while (set.left != 0) {
+    ++looks_;
+    if (set.left < frame.node->CountFilled()) {
+      at = FindOpen(set, frame.next);
+      if (at >= frame.node->size() || at >= set.closed.size() * kBits) {
         return false;
       }
-      OpenNext(list);
-      frame.current = list.last;
+      frame.next = at + 1;
+      if (frame.node->Entry(at) != nullptr) {
+        return true;
+      }
+    } else {
+      OmPivotTable::PointerVector::Found const found = frame.node->FirstFrom(frame.next);
+      at = found.position;
+      if (found.entry == nullptr || at >= set.closed.size() * kBits) {
+        return false;
+      }
+      frame.next = at + 1;
+      if (!IsClosed(set, at)) {
+        return true;
+      }
     }
-    unsigned long const subscript = open_[frame.current].subscript;
-    ++looks_;
-    if (subscript >= frame.node->size()) {
-      return false;
-    }
-    if (frame.node->Entry(subscript) != nullptr) {
-      subscripts_[level] = subscript;
-      return true;
-    }
-    frame.previous = frame.current;
   }
+  return false;
 }
 
 /// Takes note of what came of the entry that Step() moved to.
@@ -213,12 +252,8 @@ bool OmOccupiedPlaces::StepOpen(Frame& frame, std::size_t level) {
 void OmOccupiedPlaces::Leave(Frame& frame, std::size_t level, bool finished) {
   if (dimensions_[level].role != Role::kHead) {
     frame.finished = finished;
-  } else if (ComesAgain(level)) {
-    if (finished) {
-      Close(frame);
-    } else {
-      frame.previous = frame.current;
-    }
+  } else if (finished && ComesAgain(level)) {
+    Close(sets_[frame.set], subscripts_[level]);
   }
 }
 
@@ -226,8 +261,7 @@ bool OmOccupiedPlaces::IsFinished(Frame const& frame, std::size_t level) const {
   if (dimensions_[level].role != Role::kHead || !ComesAgain(level)) {
     return frame.finished;
   }
-  OpenList const& list = lists_[frame.list];
-  return list.first == kNone && list.seen >= dimensions_[level].leaves.last.size();
+  return sets_[frame.set].left == 0;
 }
 
 bool OmOccupiedPlaces::HasLeaf(std::size_t level, unsigned long subscript) const {
@@ -235,52 +269,38 @@ bool OmOccupiedPlaces::HasLeaf(std::size_t level, unsigned long subscript) const
   return subscript < last.size() && last[subscript] != kNone;
 }
 
-/// The list for the level below the entry that Step() moved to.
-unsigned int OmOccupiedPlaces::FindListBelow(Frame const& frame, std::size_t level) {
+/// The set for the level below the entry that Step() moved to.
+unsigned int OmOccupiedPlaces::FindSetBelow(Frame const& frame, std::size_t level) {
   if (dimensions_[level].role != Role::kHead || !ComesAgain(level)) {
-    return frame.list;
+    return frame.set;
   }
   if (level == lowestHead_) {
     return kNone;
   }
-  unsigned int& below = open_[frame.current].below;
-  if (below == kNone && !freeLists_.empty()) {
-    below = freeLists_.back();
-    freeLists_.pop_back();
-    lists_[below] = OpenList();
-  } else if (below == kNone) {
-    lists_.emplace_back();
-    below = static_cast<unsigned int>(lists_.size() - 1);
+  if (sets_[frame.set].below.empty()) {
+    sets_[frame.set].below.resize(dimensions_[level].leaves.last.size(), kNone);
+  }
+  unsigned int below = sets_[frame.set].below[subscripts_[level]];
+  if (below == kNone) {
+    if (freeSets_.empty()) {
+      below = static_cast<unsigned int>(sets_.size());
+      sets_.emplace_back();
+    } else {
+      below = freeSets_.back();
+      freeSets_.pop_back();
+      sets_[below] = OpenSet();
+    }
+    sets_[frame.set].below[subscripts_[level]] = below;
   }
   return below;
 }
 
-/// Appends the next subscript that was not met yet.
-void OmOccupiedPlaces::OpenNext(OpenList& list) {
-  unsigned int added = freeOpen_;
-  if (added == kNone) {
-    added = static_cast<unsigned int>(open_.size());
-    open_.emplace_back();
-  } else {
-    freeOpen_ = open_[added].next;
+void OmOccupiedPlaces::Close(OpenSet& set, unsigned long subscript) {
+  set.closed[subscript / kBits] |= std::uint64_t{1} << subscript % kBits;
+  --set.left;
+  if (!set.below.empty() && set.below[subscript] != kNone) {
+    freeSets_.push_back(set.below[subscript]);
   }
-  open_[added] = {static_cast<unsigned int>(list.seen++), kNone, kNone};
-  (list.last != kNone ? open_[list.last].next : list.first) = added;
-  list.last = added;
-}
-
-/// Takes the current one out of its list.
-void OmOccupiedPlaces::Close(Frame const& frame) {
-  OpenList& list = lists_[frame.list];
-  Open& closed = open_[frame.current];
-  (frame.previous != kNone ? open_[frame.previous].next : list.first) = closed.next;
-  if (list.last == frame.current) {
-    list.last = frame.previous;
-  }
-  if (closed.below != kNone) {
-    freeLists_.push_back(closed.below);
-  }
-  closed.next = std::exchange(freeOpen_, frame.current);
 }
 
 bool OmOccupiedPlaces::AreOthersInRange() const {

@@ -2,6 +2,7 @@
 #define LAKRESVOS_CORE_LAYOUT_OMOCCUPIEDPLACES_H
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "layout/OmDisplayLayerHeadingData.h"
@@ -15,8 +16,9 @@
 /// million cells per heading. The store says at once which branches hold nothing, so one walk over
 /// it finds the same. What makes the walk hard is that the dimensions come in the store's order and
 /// not axis by axis: below an entry of the other axis, the same heads subscripts come again and
-/// again. To look at each only until a cell is found, it keeps lists of what is still open, one per
-/// combination of heads subscripts above.
+/// again. To look at each only until a cell is found, it keeps sets of what is still open, one per
+/// combination of heads subscripts above, and takes from a node what is both stored and open: along
+/// the entries of the node or along the set, whichever is shorter.
 ///
 /// Its answer is that of trying every combination: a place is kept when, for the leaves that its
 /// digits name, some combination of raw category numbers on the other axis has a cell, with the
@@ -60,12 +62,22 @@ class OmOccupiedPlaces {
     std::vector<unsigned int> previous;
   };
 
+  /// Which subscripts of one heads dimension there is nothing more to find below, for one combination
+  /// of the subscripts of the heads dimensions above it.
+  struct OpenSet {
+    std::vector<std::uint64_t> closed;  ///< a bit per subscript; empty before the first use
+    std::size_t left = 0;               ///< how many subscripts are open
+    /// Per subscript, the set of the next lower heads dimension, or kNone; empty when unused.
+    std::vector<unsigned int> below;
+  };
+
   enum class Role { kFixed, kOther, kHead };
 
   struct Dimension {
     Role role = Role::kFixed;
     long long bound = 0;  ///< for kOther the size, for kFixed the subscript
     Leaves leaves;        ///< for kHead
+    OpenSet open;         ///< for kHead, the set with every leaf
     /// For kOther, what one step of its subscript adds to the raw number; saturated.
     unsigned long long weight = 0;
   };
@@ -77,32 +89,18 @@ class OmOccupiedPlaces {
     unsigned long long weight = 1;
   };
 
-  /// A subscript of a heads dimension below which there is more to find.
-  struct Open {
-    unsigned int subscript;
-    unsigned int below;  ///< the list of the next lower heads dimension, or kNone
-    unsigned int next;   ///< the next one of the same list, or kNone
-  };
-
-  /// What is left to find among the leaves of one heads dimension, for one combination of the
-  /// subscripts of the heads dimensions above it.
-  struct OpenList {
-    unsigned int first = kNone;  ///< ascending by subscript
-    unsigned int last = kNone;
-    unsigned long seen = 0;  ///< subscripts from here on were not met yet and are open as well
-  };
-
   /// One level of the walk.
   struct Frame {
     OmPivotTable::PointerVector const* node;
-    unsigned int list;  ///< of the first heads dimension from this level downwards, or kNone
+    unsigned int set;  ///< of the first heads dimension from this level downwards, or kNone
     unsigned long next = 0;
-    unsigned int previous = kNone;  ///< in the list, the one before `current`
-    unsigned int current = kNone;   ///< in the list, the one whose entry is walked
-    bool finished = false;          ///< whether nothing more can be found at this level
+    bool finished = false;  ///< whether nothing more can be found at this level
   };
 
   static Leaves IndexLeaves(OmDimHeader const& header, std::size_t count);
+  static OpenSet OpenAll(Leaves const& leaves);
+  static bool IsClosed(OpenSet const& set, unsigned long subscript);
+  static unsigned long FindOpen(OpenSet const& set, unsigned long subscript);
 
   void PlanOthers(OmDisplayLayerHeading::Data const& layout, PuppetVector<short> const& others,
                   std::vector<int> const& sizes);
@@ -112,15 +110,14 @@ class OmOccupiedPlaces {
   /// above it.
   bool ComesAgain(std::size_t level) const { return level < highestOther_; }
 
-  Frame Enter(OmPivotTable::PointerVector const* node, std::size_t level, unsigned int list);
+  Frame Enter(OmPivotTable::PointerVector const* node, std::size_t level, unsigned int set);
   bool Step(Frame& frame, std::size_t level);
   bool StepOpen(Frame& frame, std::size_t level);
   void Leave(Frame& frame, std::size_t level, bool finished);
   bool IsFinished(Frame const& frame, std::size_t level) const;
   bool HasLeaf(std::size_t level, unsigned long subscript) const;
-  unsigned int FindListBelow(Frame const& frame, std::size_t level);
-  void OpenNext(OpenList& list);
-  void Close(Frame const& frame);
+  unsigned int FindSetBelow(Frame const& frame, std::size_t level);
+  void Close(OpenSet& set, unsigned long subscript);
 
   bool AreOthersInRange() const;
   void Keep(OmPlaceSet& kept);
@@ -135,10 +132,8 @@ class OmOccupiedPlaces {
   unsigned long long nOthers_;
 
   std::vector<unsigned long> subscripts_;  ///< of the walk's present path
-  std::vector<Open> open_;
-  std::vector<OpenList> lists_;
-  unsigned int freeOpen_ = kNone;        ///< the first of those in open_ that are not in use
-  std::vector<unsigned int> freeLists_;  ///< those in lists_ that are not in use
+  std::vector<OpenSet> sets_;
+  std::vector<unsigned int> freeSets_;  ///< those in sets_ that are not in use
   unsigned long long looks_ = 0;
   std::vector<unsigned long long> partial_;
   std::vector<unsigned long long> extended_;

@@ -233,9 +233,18 @@ struct OmPivotTable::Iterator::Data {
   /// Moves the positions from `level` upwards and returns the next entry of that level, or null.
   void* Increment(unsigned long level);
 
+  /// Moves on to the first cell that differs from the present one in a subscript from `level`
+  /// upwards. Requires: `current` is not null.
+  void Skip(unsigned long level);
+
   OmShortArray<Level, 8> levels;  ///< one per dimension
   OmCellText* current = nullptr;
   unsigned int owners = 1;  ///< how many iterators share this position
+
+ private:
+  /// Moves the positions from the level `from` upwards, then those below it down to `target`, and
+  /// returns the entry of that level, or null.
+  void* Move(unsigned long from, unsigned long target);
 };
 
 #endif

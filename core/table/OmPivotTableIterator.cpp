@@ -17,15 +17,23 @@ OmPivotTable::Iterator::Data::Data(OmPivotTable::Data& table) : levels(table._di
   current = static_cast<OmCellText*>(entry);
 }
 
-void* OmPivotTable::Iterator::Data::Increment(unsigned long target) {
-  for (unsigned long at = target; at < levels.size();) {
+void* OmPivotTable::Iterator::Data::Increment(unsigned long level) {
+  return Move(level, level);
+}
+
+void OmPivotTable::Iterator::Data::Skip(unsigned long level) {
+  current = static_cast<OmCellText*>(Move(level, 0));
+}
+
+void* OmPivotTable::Iterator::Data::Move(unsigned long from, unsigned long target) {
+  for (unsigned long at = from; at < levels.size();) {
     PointerVector::Found found = levels[at].node->FirstFrom(levels[at].index + 1);
     if (found.entry == nullptr) {
       ++at;
       continue;
     }
     levels[at].index = found.position;
-    // Down again to the level asked for, unless a branch turns out to be empty.
+    // Down to the level asked for, unless a branch turns out to be empty.
     while (at != target) {
       PointerVector* const node = PointerVector::FromEntry(found.entry);
       found = node->FirstFrom(0);
@@ -72,7 +80,7 @@ OmCellText* OmPivotTable::Iterator::Cell() const {
 
 OmPivotTable::Iterator& OmPivotTable::Iterator::operator++() {
   if (data_->current != nullptr) {
-    data_->current = static_cast<OmCellText*>(data_->Increment(0));
+    data_->Skip(0);
   }
   return *this;
 }

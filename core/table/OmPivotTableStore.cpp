@@ -95,7 +95,7 @@ void OmPivotTable::Data::StoreCell(std::vector<int> const& index, OmCellText con
     return;
   }
   std::unique_ptr<OmCellText> cell = CloneAndBind(value);
-  if (cell != nullptr && !cell->GoesWithRegion()) {
+  if (value != nullptr && !value->GoesWithRegion()) {
     NoteOwner();
     // Nobody knows what a class from elsewhere does to the table when it is copied.
     again = false;
