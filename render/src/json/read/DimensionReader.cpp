@@ -17,6 +17,11 @@ namespace {
 
 using Node = OmDimension::Node;
 
+/// What a subscript costs that is past the nodes of its dimension: in tables by subscript there is
+/// an entry for each that is left out. Subscripts below the number of nodes cost no more than the
+/// text of the nodes.
+constexpr double kSkippedSubscript = 8;
+
 bool SharesContext(OmCellText const* label, OmCellText const* above) {
   return label != nullptr && above != nullptr && label->hasContext() && above->hasContext() &&
          label->ContextDisplay() == above->ContextDisplay();
@@ -132,7 +137,7 @@ class NodeBuilder {
 
 }  // namespace
 
-std::size_t ReadDimension(JsonValue const& value, OmPivotTable& table) {
+void ReadDimension(JsonValue const& value, OmPivotTable& table) {
   JsonObject object(value);
   JsonValue const size = object.At("size");
   JsonValue const nodes = object.At("nodes");
@@ -149,7 +154,6 @@ std::size_t ReadDimension(JsonValue const& value, OmPivotTable& table) {
   for (std::size_t i = 0; i < nodes.Count(); ++i) {
     builder.Add(nodes.Element(i));
   }
-  return nodes.Count();
 }
 
 }  // namespace lakresvos::render

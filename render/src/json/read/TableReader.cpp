@@ -96,17 +96,14 @@ void ReadFootnotes(JsonObject& object, OmPivotTable& table) {
   }
 }
 
-/// @return the number of nodes of each dimension.
-std::vector<std::size_t> ReadDimensions(JsonObject& object, OmPivotTable& table) {
-  std::vector<std::size_t> nodes;
+void ReadDimensions(JsonObject& object, OmPivotTable& table) {
   JsonValue const dimensions = object.At("dimensions");
   for (std::size_t i = 0; i < dimensions.Count(); ++i) {
-    nodes.push_back(ReadDimension(dimensions.Element(i), table));
+    ReadDimension(dimensions.Element(i), table);
   }
   table.Rows().elements = ReadIntegers<short>(object, "rows");
   table.Columns().elements = ReadIntegers<short>(object, "columns");
   table.Layers().elements = ReadIntegers<short>(object, "layers");
-  return nodes;
 }
 
 /// The settings of the back end, if the table has any.
@@ -122,18 +119,16 @@ std::optional<BackendSettings> ReadBackend(JsonObject& object) {
   return settings;
 }
 
-/// Stores cells in the order of the store, and spends what the places cost that they take there.
+/// Stores cells in the order of the store.
 class CellBuilder {
  public:
-  /// @param nodes the number of nodes of each dimension.
-  CellBuilder(OmPivotTable& table, std::vector<std::size_t> nodes)
-      : table_(table), nodes_(std::move(nodes)) {}
+  explicit CellBuilder(OmPivotTable& table) : table_(table) {}
 
   void Add(JsonValue const& value) {
     JsonObject object(value);
     JsonValue const subscripts = object.At("index");
     ReadIndex(subscripts);
-    SpendPlaces(subscripts);
+    CheckOrder(subscripts);
     std::unique_ptr<OmCellText> const cell = ReadCellFields(object);
     object.Finish();
     table_.Cell(index_, *cell);
@@ -156,47 +151,24 @@ class CellBuilder {
     }
   }
 
-  /// Each subscript from the slowest on that differs from the cell's before lengthens a list of the
-  /// store, and starts new lists for those after it.
-  void SpendPlaces(JsonValue const& subscripts) {
-    std::size_t level = index_.size();
-    if (!before_.empty()) {
-      while (level != 0 && index_[level - 1] == before_[level - 1]) {
-        --level;
-      }
-      if (level == 0 || index_[level - 1] < before_[level - 1]) {
-        subscripts.Fail(
-            "cells out of order: expected ascending subscripts, the first varying fastest");
-      }
-      --level;
-      SpendSkipped(level, before_[level] + 1LL, subscripts);
-    }
-    while (level != 0) {
-      --level;
-      SpendSkipped(level, 0, subscripts);
-    }
-  }
-
-  /// What a list costs that grows to the subscript.
-  /// @param length how long it is.
-  void SpendSkipped(std::size_t level, long long length, JsonValue const& subscripts) {
-    long long const skipped =
-        index_[level] - std::max(length, static_cast<long long>(nodes_[level]));
-    if (skipped > 0) {
-      subscripts.Spend(kSkippedSubscript * static_cast<double>(skipped));
+  /// The last dimension varies slowest.
+  void CheckOrder(JsonValue const& subscripts) const {
+    if (!before_.empty() && !std::lexicographical_compare(before_.rbegin(), before_.rend(),
+                                                          index_.rbegin(), index_.rend())) {
+      subscripts.Fail(
+          "cells out of order: expected ascending subscripts, the first varying fastest");
     }
   }
 
   OmPivotTable& table_;
-  std::vector<std::size_t> nodes_;
   std::vector<int> index_;
   std::vector<int> before_;  // the cell's before; empty at first
 };
 
-void ReadCells(JsonObject& object, OmPivotTable& table, std::vector<std::size_t> nodes) {
+void ReadCells(JsonObject& object, OmPivotTable& table) {
   JsonValue const cells = object.At("cells");
   object.Value().Spend(EstimateShownCost(table, cells.Count()));
-  CellBuilder builder(table, std::move(nodes));
+  CellBuilder builder(table);
   for (std::size_t i = 0; i < cells.Count(); ++i) {
     builder.Add(cells.Element(i));
   }
@@ -211,7 +183,7 @@ std::unique_ptr<OmPivotTable> ReadTable(JsonObject& object, OmCellText const& la
   ReadAreas(object, *table);
   ReadStyles(object, *table);
   ReadFootnotes(object, *table);
-  std::vector<std::size_t> nodes = ReadDimensions(object, *table);
+  ReadDimensions(object, *table);
   std::optional<BackendSettings> const backend = ReadBackend(object);
   if (backend) {
     // The texts that come from now on share storage, and the limit applies to later cells.
@@ -220,7 +192,7 @@ std::unique_ptr<OmPivotTable> ReadTable(JsonObject& object, OmCellText const& la
     table->setBackendSettings(unlimited);
   }
   ReadTexts(object, *table);
-  ReadCells(object, *table, std::move(nodes));
+  ReadCells(object, *table);
   if (backend) {
     table->setBackendSettings(*backend);
   }
