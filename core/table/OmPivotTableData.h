@@ -178,6 +178,7 @@ struct OmPivotTable::Data : OmMemoryRegion {
     PointerVector* above = nullptr;  ///< the node before the last one
     PointerVector* last = nullptr;   ///< the deepest node; null in an empty store
     std::size_t level = 0;           ///< that of `last`; the number of dimensions in an empty store
+    bool mayHold = true;             ///< false when `last` is known to have no entry on the path
   };
 
   /// A node that a walk comes back to, and where it goes on there.

@@ -34,8 +34,14 @@ OmPivotTable::Data::Path OmPivotTable::Data::FindPath(std::vector<int> const& in
     path.above = path.last;
     path.last = node;
     --path.level;
-    node = path.level != 0 ? PointerVector::FromEntry(node->Entry(GetSubscript(index, path.level)))
-                           : nullptr;
+    if (path.level == 0) {
+      break;
+    }
+    void* const entry = node->Entry(GetSubscript(index, path.level));
+    path.mayHold = PointerVector::MayHave(entry, GetSubscript(index, path.level - 1));
+    node = PointerVector::FromEntry(entry);
+    // The caller has something else to do before it looks at the node.
+    __builtin_prefetch(node);
   }
   return path;
 }
@@ -87,7 +93,7 @@ void OmPivotTable::Data::StoreCell(std::vector<int> const& index, OmCellText con
   Path path = again ? lastBottom : FindPath(index);
   unsigned long const position = GetSubscript(index, 0);
   auto const find = [&] {
-    void** const slot = path.level == 0 ? path.last->FindSlot(position) : nullptr;
+    void** const slot = path.level == 0 && path.mayHold ? path.last->FindSlot(position) : nullptr;
     return slot != nullptr ? static_cast<OmCellText*>(*slot) : nullptr;
   };
   OmCellText* before = find();

@@ -13,7 +13,8 @@
 /// blocks of one size lie next to each other in the order of allocation. Released blocks are handed
 /// out again for requests of the same rounded size. A larger block lies alone, in at least a chunk
 /// of address space, and goes back to the system as soon as it is released. Everything else goes
-/// back with the region, in time proportional to the number of 64 KiB chunks.
+/// back with the region, in time proportional to the number of 64 KiB chunks. What a large region
+/// takes from the system is in pieces of 2 MiB, for which it asks for huge pages where there are any.
 ///
 /// What it does not do: it runs no destructors, it does not move or merge blocks, and it returns no
 /// chunk of small blocks before its end.
