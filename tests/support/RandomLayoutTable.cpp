@@ -128,13 +128,15 @@ void StoreCells(Table& table) {
   auto const anywhere = [&] {
     std::vector<int> index;
     for (int size : sizes) {
-      index.push_back(static_cast<int>(random() % static_cast<unsigned int>(size + 2)));
+      bool const far = random() % 64 == 0;
+      index.push_back(static_cast<int>(far ? random() & 0x7FFFFFFFU
+                                           : random() % static_cast<unsigned int>(size + 2)));
     }
     return index;
   };
   double const combinations = std::accumulate(sizes.begin(), sizes.end(), 1.0, std::multiplies<>());
   std::vector<std::vector<int>> stored;
-  int const share = *rc::gen::element(0, 0, 0, 5, 100, 400);  // per cent of the combinations
+  int const share = *rc::gen::element(0, 0, 0, 1, 5, 30, 100, 400);  // per cent of the combinations
   int const few = OneIn(4) ? 0 : Draw(10);
   for (double i = 0; i < few + std::min(combinations, 4000.0) * share / 100; ++i) {
     stored.push_back(anywhere());

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
+#include <cells/OmNumber.h>
 #include <lakresvos/OmPivotTable.h>
 
 #include "core/table/OmPivotTableStoreNodes.h"
@@ -90,6 +91,29 @@ TEST(OmPivotTableStore, EveryLevelGrowsByItself) {
   ExpectNode(middle, 10, {0, 9});
   ExpectNode(Below(middle, 0), 9, {0, 8});
   ExpectNode(Below(middle, 9), 1, {0});
+}
+
+TEST(OmPivotTableStore, ADiagonalTakesMemoryForItsCellsAlone) {
+  constexpr int kSide = 100000;
+  TestTable table(2);
+  for (int i = 0; i < kSide; ++i) {
+    table.Cell({i, i}, OmNumber(i));
+  }
+  EXPECT_LE(table.data().BytesReserved(), 200UL * kSide);
+  int walked = 0;
+  for (auto at = table.FirstCell(); at.Cell() != nullptr; ++at) {
+    ++walked;
+  }
+  EXPECT_EQ(walked, kSide);
+}
+
+TEST(OmPivotTableStore, CellsFarFromOneAnotherTakeNoMoreMemory) {
+  TestTable table(3);
+  for (int i = 0; i < 31; ++i) {
+    table.Cell({1 << i, (1 << i) - 1, 1 << (30 - i)}, OmNumber(i));
+  }
+  EXPECT_LE(table.data().BytesInUse(), 31 * 250UL);
+  EXPECT_EQ(table.At({1 << 30, (1 << 30) - 1, 1}), "30");
 }
 
 // Null cells

@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <climits>
 #include <gtest/gtest.h>
 #include <map>
 #include <optional>
+#include <random>
 #include <rapidcheck/gtest.h>
 
 #include <lakresvos/OmPivotTable.h>
@@ -19,8 +21,8 @@ class Model {
   void Write(Index const& index, std::optional<std::string> const& text) {
     Index const path(index.rbegin(), index.rend());
     for (std::size_t level = 0; level < dimensions_; ++level) {
-      int& size = nodes_[Head(path, level)];
-      size = std::max(size, path[level] + 1);
+      long& size = nodes_[Head(path, level)];
+      size = std::max(size, path[level] + 1L);
     }
     cells_.erase(path);
     if (text) {
@@ -45,7 +47,7 @@ class Model {
   }
 
   void AddDimension() {
-    std::map<Index, int> nodes;
+    std::map<Index, long> nodes;
     for (auto const& [path, size] : nodes_) {
       nodes[Below(path)] = size;
     }
@@ -109,7 +111,7 @@ class Model {
   }
 
   std::size_t dimensions_;
-  std::map<Index, int> nodes_;
+  std::map<Index, long> nodes_;
   std::map<Index, std::string> cells_;
 };
 
@@ -122,7 +124,9 @@ RC_GTEST_PROP(OmPivotTableProperty, BehavesAsAMapUnderRandomChanges, ()) {
     int const count = table.NDimensions();
     Index const index = *rc::gen::container<Index>(
         static_cast<std::size_t>(count),
-        rc::gen::weightedOneOf<int>({{9, rc::gen::inRange(0, 4)}, {1, rc::gen::inRange(0, 30)}}));
+        rc::gen::weightedOneOf<int>({{9, rc::gen::inRange(0, 4)},
+                                     {1, rc::gen::inRange(0, 30)},
+                                     {1, rc::gen::element(63, 64, 5000, 1 << 20, INT_MAX)}}));
     int const action = *rc::gen::inRange(0, 20);
     if (action < 10) {
       table.Put(index, std::to_string(step));
@@ -142,6 +146,59 @@ RC_GTEST_PROP(OmPivotTableProperty, BehavesAsAMapUnderRandomChanges, ()) {
     RC_ASSERT(table.At(probe) == model.At(probe));
     RC_ASSERT(table.Walk() == model.Walk());
   }
+}
+
+RC_GTEST_PROP(OmPivotTableProperty, HoldsManyCellsAtAnySubscripts, ()) {
+  auto const dimensions = static_cast<std::size_t>(*rc::gen::inRange(1, 5));
+  // Per dimension how many bits its subscripts have: nodes are crowded, nearly empty or in between.
+  auto const bits = *rc::gen::container<std::vector<int>>(dimensions, rc::gen::inRange(1, 32));
+  std::mt19937_64 random(*rc::gen::arbitrary<unsigned int>());
+  TestTable table(static_cast<int>(dimensions));
+  std::map<Index, std::string> cells;  // last dimension first
+  auto const anywhere = [&] {
+    Index index;
+    for (int const count : bits) {
+      index.push_back(static_cast<int>(random() & ((1UL << count) - 1)));
+    }
+    return index;
+  };
+  Index index;
+  for (int step = *rc::gen::inRange(0, 1500); step > 0; --step) {
+    // Mostly along the first dimension, as tables are filled.
+    if (index.empty() || random() % 4 == 0) {
+      index = anywhere();
+    } else {
+      index[0] = static_cast<int>(random() & ((1UL << bits[0]) - 1));
+    }
+    Index const path(index.rbegin(), index.rend());
+    if (random() % 5 != 0) {
+      table.Put(index, std::to_string(step));
+      cells[path] = std::to_string(step);
+    } else {
+      table.deleteCell(index);
+      cells.erase(path);
+    }
+  }
+  Walked walked;
+  for (auto const& [path, text] : cells) {
+    walked.emplace_back(Index(path.rbegin(), path.rend()), text);
+    RC_ASSERT(table.At(walked.back().first) == text);
+  }
+  RC_ASSERT(table.Walk() == walked);
+  for (int probe = 0; probe < 200; ++probe) {
+    index = anywhere();
+    auto const found = cells.find(Index(index.rbegin(), index.rend()));
+    RC_ASSERT(table.At(index) == (found != cells.end() ? found->second : "(none)"));
+  }
+  if (cells.size() > 100) {
+    // The texts lie in the cells' region, 16 bytes each; a path of its own takes some 50 a level.
+    RC_ASSERT(table.data().BytesInUse() < cells.size() * (64 + 80 * dimensions) + 20000);
+  }
+  for (auto const& [path, text] : cells) {
+    table.deleteCell(Index(path.rbegin(), path.rend()));
+  }
+  RC_ASSERT(table.Walk().empty());
+  RC_ASSERT(table.data().BytesInUse() < 5000UL);
 }
 
 RC_GTEST_PROP(OmPivotTableProperty, TheConstWalkIsTheSame, ()) {
