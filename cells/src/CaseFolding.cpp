@@ -102,18 +102,15 @@ char32_t Fold(char32_t character) {
 
 }  // namespace
 
-std::string FoldCase(std::string_view text) {
-  std::string folded;
-  folded.reserve(text.size());
-  while (!text.empty()) {
-    auto const [character, length] = utf8::DecodeFirst(text);
-    if (length == 0) {
-      folded.push_back(text.front());
-      text.remove_prefix(1);
-    } else {
-      utf8::Append(folded, Fold(character));
-      text.remove_prefix(length);
-    }
+void FoldedBytes::FoldFirst() {
+  auto const [character, length] = utf8::DecodeFirst(rest_);
+  folded_.clear();
+  next_ = 0;
+  if (length == 0) {
+    folded_.push_back(rest_.front());
+    rest_.remove_prefix(1);
+  } else {
+    utf8::Append(folded_, Fold(character));
+    rest_.remove_prefix(length);
   }
-  return folded;
 }

@@ -11,14 +11,6 @@ namespace {
 
 thread_local int comparisons = 0;
 
-short Sign(int order) {
-  return static_cast<short>((order > 0) - (order < 0));
-}
-
-bool IsString(long kind) {
-  return kind == OmCellText::StringCellKind || kind == OmCellText::StringCellUTF8Kind;
-}
-
 std::pair<bool, long> GetRank(OmCellText const& cell) {
   long const kind = cell.GetKind();
   return IsString(kind) ? std::pair(false, 0L) : std::pair(true, kind);
@@ -32,8 +24,16 @@ short CompareRanks(OmCellText const& a, OmCellText const& b) {
   return Sign(static_cast<int>(rankA > rankB) - static_cast<int>(rankA < rankB));
 }
 
-short CompareTexts(std::string_view a, std::string_view b, bool ignoreCase) {
-  return Sign(ignoreCase ? FoldCase(a).compare(FoldCase(b)) : a.compare(b));
+short CompareFolded(std::string_view a, std::string_view b) {
+  FoldedBytes left(a);
+  FoldedBytes right(b);
+  for (;;) {
+    int const byte = left.Next();
+    int const other = right.Next();
+    if (byte != other || byte == FoldedBytes::kEnd) {
+      return Sign(byte - other);
+    }
+  }
 }
 
 short CompareValues(double a, double b) {

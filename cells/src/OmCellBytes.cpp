@@ -30,9 +30,8 @@ OmCellBytes::~OmCellBytes() {
   }
 }
 
-std::string_view OmCellBytes::View() const {
-  return IsBound() ? GetEntry(storage_)->View()
-                   : std::string_view(static_cast<char const*>(storage_), extent_ >> 1);
+std::string_view OmCellBytes::BoundView() const {
+  return GetEntry(storage_)->View();
 }
 
 icuTracker* OmCellBytes::Tracker() const {

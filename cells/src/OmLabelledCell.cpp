@@ -1,4 +1,6 @@
+#include <cells/OmDataValue.h>
 #include <cells/OmLabelledCell.h>
+#include <cells/OmVariable.h>
 
 #include "CellOrder.h"
 
@@ -53,7 +55,7 @@ OmLabelledText::OmLabelledText(OmLabelledText const& other, OmMemoryRegion* regi
 OmLabelledText::~OmLabelledText() = default;
 
 short OmLabelledText::Compare(OmCellText const& other, bool ignoreCase) const {
-  auto const* const text = cell_order::FindPeer<OmLabelledText>(*this, other);
+  auto const* const text = cell_order::FindPeer<OmVariable, OmStringDataValue>(*this, other);
   if (text == nullptr) {
     return CompareTexts(other, ignoreCase);
   }

@@ -16,7 +16,7 @@ std::string OmPlainText::GetText() const {
 }
 
 short OmPlainText::Compare(OmCellText const& other, bool ignoreCase) const {
-  auto const* const text = cell_order::FindPeer<OmPlainText>(*this, other);
+  auto const* const text = cell_order::FindPeer<OmStringCell, OmStringCellUTF8>(*this, other);
   return text != nullptr ? cell_order::CompareTexts(text_.View(), text->text_.View(), ignoreCase)
                          : CompareTexts(other, ignoreCase);
 }

@@ -4,6 +4,7 @@
 #include <rapidcheck/gtest.h>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 #include <wctype.h>
 
@@ -115,6 +116,33 @@ TEST(CaseFolding, AgreesWithTheCaseTablesOfTheCLibraryForEveryCharacter) {
   freelocale(unicode);
   // The dotted capital I, which has no simple folding.
   EXPECT_EQ(disagreeing, (std::set<char32_t>{0x0130}));
+}
+
+RC_GTEST_PROP(CaseFoldingOrder, IsThatOfTheFoldedBytesWhateverTheirNumber, ()) {
+  // Foldings that are longer than the character, shorter, or as long; and bytes of no character.
+  static std::vector<std::pair<std::string, std::string>> const pieces{
+      {"\u023A", "\u2C65"},
+      {"\u212A", "k"},
+      {"\u017F", "s"},
+      {"\u1E9E", "\u00DF"},
+      {"\u00C9", "\u00E9"},
+      {"A", "a"},
+      {"k", "k"},
+      {"\u2C65", "\u2C65"},
+      {"\xFF", "\xFF"},
+      {"\x80", "\x80"},
+      {std::string(1, '\0'), std::string(1, '\0')}};
+  std::string texts[2];
+  std::string folded[2];
+  for (int i = 0; i < 2; ++i) {
+    for (int left = *rc::gen::inRange(0, 6); left != 0; --left) {
+      auto const& [piece, folding] = *rc::gen::elementOf(pieces);
+      texts[i] += piece;
+      folded[i] += folding;
+    }
+  }
+  int const expected = folded[0].compare(folded[1]);
+  RC_ASSERT(Folded(texts[0], texts[1]) == (expected > 0) - (expected < 0));
 }
 
 RC_GTEST_PROP(CaseFoldingAscii, AgreesWithLoweringAsciiLetters, ()) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "EveryKind.h"
+#include "support/FailingNew.h"
 
 namespace {
 
@@ -125,6 +126,52 @@ TEST(Compare, KindsMadeElsewhereCompareByText) {
   EXPECT_EQ(Derived<OmStringCell>(100, "AB").Compare(Derived<OmComposite>(100, "ab"), true), 0);
 }
 
+TEST(Compare, AClassDerivedFromOneOfTheLibraryComparesAsThatUnlessItsKindDiffers) {
+  using Number = Derived<OmNumber>;
+  EXPECT_LT(Number(OmCellText::NumberKind, 9).Compare(OmNumber(10), false), 0);
+  EXPECT_LT(OmNumber(9).Compare(Number(OmCellText::NumberKind, 10), false), 0);
+  EXPECT_LT(
+      Derived<OmVariable>(OmCellText::VariableKind, "a", "z").Compare(OmVariable("b", "y"), false),
+      0);
+  EXPECT_GT(Number(100, 9).Compare(OmNumber(10), false), 0);
+}
+
+TEST(Compare, AClassThatOnlyClaimsAKindOfTheLibraryComparesByText) {
+  Derived<OmStringCell> const text(OmCellText::NumberKind, "10");
+  EXPECT_GT(OmNumber(9).Compare(text, false), 0);
+  EXPECT_LT(text.Compare(OmNumber(9), false), 0);
+}
+
+TEST(Compare, CopiesNoText) {
+  std::string const upper = std::string(1000, 'X') + "A\u00C9\u212A";
+  std::string const lower = std::string(1000, 'x') + "a\u00E9k";
+  auto const make = [](std::string const& text) {
+    std::vector<CellPointer> cells;
+    cells.emplace_back(new OmStringCell(text));
+    cells.emplace_back(new OmStringCellUTF8(text));
+    cells.emplace_back(new OmVariable(text, text));
+    cells.emplace_back(new OmNumDataValue(1, text));
+    cells.emplace_back(new OmStringDataValue(text, text));
+    return cells;
+  };
+  std::vector<CellPointer> const a = make(upper);
+  std::vector<CellPointer> const b = make(lower);
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    int exact = 0;
+    int folded = 1;
+    int mixed = 1;
+    EXPECT_NO_THROW({
+      FailAfter const failing(1);
+      exact = a[i]->Compare(*b[i], false);
+      folded = a[i]->Compare(*b[i], true);
+      mixed = a[0]->Compare(*b[1], true);
+    });
+    EXPECT_LT(exact, 0);
+    EXPECT_EQ(folded, 0);
+    EXPECT_EQ(mixed, 0);
+  }
+}
+
 TEST(Compare, TheDisplayModeOfAPartDoesNotCount) {
   OmVariable variable("a", "z");
   OmComposite labels("{0}");
@@ -207,6 +254,85 @@ RC_GTEST_PROP(CompareOrder, IsAWeakOrderWithinEveryKind, (bool ignoreCase)) {
 RC_GTEST_PROP(CompareOrder, IsAWeakOrderOverAllKinds, (bool ignoreCase)) {
   CellPointer const cells[3] = {RandomCell(), RandomCell(), RandomCell()};
   CheckOrder(cells, ignoreCase);
+}
+
+/// Simple case folding for the texts of random cells.
+std::string Fold(std::string text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == 'A') {
+      text[i] = 'a';
+    } else if (text[i] == '\x89' && i != 0 && text[i - 1] == '\xC3') {
+      text[i] = '\xA9';
+    }
+  }
+  return text;
+}
+
+int PlainOrder(std::string const& a, std::string const& b, bool ignoreCase) {
+  return Sign(ignoreCase ? Fold(a).compare(Fold(b)) : a.compare(b));
+}
+
+int PlainOrder(double a, double b) {
+  if (std::isnan(a) || std::isnan(b)) {
+    return static_cast<int>(std::isnan(b)) - static_cast<int>(std::isnan(a));
+  }
+  return static_cast<int>(a > b) - static_cast<int>(a < b);
+}
+
+/// The first of two comparisons that finds a difference.
+int Either(int first, int second) {
+  return first != 0 ? first : second;
+}
+
+template <class Cell>
+std::pair<Cell const&, Cell const&> As(OmCellText const& a, OmCellText const& b) {
+  return {dynamic_cast<Cell const&>(a), dynamic_cast<Cell const&>(b)};
+}
+
+/// The order of cells that no display mode was set for, from copies of what they hold.
+int PlainOrder(OmCellText const& a, OmCellText const& b, bool ignoreCase) {
+  auto const rank = [](OmCellText const& cell) {
+    long const kind = cell.GetKind();
+    return kind == 1 || kind == 2 ? std::numeric_limits<long>::min() : kind;
+  };
+  if (rank(a) != rank(b)) {
+    return rank(a) < rank(b) ? -1 : 1;
+  }
+  switch (a.GetKind()) {
+    case OmCellText::NumberKind: {
+      auto const [x, y] = As<OmNumber>(a, b);
+      return Either(PlainOrder(x.Value(), y.Value()), PlainOrder(x.Decimals(), y.Decimals()));
+    }
+    case OmCellText::VariableKind: {
+      auto const [x, y] = As<OmVariable>(a, b);
+      return Either(PlainOrder(x.Name(), y.Name(), ignoreCase),
+                    PlainOrder(x.Label(), y.Label(), ignoreCase));
+    }
+    case OmCellText::NumDataValueKind: {
+      auto const [x, y] = As<OmNumDataValue>(a, b);
+      return Either(PlainOrder(x.Value(), y.Value()), PlainOrder(x.Label(), y.Label(), ignoreCase));
+    }
+    case OmCellText::StringDataValueKind: {
+      auto const [x, y] = As<OmStringDataValue>(a, b);
+      return Either(PlainOrder(x.Value(), y.Value(), ignoreCase),
+                    PlainOrder(x.Label(), y.Label(), ignoreCase));
+    }
+    default:
+      return PlainOrder(a.GetText(), b.GetText(), ignoreCase);
+  }
+}
+
+RC_GTEST_PROP(CompareOrder, AgreesWithThatOfPlainCopiesWithinEveryKind, (bool ignoreCase)) {
+  int const kind = *rc::gen::inRange(0, kKinds);
+  CellPointer const a = RandomCell(kind);
+  CellPointer const b = RandomCell(kind);
+  RC_ASSERT(Sign(a->Compare(*b, ignoreCase)) == PlainOrder(*a, *b, ignoreCase));
+}
+
+RC_GTEST_PROP(CompareOrder, AgreesWithThatOfPlainCopiesOverAllKinds, (bool ignoreCase)) {
+  CellPointer const a = RandomCell();
+  CellPointer const b = RandomCell();
+  RC_ASSERT(Sign(a->Compare(*b, ignoreCase)) == PlainOrder(*a, *b, ignoreCase));
 }
 
 /// Sets the display mode of a cell, of its context, and of its parts.

@@ -40,7 +40,10 @@ class CELLS_EXPORT OmCellBytes {
   ~OmCellBytes();
 
   /// The bytes. Valid until this object is changed or destroyed. Constant time.
-  std::string_view View() const;
+  std::string_view View() const {
+    return IsBound() ? BoundView()
+                     : std::string_view(static_cast<char const*>(storage_), extent_ >> 1);
+  }
 
   /// A copy of the bytes.
   /// @throws std::bad_alloc.
@@ -62,6 +65,7 @@ class CELLS_EXPORT OmCellBytes {
   OmCellBytes(void* storage, std::uintptr_t extent) : storage_(storage), extent_(extent) {}
 
   bool IsBound() const { return (extent_ & 1) != 0; }
+  std::string_view BoundView() const;
   OmMemoryRegion* Home() const;
 
   // Own bytes: the bytes, and twice their number. Bound: the tracker's entry, and the address of
