@@ -41,9 +41,10 @@ struct Lookup {
 /// entry that names no child counts as the probe itself and never matches.
 Lookup FindInIndex(Element const& parent, Probe const& probe) {
   OmVector<unsigned int> const& index = parent.value.childIndex;
-  auto const findChild = [&](std::size_t position) -> OmDimensionNode const* {
+  auto const findChild = [&index, children = parent.children.begin, count = parent.children.size()](
+                             std::size_t position) -> OmDimensionNode const* {
     unsigned int const entry = index[position];
-    return entry < parent.children.size() ? &parent.children[entry].value : nullptr;
+    return entry < count ? &children[entry].value : nullptr;
   };
   std::size_t low = 0;
   for (std::size_t count = index.size(); count != 0;) {
@@ -109,37 +110,43 @@ bool OmDimension::AcceptsChild(Node const& parent) const {
          (region == nullptr || region == children.region);
 }
 
-Node OmDimension::Child(Node const& parent, OmDimensionNode const& value) {
+template <class... Arguments>
+Node OmDimension::FindOrAdd(Node const& parent, Arguments const&... value) {
   if (!AcceptsChild(parent)) {
     return {};
   }
   if (!parent.Value().group) {
     throw OMSException("OmDimension::Child -- parent is not group", 0, 0);
   }
-  OmDimensionNode node(value, children.region);
+  OmDimensionNode node(value..., children.region);
   Prepare(node, *parent.element);
   Lookup const found = FindInIndex(*parent.element, {node.label, node.group});
-  if (found.child != kNotFound) {
-    return parent.Child(found.child);
-  }
+  return found.child != kNotFound ? parent.Child(found.child)
+                                  : AdoptIndexed(parent, node, found.position);
+}
+
+Node OmDimension::AdoptIndexed(Node const& parent, OmDimensionNode& node, std::size_t position) {
   bool const category = !node.group;
   // The index is reserved for first: once the child is there, its entry must not fail.
   OmVector<unsigned int>& index = parent.element->value.childIndex;
-  auto const entry = static_cast<unsigned int>(index.size());
-  index.insert(found.position, entry);
+  index.insert(position, static_cast<unsigned int>(index.size()));
   try {
     Node const child = AdoptChild(parent, node);
     categoryCount_ += category ? 1U : 0U;
     return child;
   } catch (...) {
-    index.erase(found.position);
+    index.erase(position);
     throw;
   }
 }
 
+Node OmDimension::Child(Node const& parent, OmDimensionNode const& value) {
+  return FindOrAdd(parent, value);
+}
+
 Node OmDimension::Child(Node const& parent, OmCellText const& text, unsigned long subscript,
                         bool group) {
-  return Child(parent, OmDimensionNode(text, subscript, group, nullptr));
+  return FindOrAdd(parent, text, subscript, group);
 }
 
 Node OmDimension::AddNewChild(Node const& parent, OmCellText const& text, unsigned long subscript,
@@ -149,16 +156,7 @@ Node OmDimension::AddNewChild(Node const& parent, OmCellText const& text, unsign
   }
   OmDimensionNode node(text, subscript, group, children.region);
   Prepare(node, *parent.element);
-  OmVector<unsigned int>& index = parent.element->value.childIndex;
-  index.push_back(static_cast<unsigned int>(index.size()));
-  try {
-    Node const child = AdoptChild(parent, node);
-    categoryCount_ += group ? 0U : 1U;
-    return child;
-  } catch (...) {
-    index.erase(index.size() - 1);
-    throw;
-  }
+  return AdoptIndexed(parent, node, parent.element->value.childIndex.size());
 }
 
 unsigned int OmDimension::FindChild(ConstNode parent, OmCellText const& text, bool group) {

@@ -1,6 +1,7 @@
 #ifndef LAKRESVOS_OMDIMENSION_H
 #define LAKRESVOS_OMDIMENSION_H
 
+#include <cstddef>
 #include <vector>
 
 #include <cells/OmCellText.h>
@@ -206,6 +207,13 @@ class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
  private:
   /// Whether `parent` can take a child, as far as that can be told in constant time.
   bool AcceptsChild(Node const& parent) const;
+
+  /// Child() for a node that is made in the dimension's region of `value`.
+  template <class... Arguments>
+  Node FindOrAdd(Node const& parent, Arguments const&... value);
+
+  /// Appends a child that takes over `node`, and enters it at `position` in the parent's index.
+  Node AdoptIndexed(Node const& parent, OmDimensionNode& node, std::size_t position);
 
   /// The nodes from the root to the parent of `node`; empty for the root and what is not in this
   /// tree. Found from the root: parent links play no part, for removals leave them stale.

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <cells/OmStringCell.h>
@@ -159,6 +160,41 @@ TEST_F(OmDimensionTest, ChildSharesTheContextOfItsParentsLabel) {
   ASSERT_EQ(shared.size(), 1U);
   EXPECT_EQ(shared[0].cell, child.Value().label);
   EXPECT_EQ(shared[0].other, group.Value().label);
+}
+
+TEST_F(OmDimensionTest, ChildCopiesTheLabelOnceThenSharesThenSearches) {
+  Child("a", 0);
+  SpyCell const label("b");
+  SpyLog const log;
+  Node const child = dimension_.Child(dimension_.Root(), label, 1, false);
+  EXPECT_EQ(log.Lines(), (std::vector<std::string>{"Clone b", "ShareContext b", "Compare a"}));
+  EXPECT_EQ(log.calls[0].region, &region_);
+  EXPECT_EQ(log.calls[0].result, child.Value().label);
+  EXPECT_EQ(log.calls[2].other, child.Value().label);
+}
+
+TEST_F(OmDimensionTest, ChildSearchesByHalvesUpToTheLastPlace) {
+  for (char const* label : {"a", "b", "c", "d", "e", "f", "g"}) {
+    Child(label, 0);
+  }
+  SpyCell const label("h");
+  SpyLog const log;
+  dimension_.Child(dimension_.Root(), label, 7, false);
+  std::vector<std::string> compared;
+  for (SpyLog::Call const& call : log.Of(SpyCell::Operation::Compare)) {
+    compared.push_back(call.text);
+  }
+  EXPECT_EQ(compared, (std::vector<std::string>{"d", "f", "g"}));
+}
+
+TEST_F(OmDimensionTest, ALabelThatWasReplacedOutOfOrderMisleadsTheSearchAsItMust) {
+  for (char const* label : {"a", "b", "c", "d"}) {
+    Child(label, 0);
+  }
+  Node const renamed = dimension_.Root()[2];
+  delete std::exchange(renamed.Value().label, SpyCell("z").Clone(&region_));
+  Child("e", 4);
+  EXPECT_EQ(RootIndex(), (Index{0, 1, 4, 2, 3})) << "the second half was never looked at";
 }
 
 TEST_F(OmDimensionTest, ChildCopiesANodeButNotItsIndex) {
