@@ -15,7 +15,7 @@ OmTextPool::Entry* GetEntry(void* storage) {
 }  // namespace
 
 OmCellBytes::OmCellBytes(std::string_view text, OmMemoryRegion* region)
-    : storage_(nullptr), extent_(text.size() << 1) {
+    : storage_(nullptr), extent_(text.size() << kFlagBits) {
   if (!text.empty()) {
     storage_ = (region != nullptr ? region : OmMemoryRegion::DefaultHeap())->Allocate(text.size());
     std::memcpy(storage_, text.data(), text.size());
@@ -25,7 +25,7 @@ OmCellBytes::OmCellBytes(std::string_view text, OmMemoryRegion* region)
 OmCellBytes::~OmCellBytes() {
   if (IsBound()) {
     GetEntry(storage_)->Release();
-  } else {
+  } else if ((extent_ & kInCell) == 0) {
     OmMemoryRegion::Release(storage_);
   }
 }
@@ -46,12 +46,12 @@ OmCellBytes OmCellBytes::BoundTo(icuTracker* tracker) const {
   if (tracker == nullptr) {
     return {View(), Home()};
   }
-  return {tracker->pool_->Share(View()), reinterpret_cast<std::uintptr_t>(Home()) | 1};
+  return {tracker->pool_->Share(View()), reinterpret_cast<std::uintptr_t>(Home()) | kBound};
 }
 
 OmMemoryRegion* OmCellBytes::Home() const {
   if (IsBound()) {
-    return reinterpret_cast<OmMemoryRegion*>(extent_ & ~std::uintptr_t{1});
+    return reinterpret_cast<OmMemoryRegion*>(extent_ & ~kBound);
   }
   return storage_ != nullptr ? OmMemoryRegion::FindOwner(storage_) : nullptr;
 }

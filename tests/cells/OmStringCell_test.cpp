@@ -4,6 +4,9 @@
 #include <memory>
 #include <rapidcheck/gtest.h>
 #include <string>
+#include <vector>
+
+#include <cells/icuTracker.h>
 
 static_assert(sizeof(OmStringCellUTF8) <= 32);
 static_assert(sizeof(OmStringCell) <= 40);
@@ -32,6 +35,33 @@ TEST(OmStringCell, AnEmptyTextTakesNoStorage) {
   EXPECT_EQ(clone->GetText(), "");
   EXPECT_EQ(region.BytesInUse(), 48U);
   delete clone;
+}
+
+TEST(OmStringCell, AClonesShortTextLiesInOneBlockOf64BytesWithIt) {
+  OmMemoryRegion region(false);
+  std::unique_ptr<OmCellText> cell(OmStringCell(std::string(24, 'x'), true).Clone(&region));
+  EXPECT_EQ(region.BytesInUse(), 64U);
+  EXPECT_EQ(cell->GetText(), std::string(24, 'x'));
+  cell.reset(OmStringCellUTF8(std::string(32, 'x')).Clone(&region));
+  EXPECT_EQ(region.BytesInUse(), 64U);
+  cell.reset(OmStringCell(std::string(25, 'x')).Clone(&region));
+  EXPECT_EQ(region.BytesInUse(), 48U + 32U);
+  cell.reset();
+  EXPECT_EQ(region.BytesInUse(), 0U);
+}
+
+TEST(OmStringCell, AShortTextKeepsItsRoomWhileATrackerHasIt) {
+  OmMemoryRegion region(false);
+  icuTracker tracker({true, ""});
+  std::unique_ptr<OmCellText> cell(OmStringCell("short").Clone(&region));
+  EXPECT_EQ(region.BytesInUse(), 48U);
+  cell->UseTracker(&tracker);
+  EXPECT_EQ(region.BytesInUse(), 48U);
+  cell->UseTracker(nullptr);
+  EXPECT_EQ(region.BytesInUse(), 48U + 16U);
+  EXPECT_EQ(cell->GetText(), "short");
+  cell.reset();
+  EXPECT_EQ(region.BytesInUse(), 0U);
 }
 
 TEST(OmStringCell, AClonesBytesLieInItsRegion) {
@@ -81,6 +111,26 @@ RC_GTEST_PROP(OmStringCellBytes, AnyBytesComeBackUnchanged, (std::string const& 
   RC_ASSERT(second->GetText() == bytes);
   delete first;
   delete second;
+}
+
+RC_GTEST_PROP(OmStringCellBytes, AnyTextOutlivesClonesAndTrackers, ()) {
+  OmMemoryRegion region(false);
+  std::string const bytes(*rc::gen::inRange<std::size_t>(0, 40), 'x');
+  icuTracker tracker({true, ""});
+  auto cell = *rc::gen::arbitrary<bool>()
+                  ? std::unique_ptr<OmCellText>(OmStringCell(bytes).Clone(&region))
+                  : std::unique_ptr<OmCellText>(OmStringCellUTF8(bytes).Clone(&region));
+  for (int const step : *rc::gen::container<std::vector<int>>(rc::gen::inRange(0, 3))) {
+    if (step == 0) {
+      cell.reset(cell->Clone(&region));
+    } else {
+      cell->UseTracker(step == 1 ? &tracker : nullptr);
+    }
+    RC_ASSERT(cell->GetText() == bytes);
+  }
+  cell.reset();
+  RC_ASSERT(region.BytesInUse() == 0U);
+  RC_ASSERT(tracker.TextCount() == 0U);
 }
 
 }  // namespace

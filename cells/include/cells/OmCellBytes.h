@@ -24,6 +24,12 @@ class CELLS_EXPORT OmCellBytes {
   /// @throws std::bad_alloc.
   OmCellBytes(std::string_view text, OmMemoryRegion* region);
 
+  /// Copies `text` to `room`, a part of the block that the cell lies in, which goes with the cell.
+  OmCellBytes(std::string_view text, std::byte* room) noexcept
+      : storage_(room), extent_(text.size() << kFlagBits | kInCell) {
+    text.copy(reinterpret_cast<char*>(room), text.size());
+  }
+
   /// Takes the storage of `other`, which is left with the empty text. Constant time.
   OmCellBytes(OmCellBytes&& other) noexcept
       : storage_(std::exchange(other.storage_, nullptr)),
@@ -42,7 +48,7 @@ class CELLS_EXPORT OmCellBytes {
   /// The bytes. Valid until this object is changed or destroyed. Constant time.
   std::string_view View() const {
     return IsBound() ? BoundView()
-                     : std::string_view(static_cast<char const*>(storage_), extent_ >> 1);
+                     : std::string_view(static_cast<char const*>(storage_), extent_ >> kFlagBits);
   }
 
   /// A copy of the bytes.
@@ -64,12 +70,16 @@ class CELLS_EXPORT OmCellBytes {
  private:
   OmCellBytes(void* storage, std::uintptr_t extent) : storage_(storage), extent_(extent) {}
 
-  bool IsBound() const { return (extent_ & 1) != 0; }
+  static constexpr std::uintptr_t kBound = 1;
+  static constexpr std::uintptr_t kInCell = 2;
+  static constexpr unsigned int kFlagBits = 2;
+
+  bool IsBound() const { return (extent_ & kBound) != 0; }
   std::string_view BoundView() const;
   OmMemoryRegion* Home() const;
 
-  // Own bytes: the bytes, and twice their number. Bound: the tracker's entry, and the address of
-  // the region to return to, plus 1.
+  // Own bytes: the bytes, and their number above the flags. Bound: the tracker's entry, and the
+  // address of the region to return to, whose lowest bits are the flags.
   void* storage_;
   std::uintptr_t extent_;
 };

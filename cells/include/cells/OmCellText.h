@@ -178,6 +178,16 @@ class CELLS_EXPORT OmCellText {
   /// it and has to be deleted.
   void NoteOwnership() const;
 
+  /// Memory for a cell in `region` (null: the default heap) with `room` bytes after it.
+  /// @throws std::bad_alloc.
+  static void* operator new(std::size_t size, OmMemoryRegion* region, std::size_t room) {
+    return operator new(size + room, region);
+  }
+  /// The same, for a cell whose constructor throws.
+  static void operator delete(void* cell, OmMemoryRegion*, std::size_t) {
+    OmMemoryRegion::Release(cell);
+  }
+
   /// Where the texts of this cell belong: `region`, or when that is null the region that the cell
   /// lies in. Null, which means the default heap, for a cell that lies in none.
   OmMemoryRegion* Home(OmMemoryRegion* region = nullptr) const;

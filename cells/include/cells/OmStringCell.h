@@ -1,6 +1,7 @@
 #ifndef CELLS_OMSTRINGCELL_H
 #define CELLS_OMSTRINGCELL_H
 
+#include <cstddef>
 #include <string>
 
 #include <cells/OmCellBytes.h>
@@ -8,6 +9,10 @@
 
 /// What the two kinds of plain texts have in common: one text, kept as the bytes that were given.
 /// Compare() orders both kinds as one, by these bytes.
+///
+/// A clone whose text is short enough lies in one block of 64 bytes with it, which a look at the
+/// text then brings into the cache with the cell. These bytes go with the cell, even when a tracker
+/// keeps the text in the meantime.
 ///
 /// Thread safety: as OmCellText.
 class CELLS_EXPORT OmPlainText : public OmCellText {
@@ -27,6 +32,17 @@ class CELLS_EXPORT OmPlainText : public OmCellText {
   /// Copies everything into `region`, as Clone() does; null means where the copy lies.
   /// @throws std::bad_alloc.
   OmPlainText(OmPlainText const& other, OmMemoryRegion* region);
+
+  /// Marks a copy whose text lies in one block with it.
+  struct InOneBlock {};
+
+  /// Copies everything, the text to `room`, which is in the block that the copy lies in.
+  /// @throws std::bad_alloc.
+  OmPlainText(OmPlainText const& other, std::byte* room);
+
+  /// How much room the text needs in one block with a clone of `size` bytes; 0 when the text is
+  /// empty or too long for that.
+  std::size_t RoomBeside(std::size_t size) const;
 
  private:
   OmCellBytes text_;
@@ -57,6 +73,8 @@ class CELLS_EXPORT OmStringCell : public OmPlainText {
   OmStringCell(OmStringCell const& other, OmMemoryRegion* region = nullptr);
 
  private:
+  OmStringCell(OmStringCell const& other, InOneBlock);
+
   bool translatable_;
 };
 
@@ -79,6 +97,9 @@ class CELLS_EXPORT OmStringCellUTF8 : public OmPlainText {
   /// Copies everything into `region`, as Clone() does; null means where the copy lies.
   /// @throws std::bad_alloc.
   OmStringCellUTF8(OmStringCellUTF8 const& other, OmMemoryRegion* region = nullptr);
+
+ private:
+  OmStringCellUTF8(OmStringCellUTF8 const& other, InOneBlock);
 };
 
 #endif
