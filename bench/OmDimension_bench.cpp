@@ -1,17 +1,23 @@
-#include <benchmark/benchmark.h>
 #include <cstdio>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include <cells/OmStringCell.h>
 #include <lakresvos/OmDimension.h>
 
+#include "support/Workload.h"
+
+// Categories added to a dimension in the order of their labels, with and without a look for the label
+// among those there, and beside it a map from text to subscript.
+
 namespace {
 
-/// Labels in ascending order.
-std::vector<std::string> Labels(long count) {
-  std::vector<std::string> labels;
+using Labels = std::vector<std::string>;
+
+Labels MakeLabels(long count) {
+  Labels labels;
   for (long i = 0; i < count; ++i) {
     char text[32];
     std::snprintf(text, sizeof text, "Category %08ld", i);
@@ -20,51 +26,68 @@ std::vector<std::string> Labels(long count) {
   return labels;
 }
 
-template <class Add>
-void AddCategories(benchmark::State& state, Add add) {
-  auto const labels = Labels(state.range(0));
-  OmDimensionNode const root(OmStringCell("Dimension"), 0, true, nullptr);
-  for (auto _ : state) {
-    OmMemoryRegion region(false);
-    OmDimension dimension(root, &region);
-    auto const parent = dimension.Root();
-    unsigned long subscript = 0;
+template <class Tree, class Add>
+void Measure(benchmark::State& state, Labels const& labels, std::unique_ptr<Tree> tree,
+             Add const& add) {
+  unsigned long subscript = 0;
+  double const adding = NanosecondsEach(labels.size(), [&] {
     for (std::string const& label : labels) {
-      add(dimension, parent, OmStringCell(label), subscript++);
+      add(*tree, label, subscript++);
     }
-    region.WorkingRelease(false);
-  }
-  state.SetItemsProcessed(state.iterations() * state.range(0));
-}
-
-void AddInLabelOrder(benchmark::State& state) {
-  AddCategories(
-      state, [](OmDimension& dimension, OmDimension::Node const& parent, OmStringCell const& label,
-                unsigned long subscript) { dimension.Child(parent, label, subscript, false); });
-}
-
-void AddUnchecked(benchmark::State& state) {
-  AddCategories(state, [](OmDimension& dimension, OmDimension::Node const& parent,
-                          OmStringCell const& label, unsigned long subscript) {
-    dimension.AddNewChild(parent, label, subscript, false);
   });
+  double const destroy = NanosecondsEach(labels.size(), [&] { tree.reset(); });
+  state.counters["add ns"] = adding;
+  state.counters["both ns"] = adding + destroy;
 }
 
-/// The same labels in a map from text to subscript.
-void AddToMap(benchmark::State& state) {
-  auto const labels = Labels(state.range(0));
-  for (auto _ : state) {
-    std::map<std::string, unsigned long> categories;
-    unsigned long subscript = 0;
-    for (std::string const& label : labels) {
-      categories.emplace(label, subscript++);
-    }
-  }
-  state.SetItemsProcessed(state.iterations() * state.range(0));
+/// A dimension in a region of its own, as in a table.
+struct Dimension {
+  ~Dimension() { region.WorkingRelease(false); }
+
+  OmMemoryRegion region{false};
+  OmDimension dimension{OmDimensionNode(OmStringCell("Dimension"), 0, true, nullptr), &region};
+};
+
+template <class Add>
+void MeasureDimension(benchmark::State& state, Labels const& labels, Add const& add) {
+  Measure(state, labels, std::make_unique<Dimension>(),
+          [&](Dimension& tree, std::string const& label, unsigned long subscript) {
+            add(tree.dimension, OmStringCell(label), subscript);
+          });
+}
+
+void RegisterCount(long count) {
+  auto const labels = std::make_shared<Labels const>(MakeLabels(count));
+  std::string const prefix = std::to_string(count) + " categories/";
+  Register(prefix + "Child", [labels](benchmark::State& state) {
+    MeasureDimension(
+        state, *labels,
+        [](OmDimension& dimension, OmStringCell const& label, unsigned long subscript) {
+          dimension.Child(dimension.Root(), label, subscript, false);
+        });
+  });
+  Register(prefix + "AddNewChild", [labels](benchmark::State& state) {
+    MeasureDimension(
+        state, *labels,
+        [](OmDimension& dimension, OmStringCell const& label, unsigned long subscript) {
+          dimension.AddNewChild(dimension.Root(), label, subscript, false);
+        });
+  });
+  Register(prefix + "std::map", [labels](benchmark::State& state) {
+    using Map = std::map<std::string, unsigned long>;
+    Measure(state, *labels, std::make_unique<Map>(),
+            [](Map& map, std::string const& label, unsigned long subscript) {
+              map.emplace(label, subscript);
+            });
+  });
 }
 
 }  // namespace
 
-BENCHMARK(AddInLabelOrder)->Arg(1000)->Arg(10000)->Arg(100000)->Arg(1000000);
-BENCHMARK(AddUnchecked)->Arg(1000)->Arg(10000)->Arg(100000)->Arg(1000000);
-BENCHMARK(AddToMap)->Arg(1000)->Arg(10000)->Arg(100000)->Arg(1000000);
+void RegisterWorkload(bool quick) {
+  for (long const count : {1'000L, 10'000L, 100'000L, 1'000'000L}) {
+    if (!quick || count <= 10'000) {
+      RegisterCount(count);
+    }
+  }
+}

@@ -1,182 +1,207 @@
-#include <benchmark/benchmark.h>
-#include <cstdint>
+#include <algorithm>
 #include <memory>
-#include <random>
-#include <unordered_map>
+#include <new>
+#include <stdexcept>
+#include <string>
+#include <sys/resource.h>
+#include <unistd.h>
 #include <vector>
 
-#include <cells/OmNumber.h>
-#include <cells/OmStringCell.h>
-#include <lakresvos/OmPivotTable.h>
+#if LAKRESVOS_HAS_ABSEIL
+#include <absl/container/flat_hash_map.h>
+#endif
+#if LAKRESVOS_HAS_BOOST_FLAT_MAP
+#include <boost/unordered/unordered_flat_map.hpp>
+#endif
 
-// A table of kSide x kSide numbers, beside what one would write without the library.
+#include "structures/BumpClone.h"
+#include "structures/DenseArray.h"
+#include "structures/FlatMap.h"
+#include "structures/LakresvosTable.h"
+#include "support/CellSet.h"
+#include "support/CountedBytes.h"
+#include "support/Workload.h"
+
+// The life of a table of numbers: every cell is written, all are read in a random order, and as many
+// positions without one, all are walked, with their subscripts in the caller's vector, and the table is
+// destroyed.
 
 namespace {
 
-constexpr int kSide = 1000;
-constexpr long kCells = static_cast<long>(kSide) * kSide;
-
-std::unique_ptr<OmPivotTable> EmptyTable() {
-  OmStringCell const label("Table");
-  auto table = std::make_unique<OmPivotTable>(label, label, false);
-  table->AddDimension(label);
-  table->AddDimension(label);
-  return table;
-}
-
-std::unique_ptr<OmPivotTable> FullTable() {
-  auto table = EmptyTable();
-  std::vector<int> index(2);
-  for (index[1] = 0; index[1] < kSide; ++index[1]) {
-    for (index[0] = 0; index[0] < kSide; ++index[0]) {
-      table->Cell(index, OmNumber(index[0]));
-    }
-  }
-  return table;
-}
-
-std::vector<std::vector<int>> RandomIndexes() {
-  std::mt19937 random(1);
-  std::vector<std::vector<int>> indexes;
-  for (int i = 0; i < 100000; ++i) {
-    indexes.push_back({static_cast<int>(random() % kSide), static_cast<int>(random() % kSide)});
-  }
-  return indexes;
-}
-
-std::uint64_t Key(std::vector<int> const& index) {
-  return static_cast<std::uint64_t>(index[1]) * kSide + static_cast<std::uint64_t>(index[0]);
-}
-
-/// Cells in a bump-allocated block, and a dense array of pointers to them.
-struct DenseArray {
-  DenseArray() : region(false), cells(kCells) {
-    for (long i = 0; i < kCells; ++i) {
-      cells[static_cast<std::size_t>(i)] = OmNumber(static_cast<double>(i % kSide)).Clone(&region);
-    }
-    region.WorkingRelease(false);
-  }
-  ~DenseArray() {
-    for (OmCellText* cell : cells) {
-      delete cell;
-    }
-  }
-  OmMemoryRegion region;
-  std::vector<OmCellText*> cells;
+/// What is done with one table.
+struct Life {
+  Shape shape;
+  CellSet written;
+  CellSet read;
+  CellSet absent;  ///< empty where all positions have cells
+  double sum = 0;  ///< of all values
 };
 
-void Fill(benchmark::State& state) {
-  for (auto _ : state) {
-    auto table = FullTable();
-    state.PauseTiming();
-    table.reset();
-    state.ResumeTiming();
-  }
-  state.SetItemsProcessed(state.iterations() * kCells);
+/// Whole numbers, so that sums do not depend on the order.
+double ValueAt(std::vector<int> const& index) {
+  return index.front() + 1;
 }
 
-void FillDenseArray(benchmark::State& state) {
-  for (auto _ : state) {
-    auto array = std::make_unique<DenseArray>();
-    state.PauseTiming();
-    array.reset();
-    state.ResumeTiming();
+double SumOf(CellSet const& cells) {
+  double sum = 0;
+  auto index = cells.Index();
+  for (std::size_t i = 0; i < cells.Size(); ++i) {
+    cells.Get(i, index);
+    sum += ValueAt(index);
   }
-  state.SetItemsProcessed(state.iterations() * kCells);
+  return sum;
 }
 
-void FillHashMap(benchmark::State& state) {
-  for (auto _ : state) {
-    auto region = std::make_unique<OmMemoryRegion>(false);
-    auto map = std::make_unique<std::unordered_map<std::uint64_t, OmCellText*>>();
-    std::vector<int> index(2);
-    for (index[1] = 0; index[1] < kSide; ++index[1]) {
-      for (index[0] = 0; index[0] < kSide; ++index[0]) {
-        (*map)[Key(index)] = OmNumber(index[0]).Clone(region.get());
-      }
+void Expect(double expected, double found) {
+  if (expected != found) {
+    throw std::logic_error("a structure has other cells than those written");
+  }
+}
+
+template <class Structure>
+double WriteAll(Structure& structure, CellSet const& cells) {
+  auto index = cells.Index();
+  return NanosecondsEach(cells.Size(), [&] {
+    for (std::size_t i = 0; i < cells.Size(); ++i) {
+      cells.Get(i, index);
+      structure.Write(index, ValueAt(index));
     }
-    state.PauseTiming();
-    map.reset();
-    region.reset();
-    state.ResumeTiming();
-  }
-  state.SetItemsProcessed(state.iterations() * kCells);
+  });
 }
 
-void RandomRead(benchmark::State& state) {
-  auto const table = FullTable();
-  auto const indexes = RandomIndexes();
-  for (auto _ : state) {
-    for (auto const& index : indexes) {
-      benchmark::DoNotOptimize(table->Cell(index));
+template <class Structure>
+double ReadAll(Structure const& structure, CellSet const& cells, double expected) {
+  auto index = cells.Index();
+  double sum = 0;
+  double const each = NanosecondsEach(cells.Size(), [&] {
+    for (std::size_t i = 0; i < cells.Size(); ++i) {
+      cells.Get(i, index);
+      sum += structure.Read(index);
     }
-  }
-  state.SetItemsProcessed(state.iterations() * static_cast<long>(indexes.size()));
+  });
+  Expect(expected, sum);
+  return each;
 }
 
-void RandomReadDenseArray(benchmark::State& state) {
-  DenseArray const array;
-  auto const indexes = RandomIndexes();
-  for (auto _ : state) {
-    for (auto const& index : indexes) {
-      benchmark::DoNotOptimize(array.cells[Key(index)]);
+template <class Structure>
+double WalkAll(Structure const& structure, Life const& life) {
+  auto index = life.written.Index();
+  double sum = 0;
+  double fromSubscripts = 0;
+  double const each = NanosecondsEach(life.written.Size(), [&] {
+    structure.Walk(index, [&](double value) {
+      benchmark::ClobberMemory();  // the subscripts are in the vector, for whoever may look
+      sum += value;
+      fromSubscripts += ValueAt(index);
+    });
+  });
+  Expect(life.sum, sum);
+  Expect(life.sum, fromSubscripts);
+  return each;
+}
+
+template <class Structure>
+void Live(benchmark::State& state, Life const& life) {
+  auto& counters = state.counters;
+  auto const cells = static_cast<double>(life.written.Size());
+  long const before = counted_bytes::Held();
+  auto structure = std::make_unique<Structure>(life.shape);
+  counters["write ns"] = WriteAll(*structure, life.written);
+  double const bytes = static_cast<double>(counted_bytes::Held() - before) / cells;
+  counters["bytes"] = bytes;
+  counters["bytes beyond"] = bytes - sizeof(OmNumber);
+  if constexpr (requires { structure->Read({}); }) {
+    counters["read ns"] = ReadAll(*structure, life.read, life.sum);
+    if (life.absent.Size() != 0) {
+      counters["absent ns"] = ReadAll(*structure, life.absent, 0);
     }
+    counters["iterate ns"] = WalkAll(*structure, life);
   }
-  state.SetItemsProcessed(state.iterations() * static_cast<long>(indexes.size()));
+  counters["destroy ns"] = NanosecondsEach(life.written.Size(), [&] { structure.reset(); });
 }
 
-void Iterate(benchmark::State& state) {
-  auto const table = FullTable();
-  for (auto _ : state) {
-    double sum = 0;
-    for (auto at = table->FirstCell(); at.Cell() != nullptr; ++at) {
-      sum += static_cast<OmNumber const*>(at.Cell())->Value();
+template <class Structure>
+void RegisterLife(std::string const& structure, std::shared_ptr<Life const> const& life) {
+  Register(life->shape.name + "/" + structure, [life](benchmark::State& state) {
+    try {
+      Live<Structure>(state, *life);
+    } catch (std::bad_alloc const&) {
+      state.SkipWithError("out of memory");
     }
-    benchmark::DoNotOptimize(sum);
-  }
-  state.SetItemsProcessed(state.iterations() * kCells);
+  });
 }
 
-void IterateDenseArray(benchmark::State& state) {
-  DenseArray const array;
-  for (auto _ : state) {
-    double sum = 0;
-    for (OmCellText const* cell : array.cells) {
-      sum += static_cast<OmNumber const*>(cell)->Value();
-    }
-    benchmark::DoNotOptimize(sum);
-  }
-  state.SetItemsProcessed(state.iterations() * kCells);
+#if LAKRESVOS_HAS_ABSEIL
+template <class Key, class Value>
+using AbseilMap = absl::flat_hash_map<Key, Value>;
+#endif
+#if LAKRESVOS_HAS_BOOST_FLAT_MAP
+template <class Key, class Value>
+using BoostMap = boost::unordered_flat_map<Key, Value>;
+#endif
+
+void RegisterMaps(std::shared_ptr<Life const> const& life) {
+#if LAKRESVOS_HAS_ABSEIL
+  RegisterLife<FlatMap<AbseilMap>>("Abseil flat map", life);
+#else
+  RegisterMissing(life->shape.name + "/Abseil flat map", "libabsl-dev");
+#endif
+#if LAKRESVOS_HAS_BOOST_FLAT_MAP
+  RegisterLife<FlatMap<BoostMap>>("Boost flat map", life);
+#else
+  RegisterMissing(life->shape.name + "/Boost flat map", "libboost1.81-dev");
+#endif
 }
 
-void Destroy(benchmark::State& state) {
-  for (auto _ : state) {
-    state.PauseTiming();
-    auto table = FullTable();
-    state.ResumeTiming();
-    table.reset();
+void RegisterStructures(Life life) {
+  life.sum = SumOf(life.written);
+  auto const shared = std::make_shared<Life const>(std::move(life));
+  RegisterLife<LakresvosTable>("lakresvos", shared);
+  RegisterLife<BumpClone>("bump clone", shared);
+  RegisterMaps(shared);
+  if (shared->shape.share == 1) {
+    RegisterLife<DenseArray>("dense array", shared);
   }
-  state.SetItemsProcessed(state.iterations() * kCells);
 }
 
-void DestroyDenseArray(benchmark::State& state) {
-  for (auto _ : state) {
-    state.PauseTiming();
-    auto array = std::make_unique<DenseArray>();
-    state.ResumeTiming();
-    array.reset();
-  }
-  state.SetItemsProcessed(state.iterations() * kCells);
+/// Both lives of one shape: written in the order of the walk, and in a random order.
+void RegisterShape(Shape shape) {
+  CellSet const cells = CellSet::Of(shape);
+  CellSet const read = cells.Shuffled(3);
+  bool const full = shape.share == 1;
+  CellSet const absent = full ? CellSet::None(cells) : CellSet::Absent(shape, cells);
+  std::string const name = shape.name;
+  shape.name = name + "/in order";
+  RegisterStructures({shape, cells, read, absent});
+  shape.name = name + "/shuffled";
+  RegisterStructures({shape, cells.Shuffled(4), read, absent});
+}
+
+/// Far too few cells for what their subscripts span.
+void RegisterDiagonal(int n) {
+  Shape const shape{"diagonal/in order", {n, n}, n};
+  CellSet const cells = CellSet::Diagonal(n);
+  RegisterStructures({shape, cells, cells.Shuffled(3), CellSet::None(cells)});
+}
+
+/// What asks for too much memory shall fail, and not the machine.
+void LimitMemory() {
+  constexpr unsigned long kMost = 8UL << 30;
+  auto const pages = static_cast<unsigned long>(sysconf(_SC_PHYS_PAGES));
+  auto const installed = pages * static_cast<unsigned long>(sysconf(_SC_PAGESIZE));
+  rlim_t const bytes = std::min(kMost, installed / 2);
+  rlimit const limit{bytes, bytes};
+  setrlimit(RLIMIT_AS, &limit);
 }
 
 }  // namespace
 
-BENCHMARK(Fill)->Unit(benchmark::kMillisecond);
-BENCHMARK(FillDenseArray)->Unit(benchmark::kMillisecond);
-BENCHMARK(FillHashMap)->Unit(benchmark::kMillisecond);
-BENCHMARK(RandomRead)->Unit(benchmark::kMicrosecond);
-BENCHMARK(RandomReadDenseArray)->Unit(benchmark::kMicrosecond);
-BENCHMARK(Iterate)->Unit(benchmark::kMillisecond);
-BENCHMARK(IterateDenseArray)->Unit(benchmark::kMillisecond);
-BENCHMARK(Destroy)->Unit(benchmark::kMillisecond);
-BENCHMARK(DestroyDenseArray)->Unit(benchmark::kMillisecond);
+void RegisterWorkload(bool quick) {
+  LimitMemory();
+  int const part = quick ? 10 : 1;
+  RegisterShape({"100x100x100 full", {100 / part, 100, 100}});
+  RegisterShape({"1000x1000 full", {1000, 1000 / part}});
+  RegisterShape({"200x200x50x20 at 1 %", {200 / part, 200, 50, 20}, 100});
+  RegisterShape({"100000x100 at 1 %", {100000 / part, 100}, 100});
+  RegisterDiagonal(quick ? 10'000 : 1'000'000);
+}

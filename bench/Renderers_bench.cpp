@@ -1,12 +1,8 @@
-#include <benchmark/benchmark.h>
-#include <cstdio>
-#include <cstdlib>
+#include <charconv>
 #include <fstream>
 #include <functional>
 #include <memory>
-#include <stdexcept>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 #include <cells/OmNumber.h>
@@ -15,113 +11,123 @@
 #include <lakresvos/OmPivotTable.h>
 #include <lakresvos/render/CsvRenderer.h>
 #include <lakresvos/render/HtmlRenderer.h>
+#include <lakresvos/render/TextRenderer.h>
 
-#include "ChildRun.h"
+#include "support/CountedBytes.h"
+#include "support/Programs.h"
+#include "support/Workload.h"
 
-// A table of kSide x kSide numbers with two decimals written to a file, beside a pandas frame of the
-// same numbers and labels, which shows them as it does by itself or with two decimals. Each run has
-// a process of its own; its time is that of writing alone, and peak_MB the peak memory of the whole
-// process, of which before_MB were needed before writing.
+// A table of numbers with two decimals written to a file as HTML, CSV and text: by the renderers, by a
+// bare loop of `to_chars` with the least that the form needs around a number, and by pandas. Times are
+// those of writing alone; the memory is what writing needs on top of what is written.
 
 namespace {
 
 using namespace lakresvos::render;
 
-constexpr int kSide = 1000;
+double NumberAt(int row, int column, int side) {
+  return (row * static_cast<double>(side) + column) * 0.37;
+}
 
-void AddDimension(OmPivotTable& table, std::string const& label) {
+void AddDimension(OmPivotTable& table, std::string const& label, int side) {
   OmDimension& dimension = table.AddDimension(OmStringCell(label));
-  for (unsigned long i = 0; i < kSide; ++i) {
-    dimension.AddNewChild(dimension.Root(), OmStringCell(label + std::to_string(i)), i, false);
+  for (int i = 0; i < side; ++i) {
+    dimension.AddNewChild(dimension.Root(), OmStringCell(label + std::to_string(i)),
+                          static_cast<unsigned long>(i), false);
   }
 }
 
-std::unique_ptr<OmOutputTree> FullDocument() {
+std::shared_ptr<OmOutputTree const> MakeDocument(int side) {
   OmStringCell const label("Table");
   auto table = std::make_unique<OmPivotTable>(label, label, false);
-  AddDimension(*table, "r");
-  AddDimension(*table, "c");
-  table->Rows().elements = {0};
-  table->Columns().elements = {1};
+  AddDimension(*table, "r", side);
+  AddDimension(*table, "c", side);
+  table->Rows().push_back(0);
+  table->Columns().push_back(1);
   std::vector<int> index(2);
-  for (index[0] = 0; index[0] < kSide; ++index[0]) {
-    for (index[1] = 0; index[1] < kSide; ++index[1]) {
-      table->Cell(index, OmNumber((index[0] * kSide + index[1]) * 0.37, 2));
+  for (index[1] = 0; index[1] < side; ++index[1]) {
+    for (index[0] = 0; index[0] < side; ++index[0]) {
+      table->Cell(index, OmNumber(NumberAt(index[0], index[1], side), 2));
     }
   }
-  auto document = std::make_unique<OmOutputTree>();
+  auto document = std::make_shared<OmOutputTree>();
   document->begin().AppendChild(table.release());
   return document;
 }
 
-/// A file that goes with the object.
-struct TemporaryFile {
-  TemporaryFile() { close(mkstemp(name.data())); }
-  TemporaryFile(TemporaryFile const&) = delete;
-  TemporaryFile& operator=(TemporaryFile const&) = delete;
-  ~TemporaryFile() { std::remove(name.c_str()); }
-
-  std::string name = "/tmp/rendererXXXXXX";
+/// What a bare loop writes around labels and numbers.
+struct Form {
+  std::string rowStart, rowEnd, labelStart, labelEnd, numberStart, numberEnd;
+  std::size_t width = 0;  ///< that numbers are padded to
 };
 
-void Report(benchmark::State& state, std::function<ChildRun(std::string const& file)> const& run) {
-  TemporaryFile const file;
-  ChildRun last;
-  for ([[maybe_unused]] auto _ : state) {
-    last = run(file.name);
-    if (!last.done) {
-      state.SkipWithError("the process that was to be measured failed");
-      return;
+void WriteBare(Form const& form, std::vector<double> const& numbers, int side, std::ostream& out) {
+  std::string row;
+  auto number = numbers.begin();
+  for (int r = 0; r < side; ++r) {
+    row = form.rowStart + form.labelStart + "r" + std::to_string(r) + form.labelEnd;
+    for (int c = 0; c < side; ++c) {
+      char digits[32];
+      char const* const end =
+          std::to_chars(digits, digits + sizeof digits, *number++, std::chars_format::fixed, 2).ptr;
+      auto const length = static_cast<std::size_t>(end - digits);
+      row += form.numberStart;
+      row.append(form.width > length ? form.width - length : 0, ' ');
+      row.append(digits, length);
+      row += form.numberEnd;
     }
-    state.SetIterationTime(last.seconds);
+    row += form.rowEnd;
+    out << row;
   }
-  state.counters["before_MB"] = last.peakBefore;
-  state.counters["peak_MB"] = last.peak;
 }
 
-void MeasureRenderer(benchmark::State& state,
-                     std::function<void(OmOutputTree& document, std::ostream& out)> const& render) {
-  Report(state, [&](std::string const& file) {
-    std::unique_ptr<OmOutputTree> document;
-    return RunInChild([&] { document = FullDocument(); },
-                      [&] {
-                        std::ofstream out(file, std::ios::binary);
-                        render(*document, out);
-                        if (!out.flush()) {
-                          throw std::runtime_error("cannot write " + file);
-                        }
-                      });
+void MeasureWriting(benchmark::State& state, std::function<void(std::ostream& out)> const& write) {
+  TemporaryFile const file;
+  counted_bytes::Restart();
+  long const before = counted_bytes::Held();
+  double const seconds = Seconds([&] {
+    std::ofstream out(file.name, std::ios::binary);
+    write(out);
+    if (!out.flush()) {
+      state.SkipWithError(("cannot write " + file.name).c_str());
+    }
+  });
+  state.counters["ms"] = seconds * 1000;
+  state.counters["peak MB"] = static_cast<double>(counted_bytes::Peak() - before) / (1 << 20);
+}
+
+void RegisterForm(std::string const& name, int side, Form const& form,
+                  std::function<void(std::ostream& out)> const& render) {
+  Register(name + "/lakresvos",
+           [render](benchmark::State& state) { MeasureWriting(state, render); });
+  auto numbers = std::make_shared<std::vector<double>>();
+  for (int r = 0; r < side; ++r) {
+    for (int c = 0; c < side; ++c) {
+      numbers->push_back(NumberAt(r, c, side));
+    }
+  }
+  Register(name + "/bare loop", [form, numbers, side](benchmark::State& state) {
+    MeasureWriting(state, [&](std::ostream& out) { WriteBare(form, *numbers, side, out); });
+  });
+  Register(name + "/pandas", [name, side](benchmark::State& state) {
+    TemporaryFile const file;
+    MeasurePeer(state, {"/usr/bin/python3", LAKRESVOS_PEERS "/render.py", name,
+                        std::to_string(side), file.name});
   });
 }
-
-void Pandas(benchmark::State& state, std::string const& form) {
-  Report(state, [&](std::string const& file) {
-    return RunProgram(LAKRESVOS_PANDAS_PEER " " + form + " " + std::to_string(kSide) + " " + file);
-  });
-}
-
-void Csv(benchmark::State& state) {
-  MeasureRenderer(state, [](OmOutputTree& document, std::ostream& out) {
-    CsvOptions options;
-    options.shape = CsvOptions::Shape::Display;
-    RenderCsv(document, out, options);
-  });
-}
-
-void Html(benchmark::State& state) {
-  MeasureRenderer(state,
-                  [](OmOutputTree& document, std::ostream& out) { RenderHtml(document, out); });
-}
-
-void Manual(benchmark::internal::Benchmark* run) {
-  run->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
-}
-
-BENCHMARK(Csv)->Apply(Manual);
-BENCHMARK_CAPTURE(Pandas, csv, "csv plain")->Apply(Manual);
-BENCHMARK_CAPTURE(Pandas, csv_decimals, "csv decimals")->Apply(Manual);
-BENCHMARK(Html)->Apply(Manual);
-BENCHMARK_CAPTURE(Pandas, html, "html plain")->Apply(Manual);
-BENCHMARK_CAPTURE(Pandas, html_decimals, "html decimals")->Apply(Manual);
 
 }  // namespace
+
+void RegisterWorkload(bool quick) {
+  int const side = quick ? 100 : 1000;
+  auto const document = MakeDocument(side);
+  RegisterForm("html", side, {"<tr>", "</tr>\n", "<th>", "</th>", "<td>", "</td>"},
+               [document](std::ostream& out) { RenderHtml(*document, out); });
+  RegisterForm("csv", side, {"", "\n", "", "", ",", ""}, [document](std::ostream& out) {
+    CsvOptions options;
+    options.shape = CsvOptions::Shape::Display;
+    RenderCsv(*document, out, options);
+  });
+  RegisterForm("text", side, {"", "\n", "", "", " ", "", 9},
+               [document](std::ostream& out) { RenderText(*document, out); });
+}
