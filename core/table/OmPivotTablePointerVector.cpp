@@ -46,7 +46,7 @@ unsigned long ChooseRoom(unsigned long size, unsigned long room, unsigned long e
 
 /// The room of a list that holds `count` entries, at most kMaxList.
 unsigned long FindListRoom(unsigned long count) {
-  return *std::lower_bound(std::begin(kListRooms), std::end(kListRooms), count);
+  return *std::lower_bound(std::begin(kListRooms), std::end(kListRooms) - 1, count);
 }
 
 }  // namespace

@@ -93,7 +93,7 @@ void OmPivotTable::Data::StoreCell(std::vector<int> const& index, OmCellText con
   Path path = again ? lastBottom : FindPath(index);
   unsigned long const position = GetSubscript(index, 0);
   auto const find = [&] {
-    void** const slot = path.level == 0 && path.mayHold ? path.last->FindSlot(position) : nullptr;
+    void** const slot = path.MayEnd() ? path.last->FindSlot(position) : nullptr;
     return slot != nullptr ? static_cast<OmCellText*>(*slot) : nullptr;
   };
   OmCellText* before = find();
