@@ -13,8 +13,8 @@
 class LakresvosTable {
  public:
   explicit LakresvosTable(Shape const& shape) : table_(OmStringCell(""), OmStringCell(""), false) {
-    for (std::size_t d = 0; d < shape.sizes.size(); ++d) {
-      table_.AddDimension(OmStringCell(""));
+    for (int const size : shape.sizes) {
+      table_.AddDimension(OmStringCell("")).setCategoryCount(static_cast<unsigned int>(size));
     }
   }
 
@@ -30,22 +30,12 @@ class LakresvosTable {
   template <class Visit>
   void Walk(std::vector<int>& index, Visit const& visit) const {
     for (auto at = table_.FirstCell(); at.Cell() != nullptr; ++at) {
-      GetIndex(at, index);
+      at.Index(index);
       visit(static_cast<OmNumber const*>(at.Cell())->Value());
     }
   }
 
   OmPivotTable& Table() { return table_; }
-
-  /// The subscripts of the cell that an iterator stands on.
-  template <class Iterator>
-  static void GetIndex(Iterator const& at, std::vector<int>& index) {
-    if constexpr (requires { at.Index(index); }) {
-      at.Index(index);
-    } else {
-      index = at.Index();
-    }
-  }
 
  private:
   OmPivotTable table_;
