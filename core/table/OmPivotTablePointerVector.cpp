@@ -139,11 +139,8 @@ void* Node::FindEntry(unsigned long position) const {
   return reinterpret_cast<void*>(reinterpret_cast<std::uintptr_t>(Listed()[at]) & found);
 }
 
-void** Node::FindSlot(unsigned long position) {
-  if (position < slots_) {
-    return &Slots()[position];
-  }
-  if (position >= size_) {
+void** Node::FindSparseSlot(unsigned long position) {
+  if (IsDense() || position >= size_) {
     return nullptr;
   }
   if (IsPaged()) {
@@ -165,20 +162,21 @@ void* Node::FindInPages(unsigned long position) const {
 }
 
 Node::Found Node::SearchFrom(unsigned long position) const {
+  if (IsPaged()) {
+    return SearchPages(position);
+  }
   if (IsDense()) {
     while (position < slots_ && Slots()[position] == nullptr) {
       ++position;
     }
     return position < slots_ ? Found{position, Slots()[position]} : Found();
   }
-  if (position >= size_) {
-    return {};
-  }
-  if (!IsPaged()) {
-    std::uint32_t const rank = Rank(position);
-    return rank < filled_ ? Found{Keys()[rank], Listed()[rank]} : Found();
-  }
-  if (Directory() == nullptr) {
+  std::uint32_t const rank = Rank(position);
+  return rank < filled_ ? Found{Keys()[rank], Listed()[rank]} : Found();
+}
+
+Node::Found Node::SearchPages(unsigned long position) const {
+  if (Directory() == nullptr || position >= size_) {
     return {};
   }
   Found found = Directory()->FirstFrom(position / kPlaces);

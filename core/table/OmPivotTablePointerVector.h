@@ -81,7 +81,9 @@ struct OmPivotTable::PointerVector {
 
   /// Where the entry at `position` is kept; null for a null entry that takes no memory. Valid until
   /// the node changes.
-  void** FindSlot(unsigned long position);
+  void** FindSlot(unsigned long position) {
+    return position < slots_ ? &Slots()[position] : FindSparseSlot(position);
+  }
 
   /// The first entry from `position` on that is not null.
   Found FirstFrom(unsigned long position) const {
@@ -89,6 +91,18 @@ struct OmPivotTable::PointerVector {
       return {position, Slots()[position]};
     }
     return SearchFrom(position);
+  }
+
+  /// Whether `position` is the next one of a dense node that has room for it.
+  bool CanAppend(unsigned long position) const {
+    return position == slots_ && position < room_ && IsDense();
+  }
+
+  /// Makes `entry`, which is not null, the next entry. Requires: CanAppend(size()).
+  void Append(void* entry) {
+    Slots()[slots_++] = entry;
+    ++size_;
+    ++filled_;
   }
 
   /// Makes `entry`, which may be null, the entry at `position`, after null entries where the node
@@ -144,7 +158,9 @@ struct OmPivotTable::PointerVector {
   void* FindEntry(unsigned long position) const;
   void* FindInPages(unsigned long position) const;
   OmStorePage* FindPage(unsigned long position) const;
+  void** FindSparseSlot(unsigned long position);
   Found SearchFrom(unsigned long position) const;
+  Found SearchPages(unsigned long position) const;
 
   PointerVector* Add(unsigned long position, void* entry, unsigned long expected);
   PointerVector* AddToDense(unsigned long position, void* entry, unsigned long expected);

@@ -56,8 +56,16 @@ void OmPivotTable::Data::Hook(Path const& path, std::vector<int> const& index,
 }
 
 bool OmPivotTable::Data::IsLastWritten(std::vector<int> const& index) const {
-  return lastBottom.last != nullptr &&
-         std::equal(index.begin() + 1, index.end(), lastIndex.begin() + 1);
+  if (lastBottom.last == nullptr) {
+    return false;
+  }
+  // Indexes are short, too short for a call.
+  for (std::size_t level = 1; level < index.size(); ++level) {
+    if (index[level] != lastIndex[level]) {
+      return false;
+    }
+  }
+  return true;
 }
 
 OmPivotTable::PointerVector* OmPivotTable::Data::MakeBranch(std::vector<int> const& index,
@@ -90,8 +98,13 @@ void OmPivotTable::Data::ReleaseBranch(PointerVector* node, std::size_t level,
 
 void OmPivotTable::Data::StoreCell(std::vector<int> const& index, OmCellText const* value) {
   bool again = IsLastWritten(index);
-  Path path = again ? lastBottom : FindPath(index);
   unsigned long const position = GetSubscript(index, 0);
+  if (again && lastBottom.last->CanAppend(position) && value != nullptr &&
+      value->GoesWithRegion()) {
+    lastBottom.last->Append(CloneAndBind(value).release());
+    return;
+  }
+  Path path = again ? lastBottom : FindPath(index);
   auto const find = [&] {
     void** const slot = path.MayEnd() ? path.last->FindSlot(position) : nullptr;
     return slot != nullptr ? static_cast<OmCellText*>(*slot) : nullptr;
