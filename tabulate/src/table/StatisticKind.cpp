@@ -14,10 +14,10 @@ double Percent(StatisticInput const& input) {
   return input.whole > 0 ? RoundToDouble(100 * input.count / input.whole) : kNoNumber;
 }
 
-template <double (Moments::*statistic)() const>
+template <class Summary, double (Summary::*statistic)() const>
 double Read(StatisticInput const& input) {
-  auto const& moments = static_cast<CellSummariesIn<Moments> const&>(*input.summaries);
-  return (moments[input.cell].*statistic)();
+  auto const& summaries = static_cast<CellSummariesIn<Summary> const&>(*input.summaries);
+  return (summaries[input.cell].*statistic)();
 }
 
 int UseWeightDecimals(int weightDecimals, int /*columnDecimals*/) {
@@ -37,6 +37,7 @@ int UseDecimals(int /*weightDecimals*/, int /*columnDecimals*/) {
   return decimals;
 }
 
+constexpr auto* kSums = &CellSummariesIn<Sums>::Make;
 constexpr auto* kMoments = &CellSummariesIn<Moments>::Make;
 
 constexpr StatisticKind kKinds[] = {
@@ -44,11 +45,11 @@ constexpr StatisticKind kKinds[] = {
     {"row%", "Row %", nullptr, {.ofColumns = true}, UseDecimals<1>, Percent},
     {"column%", "Column %", nullptr, {.ofRows = true}, UseDecimals<1>, Percent},
     {"total%", "Total %", nullptr, {.ofRows = true, .ofColumns = true}, UseDecimals<1>, Percent},
-    {"mean", "Mean", kMoments, {}, UseDecimals<2>, Read<&Moments::Mean>},
-    {"sd", "Std. deviation", kMoments, {}, UseDecimals<2>, Read<&Moments::Deviation>},
-    {"sum", "Sum", kMoments, {}, AddDecimals, Read<&Moments::Sum>},
-    {"min", "Minimum", kMoments, {}, UseColumnDecimals, Read<&Moments::Minimum>},
-    {"max", "Maximum", kMoments, {}, UseColumnDecimals, Read<&Moments::Maximum>},
+    {"mean", "Mean", kSums, {}, UseDecimals<2>, Read<Sums, &Sums::Mean>},
+    {"sd", "Std. deviation", kMoments, {}, UseDecimals<2>, Read<Moments, &Moments::Deviation>},
+    {"sum", "Sum", kSums, {}, AddDecimals, Read<Sums, &Sums::Sum>},
+    {"min", "Minimum", kSums, {}, UseColumnDecimals, Read<Sums, &Sums::Minimum>},
+    {"max", "Maximum", kSums, {}, UseColumnDecimals, Read<Sums, &Sums::Maximum>},
 };
 
 }  // namespace

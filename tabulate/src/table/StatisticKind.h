@@ -13,8 +13,8 @@ namespace lakresvos::tabulate {
 
 /// What a statistic of one cell is computed of.
 struct StatisticInput {
-  WideNumber const& count;         ///< the sum of the weights of the cell's rows
-  WideNumber const& whole;         ///< that of the kind's whole
+  WideNumber count;                ///< the sum of the weights of the cell's rows
+  WideNumber whole;                ///< that of the kind's whole
   CellSummaries const* summaries;  ///< of the column's numbers; null for a kind without a column
   std::size_t cell;
 };

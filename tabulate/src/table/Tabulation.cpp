@@ -72,7 +72,7 @@ void Tabulation::CountRows(DataSet const& data, RowWeights const& weights) {
       continue;
     }
     std::uint32_t const cell = InternCell(subscripts);
-    counts_[cell] += weight;
+    counts_[cell].Add(weight);
     for (std::size_t i = 0; i < measured_.size(); ++i) {
       Measured& measured = measured_[i];
       double const number = numbers[i]->At(data.columns[measured.column].Codes()[row]);
@@ -106,7 +106,7 @@ void Tabulation::AddTotals() {
       std::copy(part.begin(), part.end(), subscripts.begin());
       subscripts[d] = dimensions_[d].Total();
       std::uint32_t const total = InternCell(subscripts);
-      counts_[total] += counts_[cell];
+      counts_[total].Add(counts_[cell]);
       for (Measured& measured : measured_) {
         measured.summaries->Merge(total, cell);
         measured.missing[total] += measured.missing[cell];
@@ -139,7 +139,7 @@ bool Tabulation::IsTotal(std::size_t cell) const {
 
 double Tabulation::Value(std::size_t cell, std::size_t statistic) const {
   auto const& [kind, measured] = statistics_[statistic];
-  return kind->compute({counts_[cell], CountWhole(cell, kind->whole),
+  return kind->compute({counts_[cell].Value(), CountWhole(cell, kind->whole),
                         measured == kNone ? nullptr : measured_[measured].summaries.get(), cell});
 }
 
@@ -153,9 +153,9 @@ int Tabulation::Decimals(std::size_t statistic) const {
   return kind->countDecimals(weightDecimals_, measured == kNone ? 0 : measured_[measured].decimals);
 }
 
-WideNumber const& Tabulation::CountWhole(std::size_t cell, Whole const& whole) const {
+WideNumber Tabulation::CountWhole(std::size_t cell, Whole const& whole) const {
   if (!whole.NeedsTotals()) {
-    return counts_[cell];
+    return counts_[cell].Value();
   }
   TupleIndex::Tuple const part = cells_[cell];
   std::vector<std::uint32_t> subscripts(part.begin(), part.end());
@@ -166,7 +166,7 @@ WideNumber const& Tabulation::CountWhole(std::size_t cell, Whole const& whole) c
       subscripts[d] = dimensions_[d].Total();
     }
   }
-  return counts_[cells_.Find(subscripts)];
+  return counts_[cells_.Find(subscripts)].Value();
 }
 
 }  // namespace lakresvos::tabulate

@@ -11,6 +11,7 @@
 #include <lakresvos/tabulate/RowWeights.h>
 #include <lakresvos/tabulate/Statistic.h>
 
+#include "table/CompensatedSum.h"
 #include "table/StatisticKind.h"
 #include "table/TableDimension.h"
 #include "table/TupleIndex.h"
@@ -90,13 +91,13 @@ class Tabulation {
   void ExcludeRow(DataSet const& data, std::size_t row);
   void AddTotals();
   std::uint32_t InternCell(TupleIndex::Tuple subscripts);
-  WideNumber const& CountWhole(std::size_t cell, Whole const& whole) const;
+  WideNumber CountWhole(std::size_t cell, Whole const& whole) const;
 
   std::vector<TableDimension> dimensions_;
   std::vector<Computed> statistics_;
   std::vector<Measured> measured_;
   TupleIndex cells_;
-  std::vector<WideNumber> counts_;  // per cell, the sum of the weights of its rows
+  std::vector<CompensatedSum> counts_;  // per cell, the sum of the weights of its rows
   int weightDecimals_;
   std::size_t excludedRows_ = 0;
   std::vector<MissingRows> missingByColumn_;
