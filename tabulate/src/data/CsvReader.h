@@ -16,19 +16,15 @@ class CsvRecord {
   std::size_t Line() const { return line_; }
 
   /// The number of fields.
-  std::size_t size() const { return ends_.size(); }
+  std::size_t size() const { return fields_.size(); }
 
   /// The field at `index`, below size(), with its quotes removed.
-  std::string_view operator[](std::size_t index) const {
-    std::size_t const start = index == 0 ? 0 : ends_[index - 1];
-    return std::string_view(text_).substr(start, ends_[index] - start);
-  }
+  std::string_view operator[](std::size_t index) const { return fields_[index]; }
 
  private:
   friend class CsvParser;
 
-  std::string text_;               // all fields, one after the other
-  std::vector<std::size_t> ends_;  // where each field ends
+  std::vector<std::string_view> fields_;
   std::size_t line_ = 1;
 };
 
