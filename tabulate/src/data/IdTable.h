@@ -1,6 +1,7 @@
 #ifndef LAKRESVOS_TABULATE_DATA_IDTABLE_H
 #define LAKRESVOS_TABULATE_DATA_IDTABLE_H
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <stdexcept>
@@ -14,15 +15,15 @@ class IdTable {
   /// What Find() returns when there is nothing to find, and the one number that is never given.
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
-  /// The number with this hash for which `same(number)` holds, or kNone.
+  /// The number with this hash for which `same(number)` holds, or kNone. Hashes may be similar to
+  /// one another: they are spread here.
   template <class Same>
-  std::uint32_t Find(std::size_t hash, Same same) const {
+  std::uint32_t Find(std::uint64_t hash, Same same) const {
     if (slots_.empty()) {
       return kNone;
     }
-    auto const mark = static_cast<std::uint32_t>(hash);
-    for (std::size_t at = mark & mask(); slots_[at].id != kNone; at = (at + 1) & mask()) {
-      if (slots_[at].mark == mark && same(slots_[at].id)) {
+    for (std::size_t at = Home(hash); slots_[at].id != kNone; at = (at + 1) & mask()) {
+      if (slots_[at].hash == hash && same(slots_[at].id)) {
         return slots_[at].id;
       }
     }
@@ -31,14 +32,14 @@ class IdTable {
 
   /// Adds the next number, for a thing that Find() does not find.
   /// @throws std::length_error when there is no number left.
-  void Add(std::size_t hash) {
+  void Add(std::uint64_t hash) {
     if (count_ == kNone) {
       throw std::length_error("more than 4,294,967,295 distinct values");
     }
     if (2 * (static_cast<std::size_t>(count_) + 1) > slots_.size()) {
       Grow();
     }
-    Place({static_cast<std::uint32_t>(hash), count_});
+    Place({hash, count_});
     ++count_;
   }
 
@@ -46,14 +47,18 @@ class IdTable {
 
  private:
   struct Slot {
-    std::uint32_t mark;  // the low half of the hash, which alone says where the slot belongs
+    std::uint64_t hash;
     std::uint32_t id;
   };
 
   std::size_t mask() const { return slots_.size() - 1; }
 
+  /// Where a slot belongs: by the highest bits of a product that all bits of the hash go into
+  /// (D. E. Knuth, The Art of Computer Programming 3, 6.4).
+  std::size_t Home(std::uint64_t hash) const { return (hash * 0x9E3779B97F4A7C15U) >> shift_; }
+
   void Place(Slot slot) {
-    std::size_t at = slot.mark & mask();
+    std::size_t at = Home(slot.hash);
     while (slots_[at].id != kNone) {
       at = (at + 1) & mask();
     }
@@ -63,6 +68,7 @@ class IdTable {
   void Grow() {
     std::vector<Slot> former(slots_.empty() ? 16 : slots_.size() * 2, Slot{0, kNone});
     former.swap(slots_);
+    shift_ = 64 - std::countr_zero(slots_.size());
     for (Slot const& slot : former) {
       if (slot.id != kNone) {
         Place(slot);
@@ -71,6 +77,7 @@ class IdTable {
   }
 
   std::vector<Slot> slots_;
+  int shift_ = 0;  // of a product, down to as many bits as number the slots
   std::uint32_t count_ = 0;
 };
 

@@ -44,7 +44,7 @@ class TupleIndex {
   Tuple operator[](std::size_t id) const { return Tuple(numbers_).subspan(id * width_, width_); }
 
  private:
-  static std::size_t Hash(Tuple tuple) {
+  static std::uint64_t Hash(Tuple tuple) {
     // Multiplies by 2^64 over the golden ratio: D. E. Knuth, The Art of Computer Programming 3, 6.4.
     std::uint64_t hash = 0;
     for (std::uint32_t const number : tuple) {

@@ -52,6 +52,8 @@ class LAKRESVOS_TABULATE_EXPORT Dictionary {
   }
 
  private:
+  std::uint32_t FindHashed(std::string_view text, std::uint64_t hash) const;
+
   std::string text_;               // all texts, one after the other
   std::vector<std::size_t> ends_;  // where each text ends
   std::unique_ptr<IdTable> ids_;
