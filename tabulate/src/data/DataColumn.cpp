@@ -12,7 +12,7 @@ namespace lakresvos::tabulate {
 namespace {
 
 bool IsMissing(std::string_view field) {
-  return field.empty() || field == "NA";
+  return field.empty() || (field.size() == 2 && field[0] == 'N' && field[1] == 'A');
 }
 
 ColumnNumbers ParseColumnNumbers(Dictionary const& values) {

@@ -6,6 +6,48 @@
 
 namespace lakresvos::tabulate {
 
+namespace {
+
+/// Keeps the cell of each combination of categories at the combination's place among all of them,
+/// where it is found faster than by its subscripts.
+class PlacedCells {
+ public:
+  /// @param limit how many combinations there may be; if there are more, nothing is kept.
+  PlacedCells(std::vector<TableDimension> const& dimensions, std::size_t limit) {
+    std::size_t places = 1;
+    for (TableDimension const& dimension : dimensions) {
+      std::size_t const count = dimension.categories.size();
+      places = count == 0 || places <= limit / count ? places * count : limit + 1;
+      counts_.push_back(count);
+    }
+    if (places <= limit) {
+      cells_.assign(places, IdTable::kNone);
+    }
+  }
+
+  /// The cell with these subscripts, which `intern()` finds or makes.
+  template <class Intern>
+  std::uint32_t Find(TupleIndex::Tuple subscripts, Intern intern) {
+    if (cells_.empty()) {
+      return intern();
+    }
+    std::size_t place = 0;
+    for (std::size_t d = 0; d < counts_.size(); ++d) {
+      place = place * counts_[d] + subscripts[d];
+    }
+    if (cells_[place] == IdTable::kNone) {
+      cells_[place] = intern();
+    }
+    return cells_[place];
+  }
+
+ private:
+  std::vector<std::size_t> counts_;  // of the categories of each dimension
+  std::vector<std::uint32_t> cells_;
+};
+
+}  // namespace
+
 Tabulation::Tabulation(DataSet const& data, RowWeights const& weights, Formula const& formula,
                        std::vector<Statistic> const& statistics, bool totals)
     : cells_(formula.rows.size() + formula.columns.size() + formula.layers.size()),
@@ -57,6 +99,7 @@ void Tabulation::CountRows(DataSet const& data, RowWeights const& weights) {
     numbers.push_back(&data.columns[measured.column].Numbers());
   }
   std::vector<std::uint32_t> subscripts(dimensions_.size());
+  PlacedCells cells(dimensions_, data.Rows());
   for (std::size_t row = 0; row < data.Rows(); ++row) {
     double const weight = weights.At(row);
     if (std::isnan(weight)) {
@@ -71,7 +114,7 @@ void Tabulation::CountRows(DataSet const& data, RowWeights const& weights) {
       ExcludeRow(data, row);
       continue;
     }
-    std::uint32_t const cell = InternCell(subscripts);
+    std::uint32_t const cell = cells.Find(subscripts, [&] { return InternCell(subscripts); });
     counts_[cell].Add(weight);
     for (std::size_t i = 0; i < measured_.size(); ++i) {
       Measured& measured = measured_[i];

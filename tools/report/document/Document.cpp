@@ -66,9 +66,12 @@ void CountMissing(tabulate::DataSet const& data, tabulate::RowWeights const& wei
   std::vector<tabulate::DataColumn const*> kept;
   kept.reserve(columns.size());
   for (tabulate::RequiredColumn const& column : columns) {
-    kept.push_back(&data.columns[data.FindColumn(column.name)]);
+    tabulate::DataColumn const& found = data.columns[data.FindColumn(column.name)];
+    if (found.MissingCount() != 0) {
+      kept.push_back(&found);
+    }
   }
-  for (std::size_t row = 0; row < data.Rows(); ++row) {
+  for (std::size_t row = 0; !kept.empty() && row < data.Rows(); ++row) {
     auto const missing =
         std::find_if(kept.begin(), kept.end(), [row](tabulate::DataColumn const* column) {
           return column->Codes()[row] == tabulate::kMissingCode;
