@@ -17,6 +17,7 @@
 #include "grid/IdleVisitor.h"
 #include "grid/LayerLine.h"
 #include "html/Chart.h"
+#include "html/Ids.h"
 #include "html/Language.h"
 #include "html/Notes.h"
 #include "html/Outline.h"
@@ -246,7 +247,7 @@ class MainVisitor : public PartVisitor {
     }
     out_ << "</div>\n<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-labelledby=\""
          << prefix << "t\">\n";
-    WriteHtmlTable(out_, grid, notes, prefix);
+    WriteHtmlTable(out_, grid, notes, prefix, ids_);
     out_ << "</div>";
     WriteFoot(table, notes, listed);
     out_ << "</div>\n";
@@ -281,6 +282,7 @@ class MainVisitor : public PartVisitor {
   HtmlOptions const& options_;
   std::string const& language_;
   LabelTexts& labels_;
+  HtmlIds ids_;
   int level_ = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "html/Table.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -17,15 +18,17 @@ namespace {
 
 class HtmlTable {
  public:
-  HtmlTable(OutputBuffer& out, DisplayGrid const& grid, HtmlNotes& notes, std::string const& prefix)
+  HtmlTable(OutputBuffer& out, DisplayGrid const& grid, HtmlNotes& notes, std::string const& prefix,
+            HtmlIds& ids)
       : out_(out),
         grid_(grid),
         headings_(grid),
         notes_(notes),
         prefix_(prefix),
+        ids_(ids),
         named_(grid.HeadingRows() > 1 || grid.HeadingColumns() > 1),
         alternates_(HasAlternateRows(grid.Table())),
-        columnHeaders_(named_ ? static_cast<std::size_t>(grid.Columns()) : 0),
+        columnHeaders_(static_cast<std::size_t>(grid.Columns())),
         columnTotals_(static_cast<std::size_t>(grid.Columns())),
         rowHeaders_(static_cast<std::size_t>(grid.HeadingColumns())),
         rowTotals_(static_cast<std::size_t>(grid.HeadingColumns())) {}
@@ -50,8 +53,10 @@ class HtmlTable {
 
   bool IsHeader(GridCell const& cell) const { return !IsBlank(notes_.Text(cell.label)); }
 
-  std::string MakeId(GridCell const& cell) const {
-    return prefix_ + "r" + std::to_string(cell.row) + "c" + std::to_string(cell.column);
+  /// The id of a heading cell as data cells list it, after a space; empty where they need none.
+  std::string MakeListedId(GridCell const& cell) {
+    bool const listed = named_ && cell.role != GridRole::Corner && IsHeader(cell);
+    return listed ? " " + ids_.Next() : std::string();
   }
 
   /// One for the row headings and one for each outermost column heading.
@@ -82,14 +87,14 @@ class HtmlTable {
     for (int row = 0; row < grid_.HeadingRows(); ++row) {
       out_ << "<tr>";
       for (GridCell const& cell : headings_.Row(row)) {
-        WriteHeading(cell, cell.columnSpan > 1 ? "colgroup" : "col");
+        std::string const id = MakeListedId(cell);
+        WriteHeading(cell, cell.columnSpan > 1 ? "colgroup" : "col", id);
         for (int c = cell.column; IsTotal(cell.label) && c < cell.column + cell.columnSpan; ++c) {
           columnTotals_[static_cast<std::size_t>(c)] = true;
         }
-        if (named_ && cell.role == GridRole::ColumnHeading && IsHeader(cell)) {
-          for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
-            columnHeaders_[static_cast<std::size_t>(c)] += " " + MakeId(cell);
-          }
+        for (int c = cell.column;
+             cell.role == GridRole::ColumnHeading && c < cell.column + cell.columnSpan; ++c) {
+          columnHeaders_[static_cast<std::size_t>(c)] += id;
         }
       }
       out_ << "</tr>\n";
@@ -97,12 +102,12 @@ class HtmlTable {
     out_ << "</thead>\n";
   }
 
-  void WriteHeading(GridCell const& cell, char const* scope) {
+  void WriteHeading(GridCell const& cell, char const* scope, std::string_view listedId) {
     bool const header = IsHeader(cell);
     out_ << (header ? "<th" : "<td");
     WriteClasses(MakeClasses(cell), cell.label);
-    if (header && named_) {
-      out_ << " id=\"" << MakeId(cell) << '"';
+    if (!listedId.empty()) {
+      out_ << " id=\"" << listedId.substr(1) << '"';
     }
     if (header) {
       out_ << " scope=\"" << scope << '"';
@@ -175,13 +180,13 @@ class HtmlTable {
       for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
         bool const first = c == cell.column;
         rowTotals_[static_cast<std::size_t>(c)] = first && IsTotal(cell.label);
-        rowHeaders_[static_cast<std::size_t>(c)] =
-            named_ && first && IsHeader(cell) ? " " + MakeId(cell) : "";
+        rowHeaders_[static_cast<std::size_t>(c)] = first ? MakeListedId(cell) : std::string();
       }
     }
     WriteRowStart(row);
     for (GridCell const& cell : headings) {
-      WriteHeading(cell, cell.rowSpan > 1 ? "rowgroup" : "row");
+      WriteHeading(cell, cell.rowSpan > 1 ? "rowgroup" : "row",
+                   rowHeaders_[static_cast<std::size_t>(cell.column)]);
     }
     std::string headers;
     for (std::string const& header : rowHeaders_) {
@@ -245,6 +250,7 @@ class HtmlTable {
   HtmlHeadings headings_;
   HtmlNotes& notes_;
   std::string const& prefix_;
+  HtmlIds& ids_;
   int groupRows_ = 1;                       // how many rows the newest outermost heading has
   bool named_;                              // whether header cells have ids
   bool alternates_;                         // whether every other row looks different
@@ -257,8 +263,8 @@ class HtmlTable {
 }  // namespace
 
 void WriteHtmlTable(OutputBuffer& out, DisplayGrid const& grid, HtmlNotes& notes,
-                    std::string const& prefix) {
-  HtmlTable(out, grid, notes, prefix).Write();
+                    std::string const& prefix, HtmlIds& ids) {
+  HtmlTable(out, grid, notes, prefix, ids).Write();
 }
 
 }  // namespace lakresvos::render

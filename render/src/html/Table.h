@@ -5,6 +5,7 @@
 
 #include <lakresvos/render/DisplayGrid.h>
 
+#include "html/Ids.h"
 #include "html/Notes.h"
 #include "io/OutputBuffer.h"
 
@@ -12,10 +13,10 @@ namespace lakresvos::render {
 
 /// Writes a grid as a table element.
 ///
-/// @param prefix starts the ids of its header cells, and with a "t" is that of the element that
-///               names the table.
+/// @param prefix with a "t" is the id of the element that names the table.
+/// @param ids    gives its header cells theirs.
 void WriteHtmlTable(OutputBuffer& out, DisplayGrid const& grid, HtmlNotes& notes,
-                    std::string const& prefix);
+                    std::string const& prefix, HtmlIds& ids);
 
 }  // namespace lakresvos::render
 

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <set>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -240,14 +241,47 @@ TEST(HtmlRenderer, CellsOfNestedHeadingsNameAllTheirHeaders) {
   OmOutputTree document;
   AddGrouped(document);
   EXPECT_EQ(Between(Main(document), "<tbody>", "</tbody>"),
-            "<tr><th class=\"h0\" id=\"t1l0r2c0\" scope=\"rowgroup\" rowspan=\"2\">"
+            "<tr><th class=\"h0\" id=\"h3\" scope=\"rowgroup\" rowspan=\"2\">"
             "<span class=\"stay\">a</span></th>"
-            "<th class=\"h1 edge\" id=\"t1l0r2c1\" scope=\"row\">a0</th>"
-            "<td class=\"n\" headers=\"t1l0r2c0 t1l0r2c1 t1l0r0c2 t1l0r1c2\">1</td>"
-            "<td class=\"n\" headers=\"t1l0r2c0 t1l0r2c1 t1l0r0c2 t1l0r1c3\">1</td></tr>\n"
-            "<tr><th class=\"h1 edge\" id=\"t1l0r3c1\" scope=\"row\">a1</th>"
-            "<td class=\"n\" headers=\"t1l0r2c0 t1l0r3c1 t1l0r0c2 t1l0r1c2\">1</td>"
-            "<td class=\"n\" headers=\"t1l0r2c0 t1l0r3c1 t1l0r0c2 t1l0r1c3\">1</td></tr>\n");
+            "<th class=\"h1 edge\" id=\"h4\" scope=\"row\">a0</th>"
+            "<td class=\"n\" headers=\"h3 h4 h0 h1\">1</td>"
+            "<td class=\"n\" headers=\"h3 h4 h0 h2\">1</td></tr>\n"
+            "<tr><th class=\"h1 edge\" id=\"h5\" scope=\"row\">a1</th>"
+            "<td class=\"n\" headers=\"h3 h5 h0 h1\">1</td>"
+            "<td class=\"n\" headers=\"h3 h5 h0 h2\">1</td></tr>\n");
+}
+
+TEST(HtmlRenderer, HeaderCellsOfAllTablesAndLayersHaveIdsOfTheirOwn) {
+  OmOutputTree document;
+  AddGrouped(document);
+  AddGrouped(document).Place({0}, {});
+  AddGrouped(document).Place({}, {0});
+  std::string const main = Main(document);
+  std::set<std::string> ids;
+  std::size_t headers = 0;
+  for (std::size_t at = main.find("id=\""); at != std::string::npos; at = main.find("id=\"", at)) {
+    at += 4;
+    EXPECT_TRUE(ids.insert(main.substr(at, main.find('"', at) - at)).second);
+  }
+  for (std::size_t at = main.find("headers=\""); at != std::string::npos;
+       at = main.find("headers=\"", at)) {
+    at += 9;
+    std::istringstream listed(main.substr(at, main.find('"', at) - at));
+    for (std::string id; listed >> id; ++headers) {
+      EXPECT_EQ(ids.count(id), 1u) << id;
+    }
+  }
+  EXPECT_GT(headers, 24u);
+}
+
+TEST(HtmlRenderer, CellsTakeFewBytesForTheNamesOfTheirHeaders) {
+  OmOutputTree document;
+  Table& table = AddTable(document);
+  table.AddFlat("R", 1000);
+  table.AddFlat("C", 40);
+  table.Place({0}, {1});
+  table.PutAll();
+  EXPECT_LT(Main(document).size(), 45u * 40'000);
 }
 
 TEST(HtmlRenderer, EachOutermostGroupHasABody) {
@@ -274,10 +308,9 @@ TEST(HtmlRenderer, HeadingOfSpacesIsAPlainCellWithoutAnId) {
   table.Place({0}, {1});
   table.PutAll();
   std::string const main = Main(document);
-  EXPECT_NE(
-      main.find("<tr><td class=\"h0 edge\"> \n</td><td class=\"n\" headers=\"t1l0r0c1\">1</td>"),
-      std::string::npos);
-  EXPECT_EQ(Count(main, "t1l0r1c1"), 0u);
+  EXPECT_NE(main.find("<tr><td class=\"h0 edge\"> \n</td><td class=\"n\" headers=\"h0\">1</td>"),
+            std::string::npos);
+  EXPECT_EQ(Count(main, "id=\"h"), 2u);
 }
 
 TEST(HtmlRenderer, HeadingWithoutATextIsADash) {
@@ -296,12 +329,12 @@ TEST(HtmlRenderer, HeadingOverMoreColumnsThanACellCanReachOverIsRepeated) {
   std::string const main = Main(document);
   EXPECT_NE(main.find("<colgroup span=\"1000\"></colgroup><colgroup span=\"201\"></colgroup>"),
             std::string::npos);
-  EXPECT_NE(main.find("<th id=\"t1l0r0c0\" scope=\"colgroup\" colspan=\"1000\"><span "
+  EXPECT_NE(main.find("<th id=\"h0\" scope=\"colgroup\" colspan=\"1000\"><span "
                       "class=\"stay\">C</span></th>"
-                      "<th id=\"t1l0r0c1000\" scope=\"colgroup\" colspan=\"201\"><span "
+                      "<th id=\"h1\" scope=\"colgroup\" colspan=\"201\"><span "
                       "class=\"stay\">C</span></th></tr>"),
             std::string::npos);
-  EXPECT_NE(main.find("headers=\"t1l0r0c1000 t1l0r1c1200\">1</td></tr>"), std::string::npos);
+  EXPECT_NE(main.find("headers=\"h1 hxe\">1</td></tr>"), std::string::npos);
 }
 
 TEST(HtmlRenderer, HeadingBesideMoreRowsThanACellCanReachOverIsRepeated) {
@@ -317,10 +350,10 @@ TEST(HtmlRenderer, HeadingBesideMoreRowsThanACellCanReachOverIsRepeated) {
   std::string const main = Main(document);
   EXPECT_NE(main.find("scope=\"rowgroup\" rowspan=\"65534\"><span class=\"stay\">g</span></th>"),
             std::string::npos);
-  EXPECT_NE(main.find("<tr><th class=\"h0\" id=\"t1l0r65535c0\" scope=\"rowgroup\" rowspan=\"2\">"
-                      "<span class=\"stay\">g</span></th><th class=\"h1 edge\" id=\"t1l0r65535c1\" "
+  EXPECT_NE(main.find("<tr><th class=\"h0\" id=\"h1ekf\" scope=\"rowgroup\" rowspan=\"2\">"
+                      "<span class=\"stay\">g</span></th><th class=\"h1 edge\" id=\"h1ekg\" "
                       "scope=\"row\">c</th>"
-                      "<td class=\"n\" headers=\"t1l0r65535c0 t1l0r65535c1\">1</td></tr>"),
+                      "<td class=\"n\" headers=\"h1ekf h1ekg\">1</td></tr>"),
             std::string::npos);
   EXPECT_EQ(Count(main, ">g</span></th>"), 2u);
 }
@@ -645,7 +678,7 @@ TEST(HtmlRenderer, HeadingsHaveStylesToo) {
   table.PutAll();
   std::string const main = Main(document);
   EXPECT_NE(main.find("<th class=\"corner h0 edge s1\""), std::string::npos);
-  EXPECT_NE(main.find("<th class=\"s1\" id=\"t1l0r1c1\" scope=\"col\">l</th>"), std::string::npos);
+  EXPECT_NE(main.find("<th class=\"s1\" id=\"h1\" scope=\"col\">l</th>"), std::string::npos);
   EXPECT_NE(main.find("<th class=\"h0 edge s1\""), std::string::npos);
 }
 

@@ -28,10 +28,11 @@ struct HtmlOptions : TableOptions {
 ///   "part-" with their number in the document, counted from 0; the outline links to them.
 /// - Every layer of a table is a title, which names it, and a table element with column groups,
 ///   head and bodies. A heading cell is a header cell with its scope, one without a text a plain
-///   cell. From two heading levels on, header cells have ids and data cells name all their headers.
-///   There is a body for each outermost row heading. Rows and columns below the label of a total
-///   (OmCellMetaData::isTotal) stand out. A script lets readers choose one layer on the screen;
-///   printed, and without script, all are there.
+///   cell. With at most one row of column headings and one column of row headings the scopes say
+///   all (WCAG technique H63); from two levels on, header cells have ids, and data cells name all
+///   their headers (H43) in a few bytes each. There is a body for each outermost row heading. Rows
+///   and columns below the label of a total (OmCellMetaData::isTotal) stand out. A script lets
+///   readers choose one layer on the screen; printed, and without script, all are there.
 /// - Wide and long tables scroll below their column headings and beside their row headings.
 ///   Printed, a table that is wider than an A4 or Letter page goes on below, the row headings
 ///   repeated, for which it takes the script; without it columns get narrower and their texts break
