@@ -50,6 +50,9 @@ FootnoteMarks::FootnoteMarks(OmPivotTable const& table, LabelTexts& labels, bool
 
 std::string FootnoteMarks::Find(OmCellText const& text) const {
   std::string shown;
+  if (!text.hasMeta()) {
+    return shown;
+  }
   bool open = false;  // whether a bracket is
   for (std::size_t const footnote : footnotes_.Find(text)) {
     std::string const& mark = footnotes_.Mark(footnote);

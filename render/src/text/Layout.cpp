@@ -54,7 +54,7 @@ class LayoutBuilder {
         if (OmCellText* cell = body.Cell(column)) {
           MeasureCell(*cell, At(column), numbers[static_cast<std::size_t>(column)]);
         } else {
-          texts_.Add({});
+          texts_.Add({{}, false, false});
         }
       }
     }
@@ -90,8 +90,9 @@ class LayoutBuilder {
 
   void MeasureCell(OmCellText& cell, TextColumn& column, int& numbers) {
     MarkedText shown = ShowCell(&cell, marks_);
-    texts_.Add(shown.text);
-    if (FindNumber(cell).has_value()) {
+    bool const number = FindNumber(cell).has_value();
+    texts_.Add({shown.text, number, !shown.marks.empty()});
+    if (number) {
       numbers = std::max(numbers, MeasureWrapped(shown.text, layout_.tall));
       if (shown.marks.empty()) {
         return;

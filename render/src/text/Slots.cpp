@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "content/CellText.h"
-#include "content/NumberCell.h"
 #include "unicode/TextWidth.h"
 
 namespace lakresvos::render {
@@ -84,22 +83,21 @@ std::vector<TextSlot> TextSlots::MakeBody() const {
   return slots;
 }
 
-void TextSlots::Fill(TextSlot& slot, OmCellText* cell, std::string const& text) const {
+void TextSlots::Fill(TextSlot& slot, BodyText const& shown, OmCellText const* marked) const {
+  TextColumn const& column = layout_.columns[static_cast<std::size_t>(slot.column)];
   slot.next = 0;
-  slot.lines.clear();
-  if (cell == nullptr) {
+  slot.align =
+      ChooseAlignment(data_, shown.number ? HorizontalAlignment::Right : HorizontalAlignment::Left);
+  slot.after = shown.number ? column.marks : 0;
+  if (marked == nullptr) {
+    Wrap(shown.text, column.width, slot.lines);
     return;
   }
-  std::string const marks = marks_.Find(*cell);
-  TextColumn const& column = layout_.columns[static_cast<std::size_t>(slot.column)];
-  bool const number = FindNumber(*cell).has_value();
-  slot.align =
-      ChooseAlignment(data_, number ? HorizontalAlignment::Right : HorizontalAlignment::Left);
-  slot.after = 0;
-  if (number && column.marks > 0) {
-    slot.after = column.marks - TextWidth(PrintableLines(marks).front());
+  std::string const marks = marks_.Find(*marked);
+  if (slot.after > 0) {
+    slot.after -= TextWidth(PrintableLines(marks).front());
   }
-  slot.lines = Wrap(text + marks, column.width);
+  Wrap(std::string(shown.text) + marks, column.width, slot.lines);
 }
 
 }  // namespace lakresvos::render

@@ -9,6 +9,7 @@
 #include "content/AreaAlignment.h"
 #include "content/FootnoteMarks.h"
 #include "grid/Part.h"
+#include "text/BodyTexts.h"
 #include "text/Layout.h"
 #include "unicode/Wrap.h"
 
@@ -55,8 +56,9 @@ class TextSlots {
   /// Empty slots for the cells of one body row.
   std::vector<TextSlot> MakeBody() const;
 
-  /// Gives a body slot another cell, which may be null, and its text.
-  void Fill(TextSlot& slot, OmCellText* cell, std::string const& text) const;
+  /// Gives a body slot what another cell shows.
+  /// @param marked the cell if it has marks; else null.
+  void Fill(TextSlot& slot, BodyText const& shown, OmCellText const* marked) const;
 
  private:
   HorizontalAlignment AlignCell(GridCell const& cell) const;

@@ -73,8 +73,8 @@ class Drawing {
       }
       GridPart::BodyRow cells = grid_.Body(row);
       for (TextSlot& slot : body_) {
-        slots_.Fill(slot, cells.Cell(slot.column),
-                    texts_.Text(row, grid_.FindWholeColumn(slot.column)));
+        BodyText const shown = texts_.At(row, grid_.FindWholeColumn(slot.column));
+        slots_.Fill(slot, shown, shown.marked ? cells.Cell(slot.column) : nullptr);
       }
     }
     std::inplace_merge(headings_.begin(), headings_.begin() + kept, headings_.end(),

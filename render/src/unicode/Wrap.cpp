@@ -81,11 +81,14 @@ class LineBuilder {
 
 }  // namespace
 
-std::vector<TextLine> Wrap(std::string_view text, int limit) {
-  if (IsPlainAscii(text) && text.size() <= static_cast<std::size_t>(limit)) {
-    return {{std::string(text), static_cast<int>(text.size())}};
+void Wrap(std::string_view text, int limit, std::vector<TextLine>& lines) {
+  if (text.size() <= static_cast<std::size_t>(limit) && IsPlainAscii(text)) {
+    lines.resize(1);
+    lines.front().text = text;
+    lines.front().width = static_cast<int>(text.size());
+    return;
   }
-  std::vector<TextLine> lines;
+  lines.clear();
   for (std::string const& paragraph : PrintableLines(text)) {
     LineBuilder builder(lines, limit);
     for (std::string_view rest = paragraph; !rest.empty();) {
@@ -93,6 +96,11 @@ std::vector<TextLine> Wrap(std::string_view text, int limit) {
     }
     builder.Finish();
   }
+}
+
+std::vector<TextLine> Wrap(std::string_view text, int limit) {
+  std::vector<TextLine> lines;
+  Wrap(text, limit, lines);
   return lines;
 }
 

@@ -21,6 +21,10 @@ struct TextLine {
 /// Wrapping at the widest of the resulting lines gives the same lines again.
 std::vector<TextLine> Wrap(std::string_view text, int limit);
 
+/// Replaces `lines` by those of a text; as above. Takes no memory for a short line that there was
+/// room for before.
+void Wrap(std::string_view text, int limit, std::vector<TextLine>& lines);
+
 /// The widest line's width.
 int MeasureWidestLine(std::vector<TextLine> const& lines);
 

@@ -94,6 +94,30 @@ TEST(Wrap, LongTextTakesLinearTime) {
   EXPECT_EQ(Wrap(text, 2).size(), 1'000'000U);
 }
 
+TEST(Wrap, KeepsTheMemoryOfLinesThatAreReplaced) {
+  std::vector<TextLine> lines;
+  Wrap("a text that is a little longer", 40, lines);
+  char const* const bytes = lines.front().text.data();
+  Wrap("another one", 40, lines);
+  EXPECT_EQ(lines.size(), 1u);
+  EXPECT_EQ(lines.front().text, "another one");
+  EXPECT_EQ(lines.front().width, 11);
+  EXPECT_EQ(static_cast<void const*>(lines.front().text.data()), bytes);
+}
+
+RC_GTEST_PROP(WrapProperty, ReplacesWhateverLinesThereWere, ()) {
+  auto const limit = *rc::gen::inRange(1, 20);
+  std::vector<TextLine> lines = Wrap(AnyText(), limit);
+  std::string const text = AnyText();
+  Wrap(text, limit, lines);
+  std::vector<TextLine> const fresh = Wrap(text, limit);
+  RC_ASSERT(lines.size() == fresh.size());
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    RC_ASSERT(lines[i].text == fresh[i].text);
+    RC_ASSERT(lines[i].width == fresh[i].width);
+  }
+}
+
 RC_GTEST_PROP(WrapProperty, LinesFitAndKnowTheirWidth, ()) {
   int const limit = *rc::gen::inRange(2, 12);
   for (TextLine const& line : Wrap(AnyText(), limit)) {
