@@ -22,6 +22,26 @@ constexpr int kMantissaBits = 52;
 constexpr std::uint64_t kHiddenBit = std::uint64_t{1} << kMantissaBits;
 constexpr int kUnitExponent = 1075;  // of a double whose mantissa counts units
 constexpr int kMaxFraction = 64;     // bits after the point
+constexpr double kMaxUnique = 0x1p51;
+
+/// Writes a whole number with a point before its last digits.
+/// @param power ten to the power of `decimals`.
+char* WriteDecimal(char* out, bool negative, std::uint64_t number, std::uint64_t power,
+                   int decimals) {
+  if (negative) {
+    *out++ = '-';
+  }
+  out = std::to_chars(out, out + kSignDigitsAndPoint, number / power).ptr;
+  if (decimals > 0) {
+    *out = '.';
+    std::uint64_t rest = number % power;
+    for (int i = decimals; i > 0; --i, rest /= 10) {
+      out[i] = static_cast<char>('0' + rest % 10);
+    }
+    out += decimals + 1;
+  }
+  return out;
+}
 
 /// Writes what std::to_chars() writes with fixed decimals, in a quarter of the time, for the
 /// numbers that tables are full of; null for others. A double is a whole number over a power of
@@ -41,20 +61,30 @@ char* WriteFixed(char* out, double value, int decimals) {
   if (digits >= kHiddenBit) {
     return nullptr;
   }
-  auto const number = static_cast<std::uint64_t>(digits);
-  if (std::signbit(value)) {
-    *out++ = '-';
+  return WriteDecimal(out, std::signbit(value), static_cast<std::uint64_t>(digits), power,
+                      decimals);
+}
+
+/// Writes the fewest digits that read back to the same value for numbers of up to six decimals;
+/// null for others. A whole number over a power of ten is rounded once, so if that gives the value,
+/// its digits read back as it; below 2^51 those of no other do.
+char* WriteFewDecimals(char* out, double value) {
+  int decimals = static_cast<int>(kPowersOfTen.size()) - 1;
+  std::uint64_t power = kPowersOfTen.back();
+  double const scaled = std::abs(value) * static_cast<double>(power);
+  bool const tiny = value != 0 && std::abs(value) < kMinPlain;
+  if (tiny || !(scaled < kMaxUnique)) {
+    return nullptr;
   }
-  out = std::to_chars(out, out + kSignDigitsAndPoint, number / power).ptr;
-  if (decimals > 0) {
-    *out = '.';
-    std::uint64_t rest = number % power;
-    for (int i = decimals; i > 0; --i, rest /= 10) {
-      out[i] = static_cast<char>('0' + rest % 10);
-    }
-    out += decimals + 1;
+  auto number = static_cast<std::uint64_t>(std::llround(scaled));
+  if (static_cast<double>(number) / static_cast<double>(power) != std::abs(value)) {
+    return nullptr;
   }
-  return out;
+  for (; decimals > 0 && number % 10 == 0; --decimals) {
+    number /= 10;
+    power /= 10;
+  }
+  return WriteDecimal(out, std::signbit(value), number, power, decimals);
 }
 
 /// Writes the fewest digits that read back to the same value.
@@ -75,11 +105,12 @@ std::string NumberText(double value, int decimals) {
   std::array<char, kSignDigitsAndPoint + kMaxDecimals> text;
   char* const first = text.data();
   char* const last = first + text.size();
-  char* end = decimals < 0 ? WriteShortest(first, last, value) : WriteFixed(first, value, decimals);
+  char* end = decimals < 0 ? WriteFewDecimals(first, value) : WriteFixed(first, value, decimals);
   if (end == nullptr) {
-    end = std::to_chars(first, last, value, std::chars_format::fixed,
-                        std::min(decimals, kMaxDecimals))
-              .ptr;
+    end = decimals < 0 ? WriteShortest(first, last, value)
+                       : std::to_chars(first, last, value, std::chars_format::fixed,
+                                       std::min(decimals, kMaxDecimals))
+                             .ptr;
   }
   return {first, end};
 }

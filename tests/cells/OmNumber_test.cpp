@@ -1,12 +1,14 @@
 #include <cells/OmNumber.h>
 // This header comes first to show that it is self-contained.
 #include <algorithm>
+#include <charconv>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <limits>
 #include <rapidcheck/gtest.h>
 #include <string>
@@ -136,6 +138,33 @@ RC_GTEST_PROP(OmNumberText, ShortestFormHasAnExponentExactlyOutsideThePlainRange
     }
   }
   RC_ASSERT(SignificantDigits(text) <= fewest);
+}
+
+/// The shortest text as the standard library writes it.
+std::string StandardText(double value) {
+  double const size = std::abs(value);
+  bool const plain = size == 0 || (size >= 1e-5 && size <= 1e15);
+  char text[64];
+  auto const form = plain ? std::chars_format::fixed : std::chars_format::scientific;
+  return {text, std::to_chars(text, std::end(text), value, form).ptr};
+}
+
+RC_GTEST_PROP(OmNumberText, ShortestFormOfNumbersWithDecimalsAgreesWithTheStandardLibrary, ()) {
+  auto const bits = *rc::gen::inRange(1, 63);
+  auto const digits = *rc::gen::inRange<long long>(-(1LL << bits), 1LL << bits);
+  double const written = static_cast<double>(digits) / std::pow(10, *rc::gen::inRange(0, 12));
+  for (double const value : {written, std::nextafter(written, kInfinity), -written,
+                             std::nextafter(written, -kInfinity)}) {
+    RC_ASSERT(Text(value) == StandardText(value));
+  }
+}
+
+RC_GTEST_PROP(OmNumberText, ShortestFormOfAnyNumberAgreesWithTheStandardLibrary,
+              (std::uint64_t bits)) {
+  double value = 0;
+  std::memcpy(&value, &bits, sizeof value);
+  RC_PRE(!std::isnan(value));
+  RC_ASSERT(Text(value) == StandardText(value));
 }
 
 RC_GTEST_PROP(OmNumberText, FixedFormAgreesWithPrintf, (double value)) {
