@@ -16,7 +16,7 @@
 #include <lakresvos/tabulate/RowWeights.h>
 #include <lakresvos/tabulate/WarningLog.h>
 
-#include "chart/BarChart.h"
+#include "chart/ChartModule.h"
 #include "chart/TableChart.h"
 #include "document/NotesTable.h"
 #include "document/WarningsTable.h"
@@ -103,7 +103,7 @@ std::unique_ptr<OmChart> MakeChart(OmPivotTable const& table, tabulate::Formula 
       MakeChartData(table, formula.rows.size() + formula.columns.size(),
                     tabulate::MakeStatisticLabel(options.statistics.front())->GetText());
   std::string const json = render::WriteChartData(data);
-  std::string const picture = DrawBarChart(data);
+  std::string const picture = LoadAndDrawBarChart(data);
   chart->SetViZJSON(json.data(), static_cast<unsigned int>(json.size()));
   chart->SetImageStream(picture.data(), static_cast<unsigned int>(picture.size()));
   chart->SetImageSubType(ChartXMLBar);
