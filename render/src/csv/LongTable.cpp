@@ -46,7 +46,8 @@ class LongTable {
 
   void WriteStored() {
     for (auto at = table_.FirstCell(); at.Cell() != nullptr; ++at) {
-      if (Find(at.Index())) {
+      at.Index(index_);
+      if (Find(index_)) {
         Write(at.Cell());
       }
     }
