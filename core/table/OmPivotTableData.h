@@ -180,8 +180,8 @@ struct OmPivotTable::Data : OmMemoryRegion {
     std::size_t level = 0;           ///< that of `last`; the number of dimensions in an empty store
     bool mayHold = true;             ///< false when `last` is known to have no entry on the path
 
-    /// Whether `last` is a bottom node that may have the entry.
-    bool MayEnd() const { return last != nullptr && level == 0 && mayHold; }
+    /// Whether `last` is a bottom node.
+    bool ReachesBottom() const { return last != nullptr && level == 0; }
   };
 
   /// A node that a walk comes back to, and where it goes on there.

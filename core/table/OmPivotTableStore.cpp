@@ -106,7 +106,8 @@ void OmPivotTable::Data::StoreCell(std::vector<int> const& index, OmCellText con
   }
   Path path = again ? lastBottom : FindPath(index);
   auto const find = [&] {
-    void** const slot = path.MayEnd() ? path.last->FindSlot(position) : nullptr;
+    void** const slot =
+        path.ReachesBottom() && path.mayHold ? path.last->FindSlot(position) : nullptr;
     return slot != nullptr ? static_cast<OmCellText*>(*slot) : nullptr;
   };
   OmCellText* before = find();
@@ -124,7 +125,7 @@ void OmPivotTable::Data::StoreCell(std::vector<int> const& index, OmCellText con
   if (before != nullptr && cell != nullptr && before->hasMeta()) {
     cell->setMeta(before->getMeta());
   }
-  if (path.level != 0) {
+  if (!path.ReachesBottom()) {
     AddBranch(index, path, cell.get());
   } else {
     PointerVector* const bottom = path.last->Set(position, cell.get(), GetExpected(0));
