@@ -210,7 +210,7 @@ class LAKRESVOS_EXPORT OmDimension : public OmVectorTree<OmDimensionNode> {
 
   /// Child() for a node that is made in the dimension's region of `value`.
   template <class... Arguments>
-  Node FindOrAdd(Node const& parent, Arguments const&... value);
+  LAKRESVOS_HIDDEN Node FindOrAdd(Node const& parent, Arguments const&... value);
 
   /// Appends a child that takes over `node`, and enters it at `position` in the parent's index.
   Node AdoptIndexed(Node const& parent, OmDimensionNode& node, std::size_t position);
