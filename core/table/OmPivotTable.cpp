@@ -94,10 +94,10 @@ void OmPivotTable::Data::ReindexAxis() {
 }
 
 OmDimension& OmPivotTable::Data::Adopt(Owned<OmDimension> dimension) {
-  dimension->value.subscript = _dimensions.size();
   if (dimension->value.label != nullptr) {
     Bind(*dimension->value.label);
   }
+  dimension->value.subscript = _dimensions.size();
   ReserveLevels(_dimensions.size() + 1);
   PointerVector* const before = cells;
   AddCellDimension();
@@ -137,15 +137,20 @@ OmDimension& OmPivotTable::AddDimension(OmDimension const& dimension) {
 }
 
 void OmPivotTable::CopyDimensions(OmPivotTable const& other) {
-  if (_my->_dimensions.size() != 0) {
-    throw OMSException("OmPivotTable::CopyDimensions() -- _my->_dimensions.size() != 0",
-                       static_cast<double>(_my->_dimensions.size()), 0);
-  }
-  // A table without dimensions has no cells that would need new levels.
+  auto const checkEmpty = [this] {
+    if (_my->_dimensions.size() != 0) {
+      throw OMSException("OmPivotTable::CopyDimensions() -- _my->_dimensions.size() != 0",
+                         static_cast<double>(_my->_dimensions.size()), 0);
+    }
+  };
+  checkEmpty();
   std::vector<Data::Owned<OmDimension>> copies;
   for (OmDimension const* dimension : other._my->_dimensions.Elements()) {
     copies.push_back(_my->Make<OmDimension>(*dimension, _my));
   }
+  // Nobody knows what a label from elsewhere does to the table when it is copied.
+  checkEmpty();
+  // A table without dimensions has no cells that would need new levels.
   _my->ReserveLevels(copies.size());
   if (!copies.empty()) {
     _my->_dimensions.reserve(OmVector<OmDimension*>::GrownCapacity(copies.size() - 1));

@@ -126,6 +126,8 @@ struct OmPivotTable::Data : OmMemoryRegion {
   bool removedFootnotes = false;
   bool hasSplits;
   PointerVector* cells = nullptr;
+  /// How often nodes of the store have moved or gone, for iterators, which hold nodes.
+  unsigned long moves = 0;
   OmVector<OmDimension*> _dimensions;
   PuppetVector<short> rows;
   PuppetVector<short> columns;
@@ -232,7 +234,7 @@ struct OmPivotTable::Iterator::Data {
   /// A position at the end, without levels.
   Data() = default;
   /// The position of the first cell.
-  explicit Data(OmPivotTable::Data& table);
+  explicit Data(OmPivotTable::Data& owner);
 
   /// Moves the positions from `level` upwards and returns the next entry of that level, or null.
   void* Increment(unsigned long level);
@@ -241,7 +243,8 @@ struct OmPivotTable::Iterator::Data {
   /// upwards. Requires: `current` is not null.
   void Skip(unsigned long level);
 
-  OmShortArray<Level, 8> levels;  ///< one per dimension
+  OmPivotTable::Data* table = nullptr;
+  OmShortArray<Level, 8> levels;  ///< one per dimension of the table when the walk began
   OmCellText* current = nullptr;
   unsigned int owners = 1;  ///< how many iterators share this position
 
@@ -249,6 +252,11 @@ struct OmPivotTable::Iterator::Data {
   /// Moves the positions from the level `from` upwards, then those below it down to `target`, and
   /// returns the entry of that level, or null.
   void* Move(unsigned long from, unsigned long target);
+
+  /// Finds the nodes on the present path anew; null where the path has gone.
+  void FindNodes();
+
+  unsigned long moves_ = 0;  ///< how often nodes had moved when those of the path were found
 };
 
 #endif

@@ -4,12 +4,13 @@
 
 #include "table/OmPivotTableData.h"
 
-OmPivotTable::Iterator::Data::Data(OmPivotTable::Data& table) : levels(table._dimensions.size()) {
-  void* entry = table.cells;
+OmPivotTable::Iterator::Data::Data(OmPivotTable::Data& owner)
+    : table(&owner), levels(owner._dimensions.size()), moves_(owner.moves) {
+  void* entry = owner.cells;
   for (std::size_t i = levels.size(); i != 0 && entry != nullptr;) {
     Level& level = levels[--i];
     level.node = PointerVector::FromEntry(entry);
-    level.size = static_cast<int>(table._dimensions[i]->CategoryCount());
+    level.size = static_cast<int>(owner._dimensions[i]->CategoryCount());
     PointerVector::Found const found = level.node->FirstFrom(0);
     entry = found.entry;
     level.index = found.position;
@@ -26,8 +27,13 @@ void OmPivotTable::Iterator::Data::Skip(unsigned long level) {
 }
 
 void* OmPivotTable::Iterator::Data::Move(unsigned long from, unsigned long target) {
+  if (table != nullptr && table->moves != moves_) {
+    FindNodes();
+  }
   for (unsigned long at = from; at < levels.size();) {
-    PointerVector::Found found = levels[at].node->FirstFrom(levels[at].index + 1);
+    PointerVector::Found found = levels[at].node != nullptr
+                                     ? levels[at].node->FirstFrom(levels[at].index + 1)
+                                     : PointerVector::Found();
     if (found.entry == nullptr) {
       ++at;
       continue;
@@ -49,6 +55,21 @@ void* OmPivotTable::Iterator::Data::Move(unsigned long from, unsigned long targe
     }
   }
   return nullptr;
+}
+
+void OmPivotTable::Iterator::Data::FindNodes() {
+  PointerVector* node = table->cells;
+  // Dimensions that came since hold the cells from before at their first subscript.
+  for (std::size_t d = table->_dimensions.size(); d > levels.size() && node != nullptr; --d) {
+    node = PointerVector::FromEntry(node->Entry(0));
+  }
+  for (std::size_t i = levels.size(); i != 0; --i) {
+    levels[i - 1].node = node;
+    if (node != nullptr && i != 1) {
+      node = PointerVector::FromEntry(node->Entry(levels[i - 1].index));
+    }
+  }
+  moves_ = table->moves;
 }
 
 OmPivotTable::Iterator::Iterator() : data_(new Data()) {}

@@ -131,11 +131,13 @@ void* Node::FindEntry(unsigned long position) const {
     return FindInPages(position);
   }
   // Without a branch, for nobody can predict where the search ends, and a wrong guess would wait
-  // for memory while the next reads could be loading theirs. Past the last key comes the first,
-  // which is another position then.
+  // for memory while the next reads could be loading theirs. Past the last entry, where keys are
+  // those of no position but -1 taken for one, the answer is masked out.
   std::uint32_t const rank = Rank(position);
+  auto const inside = static_cast<std::uintptr_t>(rank < filled_);
   std::uint32_t const at = rank < room_ ? rank : 0;
-  auto const found = std::uintptr_t{0} - static_cast<std::uintptr_t>(Keys()[at] == position);
+  auto const found =
+      std::uintptr_t{0} - (inside & static_cast<std::uintptr_t>(Keys()[at] == position));
   return reinterpret_cast<void*>(reinterpret_cast<std::uintptr_t>(Listed()[at]) & found);
 }
 

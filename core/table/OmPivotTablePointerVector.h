@@ -16,7 +16,7 @@ class OmStorePage;
 ///
 /// - dense, a slot per position, while at least every eighth or so holds something: one test and one
 ///   step lead to the entry, so that a full table is read like an array;
-/// - a list, the positions in order and then their entries, while there are at most 32: most nodes
+/// - a list, the positions in order and then their entries, while there are at most 36: most nodes
 ///   of a sparse table have two or three;
 /// - paged in between: OmStorePages of 64 positions, in a directory that is such a node itself and
 ///   therefore sparse where the pages are.

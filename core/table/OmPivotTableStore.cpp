@@ -18,6 +18,7 @@ unsigned long GetSubscript(std::vector<int> const& index, std::size_t level) {
 void OmPivotTable::Data::AddCellDimension() {
   if (cells != nullptr) {
     cells = PointerVector::Make(*this, 0, cells->AsEntry());
+    ++moves;
     lastBottom = Path();
   }
 }
@@ -48,6 +49,7 @@ OmPivotTable::Data::Path OmPivotTable::Data::FindPath(std::vector<int> const& in
 
 void OmPivotTable::Data::Hook(Path const& path, std::vector<int> const& index,
                               PointerVector* node) {
+  ++moves;
   if (path.above == nullptr) {
     cells = node;
   } else {
@@ -99,8 +101,8 @@ void OmPivotTable::Data::ReleaseBranch(PointerVector* node, std::size_t level,
 void OmPivotTable::Data::StoreCell(std::vector<int> const& index, OmCellText const* value) {
   bool again = IsLastWritten(index);
   unsigned long const position = GetSubscript(index, 0);
-  if (again && lastBottom.last->CanAppend(position) && value != nullptr &&
-      value->GoesWithRegion()) {
+  bool const known = value == nullptr || value->GoesWithRegion();
+  if (again && lastBottom.last->CanAppend(position) && value != nullptr && known) {
     lastBottom.last->Append(CloneAndBind(value).release());
     return;
   }
@@ -115,9 +117,10 @@ void OmPivotTable::Data::StoreCell(std::vector<int> const& index, OmCellText con
     return;
   }
   std::unique_ptr<OmCellText> cell = CloneAndBind(value);
-  if (value != nullptr && !value->GoesWithRegion()) {
+  if (!known) {
     NoteOwner();
     // Nobody knows what a class from elsewhere does to the table when it is copied.
+    CheckIndex(index);
     again = false;
     path = FindPath(index);
     before = find();

@@ -110,7 +110,8 @@ class CELLS_EXPORT OmCellText {
   /// Whether a cell of this class need not be deleted when the region that it lies in goes: all that
   /// it owns lies there too, or the cell told the region otherwise with NoteOwnership(). True for
   /// the kinds of this library but composites; a class that is derived from them answers for itself,
-  /// false unless it overrides this.
+  /// false unless it overrides this. One that answers true also promises that its Clone() gives a
+  /// cell and touches nothing but the memory that it asks for.
   virtual bool GoesWithRegion() const;
 
   /// Becomes a copy of `other` but for its own metadata, which it keeps if it has any, where that

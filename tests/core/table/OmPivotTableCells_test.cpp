@@ -63,6 +63,23 @@ TEST(OmPivotTableCells, ReadingANegativeSubscriptIsRefused) {
   EXPECT_TRUE(Throws([&] { (void)table.Cell({0, -2}); }, kSubscript, -2, 0));
 }
 
+TEST(OmPivotTableCells, ReadingANegativeSubscriptIsRefusedWhereACellWasDeleted) {
+  TestTable line(1);
+  line.Put({1000}, "kept");
+  line.Put({2000}, "gone");
+  line.deleteCell({2000});
+  EXPECT_TRUE(Throws([&] { (void)line.Cell({-1}); }, kSubscript, -1, 0));
+  line.Put({2000}, "gone");
+  line.Clear({2000});
+  EXPECT_TRUE(Throws([&] { (void)line.Cell({-1}); }, kSubscript, -1, 0));
+  TestTable table(2);
+  table.Put({0, 1000}, "kept");
+  EXPECT_TRUE(Throws([&] { (void)table.Cell({0, -1}); }, kSubscript, -1, 0));
+  table.Put({0, 2000}, "gone");
+  table.deleteCell({0, 2000});
+  EXPECT_TRUE(Throws([&] { (void)table.Cell({0, -1}); }, kSubscript, -1, 0));
+}
+
 TEST(OmPivotTableCells, ReadingReportsTheFirstNegativeSubscript) {
   TestTable const table(4);
   EXPECT_TRUE(Throws([&] { (void)table.Cell({0, -3, -7, -1}); }, kSubscript, -3, 0));
@@ -363,6 +380,30 @@ TEST(OmPivotTableCells, ACellMayWriteToTheTableWhileItIsCopied) {
   EXPECT_EQ(table.Walk().size(), 302U);
   table.Put({1, 1}, "after");
   EXPECT_EQ(table.At({1, 1}), "after");
+}
+
+/// A cell that adds a dimension to a table whenever it is copied.
+class Widener : public OmStringCell {
+ public:
+  explicit Widener(OmPivotTable& table) : OmStringCell("widener"), table_(table) {}
+  OmCellText* Clone(OmMemoryRegion* region) const override {
+    table_.AddDimension(Text("new"));
+    return OmStringCell::Clone(region);
+  }
+  long GetKind() const override { return 3002; }
+
+ private:
+  OmPivotTable& table_;
+};
+
+TEST(OmPivotTableCells, ACellThatAddsADimensionWhileItIsCopiedIsNotStored) {
+  TestTable table(2);
+  table.Put({1, 2}, "before");
+  EXPECT_THROW(table.Cell({1, 2}, Widener(table)), OMSException);
+  EXPECT_THROW(table.Cell({0, 0, 5}, Widener(table)), OMSException);
+  EXPECT_EQ(table.NDimensions(), 4);
+  EXPECT_EQ(table.At({1, 2, 0, 0}), "before");
+  EXPECT_EQ(table.Walk().size(), 1U);
 }
 
 }  // namespace

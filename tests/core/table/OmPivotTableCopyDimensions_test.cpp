@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <utility>
 
 #include <lakresvos/OmPivotTable.h>
 
@@ -130,6 +131,37 @@ TEST(OmPivotTableCopyDimensions, ADimensionWithVeryManyLevelsIsCopiedAndDestroye
   TestTable copy;
   copy.CopyDimensions(table);
   EXPECT_EQ(copy.Dimension(0).getMaximumDepth(), 100001U);
+}
+
+/// A label that adds a dimension and a cell to a table when it is copied, once.
+class Intruder : public OmStringCell {
+ public:
+  explicit Intruder(OmPivotTable*& table) : OmStringCell("label"), table_(table) {}
+  OmCellText* Clone(OmMemoryRegion* region) const override {
+    if (OmPivotTable* const table = std::exchange(table_, nullptr)) {
+      table->AddDimension(Text("new"));
+      table->Cell({0}, Text("cell"));
+    }
+    return new (region) Intruder(table_);
+  }
+  long GetKind() const override { return 3003; }
+
+ private:
+  OmPivotTable*& table_;
+};
+
+TEST(OmPivotTableCopyDimensions, ALabelThatAddsADimensionWhileItIsCopiedIsRefused) {
+  OmPivotTable* target = nullptr;
+  TestTable source;
+  source.AddDimension(Intruder(target));
+  source.AddDimension(Text("second"));
+  TestTable copy;
+  target = &copy;
+  EXPECT_TRUE(Throws([&] { copy.CopyDimensions(source); },
+                     "OmPivotTable::CopyDimensions() -- _my->_dimensions.size() != 0", 1, 0));
+  EXPECT_EQ(copy.Walk(), (Walked{{{0}, "cell"}}));
+  copy.Put({1}, "after");
+  EXPECT_EQ(copy.At({1}), "after");
 }
 
 }  // namespace

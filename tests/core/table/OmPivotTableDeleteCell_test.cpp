@@ -61,6 +61,16 @@ TEST(OmPivotTableDeleteCell, DoesNothingForNegativeSubscripts) {
   EXPECT_EQ(table.At({1, 1}), "cell");
 }
 
+TEST(OmPivotTableDeleteCell, DoesNothingForNegativeSubscriptsWhereACellWasDeleted) {
+  TestTable table(2);
+  table.Put({0, 1000}, "kept");
+  table.Put({0, 2000}, "gone");
+  table.deleteCell({0, 2000});
+  table.deleteCell({0, -1});
+  table.deleteCell({-1, 1000});
+  EXPECT_EQ(table.Walk(), (Walked{{{0, 1000}, "kept"}}));
+}
+
 TEST(OmPivotTableDeleteCell, DoesNothingForTheWrongNumberOfSubscripts) {
   TestTable table(2);
   table.Put({0, 0}, "cell");

@@ -392,6 +392,35 @@ TEST(OmPivotTablePrintCells, AnEmptySlotIsItsAddressAlone) {
                    "    [2] " + PointerText(root->Entry(2)) + " - cell"}));
 }
 
+TEST(OmPivotTablePrintCells, FarSubscriptsShowTheEmptyEntriesBeforeThem) {
+  TestTable table(2);
+  table.Put({5, 6}, "cell");
+  Node* const root = table.data().cells;
+  Node* const bottom = Below(root, 6);
+  Lines expected{PointerText(root)};
+  for (int i = 0; i < 6; ++i) {
+    expected.push_back("    [" + std::to_string(i) + "] " + PointerText(nullptr));
+  }
+  expected.push_back("    [6] " + PointerText(bottom));
+  for (int i = 0; i < 5; ++i) {
+    std::string const number = "    [" + std::to_string(i) + "]";
+    expected.push_back(number + " " + number + " " + PointerText(nullptr));
+  }
+  expected.push_back("    [5]     [5] " + PointerText(bottom->Entry(5)) + " - cell");
+  EXPECT_EQ(Cells(table, root, 0, 0), expected);
+}
+
+TEST(OmPivotTablePrintCells, EveryEntryOfALongNodeIsShown) {
+  TestTable table(1);
+  for (int i = 0; i < 60; ++i) {
+    table.Put({50 * i}, std::to_string(i));
+  }
+  Lines const lines = Cells(table, table.data().cells, 0, 0);
+  ASSERT_EQ(lines.size(), 1U + 59 * 50 + 1);
+  EXPECT_EQ(lines[1 + 49], "    [49] " + PointerText(nullptr));
+  EXPECT_EQ(lines[1 + 50], "    [50] " + PointerText(table.Cell({50})) + " - 1");
+}
+
 TEST(OmPivotTablePrintCells, TheSameNumberStandsInEveryGroup) {
   TestTable table(2);
   table.Put({1, 1}, "b");

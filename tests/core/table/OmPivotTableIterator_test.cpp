@@ -327,6 +327,81 @@ TYPED_TEST(OmPivotTableIterators, SteppingAtTheEndDoesNothing) {
   EXPECT_EQ(past.Cell(), nullptr);
 }
 
+// A table that changes during a walk: callers are not to go on, but those that do are safe.
+
+TYPED_TEST(OmPivotTableIterators, GoesOnWhereNodesHaveGrown) {
+  TestTable table(2);
+  table.Put({0, 0}, "first");
+  table.Put({2000, 5000}, "last");
+  auto at = this->First(table);
+  for (int i = 0; i < 300; ++i) {
+    table.Put({i, 0}, "more");
+    table.Put({0, 7 * i}, "more");
+  }
+  int count = 0;
+  for (; at.Cell() != nullptr; ++at) {
+    ++count;
+  }
+  EXPECT_EQ(count, 600);
+}
+
+TYPED_TEST(OmPivotTableIterators, GoesOnAfterACellThatWasDeleted) {
+  TestTable table(2);
+  for (int i = 0; i < 100; ++i) {
+    table.Put({i % 3, 50 * i}, std::to_string(i));
+  }
+  int count = 0;
+  for (auto at = this->First(table); at.Cell() != nullptr; ++at) {
+    table.deleteCell(at.Index());
+    ++count;
+  }
+  EXPECT_EQ(count, 100);
+  EXPECT_TRUE(table.Walk().empty());
+}
+
+TYPED_TEST(OmPivotTableIterators, EndsWhereAllThatIsLeftWasDeleted) {
+  TestTable table(2);
+  table.Put({0, 1000}, "first");
+  table.Put({0, 2000}, "second");
+  table.Put({5, 2000}, "third");
+  auto at = this->First(table);
+  table.deleteCell({0, 2000});
+  table.deleteCell({5, 2000});
+  table.deleteCell({0, 1000});
+  ++at;
+  EXPECT_EQ(at.Cell(), nullptr);
+}
+
+TYPED_TEST(OmPivotTableIterators, GoesOnAlongItsDimensionsWhenOneWasAdded) {
+  TestTable table(1);
+  table.Put({0}, "first");
+  table.Put({1000}, "second");
+  auto at = this->First(table);
+  table.AddDimension(Text("new"));
+  table.Put({500, 0}, "between");
+  table.Put({500, 1}, "elsewhere");
+  ++at;
+  EXPECT_EQ(TestTable::TextOf(at.Cell()), "between");
+  EXPECT_EQ(at.Index(), Index{500});
+  ++at;
+  EXPECT_EQ(TestTable::TextOf(at.Cell()), "second");
+  ++at;
+  EXPECT_EQ(at.Cell(), nullptr);
+}
+
+TYPED_TEST(OmPivotTableIterators, SeesTheValuesThatReplacedOthers) {
+  TestTable table(1);
+  for (int i = 0; i < 50; ++i) {
+    table.Put({i}, "old");
+  }
+  for (auto at = this->First(table); at.Cell() != nullptr; ++at) {
+    table.Put({at.Index()[0]}, "new");
+  }
+  for (auto const& [index, text] : table.Walk()) {
+    EXPECT_EQ(text, "new");
+  }
+}
+
 TYPED_TEST(OmPivotTableIterators, SteppingGivesTheIterator) {
   TestTable table(1);
   table.Put({0}, "a");

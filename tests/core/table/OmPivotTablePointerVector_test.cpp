@@ -205,6 +205,23 @@ TEST(OmPivotTablePointerVector, GivesEverythingBack) {
   Node::Release(nullptr);
 }
 
+TEST(OmPivotTablePointerVector, ASubscriptOfMinusOneFindsNothingInAnyForm) {
+  constexpr unsigned long kMinusOne = std::numeric_limits<std::uint32_t>::max();
+  for (unsigned long const step : {1UL, 5UL, 4096UL}) {
+    for (unsigned long const count : {1UL, 3UL, 30UL, 300UL}) {
+      NodePair pair;
+      pair.Fill(Every(step, step * count));
+      for (unsigned long left = count; left != 0; --left) {
+        ASSERT_EQ(pair.get()->Entry(kMinusOne), nullptr);
+        ASSERT_EQ(pair.get()->FindSlot(kMinusOne), nullptr);
+        ASSERT_EQ(pair.get()->FirstFrom(kMinusOne).entry, nullptr);
+        pair.Set((left - 1) * step, nullptr);
+      }
+      ASSERT_EQ(pair.get()->Entry(kMinusOne), nullptr) << "of an empty node";
+    }
+  }
+}
+
 // Hints
 
 TEST(OmPivotTablePointerVector, OfNoNodeMayHaveNothing) {

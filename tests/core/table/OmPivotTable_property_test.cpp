@@ -145,6 +145,10 @@ RC_GTEST_PROP(OmPivotTableProperty, BehavesAsAMapUnderRandomChanges, ()) {
     probe.resize(static_cast<std::size_t>(table.NDimensions()));
     RC_ASSERT(table.At(probe) == model.At(probe));
     RC_ASSERT(table.Walk() == model.Walk());
+    probe[static_cast<std::size_t>(step) % probe.size()] = *rc::gen::element(-1, -2, INT_MIN);
+    table.deleteCell(probe);
+    RC_ASSERT_THROWS_AS(table.At(probe), OMSException);
+    RC_ASSERT_THROWS_AS(table.Put(probe, "nowhere"), OMSException);
   }
 }
 
@@ -199,6 +203,45 @@ RC_GTEST_PROP(OmPivotTableProperty, HoldsManyCellsAtAnySubscripts, ()) {
   }
   RC_ASSERT(table.Walk().empty());
   RC_ASSERT(table.data().BytesInUse() < 5000UL);
+}
+
+// Callers are not to use an iterator after a change. Those that do see cells that the table has.
+RC_GTEST_PROP(OmPivotTableProperty, AWalkOverATableThatChangesStaysInIt, ()) {
+  TestTable table(3);
+  auto const change = [&] {
+    Index index = *rc::gen::container<Index>(
+        3,
+        rc::gen::weightedOneOf<int>({{9, rc::gen::inRange(0, 6)}, {3, rc::gen::inRange(0, 3000)}}));
+    index.resize(static_cast<std::size_t>(table.NDimensions()));
+    int const action = *rc::gen::inRange(0, 30);
+    if (action < 18) {
+      table.Put(index, "text");
+    } else if (action < 29) {
+      table.deleteCell(index);
+    } else if (table.NDimensions() < 5) {
+      table.AddDimension(Text("more"));
+    }
+  };
+  for (int i = 0; i < 40; ++i) {
+    change();
+  }
+  Index before;
+  auto at = table.FirstCell();
+  for (int step = 0; step < 300 && at.Cell() != nullptr; ++step) {
+    if (step % 3 == 0) {
+      change();
+    }
+    ++at;
+    if (at.Cell() != nullptr) {
+      Index index = at.Index();
+      std::reverse(index.begin(), index.end());
+      RC_ASSERT(before < index);
+      before = index;
+      Index full = at.Index();
+      full.resize(static_cast<std::size_t>(table.NDimensions()));
+      RC_ASSERT(table.Cell(full) == at.Cell());
+    }
+  }
 }
 
 RC_GTEST_PROP(OmPivotTableProperty, TheConstWalkIsTheSame, ()) {
