@@ -1,6 +1,7 @@
 #include "layout/OmDimHeader.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 #include <lakresvos/OmVectorTreeWalk.h>
@@ -9,6 +10,10 @@ namespace {
 
 /// Subscripts from here on get no slot in the table of positions.
 constexpr unsigned long kSubscriptLimit = 1UL << 31;
+
+/// The table of positions has at most so many slots, and so many more for each leaf.
+constexpr unsigned long kAlwaysNear = 1UL << 16;
+constexpr unsigned long kSpread = 16;
 
 /// How many levels of a path from the leaf up show: those above the outermost group that hides its
 /// labels, without the hidden ones.
@@ -28,7 +33,6 @@ short CountVisibleLevels(OmDimHeader::Path const& path) {
 
 OmDimHeader::OmDimHeader(OmDimension const& dimension, OmMemoryRegion* arena)
     : region(arena), levelCounts(arena), visibleCategories(arena), categoryPositions(arena) {
-  ExtendPositions(std::min<unsigned long>(dimension.CategoryCount(), kSubscriptLimit));
   OmVectorTreeWalk<PathNode> walk(dimension.Root());
   while (walk.Next()) {
     if (!walk.Current().Value().group) {
@@ -36,10 +40,10 @@ OmDimHeader::OmDimHeader(OmDimension const& dimension, OmMemoryRegion* arena)
       walk.SkipChildren();
     }
   }
+  IndexPositions(dimension.CategoryCount());
 }
 
 void OmDimHeader::AddLeaf(std::vector<PathNode> const& fromRoot) {
-  auto const position = static_cast<unsigned int>(paths.size());
   Path& path = paths.emplace_back(region);
   path.reserve(fromRoot.size());
   for (std::size_t i = fromRoot.size(); i != 0; --i) {
@@ -48,19 +52,37 @@ void OmDimHeader::AddLeaf(std::vector<PathNode> const& fromRoot) {
   short const levels = CountVisibleLevels(path);
   maxLevels = std::max<int>(maxLevels, levels);
   levelCounts.push_back(levels);
-  unsigned long const subscript = fromRoot.back().Value().subscript;
-  visibleCategories.push_back(static_cast<unsigned int>(subscript));
-  if (subscript < kSubscriptLimit) {
-    ExtendPositions(subscript + 1);
-    categoryPositions[subscript] = position;
-  }
+  visibleCategories.push_back(static_cast<unsigned int>(path[0].Value().subscript));
 }
 
-void OmDimHeader::ExtendPositions(unsigned long count) {
-  if (count > 2 * categoryPositions.capacity()) {
-    categoryPositions.reserve(count);
+void OmDimHeader::IndexPositions(unsigned long categoryCount) {
+  unsigned long count = categoryCount;
+  for (Path const& path : paths) {
+    unsigned long const subscript = path[0].Value().subscript;
+    count = std::max(count, subscript < kSubscriptLimit ? subscript + 1 : 0);
   }
+  count = std::min({count, kSubscriptLimit, kAlwaysNear + kSpread * paths.size()});
+  categoryPositions.reserve(count);
   while (categoryPositions.size() < count) {
     categoryPositions.push_back(kNoPosition);
   }
+  for (unsigned int position = 0; position < paths.size(); ++position) {
+    unsigned long const subscript = paths[position][0].Value().subscript;
+    if (subscript < count) {
+      categoryPositions[subscript] = position;
+    } else if (subscript < kSubscriptLimit) {
+      farPositions_.emplace_back(subscript, position);
+    }
+  }
+  std::sort(farPositions_.begin(), farPositions_.end());
+}
+
+unsigned int OmDimHeader::FindFarPosition(unsigned long long subscript) const {
+  // Of leaves with the same subscript the last one counts, here as in the table.
+  auto const next =
+      std::upper_bound(farPositions_.begin(), farPositions_.end(),
+                       std::pair<unsigned long, unsigned int>(subscript, kNoPosition));
+  return next != farPositions_.begin() && std::prev(next)->first == subscript
+             ? std::prev(next)->second
+             : kNoPosition;
 }

@@ -2,6 +2,7 @@
 #define LAKRESVOS_CORE_LAYOUT_OMDIMHEADER_H
 
 #include <deque>
+#include <utility>
 #include <vector>
 
 #include <lakresvos/OmDimension.h>
@@ -31,7 +32,8 @@ struct OmDimHeader {
 
   /// The display position of the leaf that carries `subscript`, or kNoPosition.
   unsigned int FindPosition(unsigned long long subscript) const {
-    return subscript < categoryPositions.size() ? categoryPositions[subscript] : kNoPosition;
+    return subscript < categoryPositions.size() ? categoryPositions[subscript]
+                                                : FindFarPosition(subscript);
   }
 
   OmMemoryRegion* region;
@@ -43,9 +45,12 @@ struct OmDimHeader {
 
  private:
   void AddLeaf(std::vector<PathNode> const& fromRoot);
+  void IndexPositions(unsigned long categoryCount);
+  unsigned int FindFarPosition(unsigned long long subscript) const;
 
-  /// Makes `categoryPositions` at least `count` long.
-  void ExtendPositions(unsigned long count);
+  /// Subscripts too far out for a slot in a table that is to stay in proportion to the leaves, with
+  /// their positions, ascending.
+  std::vector<std::pair<unsigned long, unsigned int>> farPositions_;
 };
 
 #endif

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -25,24 +26,28 @@ constexpr unsigned long kBits = 64;
 
 }  // namespace
 
-bool OmOccupiedPlaces::IsClosed(OpenSet const& set, unsigned long subscript) {
-  return (set.closed[subscript / kBits] >> subscript % kBits & 1) != 0;
+void OmOccupiedPlaces::OpenAll(OpenSet& set, std::size_t count) {
+  set.left = count;
+  set.closed.assign(count / kBits, 0);
+  set.closed.push_back(~std::uint64_t{0} << count % kBits);
 }
 
-/// The first open subscript from `subscript` on; one past the set when there is none.
-unsigned long OmOccupiedPlaces::FindOpen(OpenSet const& set, unsigned long subscript) {
-  unsigned long word = subscript / kBits;
-  if (word >= set.closed.size()) {
-    return set.closed.size() * kBits;
-  }
-  std::uint64_t open = ~set.closed[word] >> subscript % kBits << subscript % kBits;
+bool OmOccupiedPlaces::IsClosed(OpenSet const& set, std::size_t rank) {
+  return (set.closed[rank / kBits] >> rank % kBits & 1) != 0;
+}
+
+/// The first open rank from `rank` on, which is at most the number of leaves; past them when there
+/// is none.
+std::size_t OmOccupiedPlaces::FindOpen(OpenSet const& set, std::size_t rank) {
+  std::size_t word = rank / kBits;
+  std::uint64_t open = ~set.closed[word] >> rank % kBits << rank % kBits;
   while (open == 0) {
     if (++word == set.closed.size()) {
       return word * kBits;
     }
     open = ~set.closed[word];
   }
-  return word * kBits + static_cast<unsigned long>(std::countr_zero(open));
+  return word * kBits + static_cast<std::size_t>(std::countr_zero(open));
 }
 
 OmOccupiedPlaces::OmOccupiedPlaces(OmDisplayLayerHeading::Data& layout,
@@ -62,6 +67,7 @@ OmOccupiedPlaces::OmOccupiedPlaces(OmDisplayLayerHeading::Data& layout,
   PlanOthers(layout, others, sizes);
   PlanHeads(layout, heads, sizes);
   subscripts_.resize(dimensions_.size());
+  ranks_.resize(dimensions_.size(), kNone);
 }
 
 void OmOccupiedPlaces::PlanOthers(OmDisplayLayerHeading::Data const& layout,
@@ -103,7 +109,6 @@ void OmOccupiedPlaces::PlanHeads(OmDisplayLayerHeading::Data& layout,
       if (dimension.role == Role::kFixed) {
         dimension.role = Role::kHead;
         dimension.leaves = IndexLeaves(*header, digit.count);
-        dimension.open = OpenAll(dimension.leaves);
         digit.dimension = static_cast<long long>(d);
         lowestHead_ = std::min(lowestHead_, d);
       }
@@ -114,31 +119,25 @@ void OmOccupiedPlaces::PlanHeads(OmDisplayLayerHeading::Data& layout,
 
 OmOccupiedPlaces::Leaves OmOccupiedPlaces::IndexLeaves(OmDimHeader const& header,
                                                        std::size_t count) {
+  // A subscript that is negative as an int addresses no cell.
+  auto const canHoldACell = [](unsigned int subscript) {
+    return subscript <= static_cast<unsigned int>(std::numeric_limits<int>::max());
+  };
+  std::vector<unsigned int> subscripts;
+  std::copy_if(header.visibleCategories.begin, header.visibleCategories.begin + count,
+               std::back_inserter(subscripts), canHoldACell);
   Leaves leaves;
+  leaves.ranks = OmSubscriptRanks(std::move(subscripts));
+  leaves.last.resize(leaves.ranks.size(), kNone);
   leaves.previous.resize(count, kNone);
   for (std::size_t k = 0; k < count; ++k) {
     unsigned int const subscript = header.visibleCategories[k];
-    // A subscript that is negative as an int addresses no cell.
-    if (subscript <= static_cast<unsigned int>(std::numeric_limits<int>::max())) {
-      if (subscript >= leaves.last.size()) {
-        leaves.last.resize(std::size_t{subscript} + 1, kNone);
-      }
-      leaves.previous[k] = std::exchange(leaves.last[subscript], static_cast<unsigned int>(k));
+    if (canHoldACell(subscript)) {
+      leaves.previous[k] =
+          std::exchange(leaves.last[leaves.ranks.Find(subscript)], static_cast<unsigned int>(k));
     }
   }
   return leaves;
-}
-
-OmOccupiedPlaces::OpenSet OmOccupiedPlaces::OpenAll(Leaves const& leaves) {
-  OpenSet set;
-  set.closed.resize((leaves.last.size() + kBits - 1) / kBits, ~std::uint64_t{0});
-  for (std::size_t subscript = 0; subscript < leaves.last.size(); ++subscript) {
-    if (leaves.last[subscript] != kNone) {
-      set.closed[subscript / kBits] &= ~(std::uint64_t{1} << subscript % kBits);
-      ++set.left;
-    }
-  }
-  return set;
 }
 
 void OmOccupiedPlaces::AppendTo(std::vector<unsigned long long>& result) {
@@ -206,7 +205,8 @@ bool OmOccupiedPlaces::Step(Frame& frame, std::size_t level) {
     if (dimension.role == Role::kOther) {
       return at < static_cast<unsigned long>(dimension.bound);
     }
-    if (HasLeaf(level, at)) {
+    ranks_[level] = dimension.leaves.ranks.Find(at);
+    if (ranks_[level] != kNone) {
       return true;
     }
   }
@@ -216,30 +216,34 @@ bool OmOccupiedPlaces::Step(Frame& frame, std::size_t level) {
 /// Step() in a heads dimension, over what is open.
 bool OmOccupiedPlaces::StepOpen(Frame& frame, std::size_t level) {
   OpenSet& set = sets_[frame.set];
+  OmSubscriptRanks const& leaves = dimensions_[level].leaves.ranks;
   if (set.closed.empty()) {
-    set.closed = dimensions_[level].open.closed;
-    set.left = dimensions_[level].open.left;
+    OpenAll(set, leaves.size());
   }
   unsigned long& at = subscripts_[level];
+  unsigned int& rank = ranks_[level];
   while (set.left != 0) {
     ++looks_;
     if (set.left < frame.node->CountFilled()) {
-      at = FindOpen(set, frame.next);
-      if (at >= frame.node->size() || at >= set.closed.size() * kBits) {
+      frame.nextRank = FindOpen(set, leaves.FindFrom(frame.next, frame.nextRank));
+      if (frame.nextRank >= leaves.size() || leaves[frame.nextRank] >= frame.node->size()) {
         return false;
       }
+      rank = static_cast<unsigned int>(frame.nextRank);
+      at = leaves[rank];
       frame.next = at + 1;
       if (frame.node->Entry(at) != nullptr) {
         return true;
       }
     } else {
       OmPivotTable::PointerVector::Found const found = frame.node->FirstFrom(frame.next);
-      at = found.position;
-      if (found.entry == nullptr || at >= set.closed.size() * kBits) {
+      if (found.entry == nullptr) {
         return false;
       }
+      at = found.position;
       frame.next = at + 1;
-      if (!IsClosed(set, at)) {
+      rank = leaves.Find(at);
+      if (rank != kNone && !IsClosed(set, rank)) {
         return true;
       }
     }
@@ -253,7 +257,7 @@ void OmOccupiedPlaces::Leave(Frame& frame, std::size_t level, bool finished) {
   if (dimensions_[level].role != Role::kHead) {
     frame.finished = finished;
   } else if (finished && ComesAgain(level)) {
-    Close(sets_[frame.set], subscripts_[level]);
+    Close(sets_[frame.set], ranks_[level]);
   }
 }
 
@@ -264,11 +268,6 @@ bool OmOccupiedPlaces::IsFinished(Frame const& frame, std::size_t level) const {
   return sets_[frame.set].left == 0;
 }
 
-bool OmOccupiedPlaces::HasLeaf(std::size_t level, unsigned long subscript) const {
-  std::vector<unsigned int> const& last = dimensions_[level].leaves.last;
-  return subscript < last.size() && last[subscript] != kNone;
-}
-
 /// The set for the level below the entry that Step() moved to.
 unsigned int OmOccupiedPlaces::FindSetBelow(Frame const& frame, std::size_t level) {
   if (dimensions_[level].role != Role::kHead || !ComesAgain(level)) {
@@ -277,29 +276,28 @@ unsigned int OmOccupiedPlaces::FindSetBelow(Frame const& frame, std::size_t leve
   if (level == lowestHead_) {
     return kNone;
   }
-  if (sets_[frame.set].below.empty()) {
-    sets_[frame.set].below.resize(dimensions_[level].leaves.last.size(), kNone);
+  auto const known = sets_[frame.set].below.find(ranks_[level]);
+  if (known != sets_[frame.set].below.end()) {
+    return known->second;
   }
-  unsigned int below = sets_[frame.set].below[subscripts_[level]];
-  if (below == kNone) {
-    if (freeSets_.empty()) {
-      below = static_cast<unsigned int>(sets_.size());
-      sets_.emplace_back();
-    } else {
-      below = freeSets_.back();
-      freeSets_.pop_back();
-      sets_[below] = OpenSet();
-    }
-    sets_[frame.set].below[subscripts_[level]] = below;
+  if (freeSets_.empty()) {
+    freeSets_.push_back(static_cast<unsigned int>(sets_.size()));
+    sets_.emplace_back();
   }
+  unsigned int const below = freeSets_.back();
+  freeSets_.pop_back();
+  sets_[frame.set].below.emplace(ranks_[level], below);
   return below;
 }
 
-void OmOccupiedPlaces::Close(OpenSet& set, unsigned long subscript) {
-  set.closed[subscript / kBits] |= std::uint64_t{1} << subscript % kBits;
+void OmOccupiedPlaces::Close(OpenSet& set, unsigned int rank) {
+  set.closed[rank / kBits] |= std::uint64_t{1} << rank % kBits;
   --set.left;
-  if (!set.below.empty() && set.below[subscript] != kNone) {
-    freeSets_.push_back(set.below[subscript]);
+  auto const below = set.below.find(rank);
+  if (below != set.below.end()) {
+    sets_[below->second] = OpenSet();
+    freeSets_.push_back(below->second);
+    set.below.erase(below);
   }
 }
 
@@ -325,7 +323,7 @@ void OmOccupiedPlaces::Keep(OmPlaceSet& kept) {
     } else {
       auto const d = static_cast<std::size_t>(digit.dimension);
       Leaves const& leaves = dimensions_[d].leaves;
-      for (unsigned int k = leaves.last[subscripts_[d]]; k != kNone; k = leaves.previous[k]) {
+      for (unsigned int k = leaves.last[ranks_[d]]; k != kNone; k = leaves.previous[k]) {
         Extend(digit, k);
       }
     }

@@ -3,10 +3,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include "layout/OmDisplayLayerHeadingData.h"
 #include "layout/OmPlaceSet.h"
+#include "layout/OmSubscriptRanks.h"
 #include "table/OmPivotTableData.h"
 
 /// The dense search for the places of an axis that hold a cell, as one walk over the cell store.
@@ -37,7 +39,8 @@
 ///
 /// The walk stops at the first cell of each combination of heads subscripts and looks no more for
 /// those that it found one of: in a full table its cost is that of the places. It looks at no entry
-/// of the store more than once.
+/// of the store more than once. A set is a bit for each leaf of a dimension, and there is at most
+/// one for each node of the store that the walk comes to.
 ///
 /// A dimension that was added after the layer heading was made is held at its first subscript,
 /// where the cells from before are, and has the digit 0; it counts as a radix all the same.
@@ -55,20 +58,21 @@ class OmOccupiedPlaces {
  private:
   static constexpr unsigned int kNone = OmDimHeader::kNoPosition;
 
-  /// The leaves of one dimension by subscript: the last one that carries it, and to each leaf the
-  /// one before it with the same subscript.
+  /// The leaves of one dimension by the rank of their subscript: the last one that carries it, and
+  /// to each leaf the one before it with the same subscript.
   struct Leaves {
+    OmSubscriptRanks ranks;
     std::vector<unsigned int> last;
     std::vector<unsigned int> previous;
   };
 
-  /// Which subscripts of one heads dimension there is nothing more to find below, for one combination
-  /// of the subscripts of the heads dimensions above it.
+  /// Which subscripts of one heads dimension, by rank, there is nothing more to find below, for one
+  /// combination of the subscripts of the heads dimensions above it.
   struct OpenSet {
-    std::vector<std::uint64_t> closed;  ///< a bit per subscript; empty before the first use
+    std::vector<std::uint64_t> closed;  ///< a bit per rank; empty before the first use
     std::size_t left = 0;               ///< how many subscripts are open
-    /// Per subscript, the set of the next lower heads dimension, or kNone; empty when unused.
-    std::vector<unsigned int> below;
+    /// Of open subscripts, the set of the next lower heads dimension.
+    std::unordered_map<unsigned int, unsigned int> below;
   };
 
   enum class Role { kFixed, kOther, kHead };
@@ -77,7 +81,6 @@ class OmOccupiedPlaces {
     Role role = Role::kFixed;
     long long bound = 0;  ///< for kOther the size, for kFixed the subscript
     Leaves leaves;        ///< for kHead
-    OpenSet open;         ///< for kHead, the set with every leaf
     /// For kOther, what one step of its subscript adds to the raw number; saturated.
     unsigned long long weight = 0;
   };
@@ -94,13 +97,14 @@ class OmOccupiedPlaces {
     OmPivotTable::PointerVector const* node;
     unsigned int set;  ///< of the first heads dimension from this level downwards, or kNone
     unsigned long next = 0;
-    bool finished = false;  ///< whether nothing more can be found at this level
+    std::size_t nextRank = 0;  ///< at most the rank of the first leaf from `next` on
+    bool finished = false;     ///< whether nothing more can be found at this level
   };
 
   static Leaves IndexLeaves(OmDimHeader const& header, std::size_t count);
-  static OpenSet OpenAll(Leaves const& leaves);
-  static bool IsClosed(OpenSet const& set, unsigned long subscript);
-  static unsigned long FindOpen(OpenSet const& set, unsigned long subscript);
+  static void OpenAll(OpenSet& set, std::size_t count);
+  static bool IsClosed(OpenSet const& set, std::size_t rank);
+  static std::size_t FindOpen(OpenSet const& set, std::size_t rank);
 
   void PlanOthers(OmDisplayLayerHeading::Data const& layout, PuppetVector<short> const& others,
                   std::vector<int> const& sizes);
@@ -115,9 +119,8 @@ class OmOccupiedPlaces {
   bool StepOpen(Frame& frame, std::size_t level);
   void Leave(Frame& frame, std::size_t level, bool finished);
   bool IsFinished(Frame const& frame, std::size_t level) const;
-  bool HasLeaf(std::size_t level, unsigned long subscript) const;
   unsigned int FindSetBelow(Frame const& frame, std::size_t level);
-  void Close(OpenSet& set, unsigned long subscript);
+  void Close(OpenSet& set, unsigned int rank);
 
   bool AreOthersInRange() const;
   void Keep(OmPlaceSet& kept);
@@ -132,6 +135,7 @@ class OmOccupiedPlaces {
   unsigned long long nOthers_;
 
   std::vector<unsigned long> subscripts_;  ///< of the walk's present path
+  std::vector<unsigned int> ranks_;        ///< of those, in heads dimensions
   std::vector<OpenSet> sets_;
   std::vector<unsigned int> freeSets_;  ///< those in sets_ that are not in use
   unsigned long long looks_ = 0;

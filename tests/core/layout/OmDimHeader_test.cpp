@@ -9,6 +9,7 @@
 #include <lakresvos/OmDisplayLayerHeading.h>
 #include <lakresvos/OmDisplayRowHeading.h>
 
+#include "support/FailingNew.h"
 #include "support/LayoutTables.h"
 #include "support/OmDisplayTestAccess.h"
 
@@ -185,6 +186,23 @@ TEST_F(OmDimHeaderTest, KeepsBothLeavesOfOneSubscriptAndFindsTheLaterOne) {
   Category(dimension, root, "second", 0);
   EXPECT_EQ(List(Header().visibleCategories), (std::vector<long>{0, 0}));
   EXPECT_EQ(Header().FindPosition(0), 1U);
+}
+
+TEST_F(OmDimHeaderTest, FindsFarSubscriptsWithoutASlotForEachBeforeThem) {
+  Category(dimension, root, "far", 2'000'000'000);
+  Category(dimension, root, "near", 5);
+  Category(dimension, root, "farther", (1UL << 31) - 1);
+  Category(dimension, root, "far again", 2'000'000'000);
+  MemoryMeter const meter;
+  OmDimHeader const& header = Header();
+  EXPECT_LT(meter.Peak(), 1U << 20);
+  EXPECT_EQ(header.FindPosition(5), 1U);
+  EXPECT_EQ(header.FindPosition(2'000'000'000), 3U);
+  EXPECT_EQ(header.FindPosition((1UL << 31) - 1), 2U);
+  for (unsigned long const other :
+       {0UL, 4UL, 6UL, 1'999'999'999UL, 2'000'000'001UL, 1UL << 31, (1UL << 32) + 5, ~0UL}) {
+    EXPECT_EQ(header.FindPosition(other), OmDimHeader::kNoPosition) << other;
+  }
 }
 
 TEST_F(OmDimHeaderTest, GivesASubscriptBeyondAnyCellAPositionButNoSlot) {

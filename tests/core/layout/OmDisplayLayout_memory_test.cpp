@@ -147,3 +147,43 @@ TEST_F(OmDisplayLayoutMemory, RunsOutWithoutALeakInEveryList) {
   };
   EXPECT_GT(FailEveryAllocation(queries, [] {}), 0U);
 }
+
+// The dense search keeps sets for what it found no cell of yet.
+
+TEST(OmDisplayLayoutSearchMemory, FollowsTheLeavesAndNotTheirSubscripts) {
+  Table table;
+  table.AddFlat("C", 2);
+  OmDimension& far = table.AddFlat("B", 1);
+  Category(far, far.Root(), "far", 1'000'000);
+  far.setCategoryCount(2);
+  table.AddFlat("A", 2000);
+  table.AddFlat("O", 2);
+  table.Place({2, 1, 0}, {3});
+  for (int a = 0; a < 2000; ++a) {
+    table.Put({0, 0, a, 0});
+  }
+  OmDisplayLayerHeading layers(table, false);
+  layers.NextLayer();
+  MemoryMeter const meter;
+  OmDisplayRowHeading const rows(layers, true, true);
+  EXPECT_LT(meter.Peak(), 2U << 20);
+  EXPECT_EQ(rows.NRows(), 2000);
+}
+
+TEST(OmDisplayLayoutSearchMemory, FollowsTheCellsAndNotTheCombinations) {
+  Table table;
+  table.AddFlat("C", 1);
+  table.AddFlat("B", 3000);
+  table.AddFlat("A", 3000);
+  table.AddFlat("O", 1);
+  table.Place({2, 1, 0}, {3});
+  for (int cell = 0; cell < 100'000; ++cell) {
+    table.Put({0, cell * 89 % 3000, cell / 34 % 3000, 0});
+  }
+  OmDisplayLayerHeading layers(table, false);
+  layers.NextLayer();
+  MemoryMeter const meter;
+  OmDisplayRowHeading const rows(layers, true, true);
+  EXPECT_LT(meter.Peak(), 10U << 20);
+  EXPECT_GT(rows.NRows(), 90'000);
+}
