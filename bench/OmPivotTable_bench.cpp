@@ -5,6 +5,7 @@
 #include <string>
 #include <sys/resource.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 #if LAKRESVOS_HAS_ABSEIL
@@ -24,7 +25,7 @@
 
 // The life of a table of numbers: every cell is written, all are read in a random order, and as many
 // positions without one, all are walked, with their subscripts in the caller's vector, and the table is
-// destroyed.
+// destroyed. Further, all cells of a table are deleted, one by one.
 
 namespace {
 
@@ -177,6 +178,35 @@ void RegisterShape(Shape shape) {
   RegisterStructures({shape, cells.Shuffled(4), read, absent});
 }
 
+template <class Structure>
+void RegisterDeletion(std::string const& name, Shape const& shape, CellSet const& order) {
+  Register(name, [shape, order](benchmark::State& state) {
+    Structure structure(shape);
+    auto index = order.Index();
+    WriteAll(structure, CellSet::Of(shape));
+    state.counters["delete ns"] = NanosecondsEach(order.Size(), [&] {
+      for (std::size_t i = 0; i < order.Size(); ++i) {
+        order.Get(i, index);
+        structure.Delete(index);
+      }
+    });
+  });
+}
+
+void RegisterDeletions(Shape const& shape) {
+  CellSet const cells = CellSet::Of(shape);
+  for (auto const& [name, order] : {std::pair(shape.name + "/in order/", cells),
+                                    std::pair(shape.name + "/shuffled/", cells.Shuffled(5))}) {
+    RegisterDeletion<LakresvosTable>(name + "lakresvos", shape, order);
+#if LAKRESVOS_HAS_ABSEIL
+    RegisterDeletion<FlatMap<AbseilMap>>(name + "Abseil flat map", shape, order);
+#endif
+#if LAKRESVOS_HAS_BOOST_FLAT_MAP
+    RegisterDeletion<FlatMap<BoostMap>>(name + "Boost flat map", shape, order);
+#endif
+  }
+}
+
 /// Far too few cells for what their subscripts span.
 void RegisterDiagonal(int n) {
   Shape const shape{"diagonal/in order", {n, n}, n};
@@ -204,4 +234,5 @@ void RegisterWorkload(bool quick) {
   RegisterShape({"200x200x50x20 at 1 %", {200 / part, 200, 50, 20}, 100});
   RegisterShape({"100000x100 at 1 %", {100000 / part, 100}, 100});
   RegisterDiagonal(quick ? 10'000 : 1'000'000);
+  RegisterDeletions({"100000 deleted", {100000 / part}});
 }

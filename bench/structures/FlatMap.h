@@ -30,6 +30,9 @@ class FlatMap {
     return found != cells_.end() ? found->second->Value() : 0;
   }
 
+  /// The cell itself stays in the arena.
+  void Delete(std::vector<int> const& index) { cells_.erase(Pack(index)); }
+
   template <class Visit>
   void Walk(std::vector<int>& index, Visit const& visit) const {
     std::vector<std::pair<std::uint64_t, PlainCell const*>> entries(cells_.begin(), cells_.end());

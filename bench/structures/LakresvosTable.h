@@ -27,6 +27,8 @@ class LakresvosTable {
     return cell != nullptr ? static_cast<OmNumber const*>(cell)->Value() : 0;
   }
 
+  void Delete(std::vector<int> const& index) { table_.deleteCell(index); }
+
   template <class Visit>
   void Walk(std::vector<int>& index, Visit const& visit) const {
     for (auto at = table_.FirstCell(); at.Cell() != nullptr; ++at) {
