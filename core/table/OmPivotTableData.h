@@ -97,16 +97,11 @@ struct OmPivotTable::Data : OmMemoryRegion {
     if (node == nullptr || at == first) {
       return nullptr;
     }
-    for (;;) {
-      void* const entry = node->Entry(static_cast<unsigned int>(*--at));
-      if (at == first) {
-        return static_cast<OmCellText*>(entry);
-      }
-      if (!PointerVector::MayHave(entry, static_cast<unsigned int>(at[-1]))) {
-        return nullptr;
-      }
-      node = PointerVector::FromEntry(entry);
+    void* entry = node->Entry(static_cast<unsigned int>(*--at));
+    while (at != first) {
+      entry = PointerVector::Look(entry, static_cast<unsigned int>(*--at));
     }
+    return static_cast<OmCellText*>(entry);
   }
 
   /// Puts a bound copy of `value` into the store; for null, a null entry. The cell that was there

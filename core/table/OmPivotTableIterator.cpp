@@ -39,6 +39,7 @@ void* OmPivotTable::Iterator::Data::Move(unsigned long from, unsigned long targe
       continue;
     }
     levels[at].index = found.position;
+    levels[at].node->PrefetchAfter(found.position, at == 0);
     // Down to the level asked for, unless a branch turns out to be empty.
     while (at != target) {
       PointerVector* const node = PointerVector::FromEntry(found.entry);

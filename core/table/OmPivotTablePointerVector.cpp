@@ -1,11 +1,10 @@
 #include "table/OmPivotTablePointerVector.h"
 
 #include <algorithm>
+#include <bit>
 #include <iterator>
 #include <limits>
 #include <new>
-
-#include "table/OmStorePage.h"
 
 namespace {
 
@@ -14,33 +13,36 @@ using Node = OmPivotTable::PointerVector;
 constexpr std::uint32_t kNoPosition = std::numeric_limits<std::uint32_t>::max();
 
 /// How many entries a list has room for as it grows: each fills a block of the region.
-constexpr unsigned long kListRooms[] = {2, 4, 8, 12, 20, 36};
+constexpr unsigned long kListRooms[] = {2, 4, 8, 16, 36};
 constexpr unsigned long kMaxList = 36;
 
 /// Entries that begin a node this low are probably followed by the next ones.
 constexpr unsigned long kFirstSlots = 4;
 
-// A node becomes dense when a quarter of it is filled and stays so down to a sixteenth: what takes
-// entries out and puts others in does not rebuild it each time.
-constexpr unsigned long kSlotsToBecomeDense = 4;
-constexpr unsigned long kSlotsToGrowDense = 8;
+// A node becomes dense when a quarter of it is filled, from eight entries on an eighth, and stays so
+// down to a sixteenth: what takes entries out and puts others in does not rebuild it each time.
+constexpr unsigned long kFewEntries = 8;
+constexpr unsigned long kSlotsForFew = 4;
+constexpr unsigned long kSlotsForMore = 8;
 constexpr unsigned long kSlotsToStayDense = 16;
 constexpr unsigned long kAlwaysDense = 16;
 
-constexpr unsigned long kPlaces = OmStorePage::kPlaces;
+// How many entries a page has on average: when it is made, when pages have become too long, and by
+// how many the pages may outnumber the entries.
+constexpr unsigned long kEntriesInPage = 4;
+constexpr unsigned long kMostInPage = 8;
+constexpr unsigned long kPagesPerEntry = 2;
+constexpr unsigned long kPagesToKeep = 8;
 
-OmStorePage* AsPage(void* entry) {
-  return static_cast<OmStorePage*>(entry);
+/// Whether a node of `size` entries is to be dense when `filled` of them are not null.
+bool IsFullEnough(unsigned long size, unsigned long filled) {
+  return size <= (filled <= kFewEntries ? kSlotsForFew : kSlotsForMore) * filled;
 }
 
-unsigned int GetPlace(unsigned long position) {
-  return static_cast<unsigned int>(position % kPlaces);
-}
-
-/// For how many slots a dense node of `size` entries that had room for `room` gets memory. Up to
-/// where it will probably be filled it grows in large steps, but not past that.
-unsigned long ChooseRoom(unsigned long size, unsigned long room, unsigned long expected) {
-  unsigned long const step = size <= expected ? std::min(expected, 4 * room + 6) : 2 * room + 2;
+/// For how many slots a dense node of `size` entries that had `slots` gets memory. Up to where it
+/// will probably be filled it grows in large steps, but not past that.
+unsigned long ChooseSlots(unsigned long size, unsigned long slots, unsigned long expected) {
+  unsigned long const step = size <= expected ? std::min(expected, 4 * slots + 6) : 2 * slots + 2;
   return std::max(size, step);
 }
 
@@ -55,9 +57,9 @@ unsigned long FindListRoom(unsigned long count) {
 
 Node* Node::MakeDense(OmMemoryRegion& region, unsigned long slots, unsigned long size) {
   auto* const node = ::new (region.Allocate(sizeof(Node) + slots * sizeof(void*))) Node;
-  node->room_ = static_cast<std::uint32_t>(slots);
-  node->slots_ = node->size_ = static_cast<std::uint32_t>(size);
-  std::fill_n(node->Slots(), size, nullptr);
+  node->slots_ = static_cast<std::uint32_t>(slots);
+  node->size_ = static_cast<std::uint32_t>(size);
+  std::fill_n(node->Slots(), slots, nullptr);
   return node;
 }
 
@@ -72,9 +74,9 @@ Node* Node::MakeList(OmMemoryRegion& region, unsigned long room, unsigned long s
   return node;
 }
 
-Node* Node::MakePaged(OmMemoryRegion& region, unsigned long size) {
-  auto* const node = ::new (region.Allocate(sizeof(Node) + sizeof(Node*))) Node;
-  node->room_ = kPaged;
+Node* Node::MakePaged(OmMemoryRegion& region, unsigned long size, unsigned long filled) {
+  auto* const node = ::new (region.Allocate(sizeof(Node) + sizeof(void*))) Node;
+  node->room_ = kPaged + static_cast<std::uint32_t>(std::bit_width(kEntriesInPage * size / filled));
   node->size_ = static_cast<std::uint32_t>(size);
   node->Directory() = nullptr;
   return node;
@@ -88,10 +90,10 @@ Node* Node::Make(OmMemoryRegion& region, unsigned long position, void* entry) {
 
 void Node::Release(Node* node) {
   if (node != nullptr && node->IsPaged() && node->Directory() != nullptr) {
-    Node* const directory = node->Directory();
+    Node* const directory = FromEntry(node->Directory());
     for (Found page = directory->FirstFrom(0); page.entry != nullptr;
          page = directory->FirstFrom(page.position + 1)) {
-      OmMemoryRegion::Release(page.entry);
+      Release(FromEntry(page.entry));
     }
     Release(directory);
   }
@@ -101,14 +103,17 @@ void Node::Release(Node* node) {
 // Reading
 
 void* Node::AsEntry() {
-  std::uintptr_t hints = (std::uintptr_t{1} << kHints) - 1;
-  if (HasHints()) {
-    hints = 0;
+  std::uintptr_t says = kMost;
+  if (IsDense()) {
+    says = std::min<std::uintptr_t>(slots_, kMost);
+  } else if (!IsPaged()) {
+    says = 0;
     for (std::uint32_t i = 0; i != filled_; ++i) {
-      hints |= std::uintptr_t{1} << (Keys()[i] % kHints);
+      says |= std::uintptr_t{1} << (Keys()[i] % kHints);
     }
   }
-  return reinterpret_cast<void*>(reinterpret_cast<std::uintptr_t>(this) | hints << kAddressBits);
+  return reinterpret_cast<void*>(reinterpret_cast<std::uintptr_t>(this) | says << kAddressBits |
+                                 (IsDense() ? kDenseEntry : 0));
 }
 
 std::uint32_t Node::Rank(unsigned long position) const {
@@ -128,7 +133,7 @@ void* Node::FindEntry(unsigned long position) const {
     return nullptr;
   }
   if (IsPaged()) {
-    return FindInPages(position);
+    return Look(Look(Directory(), FindPage(position)), FindPlace(position));
   }
   // Without a branch, for nobody can predict where the search ends, and a wrong guess would wait
   // for memory while the next reads could be loading theirs. Past the last entry, where keys are
@@ -138,7 +143,7 @@ void* Node::FindEntry(unsigned long position) const {
   std::uint32_t const at = rank < room_ ? rank : 0;
   auto const found =
       std::uintptr_t{0} - (inside & static_cast<std::uintptr_t>(Keys()[at] == position));
-  return reinterpret_cast<void*>(reinterpret_cast<std::uintptr_t>(Listed()[at]) & found);
+  return reinterpret_cast<void*>(AsBits(Listed()[at]) & found);
 }
 
 void** Node::FindSparseSlot(unsigned long position) {
@@ -146,21 +151,11 @@ void** Node::FindSparseSlot(unsigned long position) {
     return nullptr;
   }
   if (IsPaged()) {
-    OmStorePage* const page = FindPage(position);
-    return page != nullptr && page->Has(GetPlace(position)) ? page->FindSlot(GetPlace(position))
-                                                            : nullptr;
+    Node* const page = FromEntry(Look(Directory(), FindPage(position)));
+    return page != nullptr ? page->FindSlot(FindPlace(position)) : nullptr;
   }
   std::uint32_t const rank = Rank(position);
   return rank < filled_ && Keys()[rank] == position ? &Listed()[rank] : nullptr;
-}
-
-OmStorePage* Node::FindPage(unsigned long position) const {
-  return Directory() != nullptr ? AsPage(Directory()->Entry(position / kPlaces)) : nullptr;
-}
-
-void* Node::FindInPages(unsigned long position) const {
-  OmStorePage const* const page = FindPage(position);
-  return page != nullptr ? page->Entry(GetPlace(position)) : nullptr;
 }
 
 Node::Found Node::SearchFrom(unsigned long position) const {
@@ -168,10 +163,10 @@ Node::Found Node::SearchFrom(unsigned long position) const {
     return SearchPages(position);
   }
   if (IsDense()) {
-    while (position < slots_ && Slots()[position] == nullptr) {
+    while (position < size_ && Slots()[position] == nullptr) {
       ++position;
     }
-    return position < slots_ ? Found{position, Slots()[position]} : Found();
+    return position < size_ ? Found{position, Slots()[position]} : Found();
   }
   std::uint32_t const rank = Rank(position);
   return rank < filled_ ? Found{Keys()[rank], Listed()[rank]} : Found();
@@ -181,41 +176,136 @@ Node::Found Node::SearchPages(unsigned long position) const {
   if (Directory() == nullptr || position >= size_) {
     return {};
   }
-  Found found = Directory()->FirstFrom(position / kPlaces);
-  unsigned int place = found.position == position / kPlaces ? GetPlace(position) : 0;
-  while (found.entry != nullptr) {
-    OmStorePage* const page = AsPage(found.entry);
-    place = page->FirstFrom(place);
-    if (place < kPlaces) {
-      return {found.position * kPlaces + place, *page->FindSlot(place)};
+  Node const* const directory = FromEntry(Directory());
+  Found page = directory->FirstFrom(FindPage(position));
+  unsigned long place = page.position == FindPage(position) ? FindPlace(position) : 0;
+  for (; page.entry != nullptr; page = directory->FirstFrom(page.position + 1), place = 0) {
+    Found const found = FromEntry(page.entry)->FirstFrom(place);
+    if (found.entry != nullptr) {
+      if (place == 0) {
+        directory->PrefetchAfter(page.position, false);
+      }
+      return {(page.position << PageBits()) + found.position, found.entry};
     }
-    found = Directory()->FirstFrom(found.position + 1);
-    place = 0;
   }
   return {};
+}
+
+void Node::PrefetchFirst(Node const* node) {
+  if (node != nullptr && node->filled_ != 0 && !node->IsPaged()) {
+    void* const* const entries = node->IsDense() ? node->Slots() : node->Listed();
+    __builtin_prefetch(FromEntry(entries[0]));
+    if (node->filled_ != 1) {
+      __builtin_prefetch(FromEntry(entries[1]));
+    }
+  }
 }
 
 // Changing
 
 Node* Node::Set(unsigned long position, void* entry, unsigned long expected) {
-  if (void** const slot = FindSlot(position)) {
-    if (entry == nullptr) {
-      return *slot != nullptr ? Remove(position) : this;
-    }
-    filled_ += static_cast<std::uint32_t>(*slot == nullptr);
-    *slot = entry;
-    return this;
-  }
-  if (entry == nullptr && (position < size_ || !IsDense())) {
-    size_ = std::max(size_, static_cast<std::uint32_t>(position + 1));
-    return this;
+  if (position < slots_) {
+    return SetSlot(position, entry);
   }
   if (IsDense()) {
     return AddToDense(position, entry, expected);
   }
-  return IsPaged() ? AddToPages(position, entry, expected) : AddToList(position, entry, expected);
+  return IsPaged() ? SetInPages(position, entry, expected) : SetInList(position, entry, expected);
 }
 
+Node* Node::SetSlot(unsigned long position, void* entry) {
+  void*& slot = Slots()[position];
+  bool const removes = slot != nullptr && entry == nullptr;
+  filled_ += static_cast<std::uint32_t>(slot == nullptr && entry != nullptr);
+  filled_ -= static_cast<std::uint32_t>(removes);
+  slot = entry;
+  size_ = std::max(size_, static_cast<std::uint32_t>(position + 1));
+  return removes ? Shrink() : this;
+}
+
+Node* Node::SetInList(unsigned long position, void* entry, unsigned long expected) {
+  std::uint32_t const rank = Rank(position);
+  bool const has = rank < filled_ && Keys()[rank] == position;
+  if (!has && entry != nullptr) {
+    return AddToList(rank, position, entry, expected);
+  }
+  size_ = std::max(size_, static_cast<std::uint32_t>(position + 1));
+  if (has && entry != nullptr) {
+    Listed()[rank] = entry;
+  } else if (has) {
+    --filled_;
+    std::copy(Listed() + rank + 1, Listed() + filled_ + 1, Listed() + rank);
+    std::copy(Keys() + rank + 1, Keys() + filled_ + 1, Keys() + rank);
+    Keys()[filled_] = kNoPosition;
+  }
+  return this;
+}
+
+Node* Node::SetInPages(unsigned long position, void* entry, unsigned long expected) {
+  OmMemoryRegion& region = *OmMemoryRegion::FindOwner(this);
+  unsigned long const size = std::max(static_cast<unsigned long>(size_), position + 1);
+  bool const grows = entry != nullptr && position >= size_;
+  if (grows && FindPage(position) > kPagesPerEntry * (filled_ + 1UL)) {
+    return MoveTo(MakePaged(region, size, filled_ + 1UL), position, entry);
+  }
+  Node* const directory = FromEntry(Directory());
+  void** const slot = directory != nullptr ? directory->FindSlot(FindPage(position)) : nullptr;
+  if (slot != nullptr && *slot != nullptr) {
+    SetInPage(*slot, position, entry);
+  } else if (entry != nullptr) {
+    AddPage(region, position, entry);
+  }
+  size_ = static_cast<std::uint32_t>(size);
+  if (entry == nullptr) {
+    return Shrink();
+  }
+  bool const full = IsFullEnough(size, filled_);
+  if (!full && filled_ <= kMostInPage * (FindPage(size) + 1)) {
+    return this;
+  }
+  try {
+    return MoveTo(full ? MakeDense(region, ChooseSlots(size, size / 2, expected), size)
+                       : MakePaged(region, size, filled_),
+                  position, entry);
+  } catch (std::bad_alloc const&) {
+    return this;  // as good, but slower
+  }
+}
+
+/// Sets an entry of the page that `slot` leads to. A page that is empty then goes.
+void Node::SetInPage(void*& slot, unsigned long position, void* entry) {
+  Node* const page = FromEntry(slot);
+  unsigned long const place = FindPlace(position);
+  if (entry == nullptr && page->Entry(place) == nullptr) {
+    return;
+  }
+  std::uint32_t const before = page->filled_;
+  Node* const changed = page->Set(place, entry);
+  filled_ += changed->filled_ - before;
+  slot = changed == page ? WithPosition(slot, place) : changed->AsEntry();
+  if (changed->filled_ == 0) {
+    Directory() = FromEntry(Directory())->Set(FindPage(position), nullptr)->AsEntry();
+    Release(changed);
+  }
+}
+
+/// Adds a page with its first entry.
+void Node::AddPage(OmMemoryRegion& region, unsigned long position, void* entry) {
+  Node* const page = Make(region, FindPlace(position), entry);
+  Node* directory = FromEntry(Directory());
+  unsigned long const number = FindPage(position);
+  try {
+    directory = directory != nullptr ? directory->Set(number, page->AsEntry(), FindPage(size_) + 1)
+                                     : Make(region, number, page->AsEntry());
+  } catch (...) {
+    Release(page);
+    throw;
+  }
+  Directory() = directory->AsEntry();
+  ++filled_;
+}
+
+/// The entries of this node and one more in `fresh`, which takes this node's place.
 Node* Node::MoveTo(Node* fresh, unsigned long position, void* entry) {
   try {
     for (Found found = FirstFrom(0); found.entry != nullptr;
@@ -235,113 +325,67 @@ Node* Node::AddToDense(unsigned long position, void* entry, unsigned long expect
   OmMemoryRegion& region = *OmMemoryRegion::FindOwner(this);
   unsigned long const size = position + 1;
   unsigned long const filled = filled_ + (entry != nullptr ? 1UL : 0UL);
-  if (size > std::max(kSlotsToGrowDense * filled, kAlwaysDense)) {
-    return MoveTo(
-        filled <= kMaxList ? MakeList(region, FindListRoom(filled), size) : MakePaged(region, size),
-        position, entry);
+  if (size > std::max(kSlotsForMore * filled, kAlwaysDense)) {
+    return MoveTo(filled <= kMaxList ? MakeList(region, FindListRoom(filled), size)
+                                     : MakePaged(region, size, filled),
+                  position, entry);
   }
-  Node* node = this;
-  if (size > room_) {
-    node = MakeDense(region, ChooseRoom(size, room_, expected), slots_);
-    std::copy_n(Slots(), slots_, node->Slots());
-    Release(this);
-  }
-  std::fill(node->Slots() + node->slots_, node->Slots() + position, nullptr);
+  Node* const node = MakeDense(region, ChooseSlots(size, slots_, expected), size);
+  std::copy_n(Slots(), size_, node->Slots());
   node->Slots()[position] = entry;
-  node->slots_ = node->size_ = static_cast<std::uint32_t>(size);
   node->filled_ = static_cast<std::uint32_t>(filled);
+  Release(this);
   return node;
 }
 
-Node* Node::AddToList(unsigned long position, void* entry, unsigned long expected) {
-  OmMemoryRegion& region = *OmMemoryRegion::FindOwner(this);
+/// Adds an entry of which `rank` others come before.
+Node* Node::AddToList(std::uint32_t rank, unsigned long position, void* entry,
+                      unsigned long expected) {
   unsigned long const size = std::max<unsigned long>(size_, position + 1);
   Node* node = this;
   if (filled_ == room_) {
-    unsigned long const slots = room_ < kMaxList ? kSlotsToBecomeDense : kSlotsToGrowDense;
-    if (size <= slots * (filled_ + 1)) {
-      return MoveTo(MakeDense(region, ChooseRoom(size, size / 2, expected), size), position, entry);
+    OmMemoryRegion& region = *OmMemoryRegion::FindOwner(this);
+    if (IsFullEnough(size, filled_ + 1UL)) {
+      return MoveTo(MakeDense(region, ChooseSlots(size, size / 2, expected), size), position,
+                    entry);
     }
     if (filled_ == kMaxList) {
-      return MoveTo(MakePaged(region, size), position, entry);
+      return MoveTo(MakePaged(region, size, filled_ + 1UL), position, entry);
     }
     node = MakeList(region, FindListRoom(filled_ + 1), size);
-    node->filled_ = filled_;
-    std::copy_n(Listed(), filled_, node->Listed());
-    std::copy_n(Keys(), filled_, node->Keys());
+    for (std::uint32_t i = 0; i != rank; ++i) {
+      node->Keys()[i] = Keys()[i];
+      node->Listed()[i] = Listed()[i];
+    }
+  }
+  // Lists are short, too short for a call of the library that moves memory.
+  for (std::uint32_t i = filled_; i != rank; --i) {
+    node->Keys()[i] = Keys()[i - 1];
+    node->Listed()[i] = Listed()[i - 1];
+  }
+  node->Keys()[rank] = static_cast<std::uint32_t>(position);
+  node->Listed()[rank] = entry;
+  node->filled_ = filled_ + 1;
+  node->size_ = static_cast<std::uint32_t>(size);
+  if (node != this) {
     Release(this);
   }
-  void** const entries = node->Listed();
-  std::uint32_t* const keys = node->Keys();
-  std::uint32_t const rank = node->Rank(position);
-  std::uint32_t const count = node->filled_;
-  std::copy_backward(entries + rank, entries + count, entries + count + 1);
-  std::copy_backward(keys + rank, keys + count, keys + count + 1);
-  entries[rank] = entry;
-  keys[rank] = static_cast<std::uint32_t>(position);
-  node->filled_ = count + 1;
-  node->size_ = static_cast<std::uint32_t>(size);
   return node;
 }
 
-Node* Node::AddToPages(unsigned long position, void* entry, unsigned long expected) {
-  OmMemoryRegion& region = *OmMemoryRegion::FindOwner(this);
-  unsigned long const size = std::max<unsigned long>(size_, position + 1);
-  if (size <= kSlotsToBecomeDense * (filled_ + 1UL)) {
-    return MoveTo(MakeDense(region, ChooseRoom(size, size / 2, expected), size), position, entry);
-  }
-  unsigned long const key = position / kPlaces;
-  Node*& directory = Directory();
-  void** const slot = directory != nullptr ? directory->FindSlot(key) : nullptr;
-  if (slot != nullptr && *slot != nullptr) {
-    *slot = AsPage(*slot)->Insert(GetPlace(position), entry);
-  } else {
-    OmStorePage* const page = OmStorePage::Make(region, GetPlace(position), entry);
-    try {
-      directory = directory != nullptr ? directory->Set(key, page, expected / kPlaces + 1)
-                                       : Make(region, key, page);
-    } catch (...) {
-      OmMemoryRegion::Release(page);
-      throw;
-    }
-  }
-  ++filled_;
-  size_ = static_cast<std::uint32_t>(size);
-  return this;
-}
-
-Node* Node::Remove(unsigned long position) {
-  --filled_;
-  if (IsDense()) {
-    Slots()[position] = nullptr;
-  } else if (IsPaged()) {
-    void** const slot = Directory()->FindSlot(position / kPlaces);
-    OmStorePage* const page = AsPage(*slot)->Erase(GetPlace(position));
-    if (page != nullptr) {
-      *slot = page;
-    } else {
-      Directory() = Directory()->Set(position / kPlaces, nullptr);
-    }
-  } else {
-    std::uint32_t const rank = Rank(position);
-    std::copy(Listed() + rank + 1, Listed() + filled_ + 1, Listed() + rank);
-    std::copy(Keys() + rank + 1, Keys() + filled_ + 1, Keys() + rank);
-    Keys()[filled_] = kNoPosition;
-  }
-  return Shrink();
-}
-
+/// Another form where so few entries are left that they take too much memory in this one.
 Node* Node::Shrink() {
+  bool const few = filled_ <= kMaxList / 2;
   bool const sparse = IsDense() ? size_ > std::max(kSlotsToStayDense * filled_, kAlwaysDense)
-                                : IsPaged() && filled_ <= kMaxList / 2;
+                                : few || FindPage(size_) > kPagesToKeep * filled_;
   if (!sparse) {
     return this;
   }
   try {
     OmMemoryRegion& region = *OmMemoryRegion::FindOwner(this);
-    return MoveTo(filled_ <= kMaxList / 2 ? MakeList(region, FindListRoom(filled_), size_)
-                                          : MakePaged(region, size_),
-                  size_ - 1, Entry(size_ - 1));
+    return MoveTo(
+        few ? MakeList(region, FindListRoom(filled_), size_) : MakePaged(region, size_, filled_),
+        size_ - 1, Entry(size_ - 1));
   } catch (std::bad_alloc const&) {
     return this;
   }

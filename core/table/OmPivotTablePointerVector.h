@@ -1,12 +1,11 @@
 #ifndef LAKRESVOS_CORE_TABLE_OMPIVOTTABLEPOINTERVECTOR_H
 #define LAKRESVOS_CORE_TABLE_OMPIVOTTABLEPOINTERVECTOR_H
 
+#include <algorithm>
 #include <cstdint>
 
 #include <cells/OmMemoryRegion.h>
 #include <lakresvos/OmPivotTable.h>
-
-class OmStorePage;
 
 /// One node of the cell store: entries at positions from 0 on, each of them null, a node of the next
 /// level (see FromEntry()) or, at the bottom, a cell.
@@ -14,24 +13,28 @@ class OmStorePage;
 /// To whoever asks, a node is a vector of pointers that is as long as the largest position written.
 /// It keeps them in the form that suits their number:
 ///
-/// - dense, a slot per position, while at least every eighth or so holds something: one test and one
-///   step lead to the entry, so that a full table is read like an array;
+/// - dense, a slot per position, while at least every eighth or so holds something: a step leads to
+///   the entry, so that a full table is read like an array;
 /// - a list, the positions in order and then their entries, while there are at most 36: most nodes
 ///   of a sparse table have two or three;
-/// - paged in between: OmStorePages of 64 positions, in a directory that is such a node itself and
-///   therefore sparse where the pages are.
+/// - paged in between: nodes for equal stretches of positions, in a directory that is a node too.
+///   Pages are as long as suits the number of entries, a few for each, so that the directory is
+///   never much longer than that number; where entries crowd, a page is dense or paged itself.
 ///
 /// Why all this: a table of a few dimensions has millions of combinations, of which one per cent
 /// is used or all of them are, and nobody says beforehand. A vector alone needs memory for the
 /// largest subscript in each branch; a hash table alone has no order and costs as much for each cell
 /// of a full table as for one of an empty.
 ///
-/// Why hints in the entries of nodes: reading an index without a cell, which a renderer does for each
-/// empty place, would else end with a look at a node that nothing has been loaded of yet.
+/// Why entries that lead to nodes say more than where they are (see Look()): a random read waits for
+/// memory at each step. The entry of a dense node says how many slots it has, so that the read goes
+/// to the slot without a look at the node's header, and that of a list which positions it may have,
+/// so that reading an index without a cell, which a renderer does for each empty place, mostly ends
+/// before the list.
 ///
-/// The slots lie in the node's own block, after its header: a step down the tree loads one line of
-/// memory instead of two. A node that needs another form or more room therefore moves, and what
-/// changes a node returns where it is now, for the caller to put into the entry above.
+/// The slots lie in the node's own block, after its header. A node that needs another form or more
+/// room therefore moves, and what changes a node returns where it is now, for the caller to put into
+/// the entry above.
 struct OmPivotTable::PointerVector {
  public:
   /// An entry and where it is.
@@ -52,21 +55,34 @@ struct OmPivotTable::PointerVector {
 
   /// The node that an entry above the bottom leads to; null for null.
   static PointerVector* FromEntry(void* entry) {
-    return reinterpret_cast<PointerVector*>(reinterpret_cast<std::uintptr_t>(entry) & kAddress);
+    return reinterpret_cast<PointerVector*>(AsBits(entry) & kAddress);
+  }
+
+  /// The entry at `position` of the node that `entry` leads to; null for null.
+  static void* Look(void* entry, unsigned long position) {
+    std::uintptr_t const bits = AsBits(entry);
+    if ((bits & kDenseEntry) != 0 && position < bits >> kAddressBits) {
+      return FromEntry(entry)->Slots()[position];
+    }
+    return MayHave(entry, position) ? FromEntry(entry)->Entry(position) : nullptr;
   }
 
   /// Whether the node that `entry` leads to may have an entry that is not null at `position`. Tells
   /// without a look at the node: false for null, and mostly for a list that has none there.
   static bool MayHave(void* entry, unsigned long position) {
-    return (reinterpret_cast<std::uintptr_t>(entry) >> (kAddressBits + position % kHints) & 1) != 0;
+    std::uintptr_t const bits = AsBits(entry);
+    return (bits & kDenseEntry) != 0 || (bits >> (kAddressBits + position % kHints) & 1) != 0;
   }
 
-  /// This node as the entry of the node above. It says which positions the node may have.
+  /// This node as the entry of the node above, with what Look() takes from it.
   void* AsEntry();
 
-  /// Whether AsEntry() says more than that the node may have any position, and has to be asked again
-  /// after each change.
-  bool HasHints() const { return !IsDense() && !IsPaged(); }
+  /// The entry of a node that stayed where it was when an entry was added at `position`.
+  static void* WithPosition(void* entry, unsigned long position) {
+    std::uintptr_t const hint = std::uintptr_t{1} << (kAddressBits + position % kHints);
+    std::uintptr_t const bits = AsBits(entry);
+    return reinterpret_cast<void*>((bits & kDenseEntry) != 0 ? bits : bits | hint);
+  }
 
   /// The number of entries, null or not.
   unsigned long size() const { return size_; }
@@ -94,15 +110,23 @@ struct OmPivotTable::PointerVector {
   }
 
   /// Whether `position` is the next one of a dense node that has room for it.
-  bool CanAppend(unsigned long position) const {
-    return position == slots_ && position < room_ && IsDense();
-  }
+  bool CanAppend(unsigned long position) const { return position == size_ && position < slots_; }
 
   /// Makes `entry`, which is not null, the next entry. Requires: CanAppend(size()).
   void Append(void* entry) {
-    Slots()[slots_++] = entry;
-    ++size_;
+    Slots()[size_++] = entry;
     ++filled_;
+  }
+
+  /// Has memory load what a walk will want some steps after `position`: in a dense node of cells a
+  /// cell, in one of nodes a node and the first cells of another.
+  void PrefetchAfter(unsigned long position, bool leadsToCells) const {
+    if (position + kFarAhead < slots_) {
+      __builtin_prefetch(FromEntry(Slots()[position + kFarAhead]));
+      if (!leadsToCells) {
+        PrefetchFirst(FromEntry(Slots()[position + kNearAhead]));
+      }
+    }
   }
 
   /// Makes `entry`, which may be null, the entry at `position`, after null entries where the node
@@ -113,22 +137,30 @@ struct OmPivotTable::PointerVector {
   [[nodiscard]] PointerVector* Set(unsigned long position, void* entry, unsigned long expected = 0);
 
  private:
-  static constexpr std::uint32_t kPaged = 0xFFFFFFFF;
+  static constexpr std::uint32_t kPaged = 0xFFFFFF00;
 
-  // Regions have no addresses of more than 48 bits. The upper 16 of an entry are hints: one for
-  // each remainder of the positions that the node below has.
+  // Regions have no addresses of more than 48 bits, and blocks start where 16 divides the address.
+  // That leaves the upper 16 bits of an entry: of a dense node the number of its slots, as far as it
+  // fits; of a list a hint for each remainder of the positions that it has.
   static constexpr unsigned int kAddressBits = 48;
   static constexpr unsigned int kHints = 16;
-  static constexpr std::uintptr_t kAddress = (std::uintptr_t{1} << kAddressBits) - 1;
+  static constexpr std::uintptr_t kMost = 0xFFFF;
+  static constexpr std::uintptr_t kDenseEntry = 1;
+  static constexpr std::uintptr_t kAddress = (std::uintptr_t{1} << kAddressBits) - 16;
+
+  static constexpr unsigned long kNearAhead = 4;
+  static constexpr unsigned long kFarAhead = 8;
 
   PointerVector() = default;
 
+  static std::uintptr_t AsBits(void* entry) { return reinterpret_cast<std::uintptr_t>(entry); }
+
   static PointerVector* MakeDense(OmMemoryRegion& region, unsigned long slots, unsigned long size);
   static PointerVector* MakeList(OmMemoryRegion& region, unsigned long room, unsigned long size);
-  static PointerVector* MakePaged(OmMemoryRegion& region, unsigned long size);
+  static PointerVector* MakePaged(OmMemoryRegion& region, unsigned long size, unsigned long filled);
 
   bool IsDense() const { return slots_ != 0; }
-  bool IsPaged() const { return room_ == kPaged && !IsDense(); }
+  bool IsPaged() const { return room_ >= kPaged; }
 
   void** Slots() { return reinterpret_cast<void**>(this + 1); }
   void* const* Slots() const { return reinterpret_cast<void* const*>(this + 1); }
@@ -149,33 +181,42 @@ struct OmPivotTable::PointerVector {
   /// Of a list: the number of entries before `position`.
   std::uint32_t Rank(unsigned long position) const;
 
-  /// Of a paged node: its directory, whose entries are OmStorePages.
-  PointerVector*& Directory() { return *reinterpret_cast<PointerVector**>(Slots()); }
-  PointerVector const* Directory() const {
-    return *reinterpret_cast<PointerVector* const*>(Slots());
+  /// Of a paged node: how many bits of a position say where in its page it is. The others are the
+  /// number of the page.
+  unsigned int PageBits() const { return room_ - kPaged; }
+  unsigned long FindPage(unsigned long position) const { return position >> PageBits(); }
+  unsigned long FindPlace(unsigned long position) const {
+    return position & ((1UL << PageBits()) - 1);
   }
 
+  /// Of a paged node: the entry that leads to its directory, whose entries lead to its pages.
+  void*& Directory() { return Slots()[0]; }
+  void* Directory() const { return Slots()[0]; }
+
+  static void PrefetchFirst(PointerVector const* node);
+
   void* FindEntry(unsigned long position) const;
-  void* FindInPages(unsigned long position) const;
-  OmStorePage* FindPage(unsigned long position) const;
   void** FindSparseSlot(unsigned long position);
   Found SearchFrom(unsigned long position) const;
   Found SearchPages(unsigned long position) const;
 
-  PointerVector* Add(unsigned long position, void* entry, unsigned long expected);
+  PointerVector* SetSlot(unsigned long position, void* entry);
+  PointerVector* SetInList(unsigned long position, void* entry, unsigned long expected);
+  PointerVector* SetInPages(unsigned long position, void* entry, unsigned long expected);
   PointerVector* AddToDense(unsigned long position, void* entry, unsigned long expected);
-  PointerVector* AddToList(unsigned long position, void* entry, unsigned long expected);
-  PointerVector* AddToPages(unsigned long position, void* entry, unsigned long expected);
-  PointerVector* Remove(unsigned long position);
+  PointerVector* AddToList(std::uint32_t rank, unsigned long position, void* entry,
+                           unsigned long expected);
+  void SetInPage(void*& slot, unsigned long position, void* entry);
+  void AddPage(OmMemoryRegion& region, unsigned long position, void* entry);
   PointerVector* Shrink();
 
   /// The entries of this node and one more in `fresh`, which takes this node's place.
   PointerVector* MoveTo(PointerVector* fresh, unsigned long position, void* entry);
 
-  std::uint32_t slots_ = 0;   ///< of a dense node the number of entries, of others 0
+  std::uint32_t slots_ = 0;   ///< of a dense node for how many entries it has slots; of others 0
   std::uint32_t size_ = 0;    ///< the number of entries
   std::uint32_t filled_ = 0;  ///< the number of entries that are not null
-  std::uint32_t room_ = 0;    ///< for how many entries there is memory; kPaged in a paged node
+  std::uint32_t room_ = 0;  ///< of a list for how many entries it has memory; from kPaged on, paged
 };
 
 #endif

@@ -132,8 +132,11 @@ void OmPivotTable::Data::StoreCell(std::vector<int> const& index, OmCellText con
     AddBranch(index, path, cell.get());
   } else {
     PointerVector* const bottom = path.last->Set(position, cell.get(), GetExpected(0));
-    if (bottom != path.last || bottom->HasHints()) {
+    if (bottom != path.last) {
       Hook(path, index, bottom);
+    } else if (path.above != nullptr) {
+      void*& entry = *path.above->FindSlot(GetSubscript(index, 1));
+      entry = PointerVector::WithPosition(entry, position);
     }
     lastBottom = {path.above, bottom, 0};
     if (!again) {

@@ -233,12 +233,42 @@ TEST(OmPivotTablePointerVector, AListSaysWhichPositionsItHasNot) {
   NodePair pair;
   pair.Fill({100, 250});
   void* const entry = pair.get()->AsEntry();
-  EXPECT_TRUE(pair.get()->HasHints());
   unsigned long maybe = 0;
   for (unsigned long position = 0; position < 1600; ++position) {
     maybe += Node::MayHave(entry, position) ? 1 : 0;
   }
   EXPECT_EQ(maybe, 200U);
+}
+
+TEST(OmPivotTablePointerVector, TheEntryOfANodeThatStaysIsToldOfAPosition) {
+  for (unsigned long const step : {1UL, 5UL, 64UL, 4096UL}) {
+    NodePair pair;
+    pair.Set(0, Mark(0));
+    for (unsigned long const position : Shuffled(Every(step, step * 300))) {
+      Node* const before = pair.get();
+      void* const entry = before->AsEntry();
+      pair.Set(position, Mark(position));
+      if (pair.get() == before) {
+        ASSERT_EQ(Node::WithPosition(entry, position), before->AsEntry());
+      }
+    }
+  }
+}
+
+TEST(OmPivotTablePointerVector, ALookFromAboveFindsWhatTheNodeHas) {
+  for (unsigned long const step : {1UL, 5UL, 64UL, 4096UL}) {
+    for (unsigned long const count : {1UL, 3UL, 30UL, 300UL, 80'000UL}) {
+      NodePair pair;
+      pair.Fill(Every(step, step * count));
+      void* const entry = pair.get()->AsEntry();
+      for (unsigned long position = 0; position < step * count + 2; position += 1 + step / 3) {
+        ASSERT_EQ(Node::Look(entry, position), pair.plain().Entry(position));
+      }
+      ASSERT_EQ(Node::Look(entry, kLast), nullptr);
+      ASSERT_EQ(Node::Look(entry, std::numeric_limits<std::uint32_t>::max()), nullptr);
+    }
+  }
+  EXPECT_EQ(Node::Look(nullptr, 0), nullptr);
 }
 
 // Failure
