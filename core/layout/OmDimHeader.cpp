@@ -33,14 +33,22 @@ short CountVisibleLevels(OmDimHeader::Path const& path) {
 
 OmDimHeader::OmDimHeader(OmDimension const& dimension, OmMemoryRegion* arena)
     : region(arena), levelCounts(arena), visibleCategories(arena), categoryPositions(arena) {
+  // Up to the largest subscript that can hold a cell.
+  unsigned long subscripts = std::min<unsigned long>(dimension.CategoryCount(), kSubscriptLimit);
   OmVectorTreeWalk<PathNode> walk(dimension.Root());
   while (walk.Next()) {
-    if (!walk.Current().Value().group) {
+    OmDimensionNode const& node = walk.Current().Value();
+    if (!node.group) {
       AddLeaf(walk.Path());
       walk.SkipChildren();
+      if (node.subscript < kSubscriptLimit) {
+        subscripts = std::max(subscripts, node.subscript + 1);
+      } else {
+        unslotted_.push_back(paths.size() - 1);
+      }
     }
   }
-  IndexPositions(dimension.CategoryCount());
+  IndexPositions(subscripts);
 }
 
 void OmDimHeader::AddLeaf(std::vector<PathNode> const& fromRoot) {
@@ -52,25 +60,23 @@ void OmDimHeader::AddLeaf(std::vector<PathNode> const& fromRoot) {
   short const levels = CountVisibleLevels(path);
   maxLevels = std::max<int>(maxLevels, levels);
   levelCounts.push_back(levels);
-  visibleCategories.push_back(static_cast<unsigned int>(path[0].Value().subscript));
+  visibleCategories.push_back(static_cast<unsigned int>(fromRoot.back().Value().subscript));
 }
 
-void OmDimHeader::IndexPositions(unsigned long categoryCount) {
-  unsigned long count = categoryCount;
-  for (Path const& path : paths) {
-    unsigned long const subscript = path[0].Value().subscript;
-    count = std::max(count, subscript < kSubscriptLimit ? subscript + 1 : 0);
-  }
-  count = std::min({count, kSubscriptLimit, kAlwaysNear + kSpread * paths.size()});
+void OmDimHeader::IndexPositions(unsigned long subscripts) {
+  unsigned long const count = std::min(subscripts, kAlwaysNear + kSpread * paths.size());
   categoryPositions.reserve(count);
   while (categoryPositions.size() < count) {
     categoryPositions.push_back(kNoPosition);
   }
-  for (unsigned int position = 0; position < paths.size(); ++position) {
-    unsigned long const subscript = paths[position][0].Value().subscript;
-    if (subscript < count) {
+  auto unslotted = unslotted_.begin();
+  for (unsigned int position = 0; position < visibleCategories.size(); ++position) {
+    unsigned int const subscript = visibleCategories[position];
+    if (unslotted != unslotted_.end() && *unslotted == position) {
+      ++unslotted;
+    } else if (subscript < count) {
       categoryPositions[subscript] = position;
-    } else if (subscript < kSubscriptLimit) {
+    } else {
       farPositions_.emplace_back(subscript, position);
     }
   }

@@ -45,12 +45,13 @@ struct OmDimHeader {
 
  private:
   void AddLeaf(std::vector<PathNode> const& fromRoot);
-  void IndexPositions(unsigned long categoryCount);
+  void IndexPositions(unsigned long subscripts);
   unsigned int FindFarPosition(unsigned long long subscript) const;
 
   /// Subscripts too far out for a slot in a table that is to stay in proportion to the leaves, with
   /// their positions, ascending.
   std::vector<std::pair<unsigned long, unsigned int>> farPositions_;
+  std::vector<std::size_t> unslotted_;  ///< the positions of leaves whose subscript has no cell
 };
 
 #endif

@@ -23,8 +23,10 @@ bool Layout::IsSparse(OmPivotTable const& table) {
   }
   unsigned long long const threshold = (total + 50) / 100;
   unsigned long long counted = 0;
-  for (auto at = table.FirstCell(); counted < threshold && at.Cell() != nullptr; ++at) {
-    ++counted;
+  // A bottom node knows how many cells it has.
+  OmPivotTable::Iterator::Data walk(*table._my);
+  for (; counted < threshold && walk.current != nullptr; walk.Skip(1)) {
+    counted += walk.levels[0].node->CountFilled();
   }
   return counted < threshold;
 }

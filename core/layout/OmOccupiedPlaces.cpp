@@ -311,8 +311,35 @@ bool OmOccupiedPlaces::AreOthersInRange() const {
   return number < nOthers_;
 }
 
+/// The place of the walk's current cell, where no digit has a choice; false where one has.
+bool OmOccupiedPlaces::FindOnlyPlace(unsigned long long& place) const {
+  place = 0;
+  for (Digit const& digit : digits_) {
+    unsigned int value = 0;
+    bool choice = digit.dimension < 0 && digit.count != 1;
+    if (digit.dimension >= 0) {
+      auto const d = static_cast<std::size_t>(digit.dimension);
+      Leaves const& leaves = dimensions_[d].leaves;
+      value = leaves.last[ranks_[d]];
+      choice = leaves.previous[value] != kNone;
+    }
+    if (choice) {
+      return false;
+    }
+    place = AddProductSaturated(place, digit.weight, value);
+  }
+  return true;
+}
+
 /// Keeps the places of the walk's current cell: one for each choice of a leaf per digit.
 void OmOccupiedPlaces::Keep(OmPlaceSet& kept) {
+  unsigned long long only = 0;
+  if (FindOnlyPlace(only)) {
+    if (only < nHeads_) {
+      kept.Insert(only);
+    }
+    return;
+  }
   partial_.assign(1, 0);
   for (Digit const& digit : digits_) {
     extended_.clear();

@@ -123,6 +123,7 @@ class OmOccupiedPlaces {
   void Close(OpenSet& set, unsigned int rank);
 
   bool AreOthersInRange() const;
+  bool FindOnlyPlace(unsigned long long& place) const;
   void Keep(OmPlaceSet& kept);
   void Extend(Digit const& digit, unsigned int value);
 
