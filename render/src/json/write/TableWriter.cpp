@@ -141,9 +141,11 @@ void WriteBackend(JsonStream& json, OmPivotTable const& table) {
 
 void WriteCells(JsonStream& json, OmPivotTable const& table) {
   json.Name("cells").BeginLines();
+  std::vector<int> index;
   for (auto at = table.FirstCell(); at.Cell() != nullptr; ++at) {
     json.BeginObject();
-    WriteNumbers(json, "index", at.Index());
+    at.Index(index);
+    WriteNumbers(json, "index", index);
     WriteCellFields(json, *at.Cell());
     json.End();
   }

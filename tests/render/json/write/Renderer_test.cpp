@@ -1,7 +1,9 @@
 #include <cmath>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <limits>
 #include <map>
+#include <new>
 #include <sstream>
 #include <string>
 
@@ -11,6 +13,7 @@
 
 #include "render/json/Documents.h"
 #include "render/support/SpyTable.h"
+#include "support/FailingNew.h"
 
 namespace {
 
@@ -115,6 +118,38 @@ TEST(JsonRenderer, AddsTheLayout) {
 ]}
 ]}
 )");
+}
+
+/// How often writing a table with so many cells allocates.
+std::size_t CountAllocations(unsigned int cells) {
+  OmOutputTree tree;
+  auto& table = AppendItem<Table>(tree.begin());
+  table.Add("d");
+  for (unsigned int i = 0; i < cells; ++i) {
+    table.Put({static_cast<int>(i)});
+  }
+  std::ofstream out("/dev/null");
+  auto const suffice = [&](std::size_t allocations) {
+    try {
+      FailAfter const failing(allocations + 1);
+      lakresvos::render::RenderJson(tree, out);
+      return true;
+    } catch (std::bad_alloc const&) {
+      return false;
+    }
+  };
+  std::size_t enough = 1;
+  while (!suffice(enough)) {
+    enough *= 2;
+  }
+  for (std::size_t step = enough / 2; step > 0; step /= 2) {
+    enough -= suffice(enough - step) ? step : 0;
+  }
+  return enough;
+}
+
+TEST(JsonRenderer, TakesNoMemoryForEachCell) {
+  EXPECT_LT(CountAllocations(5000), CountAllocations(50) + 50);
 }
 
 TEST(JsonRenderer, LaysOutTheFirstLayerOnlyWhenThatIsAskedFor) {
