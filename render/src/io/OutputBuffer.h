@@ -38,6 +38,15 @@ class OutputBuffer {
     }
   }
 
+  /// Adds a large text and drains.
+  void Append(std::string_view text) {
+    if (text_.size() + text.size() > kEnough) {
+      Flush();
+    }
+    text_ += text;
+    Drain();
+  }
+
   /// Writes all there is. What is not flushed is lost.
   void Flush() {
     out_.write(text_.data(), static_cast<std::streamsize>(text_.size()));
