@@ -56,7 +56,8 @@ struct LAKRESVOS_EXPORT OmFootnote {
 /// and setters that say nothing else take constant time, and throw nothing unless they copy a text.
 ///
 /// Thread safety: none; one thread at a time uses a table, readers included: getAreaFormat() may
-/// add an entry to the table although it is const.
+/// add an entry to the table although it is const. But while none changes the table, several may read
+/// its cells, by Cell() or each with iterators of its own, and its attributes.
 class LAKRESVOS_EXPORT OmPivotTable : public OmOutputPart {
  public:
   struct LAKRESVOS_HIDDEN Data;

@@ -34,7 +34,9 @@ class icuTracker;
 /// of one family share, so that changing it through one of them changes it for all.
 ///
 /// Thread safety: none; one thread at a time uses a cell and those that share its region (unless
-/// that is a shared one), its context or its tracker.
+/// that is a shared one), its context or its tracker. But while none changes them, several may call
+/// GetText(), GetKind(), getMeta() and, with a visitor that changes nothing, Accept() on cells of this
+/// library; what is derived from them elsewhere answers for itself.
 class CELLS_EXPORT OmCellText {
  public:
   class Visitor;

@@ -18,6 +18,10 @@ class HtmlNotes {
   HtmlNotes(TableFootnotes const& footnotes, std::string const& prefix)
       : footnotes_(footnotes), prefix_(prefix) {}
 
+  /// Whether what a label or a cell shows depends on those before: marks are numbered. Without any,
+  /// several threads may append cells at once.
+  bool CountMarks() const { return footnotes_.Count() != 0; }
+
   /// Appends a label with its marks; nothing for a null one.
   void AppendLabel(std::string& out, OmCellText const* label);
 

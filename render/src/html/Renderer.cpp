@@ -247,7 +247,7 @@ class MainVisitor : public PartVisitor {
     }
     out_ << "</div>\n<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-labelledby=\""
          << prefix << "t\">\n";
-    WriteHtmlTable(out_, grid, notes, prefix, ids_);
+    WriteHtmlTable(out_, grid, notes, prefix, ids_, options_.threads);
     out_ << "</div>";
     WriteFoot(table, notes, listed);
     out_ << "</div>\n";

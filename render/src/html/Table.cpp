@@ -1,6 +1,7 @@
 #include "html/Table.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -9,6 +10,7 @@
 
 #include "content/CellText.h"
 #include "content/NumberCell.h"
+#include "grid/BodyBlocks.h"
 #include "html/Headings.h"
 #include "html/Text.h"
 
@@ -19,13 +21,14 @@ namespace {
 class HtmlTable {
  public:
   HtmlTable(OutputBuffer& out, DisplayGrid const& grid, HtmlNotes& notes, std::string const& prefix,
-            HtmlIds& ids)
+            HtmlIds& ids, unsigned int threads)
       : out_(out),
         grid_(grid),
         headings_(grid),
         notes_(notes),
         prefix_(prefix),
         ids_(ids),
+        threads_(threads),
         named_(grid.HeadingRows() > 1 || grid.HeadingColumns() > 1),
         alternates_(HasAlternateRows(grid.Table())),
         columnHeaders_(static_cast<std::size_t>(grid.Columns())),
@@ -88,7 +91,7 @@ class HtmlTable {
       out_ << "<tr>";
       for (GridCell const& cell : headings_.Row(row)) {
         std::string const id = MakeListedId(cell);
-        WriteHeading(cell, cell.columnSpan > 1 ? "colgroup" : "col", id);
+        AppendHeading(out_.Text(), cell, cell.columnSpan > 1 ? "colgroup" : "col", id);
         for (int c = cell.column; IsTotal(cell.label) && c < cell.column + cell.columnSpan; ++c) {
           columnTotals_[static_cast<std::size_t>(c)] = true;
         }
@@ -102,24 +105,25 @@ class HtmlTable {
     out_ << "</thead>\n";
   }
 
-  void WriteHeading(GridCell const& cell, char const* scope, std::string_view listedId) {
+  void AppendHeading(std::string& out, GridCell const& cell, char const* scope,
+                     std::string_view listedId) {
     bool const header = IsHeader(cell);
-    out_ << (header ? "<th" : "<td");
-    WriteClasses(MakeClasses(cell), cell.label);
+    out += header ? "<th" : "<td";
+    AppendClasses(out, MakeClasses(cell), cell.label);
     if (!listedId.empty()) {
-      out_ << " id=\"" << listedId.substr(1) << '"';
+      out.append(" id=\"").append(listedId.substr(1)) += '"';
     }
     if (header) {
-      out_ << " scope=\"" << scope << '"';
+      out.append(" scope=\"").append(scope) += '"';
     }
-    WriteSpan("colspan", cell.columnSpan);
-    WriteSpan("rowspan", cell.rowSpan);
-    out_ << '>';
+    AppendSpan(out, "colspan", cell.columnSpan);
+    AppendSpan(out, "rowspan", cell.rowSpan);
+    out += '>';
     bool const reaches = header && ((cell.role == GridRole::ColumnHeading && cell.columnSpan > 1) ||
                                     (cell.role == GridRole::RowHeading && cell.rowSpan > 1));
-    out_ << (reaches ? "<span class=\"stay\">" : "");
-    notes_.AppendLabel(out_.Text(), cell.label);
-    out_ << (reaches ? "</span>" : "") << (header ? "</th>" : "</td>");
+    out += reaches ? "<span class=\"stay\">" : "";
+    notes_.AppendLabel(out, cell.label);
+    out.append(reaches ? "</span>" : "").append(header ? "</th>" : "</td>");
   }
 
   /// hN: the heading column, edge: the last one, foot: the end of the head, t: a total, wide: has a
@@ -143,22 +147,36 @@ class HtmlTable {
     return classes;
   }
 
-  void WriteSpan(char const* name, int span) {
+  static void AppendSpan(std::string& out, char const* name, int span) {
     if (span > 1) {
-      out_ << ' ' << name << "=\"" << span << '"';
+      out.append(" ").append(name).append("=\"").append(std::to_string(span)) += '"';
     }
   }
+
+  /// What a row of the body has before its cells.
+  struct RowHead {
+    std::string html;
+    std::string ids;  // " id" of each header of the row
+  };
 
   /// A body for each outermost row heading, those of single rows together.
   void WriteBodies() {
     bool open = false;
-    for (int row = grid_.HeadingRows(); row < grid_.Rows(); ++row) {
+    auto const prepare = [&](int row, RowHead& head) {
+      head.html.clear();
       if (bool const starts = StartsGroup(row); !open || starts) {
-        out_ << (open ? "</tbody>\n<tbody>" : "<tbody>");
+        head.html += open ? "</tbody>\n<tbody>" : "<tbody>";
         open = true;
       }
-      WriteRow(row);
-      out_.Drain();
+      Prepare(row, head);
+    };
+    auto const write = [this](RowHead const& head, DisplayGrid::BodyRow& cells, std::string& out) {
+      AppendRow(out, head, cells);
+    };
+    if (notes_.CountMarks()) {
+      WriteBodyRows<RowHead>(out_, BodyBlocks(grid_, 1), 1, prepare, write);
+    } else {
+      WriteBodyRows<RowHead>(out_, BodyBlocks(grid_), threads_, prepare, write);
     }
     if (open) {
       out_ << "</tbody>\n";
@@ -174,7 +192,7 @@ class HtmlTable {
     return before > 1 || groupRows_ > 1;
   }
 
-  void WriteRow(int row) {
+  void Prepare(int row, RowHead& head) {
     std::vector<GridCell> const& headings = headings_.Row(row);
     for (GridCell const& cell : headings) {
       for (int c = cell.column; c < cell.column + cell.columnSpan; ++c) {
@@ -183,41 +201,48 @@ class HtmlTable {
         rowHeaders_[static_cast<std::size_t>(c)] = first ? MakeListedId(cell) : std::string();
       }
     }
-    WriteRowStart(row);
+    AppendRowStart(head.html, row);
     for (GridCell const& cell : headings) {
-      WriteHeading(cell, cell.rowSpan > 1 ? "rowgroup" : "row",
-                   rowHeaders_[static_cast<std::size_t>(cell.column)]);
+      AppendHeading(head.html, cell, cell.rowSpan > 1 ? "rowgroup" : "row",
+                    rowHeaders_[static_cast<std::size_t>(cell.column)]);
     }
-    std::string headers;
+    head.ids.clear();
     for (std::string const& header : rowHeaders_) {
-      headers += header;
+      head.ids += header;
     }
-    DisplayGrid::BodyRow cells = grid_.Body(row);
-    for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
-      WriteCell(cells.Cell(column), column, headers);
-    }
-    out_ << "</tr>\n";
   }
 
-  void WriteRowStart(int row) {
+  void AppendRowStart(std::string& out, int row) const {
     bool const total = std::find(rowTotals_.begin(), rowTotals_.end(), true) != rowTotals_.end();
     bool const alternate = alternates_ && (row - grid_.HeadingRows()) % 2 == 1;
-    out_ << "<tr";
+    out += "<tr";
     if (total || alternate) {
-      out_ << " class=\"" << (alternate ? "alt" : "") << (alternate && total ? " " : "")
-           << (total ? "total" : "") << '"';
+      out.append(" class=\"")
+          .append(alternate ? "alt" : "")
+          .append(alternate && total ? " " : "")
+          .append(total ? "total" : "") += '"';
     }
-    out_ << '>';
+    out += '>';
   }
 
-  void WriteCell(OmCellText* cell, int column, std::string const& rowHeaders) {
-    std::string& out = out_.Text();
-    out += "<td";
-    std::string classes = cell != nullptr && FindNumber(*cell) ? "n" : "";
-    if (columnTotals_[static_cast<std::size_t>(column)]) {
-      classes += classes.empty() ? "t" : " t";
+  // What follows changes nothing here, for several rows are written at once. Footnotes are another
+  // matter: their marks are counted.
+
+  void AppendRow(std::string& out, RowHead const& head, DisplayGrid::BodyRow& cells) const {
+    out += head.html;
+    for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
+      AppendCell(out, cells.Cell(column), column, head.ids);
     }
-    WriteClasses(std::move(classes), cell);
+    out += "</tr>\n";
+  }
+
+  void AppendCell(std::string& out, OmCellText* cell, int column,
+                  std::string const& rowHeaders) const {
+    static constexpr std::array<std::string_view, 4> kClasses = {"", "n", "t", "n t"};
+    bool const number = cell != nullptr && FindNumber(*cell);
+    bool const total = columnTotals_[static_cast<std::size_t>(column)];
+    out += "<td";
+    AppendClasses(out, kClasses[(number ? 1U : 0U) + (total ? 2U : 0U)], cell);
     if (named_) {
       std::string const& above = columnHeaders_[static_cast<std::size_t>(column)];
       if (!rowHeaders.empty() || !above.empty()) {
@@ -234,15 +259,18 @@ class HtmlTable {
     out += "</td>";
   }
 
-  /// Writes these classes and that of the style that a text asks for.
-  void WriteClasses(std::string classes, OmCellText const* text) {
-    std::size_t const style = text != nullptr && text->hasMeta() ? text->getMeta()->getStyle() : 0;
-    if (style != 0 && style < grid_.Table().getCellStyles().size()) {
-      classes += (classes.empty() ? "s" : " s") + std::to_string(style);
+  /// Appends these classes and that of the style that a text asks for.
+  void AppendClasses(std::string& out, std::string_view classes, OmCellText const* text) const {
+    std::size_t const wanted = text != nullptr && text->hasMeta() ? text->getMeta()->getStyle() : 0;
+    std::size_t const style = wanted < grid_.Table().getCellStyles().size() ? wanted : 0;
+    if (classes.empty() && style == 0) {
+      return;
     }
-    if (!classes.empty()) {
-      out_ << " class=\"" << classes << '"';
+    out.append(" class=\"").append(classes);
+    if (style != 0) {
+      out.append(classes.empty() ? "s" : " s").append(std::to_string(style));
     }
+    out += '"';
   }
 
   OutputBuffer& out_;
@@ -251,6 +279,7 @@ class HtmlTable {
   HtmlNotes& notes_;
   std::string const& prefix_;
   HtmlIds& ids_;
+  unsigned int threads_;
   int groupRows_ = 1;                       // how many rows the newest outermost heading has
   bool named_;                              // whether header cells have ids
   bool alternates_;                         // whether every other row looks different
@@ -263,8 +292,8 @@ class HtmlTable {
 }  // namespace
 
 void WriteHtmlTable(OutputBuffer& out, DisplayGrid const& grid, HtmlNotes& notes,
-                    std::string const& prefix, HtmlIds& ids) {
-  HtmlTable(out, grid, notes, prefix, ids).Write();
+                    std::string const& prefix, HtmlIds& ids, unsigned int threads) {
+  HtmlTable(out, grid, notes, prefix, ids, threads).Write();
 }
 
 }  // namespace lakresvos::render

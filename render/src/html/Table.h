@@ -13,10 +13,11 @@ namespace lakresvos::render {
 
 /// Writes a grid as a table element.
 ///
-/// @param prefix with a "t" is the id of the element that names the table.
-/// @param ids    gives its header cells theirs.
+/// @param prefix  with a "t" is the id of the element that names the table.
+/// @param ids     gives its header cells theirs.
+/// @param threads how many may write rows.
 void WriteHtmlTable(OutputBuffer& out, DisplayGrid const& grid, HtmlNotes& notes,
-                    std::string const& prefix, HtmlIds& ids);
+                    std::string const& prefix, HtmlIds& ids, unsigned int threads);
 
 }  // namespace lakresvos::render
 

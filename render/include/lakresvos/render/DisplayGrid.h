@@ -76,7 +76,8 @@ struct GridCells {
 /// The table and the layer heading must outlive the grid and stay in the state in which it was
 /// made.
 ///
-/// Thread safety: none; one thread at a time uses a table, its layer heading and the grids on it.
+/// Thread safety: none; one thread at a time uses a table, its layer heading and the grids on it, but
+/// for the cells of rows that it has got before: see BodyRow.
 class LAKRESVOS_RENDER_EXPORT DisplayGrid {
  public:
   class BodyRow;
@@ -151,7 +152,8 @@ class LAKRESVOS_RENDER_EXPORT DisplayGrid {
 
 /// The cells of one body row of a grid, which must outlive it.
 ///
-/// Thread safety: none; one thread at a time uses a row, and its table as DisplayGrid says.
+/// Thread safety: none; one thread at a time uses a row. Several threads may use a row each, also
+/// while another one goes on with the grid, as long as none changes the table.
 class LAKRESVOS_RENDER_EXPORT DisplayGrid::BodyRow {
  public:
   /// The cell in grid column `column`, owned by the table; null when there is none.
