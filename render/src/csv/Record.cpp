@@ -83,17 +83,16 @@ std::string CsvRecord::EncodeField(std::string_view text) const {
 
 void CsvRecord::Add(std::string_view encoded) {
   if (fields_++ != 0) {
-    out_ << ',';
+    out_ += ',';
   } else {
-    out_ << lead_;
+    out_ += lead_;
   }
   empty_ = empty_ && encoded.empty();
-  out_ << encoded;
+  out_ += encoded;
 }
 
 void CsvRecord::End() {
-  out_ << (lead_.empty() && fields_ == 1 && empty_ ? "\"\"\r\n" : "\r\n");
-  out_.Drain();
+  out_ += lead_.empty() && fields_ == 1 && empty_ ? "\"\"\r\n" : "\r\n";
   fields_ = 0;
   empty_ = true;
 }

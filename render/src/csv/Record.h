@@ -5,11 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "io/OutputBuffer.h"
-
 namespace lakresvos::render {
 
-/// Writes records of comma-separated values as RFC 4180 has them.
+/// Appends records of comma-separated values, as RFC 4180 has them, to a string.
 ///
 /// A field is in quotes when it holds a comma, a quote or a line end, or starts or ends with a
 /// space; so is the only field of a record when it is empty, as its line would be an empty one.
@@ -17,7 +15,11 @@ class CsvRecord {
  public:
   /// @param safe puts an apostrophe before what spreadsheets would run as a formula, at the start of
   /// a text and wherever in it a spreadsheet may see a field start.
-  CsvRecord(OutputBuffer& out, bool safe) : out_(out), safe_(safe) {}
+  CsvRecord(std::string& out, bool safe) : out_(out), safe_(safe) {}
+
+  /// Appends to another string what `like` would. Requires: no record has been started there.
+  CsvRecord(std::string& out, CsvRecord const& like)
+      : out_(out), safe_(like.safe_), lead_(like.lead_) {}
 
   /// What a field with this text shows: the text cleaned and, where it has to be, made safe. Applying
   /// it twice changes nothing.
@@ -46,7 +48,7 @@ class CsvRecord {
   void End();
 
  private:
-  OutputBuffer& out_;
+  std::string& out_;
   bool safe_;
   std::string lead_;        // what each record starts with, as it is written
   std::size_t fields_ = 0;  // how often some were added

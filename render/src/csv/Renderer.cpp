@@ -10,6 +10,7 @@
 #include "csv/LongTable.h"
 #include "csv/Record.h"
 #include "csv/UniqueNames.h"
+#include "grid/BodyBlocks.h"
 #include "grid/DocumentWalk.h"
 #include "grid/IdleVisitor.h"
 #include "grid/LayerLine.h"
@@ -30,56 +31,101 @@ void WriteCell(CsvRecord& record, OmCellText* cell) {
   }
 }
 
-void WriteGrid(CsvRecord& record, DisplayGrid const& grid, LabelTexts& labels) {
-  std::string const layer =
-      LayerLine(grid.LayerLabels(), [&](OmCellText const* label) { return labels.Text(label); });
-  if (!layer.empty()) {
-    record.AddText(layer);
-    record.End();
-  }
-  RepeatedHeadings cells(grid);
-  while (grid.Columns() > 0 && cells.Next()) {
-    int const headings = cells.InHeading() ? grid.Columns() : grid.HeadingColumns();
-    for (int column = 0; column < headings; ++column) {
-      OmCellText const* const label = cells.Label(column);
-      record.Add(EncodeLabel(record, label, labels.Text(label)));
+/// Writes tables in the display shape.
+class DisplayWriter {
+ public:
+  /// All arguments must outlive the object.
+  DisplayWriter(OutputBuffer& out, CsvRecord& record, LabelTexts& labels, CsvOptions const& options)
+      : out_(out), record_(record), labels_(labels), options_(options) {}
+
+  void Write(OmPivotTable& table) {
+    LayerGrids layers(table, options_);
+    DisplayGrid const* grid = layers.Next();
+    if (grid == nullptr || grid->Columns() == 0) {
+      WriteDimensionNames(table);
     }
-    if (!cells.InHeading()) {
-      DisplayGrid::BodyRow row = grid.Body(cells.Row());
-      for (int column = headings; column < grid.Columns(); ++column) {
-        WriteCell(record, row.Cell(column));
+    while (grid != nullptr) {
+      WriteGrid(*grid);
+      grid = layers.Next();
+    }
+  }
+
+ private:
+  void EndRecord() {
+    record_.End();
+    out_.Drain();
+  }
+
+  /// What shows of a table without any cell: which categories it could have.
+  void WriteDimensionNames(OmPivotTable const& table) {
+    bool written = false;
+    for (CategoryColumns const& dimension : FindCategories(table, labels_)) {
+      for (std::string const& name : dimension.Names()) {
+        record_.AddText(name);
+        written = true;
       }
     }
-    record.End();
-  }
-}
-
-/// What shows of a table without any cell: which categories it could have.
-void WriteDimensionNames(CsvRecord& record, OmPivotTable const& table, LabelTexts& labels) {
-  bool written = false;
-  for (CategoryColumns const& dimension : FindCategories(table, labels)) {
-    for (std::string const& name : dimension.Names()) {
-      record.AddText(name);
-      written = true;
+    if (written) {
+      EndRecord();
     }
   }
-  if (written) {
-    record.End();
-  }
-}
 
-void WriteDisplay(CsvRecord& record, OmPivotTable& table, CsvOptions const& options,
-                  LabelTexts& labels) {
-  LayerGrids layers(table, options);
-  DisplayGrid const* grid = layers.Next();
-  if (grid == nullptr || grid->Columns() == 0) {
-    WriteDimensionNames(record, table, labels);
+  void WriteGrid(DisplayGrid const& grid) {
+    std::string const layer = LayerLine(
+        grid.LayerLabels(), [this](OmCellText const* label) { return labels_.Text(label); });
+    if (!layer.empty()) {
+      record_.AddText(layer);
+      EndRecord();
+    }
+    if (grid.Columns() > 0) {
+      RepeatedHeadings cells(grid);
+      WriteHeadingRows(grid, cells);
+      WriteBody(grid, cells);
+    }
   }
-  while (grid != nullptr) {
-    WriteGrid(record, *grid, labels);
-    grid = layers.Next();
+
+  std::string EncodeHeading(RepeatedHeadings const& cells, int column) {
+    OmCellText const* const label = cells.Label(column);
+    return EncodeLabel(record_, label, labels_.Text(label));
   }
-}
+
+  void WriteHeadingRows(DisplayGrid const& grid, RepeatedHeadings& cells) {
+    for (int row = 0; row < grid.HeadingRows(); ++row) {
+      cells.Next();
+      for (int column = 0; column < grid.Columns(); ++column) {
+        record_.Add(EncodeHeading(cells, column));
+      }
+      EndRecord();
+    }
+  }
+
+  void WriteBody(DisplayGrid const& grid, RepeatedHeadings& cells) {
+    WriteBodyRows<std::string>(
+        out_, BodyBlocks(grid), options_.threads,
+        [&](int /*row*/, std::string& headings) {
+          cells.Next();
+          headings.clear();
+          for (int column = 0; column < grid.HeadingColumns(); ++column) {
+            headings += (column > 0 ? "," : "") + EncodeHeading(cells, column);
+          }
+        },
+        [&](std::string const& headings, DisplayGrid::BodyRow& row, std::string& text) {
+          CsvRecord record(text, record_);
+          if (grid.HeadingColumns() > 0) {
+            record.Add(headings);
+          }
+          for (int column = grid.HeadingColumns(); column < grid.Columns(); ++column) {
+            WriteCell(record, row.Cell(column));
+          }
+          record.End();
+        });
+  }
+
+  OutputBuffer& out_;
+  CsvRecord& record_;
+  LabelTexts& labels_;
+  CsvOptions const& options_;
+};
 
 bool IsWritten(OmPivotTable const& table) {
   return table.Show() && !table.IsNotes() && !table.IsWarnings();
@@ -124,18 +170,19 @@ void RenderCsv(OmOutputTree const& tree, std::ostream& out, CsvOptions const& op
     return;
   }
   OutputBuffer buffer(out);
-  CsvRecord record(buffer, options.safe);
+  CsvRecord record(buffer.Text(), options.safe);
   LabelTexts labels;
   std::vector<std::string> const names = MakeNames(tables, record, labels);
   if (options.shape == CsvOptions::Shape::Long) {
-    WriteLongTables(record, tables, names, labels, !options.skipEmpty);
+    WriteLongTables(buffer, record, tables, names, labels, options);
   } else {
+    DisplayWriter writer(buffer, record, labels, options);
     for (std::size_t i = 0; i < tables.size(); ++i) {
       buffer << (i > 0 ? "\r\n" : "");
       if (tables.size() > 1) {
         record.SetLead(names[i]);
       }
-      WriteDisplay(record, *tables[i], options, labels);
+      writer.Write(*tables[i]);
     }
   }
   buffer.Flush();

@@ -40,13 +40,11 @@ CsvOptions KeepEmpty() {
 
 /// A record of one text.
 std::string Field(std::string const& text, bool safe = false) {
-  std::ostringstream out;
-  OutputBuffer buffer(out);
-  CsvRecord record(buffer, safe);
+  std::string out;
+  CsvRecord record(out, safe);
   record.AddText(text);
   record.End();
-  buffer.Flush();
-  return out.str();
+  return out;
 }
 
 void AddTotal(OmDimension& dimension, unsigned long subscript) {

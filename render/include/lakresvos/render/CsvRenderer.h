@@ -64,7 +64,8 @@ struct CsvOptions : TableOptions {
 /// Every cell and label is asked for its text once. Writing takes time linear in the displayed and
 /// stored cells; memory grows with the categories only.
 ///
-/// Thread safety: none; one thread at a time uses a document and the stream.
+/// Thread safety: none; one thread at a time uses a document and the stream, but for those that
+/// TableOptions::threads allows.
 ///
 /// @param tree the document; neither it nor its items are changed.
 /// @param out where to write; its state tells whether writing failed.
