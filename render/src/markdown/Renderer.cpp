@@ -73,7 +73,7 @@ void MarkdownVisitor::Visit(OmPivotTable& table) {
       OutputBuffer buffer(out_);
       buffer << (started_ ? "\n" : "");
       started_ = true;
-      WriteMarkdownTable(buffer, *grid, notes);
+      WriteMarkdownTable(buffer, *grid, notes, options_.threads);
       buffer.Flush();
     }
     grid = layers.Next();

@@ -1,9 +1,11 @@
 #include "markdown/Table.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "content/AreaAlignment.h"
 #include "content/NumberCell.h"
+#include "grid/BodyBlocks.h"
 #include "grid/RepeatedHeadings.h"
 #include "markdown/Text.h"
 
@@ -13,8 +15,9 @@ namespace {
 
 class MarkdownTable {
  public:
-  MarkdownTable(OutputBuffer& out, DisplayGrid const& grid, MarkdownNotes& notes)
-      : out_(out), grid_(grid), notes_(notes) {}
+  MarkdownTable(OutputBuffer& out, DisplayGrid const& grid, MarkdownNotes& notes,
+                unsigned int threads)
+      : out_(out), grid_(grid), notes_(notes), threads_(threads) {}
 
   void Write() {
     RepeatedHeadings cells(grid_);
@@ -29,33 +32,36 @@ class MarkdownTable {
         last[column] = &cell;
       }
     }
-    WriteRow(headings);
-    WriteAlignments();
-    while (cells.Next()) {
-      for (int column = 0; column < grid_.HeadingColumns(); ++column) {
-        WriteField(notes_.MarkLabel(cells.Label(column)));
-      }
-      DisplayGrid::BodyRow row = grid_.Body(cells.Row());
-      for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
-        WriteField(notes_.MarkCell(row.Cell(column)));
-      }
-      EndRow();
+    for (std::string const& heading : headings) {
+      AppendField(out_.Text(), heading);
     }
+    out_ << "|\n";
+    WriteAlignments();
+    WriteBody(cells);
   }
 
  private:
-  void WriteField(std::string const& markdown) { out_ << "| " << markdown << ' '; }
-
-  void EndRow() {
-    out_ << "|\n";
-    out_.Drain();
+  static void AppendField(std::string& out, std::string const& markdown) {
+    out.append("| ").append(markdown) += ' ';
   }
 
-  void WriteRow(std::vector<std::string> const& fields) {
-    for (std::string const& field : fields) {
-      WriteField(field);
-    }
-    EndRow();
+  void WriteBody(RepeatedHeadings& cells) {
+    WriteBodyRows<std::string>(
+        out_, BodyBlocks(grid_), threads_,
+        [&](int /*row*/, std::string& headings) {
+          cells.Next();
+          headings.clear();
+          for (int column = 0; column < grid_.HeadingColumns(); ++column) {
+            AppendField(headings, notes_.MarkLabel(cells.Label(column)));
+          }
+        },
+        [this](std::string const& headings, DisplayGrid::BodyRow& row, std::string& out) {
+          out += headings;
+          for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
+            AppendField(out, notes_.MarkCell(row.Cell(column)));
+          }
+          out += "|\n";
+        });
   }
 
   void WriteAlignments() {
@@ -85,29 +91,53 @@ class MarkdownTable {
     return "| --- ";
   }
 
+  /// What a column shows in the body.
+  struct Kinds {
+    bool numbers = false;
+    bool texts = false;
+  };
+
   /// Which columns show a number in the body and nothing else.
   std::vector<bool> NumberColumns() const {
-    std::vector<bool> numbers(static_cast<std::size_t>(grid_.Columns()), false);
-    std::vector<bool> texts(numbers.size(), false);
-    for (int r = grid_.HeadingRows(); r < grid_.Rows(); ++r) {
-      DisplayGrid::BodyRow row = grid_.Body(r);
-      for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
-        OmCellText* const cell = row.Cell(column);
-        if (cell != nullptr) {
-          auto& seen = FindNumber(*cell).has_value() ? numbers : texts;
-          seen[static_cast<std::size_t>(column)] = true;
-        }
+    struct Block {
+      std::vector<DisplayGrid::BodyRow> rows;
+      std::vector<Kinds> kinds;  // per column
+    };
+    BodyBlocks blocks(grid_);
+    std::vector<Kinds> kinds(static_cast<std::size_t>(grid_.Columns()));
+    DoInBlocks<Block>(
+        threads_, [&](Block& block) { return blocks.Next(block.rows); },
+        [&](Block& block) {
+          block.kinds.assign(kinds.size(), {});
+          for (DisplayGrid::BodyRow& row : block.rows) {
+            FindKinds(row, block.kinds);
+          }
+        },
+        [&](Block const& block) {
+          for (std::size_t column = 0; column < kinds.size(); ++column) {
+            kinds[column].numbers = kinds[column].numbers || block.kinds[column].numbers;
+            kinds[column].texts = kinds[column].texts || block.kinds[column].texts;
+          }
+        });
+    std::vector<bool> numbers(kinds.size());
+    std::transform(kinds.begin(), kinds.end(), numbers.begin(),
+                   [](Kinds const& column) { return column.numbers && !column.texts; });
+    return numbers;
+  }
+
+  void FindKinds(DisplayGrid::BodyRow& row, std::vector<Kinds>& kinds) const {
+    for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
+      if (OmCellText* const cell = row.Cell(column)) {
+        Kinds& seen = kinds[static_cast<std::size_t>(column)];
+        (FindNumber(*cell).has_value() ? seen.numbers : seen.texts) = true;
       }
     }
-    for (std::size_t column = 0; column < numbers.size(); ++column) {
-      numbers[column] = numbers[column] && !texts[column];
-    }
-    return numbers;
   }
 
   OutputBuffer& out_;
   DisplayGrid const& grid_;
   MarkdownNotes& notes_;
+  unsigned int threads_;
 };
 
 }  // namespace
@@ -120,7 +150,7 @@ std::string MarkdownNotes::AddMarks(OmCellText const& label, std::string const& 
   std::string marked = MarkdownText(text);
   for (std::size_t const footnote : footnotes_.Find(label)) {
     marked += Mark(footnote);
-    used_.insert(footnote);
+    used_[footnote] = true;
   }
   return marked;
 }
@@ -135,25 +165,28 @@ std::string MarkdownNotes::MarkCell(OmCellText const* cell) {
 
 std::string MarkdownNotes::Definitions() const {
   std::string definitions;
-  for (std::size_t const footnote : used_) {
-    definitions += (definitions.empty() ? "" : "\n") + Mark(footnote) + ": " +
-                   AtLineStart(MarkdownText(footnotes_.Text(footnote)));
+  for (std::size_t footnote = 0; footnote < used_.size(); ++footnote) {
+    if (used_[footnote]) {
+      definitions += (definitions.empty() ? "" : "\n") + Mark(footnote) + ": " +
+                     AtLineStart(MarkdownText(footnotes_.Text(footnote)));
+    }
   }
   return definitions;
 }
 
 std::string MarkdownNotes::Rest() const {
   std::string rest;
-  for (std::size_t footnote = 0; footnote < footnotes_.Count(); ++footnote) {
-    if (used_.count(footnote) == 0) {
+  for (std::size_t footnote = 0; footnote < used_.size(); ++footnote) {
+    if (!used_[footnote]) {
       rest += (rest.empty() ? "" : "\n\n") + AtLineStart(MarkdownText(footnotes_.Text(footnote)));
     }
   }
   return rest;
 }
 
-void WriteMarkdownTable(OutputBuffer& out, DisplayGrid const& grid, MarkdownNotes& notes) {
-  MarkdownTable(out, grid, notes).Write();
+void WriteMarkdownTable(OutputBuffer& out, DisplayGrid const& grid, MarkdownNotes& notes,
+                        unsigned int threads) {
+  MarkdownTable(out, grid, notes, threads).Write();
 }
 
 }  // namespace lakresvos::render

@@ -1,9 +1,10 @@
 #ifndef LAKRESVOS_RENDER_MARKDOWN_TABLE_H
 #define LAKRESVOS_RENDER_MARKDOWN_TABLE_H
 
+#include <atomic>
 #include <cstddef>
-#include <set>
 #include <string>
+#include <vector>
 
 #include <lakresvos/render/DisplayGrid.h>
 
@@ -19,12 +20,13 @@ class MarkdownNotes {
   /// @param labels must outlive the object.
   /// @param number the table's number in the document.
   MarkdownNotes(OmPivotTable const& table, LabelTexts& labels, std::size_t number)
-      : footnotes_(table, labels), number_(number) {}
+      : footnotes_(table, labels), number_(number), used_(footnotes_.Count()) {}
 
   /// A label with the marks of its footnotes; nothing for a null one.
   std::string MarkLabel(OmCellText const* label);
 
-  /// A cell of the body with the marks of its footnotes; nothing for a null one.
+  /// A cell of the body with the marks of its footnotes; nothing for a null one. Several threads may
+  /// call this at once.
   std::string MarkCell(OmCellText const* cell);
 
   /// The notes that have been referred to, one per line.
@@ -39,12 +41,14 @@ class MarkdownNotes {
 
   TableFootnotes footnotes_;
   std::size_t number_;
-  std::set<std::size_t> used_;
+  std::vector<std::atomic<bool>> used_;  // per footnote, whether it has been referred to
 };
 
 /// Writes a grid as a pipe table.
 /// Requires: the grid has columns.
-void WriteMarkdownTable(OutputBuffer& out, DisplayGrid const& grid, MarkdownNotes& notes);
+/// @param threads how many may write rows.
+void WriteMarkdownTable(OutputBuffer& out, DisplayGrid const& grid, MarkdownNotes& notes,
+                        unsigned int threads);
 
 }  // namespace lakresvos::render
 
