@@ -13,6 +13,8 @@ namespace lakresvos::render {
 /// memory for all of them.
 ///
 /// The labels must outlive the object and must not change while it lives.
+///
+/// Several threads at once may ask for texts that were asked for before.
 class LabelTexts {
  public:
   LabelTexts() = default;

@@ -40,8 +40,4 @@ GridCells GridPart::Headings(int row) const {
   return {columnHeadings_.data() + starts_[at], columnHeadings_.data() + starts_[at + 1]};
 }
 
-GridPart::BodyRow GridPart::Body(int row) const {
-  return {grid_->Body(row), first_};
-}
-
 }  // namespace lakresvos::render

@@ -2,7 +2,6 @@
 #define LAKRESVOS_RENDER_GRID_PART_H
 
 #include <cstddef>
-#include <utility>
 #include <vector>
 
 #include <lakresvos/render/DisplayGrid.h>
@@ -13,8 +12,6 @@ namespace lakresvos::render {
 /// as if there were no others. Headings that reach over others as well are cut.
 class GridPart {
  public:
-  class BodyRow;
-
   /// The body's columns from `first` up to but not including `last`, counted from 0.
   /// @param grid must outlive the object.
   GridPart(DisplayGrid const& grid, int first, int last);
@@ -35,9 +32,6 @@ class GridPart {
   /// The heading cells that start in grid row `row`, from 0 up to Rows().
   GridCells Headings(int row) const;
 
-  /// The cells of one row of the body.
-  BodyRow Body(int row) const;
-
  private:
   GridCell Cut(GridCell cell) const;
 
@@ -46,20 +40,6 @@ class GridPart {
   int last_;
   std::vector<GridCell> columnHeadings_;
   std::vector<std::size_t> starts_;  // per heading row, where its cells start; and the end
-};
-
-/// As DisplayGrid::BodyRow.
-class GridPart::BodyRow {
- public:
-  OmCellText* Cell(int column) { return row_.Cell(column + skipped_); }
-
- private:
-  friend class GridPart;
-
-  BodyRow(DisplayGrid::BodyRow row, int skipped) : row_(std::move(row)), skipped_(skipped) {}
-
-  DisplayGrid::BodyRow row_;
-  int skipped_;
 };
 
 }  // namespace lakresvos::render

@@ -6,6 +6,7 @@
 
 #include "content/CellText.h"
 #include "content/NumberCell.h"
+#include "grid/BodyBlocks.h"
 #include "unicode/CodePoint.h"
 #include "unicode/TextWidth.h"
 #include "unicode/Wrap.h"
@@ -18,10 +19,32 @@ constexpr int kBetweenColumns = 3;  // a space, a line and a space
 constexpr int kFrame = 4;           // a line and a space on either side
 constexpr int kMinWidth = 6;        // what a column is left at least, wherever it would be wider
 
+/// What the cells of some rows need of each column.
+struct BodyMeasure {
+  explicit BodyMeasure(std::size_t columns) : columns(columns), numbers(columns, 0) {}
+
+  /// Takes in what other rows need.
+  void Add(BodyMeasure const& other) {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      TextColumn const& column = other.columns[i];
+      columns[i].width = std::max(columns[i].width, column.width);
+      columns[i].marks = std::max(columns[i].marks, column.marks);
+      columns[i].numbers = columns[i].numbers && column.numbers;
+      numbers[i] = std::max(numbers[i], other.numbers[i]);
+    }
+    tall = tall || other.tall;
+  }
+
+  std::vector<TextColumn> columns;
+  std::vector<int> numbers;  // how wide the numbers of each column are
+  bool tall = false;         // whether some cell takes more than one line
+};
+
 class LayoutBuilder {
  public:
-  LayoutBuilder(DisplayGrid const& grid, FootnoteMarks const& marks, int limit, BodyTexts& texts)
-      : grid_(grid), marks_(marks), texts_(texts), limit_(limit) {
+  LayoutBuilder(DisplayGrid const& grid, FootnoteMarks const& marks, int limit,
+                unsigned int threads, BodyTexts& texts)
+      : grid_(grid), marks_(marks), threads_(threads), texts_(texts), limit_(limit) {
     layout_.columns.resize(static_cast<std::size_t>(grid.Columns()));
   }
 
@@ -47,18 +70,7 @@ class LayoutBuilder {
     for (GridCell const& cell : grid_.Headings()) {
       MeasureLabel(cell);
     }
-    std::vector<int> numbers(layout_.columns.size(), 0);
-    for (int row = grid_.HeadingRows(); row < grid_.Rows(); ++row) {
-      DisplayGrid::BodyRow body = grid_.Body(row);
-      for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
-        if (OmCellText* cell = body.Cell(column)) {
-          MeasureCell(*cell, At(column), numbers[static_cast<std::size_t>(column)]);
-        } else {
-          texts_.Add({{}, false, false});
-        }
-      }
-    }
-    MakeRoomForMarks(numbers);
+    MeasureBody();
     // Inner headings first: what they add to their columns is room for the outer ones.
     std::for_each(grid_.Headings().rbegin(), grid_.Headings().rend(), [this](GridCell const& cell) {
       if (cell.role != GridRole::ColumnHeading && cell.columnSpan > 1) {
@@ -88,12 +100,53 @@ class LayoutBuilder {
     layout_.tall = layout_.tall || (tall && cell.role == GridRole::RowHeading && cell.rowSpan == 1);
   }
 
-  void MeasureCell(OmCellText& cell, TextColumn& column, int& numbers) {
+  void MeasureBody() {
+    struct Block {
+      std::vector<DisplayGrid::BodyRow> rows;
+      BodyMeasure measure{0};
+      CellTexts texts;
+    };
+    BodyBlocks blocks(grid_);
+    BodyMeasure body(layout_.columns.size());
+    DoInBlocks<Block>(
+        threads_, [&](Block& block) { return blocks.Next(block.rows); },
+        [&](Block& block) {
+          block.measure = BodyMeasure(layout_.columns.size());
+          for (DisplayGrid::BodyRow& row : block.rows) {
+            MeasureRow(row, block.measure, block.texts);
+          }
+        },
+        [&](Block& block) {
+          body.Add(block.measure);
+          texts_.Add(std::exchange(block.texts, {}), block.rows.size());
+        });
+    for (std::size_t i = 0; i < layout_.columns.size(); ++i) {
+      TextColumn& column = layout_.columns[i];
+      column = {std::max(column.width, body.columns[i].width), body.columns[i].marks,
+                body.columns[i].numbers};
+    }
+    layout_.tall = layout_.tall || body.tall;
+    MakeRoomForMarks(body.numbers);
+  }
+
+  void MeasureRow(DisplayGrid::BodyRow& row, BodyMeasure& measure, CellTexts& texts) const {
+    for (int column = grid_.HeadingColumns(); column < grid_.Columns(); ++column) {
+      if (OmCellText* const cell = row.Cell(column)) {
+        MeasureCell(*cell, static_cast<std::size_t>(column), measure, texts);
+      } else {
+        texts.Add({{}, {}, false});
+      }
+    }
+  }
+
+  void MeasureCell(OmCellText& cell, std::size_t at, BodyMeasure& measure, CellTexts& texts) const {
     MarkedText shown = ShowCell(&cell, marks_);
     bool const number = FindNumber(cell).has_value();
-    texts_.Add({shown.text, number, !shown.marks.empty()});
+    texts.Add({shown.text, shown.marks, number});
+    TextColumn& column = measure.columns[at];
     if (number) {
-      numbers = std::max(numbers, MeasureWrapped(shown.text, layout_.tall));
+      int& widest = measure.numbers[at];
+      widest = std::max(widest, MeasureWrapped(shown.text, measure.tall));
       if (shown.marks.empty()) {
         return;
       }
@@ -102,7 +155,7 @@ class LayoutBuilder {
       column.numbers = false;
     }
     shown.text += shown.marks;
-    column.width = std::max(column.width, MeasureWrapped(shown.text, layout_.tall));
+    column.width = std::max(column.width, MeasureWrapped(shown.text, measure.tall));
   }
 
   /// Lets marks hang after the numbers, whose digits then are below one another, where there is
@@ -238,6 +291,7 @@ class LayoutBuilder {
 
   DisplayGrid const& grid_;
   FootnoteMarks const& marks_;
+  unsigned int threads_;
   BodyTexts& texts_;
   int limit_;
   TextLayout layout_;
@@ -259,8 +313,8 @@ int TextLayout::Extent() const {
 }
 
 std::vector<TextPart> LayOutText(DisplayGrid const& grid, FootnoteMarks const& marks, int limit,
-                                 int width, BodyTexts& texts) {
-  return LayoutBuilder(grid, marks, limit, texts).Run(width);
+                                 int width, unsigned int threads, BodyTexts& texts) {
+  return LayoutBuilder(grid, marks, limit, threads, texts).Run(width);
 }
 
 }  // namespace lakresvos::render

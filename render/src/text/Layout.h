@@ -44,9 +44,11 @@ struct TextPart {
 /// of the body as fit, at least one, next to all of the row headings. Columns that leave no room
 /// for that wrap earlier, but not below a few characters, so that a part may still be too wide.
 ///
-/// Looks at every cell of the grid once and adds the texts of the body to `texts`.
+/// Looks at every cell of the grid once and adds the texts of the body to `texts`. Asks for the text
+/// of each label.
+/// @param threads how many may look at cells.
 std::vector<TextPart> LayOutText(DisplayGrid const& grid, FootnoteMarks const& marks, int limit,
-                                 int width, BodyTexts& texts);
+                                 int width, unsigned int threads, BodyTexts& texts);
 
 }  // namespace lakresvos::render
 

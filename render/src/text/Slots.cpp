@@ -83,21 +83,20 @@ std::vector<TextSlot> TextSlots::MakeBody() const {
   return slots;
 }
 
-void TextSlots::Fill(TextSlot& slot, BodyText const& shown, OmCellText const* marked) const {
+void TextSlots::Fill(TextSlot& slot, BodyText const& shown) const {
   TextColumn const& column = layout_.columns[static_cast<std::size_t>(slot.column)];
   slot.next = 0;
   slot.align =
       ChooseAlignment(data_, shown.number ? HorizontalAlignment::Right : HorizontalAlignment::Left);
   slot.after = shown.number ? column.marks : 0;
-  if (marked == nullptr) {
+  if (shown.marks.empty()) {
     Wrap(shown.text, column.width, slot.lines);
     return;
   }
-  std::string const marks = marks_.Find(*marked);
   if (slot.after > 0) {
-    slot.after -= TextWidth(PrintableLines(marks).front());
+    slot.after -= TextWidth(PrintableLines(shown.marks).front());
   }
-  Wrap(std::string(shown.text) + marks, column.width, slot.lines);
+  Wrap(std::string(shown.text).append(shown.marks), column.width, slot.lines);
 }
 
 }  // namespace lakresvos::render

@@ -57,8 +57,7 @@ class TextSlots {
   std::vector<TextSlot> MakeBody() const;
 
   /// Gives a body slot what another cell shows.
-  /// @param marked the cell if it has marks; else null.
-  void Fill(TextSlot& slot, BodyText const& shown, OmCellText const* marked) const;
+  void Fill(TextSlot& slot, BodyText const& shown) const;
 
  private:
   HorizontalAlignment AlignCell(GridCell const& cell) const;

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "io/InBlocks.h"
 #include "text/BoxDrawing.h"
 #include "text/Slots.h"
 
@@ -13,36 +15,50 @@ namespace lakresvos::render {
 
 namespace {
 
+/// Draws runs of rows of a part of a grid.
 class Drawing {
  public:
-  Drawing(std::ostream& out, TextPart const& part, BodyTexts const& texts,
-          FootnoteMarks const& marks, bool ascii)
-      : out_(out),
-        texts_(texts),
+  /// All arguments must outlive the object.
+  Drawing(TextPart const& part, TextSlots const& slots, BodyTexts const& texts, bool ascii)
+      : texts_(texts),
         grid_(part.grid),
         layout_(part.layout),
         box_(ascii),
-        slots_(part.grid, marks, part.layout),
-        headingRows_(slots_.MakeHeadingRows()),
-        body_(slots_.MakeBody()) {}
+        slots_(slots),
+        body_(slots.MakeBody()) {}
 
-  void Run() {
-    std::vector<bool> above;
-    for (int row = 0; row < grid_.Rows(); ++row) {
+  void Draw(RowRun const& run, std::string& out) {
+    std::vector<bool> above = Start(run);
+    for (int row = run.first; row < run.last; ++row) {
       bool const ruled = row <= grid_.HeadingRows() || layout_.tall || StartsGroup(row);
       StartRow(row);
       std::vector<bool> below = Edges(row);
       if (ruled) {
-        WriteRule(row, above, below);
+        WriteRule(row, above, below, out);
       }
-      WriteRow(row);
+      WriteRow(row, out);
       above = std::move(below);
     }
-    headings_.clear();
-    WriteRule(grid_.Rows(), above, {});
+    if (run.last == grid_.Rows()) {
+      headings_.clear();
+      WriteRule(run.last, above, {}, out);
+    }
   }
 
  private:
+  /// Goes to the row before a run. Returns its edges.
+  std::vector<bool> Start(RowRun const& run) {
+    headings_.clear();
+    if (run.first == 0) {
+      headingRows_ = slots_.MakeHeadingRows();
+      return {};
+    }
+    for (GridCell const* const cell : run.headings) {
+      headings_.push_back({cell->column, cell->columnSpan, cell->row, cell->row + cell->rowSpan});
+    }
+    return Edges(run.first - 1);
+  }
+
   /// Whether outer row headings change before this row of the body, not the innermost ones alone.
   bool StartsGroup(int row) const {
     GridCells const starting = grid_.Headings(row);
@@ -71,10 +87,9 @@ class Drawing {
       for (GridCell const& cell : grid_.Headings(row)) {
         headings_.push_back(slots_.MakeHeading(cell));
       }
-      GridPart::BodyRow cells = grid_.Body(row);
+      BodyTexts::Row const texts = texts_.At(row);
       for (TextSlot& slot : body_) {
-        BodyText const shown = texts_.At(row, grid_.FindWholeColumn(slot.column));
-        slots_.Fill(slot, shown, shown.marked ? cells.Cell(slot.column) : nullptr);
+        slots_.Fill(slot, texts.At(grid_.FindWholeColumn(slot.column)));
       }
     }
     std::inplace_merge(headings_.begin(), headings_.begin() + kept, headings_.end(),
@@ -107,33 +122,32 @@ class Drawing {
     return height;
   }
 
-  void WriteRow(int row) {
+  void WriteRow(int row, std::string& out) {
     for (int line = Height(row); line > 0; --line) {
-      line_.clear();
       for (TextSlot& slot : headings_) {
-        line_ += box_.Vertical();
-        WriteSlot(slot);
+        out += box_.Vertical();
+        WriteSlot(slot, out);
       }
       if (row >= grid_.HeadingRows()) {
         for (TextSlot& slot : body_) {
-          line_ += box_.Vertical();
-          WriteSlot(slot);
+          out += box_.Vertical();
+          WriteSlot(slot, out);
         }
       }
-      line_ += box_.Vertical();
-      EndLine();
+      out.append(box_.Vertical()) += '\n';
     }
   }
 
-  void WriteSlot(TextSlot& slot) {
-    line_ += ' ';
-    slot.WriteLine(line_, layout_.Width(slot.column, slot.columnSpan));
-    line_ += ' ';
+  void WriteSlot(TextSlot& slot, std::string& out) const {
+    out += ' ';
+    slot.WriteLine(out, layout_.Width(slot.column, slot.columnSpan));
+    out += ' ';
   }
 
   /// Writes the line before grid row `row`, broken where cells go on across it.
   /// @param above,below the edges of the rows on either side; empty outside the table.
-  void WriteRule(int row, std::vector<bool> const& above, std::vector<bool> const& below) {
+  void WriteRule(int row, std::vector<bool> const& above, std::vector<bool> const& below,
+                 std::string& out) {
     bool const strong = row > 0 && row == grid_.HeadingRows() && row < grid_.Rows();
     std::size_t const columns = layout_.columns.size();
     auto slot = headings_.begin();
@@ -145,50 +159,43 @@ class Drawing {
       return slot != headings_.end() && static_cast<std::size_t>(slot->column) == column;
     };
     bool left = false;
-    line_.clear();
     for (std::size_t column = 0; column <= columns;) {
       bool const crossed = crossing(column);
       bool const right = !crossed && column < columns;
-      line_ += box_.Joint(
+      out += box_.Joint(
           {!above.empty() && above[column], !below.empty() && below[column], left, right}, strong);
       if (crossed) {
-        WriteSlot(*slot);
+        WriteSlot(*slot, out);
         column += static_cast<std::size_t>(slot->columnSpan);
       } else {
         for (int i = right ? layout_.columns[column].width + 2 : 0; i > 0; --i) {
-          line_ += box_.Horizontal(strong);
+          out += box_.Horizontal(strong);
         }
         ++column;
       }
       left = right;
     }
-    EndLine();
+    out += '\n';
   }
 
-  void EndLine() {
-    line_ += '\n';
-    out_.write(line_.data(), static_cast<std::streamsize>(line_.size()));
-  }
-
-  std::ostream& out_;
   BodyTexts const& texts_;
   GridPart const& grid_;
   TextLayout const& layout_;
   BoxDrawing box_;
-  TextSlots slots_;
+  TextSlots const& slots_;
   std::vector<std::vector<TextSlot>> headingRows_;  // what starts in the heading rows still to come
   std::vector<TextSlot> headings_;                  // what of the headings crosses the present row
   std::vector<TextSlot> body_;
-  std::string line_;
 };
 
 }  // namespace
 
 TextTable::TextTable(DisplayGrid const& grid, FootnoteMarks const& marks,
                      TextOptions const& options)
-    : marks_(marks), ascii_(options.ascii), texts_(grid) {
+    : grid_(grid), marks_(marks), options_(options), texts_(grid) {
   if (grid.Rows() > 0 && grid.Columns() > 0) {
-    parts_ = LayOutText(grid, marks, std::max(options.maxColumnWidth, 2), options.width, texts_);
+    parts_ = LayOutText(grid, marks, std::max(options.maxColumnWidth, 2), options.width,
+                        options.threads, texts_);
   }
 }
 
@@ -201,12 +208,41 @@ int TextTable::Width() const {
 }
 
 void TextTable::Write(std::ostream& out) const {
-  for (TextPart const& part : parts_) {
-    if (&part != &parts_.front()) {
-      out << '\n';
-    }
-    Drawing(out, part, texts_, marks_, ascii_).Run();
+  if (parts_.empty()) {
+    return;
   }
+  std::size_t const rows =
+      blockSizes.cells * parts_.size() / static_cast<std::size_t>(grid_.Columns());
+  std::vector<RowRun> const runs = CutRows(grid_, marks_, std::max(static_cast<int>(rows), 1));
+  OutputBuffer buffer(out);
+  for (TextPart const& part : parts_) {
+    buffer << (&part != &parts_.front() ? "\n" : "");
+    WritePart(part, runs, buffer);
+  }
+  buffer.Flush();
+}
+
+void TextTable::WritePart(TextPart const& part, std::vector<RowRun> const& runs,
+                          OutputBuffer& out) const {
+  struct Block {
+    RowRun const* run = nullptr;
+    std::unique_ptr<Drawing> drawing;
+  };
+  TextSlots const slots(part.grid, marks_, part.layout);
+  auto next = runs.begin();
+  WriteInBlocks<Block>(
+      out, options_.threads,
+      [&](Block& block) {
+        if (next == runs.end()) {
+          return false;
+        }
+        block.run = &*next++;
+        if (block.drawing == nullptr) {
+          block.drawing = std::make_unique<Drawing>(part, slots, texts_, options_.ascii);
+        }
+        return true;
+      },
+      [](Block& block, std::string& text) { block.drawing->Draw(*block.run, text); });
 }
 
 }  // namespace lakresvos::render

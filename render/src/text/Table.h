@@ -8,7 +8,9 @@
 #include <lakresvos/render/TextRenderer.h>
 
 #include "content/FootnoteMarks.h"
+#include "io/OutputBuffer.h"
 #include "text/Layout.h"
+#include "text/RowRuns.h"
 
 namespace lakresvos::render {
 
@@ -26,8 +28,11 @@ class TextTable {
   void Write(std::ostream& out) const;
 
  private:
+  void WritePart(TextPart const& part, std::vector<RowRun> const& runs, OutputBuffer& out) const;
+
+  DisplayGrid const& grid_;
   FootnoteMarks const& marks_;
-  bool ascii_;
+  TextOptions const& options_;
   BodyTexts texts_;
   std::vector<TextPart> parts_;  // none when there is nothing to draw
 };

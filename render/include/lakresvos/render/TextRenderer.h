@@ -53,7 +53,8 @@ struct TextOptions : TableOptions {
 /// stored cells, and memory for the headings and the texts of one layer at a time and for the
 /// labels that have been shown.
 ///
-/// Thread safety: none; one thread at a time uses a document and the stream.
+/// Thread safety: none; one thread at a time uses a document and the stream, but for those that
+/// TableOptions::threads allows.
 ///
 /// @param tree the document; neither it nor its items are changed.
 /// @param out where to write; its state tells whether writing failed.
