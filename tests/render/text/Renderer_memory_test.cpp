@@ -1,5 +1,5 @@
 #include <gtest/gtest.h>
-#include <streambuf>
+#include <ostream>
 
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmOutputTree.h>
@@ -7,6 +7,7 @@
 #include <lakresvos/render/TextRenderer.h>
 
 #include "render/support/RenderTables.h"
+#include "render/support/Sink.h"
 #include "support/FailingNew.h"
 
 using lakresvos::render::RenderText;
@@ -14,13 +15,6 @@ using lakresvos::render::TextOptions;
 using namespace render_tables;
 
 namespace {
-
-/// Takes everything and keeps nothing.
-class Sink : public std::streambuf {
- protected:
-  int_type overflow(int_type c) override { return traits_type::not_eof(c); }
-  std::streamsize xsputn(char const* /*text*/, std::streamsize count) override { return count; }
-};
 
 /// A number that counts how often it and its copies are rendered.
 class CountedNumber : public OmNumber {
