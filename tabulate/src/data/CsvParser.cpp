@@ -91,6 +91,11 @@ void CsvParser::Finish(std::string_view bytes) {
   }
 }
 
+void CsvParser::GoOnAt(std::size_t line) {
+  record_.line_ = line;
+  afterCarriageReturn_ = false;
+}
+
 /// Takes a record without quotes. If there are some, the parser is to take it.
 /// @return where it ends; where it starts when it is not taken.
 char const* CsvParser::ReadPlainRecord(char const* const start, char const* const end) {

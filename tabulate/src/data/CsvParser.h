@@ -29,6 +29,13 @@ class CsvParser {
   /// Takes the last bytes, which Parse() did not.
   void Finish(std::string_view bytes);
 
+  /// The line on which the next record starts, from 1. Requires: the bytes so far ended with a
+  /// record.
+  std::size_t Line() const { return record_.line_; }
+
+  /// The next bytes start on this line, with a record. Requires: as above.
+  void GoOnAt(std::size_t line);
+
  private:
   char const* ReadPlainRecord(char const* start, char const* end);
   char const* ParseLine(char const* start, char const* end);

@@ -48,12 +48,16 @@ DataColumn::~DataColumn() = default;
 void DataColumn::Append(std::string_view field) {
   bool const missing = IsMissing(field);
   if (kept_) {
-    if (numbers_->parsed) {
-      numbers_ = std::make_unique<LazyNumbers>();
-    }
+    ForgetNumbers();
     codes_.push_back(missing ? kMissingCode : values_.Intern(field));
   }
   missing_ += missing ? 1 : 0;
+}
+
+void DataColumn::ForgetNumbers() {
+  if (numbers_->parsed) {
+    numbers_ = std::make_unique<LazyNumbers>();
+  }
 }
 
 ColumnNumbers const& DataColumn::Numbers() const {

@@ -7,41 +7,28 @@
 
 #include "support/ErrorOf.h"
 #include "support/TemporaryDirectory.h"
+#include "tabulate/GatheredCsv.h"
 #include "text/Utf8.h"
 
 using namespace lakresvos::tabulate;
 
 namespace {
 
-using Records = std::vector<std::vector<std::string>>;
+using Records = GatheredCsv::Records;
 
-class Gather : public CsvSink {
- public:
-  void Add(CsvRecord const& record) override {
-    records.emplace_back();
-    for (std::size_t i = 0; i < record.size(); ++i) {
-      records.back().emplace_back(record[i]);
-    }
-    lines.push_back(record.Line());
-  }
-
-  Records records;
-  std::vector<std::size_t> lines;
-};
-
-Gather Read(std::string const& bytes) {
+GatheredCsv Read(std::string const& bytes) {
   TemporaryDirectory const directory;
-  Gather gather;
-  ReadCsv(directory.Write("data.csv", bytes), gather);
-  return gather;
+  GatheredCsv gathered;
+  ReadCsv(directory.Write("data.csv", bytes), gathered);
+  return gathered;
 }
 
 /// The error's text with the file's name cut off.
 std::string ErrorIn(std::string const& bytes) {
   TemporaryDirectory const directory;
   std::string const file = directory.Write("data.csv", bytes);
-  Gather gather;
-  std::string const error = ErrorOf([&] { ReadCsv(file, gather); });
+  GatheredCsv gathered;
+  std::string const error = ErrorOf([&] { ReadCsv(file, gathered); });
   return error.starts_with(file) ? error.substr(file.size()) : error;
 }
 
@@ -148,13 +135,12 @@ struct PlainReading {
 };
 
 /// Reads bytes both ways.
-void CheckReading(std::string const& bytes) {
+void CheckReading(std::string const& bytes, CsvReading const& how = {}) {
   PlainReading const plain(bytes);
-  std::istringstream input(bytes);
-  Gather read;
-  RC_ASSERT(ErrorOf([&] { ReadCsv(input, "", read); }) == plain.error);
-  RC_ASSERT(read.records == plain.records);
-  RC_ASSERT(read.lines == plain.lines);
+  CsvResult const read(bytes, how);
+  RC_ASSERT(read.error == plain.error);
+  RC_ASSERT(read.gathered.records == plain.records);
+  RC_ASSERT(read.gathered.lines == plain.lines);
 }
 
 /// Bytes in which every mark of CSV is frequent.
@@ -174,7 +160,7 @@ rc::Gen<std::string> MarkedBytes() {
 }  // namespace
 
 TEST(CsvReader, ReadsFieldsAndLines) {
-  Gather const read = Read("a,b\n1,2\n3,4\n");
+  GatheredCsv const read = Read("a,b\n1,2\n3,4\n");
   EXPECT_EQ(read.records, (Records{{"a", "b"}, {"1", "2"}, {"3", "4"}}));
   EXPECT_EQ(read.lines, (std::vector<std::size_t>{1, 2, 3}));
 }
@@ -204,13 +190,13 @@ TEST(CsvReader, TakesAByteOrderMarkElsewhereAsText) {
 }
 
 TEST(CsvReader, ReadsEveryKindOfLineEnd) {
-  Gather const read = Read("a\r\nb\nc\rd");
+  GatheredCsv const read = Read("a\r\nb\nc\rd");
   EXPECT_EQ(read.records, (Records{{"a"}, {"b"}, {"c"}, {"d"}}));
   EXPECT_EQ(read.lines, (std::vector<std::size_t>{1, 2, 3, 4}));
 }
 
 TEST(CsvReader, SkipsEmptyLinesButCountsThem) {
-  Gather const read = Read("\n\r\na\r\n\r\n\n\r\rb\n\n");
+  GatheredCsv const read = Read("\n\r\na\r\n\r\n\n\r\rb\n\n");
   EXPECT_EQ(read.records, (Records{{"a"}, {"b"}}));
   EXPECT_EQ(read.lines, (std::vector<std::size_t>{3, 8}));
 }
@@ -228,7 +214,7 @@ TEST(CsvReader, KeepsSpacesAsPartOfTheField) {
 }
 
 TEST(CsvReader, UnquotesCommasQuotesAndLineEnds) {
-  Gather const read = Read("\"a,b\",\"say \"\"hi\"\"\"\n\"two\r\nlines\n\n\",x\nlast,1\n");
+  GatheredCsv const read = Read("\"a,b\",\"say \"\"hi\"\"\"\n\"two\r\nlines\n\n\",x\nlast,1\n");
   EXPECT_EQ(read.records,
             (Records{{"a,b", "say \"hi\""}, {"two\r\nlines\n\n", "x"}, {"last", "1"}}));
   EXPECT_EQ(read.lines, (std::vector<std::size_t>{1, 2, 6}));
@@ -241,14 +227,14 @@ TEST(CsvReader, GivesNoRecordForAnEmptyFile) {
 }
 
 TEST(CsvReader, NamesAFileThatIsNotThere) {
-  Gather gather;
-  EXPECT_EQ(ErrorOf([&] { ReadCsv("/nowhere/data.csv", gather); }),
+  GatheredCsv gathered;
+  EXPECT_EQ(ErrorOf([&] { ReadCsv("/nowhere/data.csv", gathered); }),
             "/nowhere/data.csv: No such file or directory");
 }
 
 TEST(CsvReader, NamesADirectory) {
-  Gather gather;
-  EXPECT_EQ(ErrorOf([&] { ReadCsv("/", gather); }), "/: Is a directory");
+  GatheredCsv gathered;
+  EXPECT_EQ(ErrorOf([&] { ReadCsv("/", gathered); }), "/: Is a directory");
 }
 
 TEST(CsvReader, NamesTheQuoteInsideAPlainField) {
@@ -282,12 +268,12 @@ TEST(CsvReader, HandsOnWhatTheSinkThrows) {
 
 TEST(CsvReader, ReadsAStreamAsItReadsAFile) {
   std::istringstream input("a,b\n1,\"2\n3\"");
-  Gather gather;
-  ReadCsv(input, "data", gather);
-  EXPECT_EQ(gather.records, (Records{{"a", "b"}, {"1", "2\n3"}}));
-  EXPECT_EQ(gather.lines, (std::vector<std::size_t>{1, 2}));
+  GatheredCsv gathered;
+  ReadCsv(input, "data", gathered);
+  EXPECT_EQ(gathered.records, (Records{{"a", "b"}, {"1", "2\n3"}}));
+  EXPECT_EQ(gathered.lines, (std::vector<std::size_t>{1, 2}));
   std::istringstream broken("a\n\"");
-  EXPECT_EQ(ErrorOf([&] { ReadCsv(broken, "data", gather); }),
+  EXPECT_EQ(ErrorOf([&] { ReadCsv(broken, "data", gathered); }),
             "data:2: column 1: unclosed quoted field");
 }
 
@@ -297,13 +283,13 @@ TEST(CsvReader, NamesAStreamThatCannotBeRead) {
   };
   Unreadable buffer;
   std::istream input(&buffer);
-  Gather gather;
-  EXPECT_EQ(ErrorOf([&] { ReadCsv(input, "data", gather); }), "data: read error");
+  GatheredCsv gathered;
+  EXPECT_EQ(ErrorOf([&] { ReadCsv(input, "data", gathered); }), "data: read error");
 }
 
 TEST(CsvReader, ReadsFieldsLargerThanAnyBuffer) {
   std::string const large(300000, 'x');
-  Gather const read = Read(large + ",\"" + large + "\n\"\nb,c\n");
+  GatheredCsv const read = Read(large + ",\"" + large + "\n\"\nb,c\n");
   EXPECT_EQ(read.records, (Records{{large, large + "\n"}, {"b", "c"}}));
   EXPECT_EQ(read.lines, (std::vector<std::size_t>{1, 3}));
 }
@@ -326,6 +312,13 @@ RC_GTEST_PROP(CsvReader, ReadsBackWhateverIsWrittenInQuotes, ()) {
 
 RC_GTEST_PROP(CsvReader, AgreesWithAReaderThatGoesFromByteToByte, ()) {
   CheckReading(*MarkedBytes());
+}
+
+RC_GTEST_PROP(CsvReader, AgreesWithThatOneInSeveralThreads, ()) {
+  auto const bytes = *rc::gen::scale(10, MarkedBytes());
+  auto const threads = *rc::gen::element<std::size_t>(2, 3, 7);
+  auto const block = *rc::gen::inRange<std::size_t>(3, 40);
+  CheckReading(bytes, {threads, block});
 }
 
 RC_GTEST_PROP(CsvReader, AgreesWithThatOneWhereItsBuffersEnd, ()) {

@@ -16,6 +16,7 @@
 
 namespace lakresvos::tabulate {
 
+class ColumnPart;
 struct LazyNumbers;
 class WarningLog;
 
@@ -70,6 +71,10 @@ class LAKRESVOS_TABULATE_EXPORT DataColumn {
   ColumnNumbers const& Numbers() const;
 
  private:
+  friend class ColumnPart;
+
+  void ForgetNumbers();
+
   std::string name_;
   bool kept_;
   bool text_ = false;
@@ -99,10 +104,24 @@ struct LAKRESVOS_TABULATE_EXPORT DataSet {
   std::size_t FindColumn(std::string const& name) const;
 };
 
+/// How data are read.
+///
+/// Thread safety: const operations may run in several threads at once; others need exclusive
+/// access.
+struct ReadOptions {
+  /// How many threads may work at once, the calling one included; 0 counts as 1. The results do not
+  /// depend on it. Below 192 KiB of data only the calling one works. Each takes about 1 MiB of
+  /// memory, and as much again as the distinct values that it finds.
+  unsigned threads = 1;
+};
+
 /// Reads a CSV file (RFC 4180, UTF-8) whose first record names the columns.
 ///
 /// Values are kept of the required columns only; missing ones are counted in all. A record with too
 /// few or too many fields is skipped. Takes one pass, in time linear in the size of the file.
+///
+/// Threads that are started have ended when this returns or throws. One that cannot be started is
+/// done without.
 ///
 /// @param required the columns to keep.
 /// @param warnings gets a warning of each skipped record.
@@ -110,14 +129,14 @@ struct LAKRESVOS_TABULATE_EXPORT DataSet {
 ///         quotes, invalid UTF-8, a missing header, a duplicate column name, and a
 ///         required column that is not there.
 LAKRESVOS_TABULATE_EXPORT DataSet ReadDataSet(std::string const& file,
-                                              RequiredColumns const& required,
-                                              WarningLog& warnings);
+                                              RequiredColumns const& required, WarningLog& warnings,
+                                              ReadOptions const& options = {});
 
-/// Reads CSV from a stream up to its end; otherwise as above.
+/// Reads CSV from a stream up to its end, which the calling thread alone uses; otherwise as above.
 /// @param name names the source in messages.
 LAKRESVOS_TABULATE_EXPORT DataSet ReadDataSet(std::istream& input, std::string const& name,
-                                              RequiredColumns const& required,
-                                              WarningLog& warnings);
+                                              RequiredColumns const& required, WarningLog& warnings,
+                                              ReadOptions const& options = {});
 
 }  // namespace lakresvos::tabulate
 

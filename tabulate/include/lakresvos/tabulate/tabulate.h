@@ -7,7 +7,7 @@
 /// 1. ParseFormula(): which columns make the rows, columns and layers of the table;
 /// 2. ParseStatistics(): what each cell shows;
 /// 3. ListColumns(): the data columns that these need;
-/// 4. ReadDataSet(): reads them from a CSV file or a stream;
+/// 4. ReadDataSet(): reads them from a CSV file or a stream, in as many threads as it may use;
 /// 5. RowWeights: how often each row counts, if not once;
 /// 6. MakeCrossTable(): makes the pivot table, which a document takes and a renderer shows.
 ///

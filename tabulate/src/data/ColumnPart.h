@@ -1,0 +1,36 @@
+#ifndef LAKRESVOS_TABULATE_DATA_COLUMNPART_H
+#define LAKRESVOS_TABULATE_DATA_COLUMNPART_H
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include <lakresvos/tabulate/DataSet.h>
+
+namespace lakresvos::tabulate {
+
+/// Rows that are to be appended to a column, which another thread may fill at the same time.
+///
+/// It remembers the values that it has handed over, so that handing over looks up each distinct
+/// value once, however often that is done.
+class ColumnPart {
+ public:
+  /// @param whole the column, which outlives its part at this address.
+  explicit ColumnPart(DataColumn& whole);
+
+  /// Adds a row.
+  void Append(std::string_view field) { part_.Append(field); }
+
+  /// Moves the rows to the end of the column. New values get their codes there in the order in
+  /// which they appeared here.
+  void HandOver();
+
+ private:
+  DataColumn* whole_;
+  DataColumn part_;
+  std::vector<std::uint32_t> codeInWhole_;  // for each value that was handed over
+};
+
+}  // namespace lakresvos::tabulate
+
+#endif
