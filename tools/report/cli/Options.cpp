@@ -1,8 +1,10 @@
 #include "cli/Options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <initializer_list>
 #include <ostream>
+#include <thread>
 #include <tuple>
 #include <unistd.h>
 #include <utility>
@@ -21,6 +23,8 @@ namespace lakresvos::report {
 
 namespace {
 
+constexpr int kMaxThreads = 1024;
+
 /// Values as they are written, which are read once the whole command line is known.
 struct RawValues {
   std::vector<std::string> formulas;
@@ -31,6 +35,7 @@ struct RawValues {
   bool allLayers = true;
   bool keepEmpty = false;
   std::pair<bool, bool> mergeRowsAndColumns{true, true};
+  int threads = 0;  // 0: one per processor
 };
 
 void DeclareInput(OptionBuilder& builder, Options& options) {
@@ -138,8 +143,10 @@ void DeclareFormats(OptionBuilder& builder, Options& options, RawValues& raw) {
       .Requires(kXlsxFormat);
 }
 
-void DeclareOther(OptionBuilder& builder, CLI::App& app) {
+void DeclareOther(OptionBuilder& builder, CLI::App& app, RawValues& raw) {
   builder.StartGroup("Other");
+  builder.AddNumber("--threads", "N", raw.threads, 1, kMaxThreads,
+                    "use at most N threads (default: one per processor)");
   app.set_help_flag("-h,--help", "print this help and exit");
   app.set_version_flag("--version", "lakresvos-report " LAKRESVOS_VERSION,
                        "print the version and exit");
@@ -152,6 +159,12 @@ void SetTableOptions(Options& options, render::TableOptions const& tables) {
                                                     &options.csv, &options.json, &options.xlsx}) {
     *each = tables;
   }
+}
+
+/// The number of processors that this process may use.
+int CountProcessors() {
+  return static_cast<int>(
+      std::clamp<unsigned>(std::thread::hardware_concurrency(), 1, kMaxThreads));
 }
 
 /// Assigns the values of a repeated option to the tables in turn.
@@ -185,6 +198,7 @@ void ReadValues(RawValues const& raw, Options& options) {
     options.groupings.push_back(tabulate::ParseGrouping(grouping, "--group"));
   }
   options.statistics = tabulate::ParseStatistics(raw.statistics, "--statistics");
+  options.threads = static_cast<unsigned>(raw.threads > 0 ? raw.threads : CountProcessors());
   SetTableOptions(options, {.skipEmpty = !raw.keepEmpty, .allLayers = raw.allLayers});
   if (options.text.width == 0) {
     bool const isPrinted = options.outputFile.empty();
@@ -207,7 +221,7 @@ std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::
   DeclareTables(builder, options, raw);
   DeclareOutput(builder, options);
   DeclareFormats(builder, options, raw);
-  DeclareOther(builder, app);
+  DeclareOther(builder, app, raw);
   CheckAssignments(app, argc, argv);
   try {
     app.parse(argc, argv);

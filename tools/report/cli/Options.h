@@ -36,6 +36,7 @@ struct Options {
   std::string outputFile;  ///< empty: standard output
   bool strict = false;     ///< write nothing when anything would be left out
   OutputFormat format = OutputFormat::Text;
+  unsigned threads = 1;  ///< how many may work at once
 
   // What the renderer of each format is asked for; the choices about tables are the same for all.
 

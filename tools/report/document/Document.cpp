@@ -124,8 +124,8 @@ tabulate::WarningLog AppendReport(OmOutputTree& document, Options const& options
   tabulate::CheckGroupings(options.groupings, ListTableColumns(options.tables));
   CheckTextColumns(options.textColumns, ListTableColumns(options.tables));
   tabulate::WarningLog warnings;
-  tabulate::DataSet data =
-      tabulate::ReadDataSet(options.dataFile, ListRequiredColumns(options), warnings);
+  tabulate::DataSet data = tabulate::ReadDataSet(options.dataFile, ListRequiredColumns(options),
+                                                 warnings, {.threads = options.threads});
   for (std::string const& column : options.textColumns) {
     data.columns[data.FindColumn(column)].TreatAsText();
   }

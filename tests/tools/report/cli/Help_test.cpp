@@ -54,6 +54,7 @@ XLSX:
   --xlsx-merge AXES   headings to merge: both (default), rows, columns or none
 
 Other:
+  --threads N         use at most N threads (default: one per processor)
   -h, --help          print this help and exit
   --version           print the version and exit
 
@@ -105,5 +106,5 @@ TEST(Help, NamesNoOptionThatTheManualLeavesOut) {
       ++options;
     }
   }
-  EXPECT_EQ(options, 25u);
+  EXPECT_EQ(options, 26u);
 }

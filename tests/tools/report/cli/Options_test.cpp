@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <initializer_list>
+#include <sched.h>
 #include <sstream>
 
 #include <lakresvos/lakresvos.h>
@@ -14,9 +15,9 @@ using namespace lakresvos::tabulate;
 namespace {
 
 constexpr char const* kWithValue[] = {
-    "--table", "--weight",    "--statistics",  "--title",     "--caption", "--group",
-    "--text",  "--style",     "--from",        "--format",    "-o",        "--layers",
-    "--width", "--csv-shape", "--xlsx-layers", "--xlsx-merge"};
+    "--table", "--weight",    "--statistics",  "--title",      "--caption", "--group",
+    "--text",  "--style",     "--from",        "--format",     "-o",        "--layers",
+    "--width", "--csv-shape", "--xlsx-layers", "--xlsx-merge", "--threads"};
 constexpr char const* kFlags[] = {"--totals",      "--chart", "--strict",
                                   "--keep-empty",  "--ascii", "--csv-safe",
                                   "--json-layout", "--help",  "--version"};
@@ -290,6 +291,22 @@ TEST(OptionErrors, WidthThatCannotBe) {
   }
   EXPECT_EQ(ErrorIn({"a.csv", "--table", "a ~", "--width", "80", "--format", "csv"}),
             "--width has no effect without --format text");
+}
+
+TEST(Options, UseAllProcessorsUnlessToldOtherwise) {
+  cpu_set_t allowed;
+  ASSERT_EQ(::sched_getaffinity(0, sizeof allowed, &allowed), 0);
+  EXPECT_EQ(Parse({"a.csv"}).options->threads, static_cast<unsigned>(CPU_COUNT(&allowed)));
+  EXPECT_EQ(Parse({"a.csv", "--threads", "1"}).options->threads, 1u);
+  EXPECT_EQ(Parse({"a.csv", "--threads", "1024"}).options->threads, 1024u);
+  EXPECT_EQ(Parse({"--from", "a.json", "--threads", "3"}).options->threads, 3u);
+}
+
+TEST(OptionErrors, NumberOfThreadsThatCannotBe) {
+  for (std::string const threads : {"0", "-1", "1025", "all", "2x", "1.5", "99999999999"}) {
+    EXPECT_EQ(ErrorIn({"a.csv", ("--threads=" + threads).c_str()}),
+              "--threads: expected a whole number from 1 to 1024, not '" + threads + "'");
+  }
 }
 
 TEST(Options, ReadTheShapeOfCsv) {

@@ -101,6 +101,41 @@ TEST(Program, WritesTheSameToAFile) {
   EXPECT_EQ(ReadFile(directory.Path("out.txt")), printed);
 }
 
+TEST(Program, WritesTheSameHoweverManyThreadsItUses) {
+  TemporaryDirectory const directory;
+  std::string bytes = "a,b,x\r\n";
+  for (int i = 0; i < 40000; ++i) {
+    bytes += i % 7 == 0 ? "NA," : "a" + std::to_string(i % 3000) + ",";
+    bytes += i % 3 == 0 ? "\"b, \"\"quoted\"\"\r\n\"," : "b" + std::to_string(i % 11) + ",";
+    bytes += i % 5000 == 4999 ? "1,2\r\n" : std::to_string(i % 1009) + ".25\n";
+  }
+  std::string const file = directory.Write("a.csv", bytes);
+  std::string const broken = directory.Write("broken.csv", bytes + "a,\"b\"c,1\n" + bytes + "\"");
+  auto const run = [](std::string const& threads, std::string const& data,
+                      std::string const& format) {
+    return RunReport({"--threads", threads, data, "--format", format, "--table", "a ~ b",
+                      "--statistics", "count,mean:x,sum:x"});
+  };
+  for (std::string const format : {"text", "html", "markdown", "csv", "json"}) {
+    ReportRun const alone = run("1", file, format);
+    ReportRun together = run("4", file, format);
+    std::string const used = "--threads 4";  // in the command, which most formats show
+    if (std::size_t const at = together.out.find(used); at != std::string::npos) {
+      together.out.replace(at, used.size(), "--threads 1");
+    }
+    EXPECT_TRUE(together.out == alone.out) << format;
+    EXPECT_EQ(together.err, alone.err);
+    EXPECT_EQ(together.exitCode, 0);
+    EXPECT_NE(alone.err.find("8 lines with too few or too many fields"), std::string::npos)
+        << alone.err;
+  }
+  ReportRun const failed = run("4", broken, "text");
+  EXPECT_EQ(failed.exitCode, 2);
+  EXPECT_EQ(failed.err, run("1", broken, "text").err);
+  EXPECT_NE(failed.err.find("column 2: text after the closing quote"), std::string::npos)
+      << failed.err;
+}
+
 TEST(Program, WritesTheFileThatADanglingLinkNames) {
   for (std::string const format : {"text", "xlsx"}) {
     TemporaryDirectory const directory;
