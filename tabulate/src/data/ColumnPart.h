@@ -2,10 +2,13 @@
 #define LAKRESVOS_TABULATE_DATA_COLUMNPART_H
 
 #include <cstdint>
+#include <memory>
 #include <string_view>
 #include <vector>
 
 #include <lakresvos/tabulate/DataSet.h>
+
+#include "data/ColumnWriter.h"
 
 namespace lakresvos::tabulate {
 
@@ -19,7 +22,7 @@ class ColumnPart {
   explicit ColumnPart(DataColumn& whole);
 
   /// Adds a row.
-  void Append(std::string_view field) { part_.Append(field); }
+  void Append(std::string_view field) { writer_.Append(field); }
 
   /// Moves the rows to the end of the column. New values get their codes there in the order in
   /// which they appeared here.
@@ -27,7 +30,8 @@ class ColumnPart {
 
  private:
   DataColumn* whole_;
-  DataColumn part_;
+  std::unique_ptr<DataColumn> part_;
+  ColumnWriter writer_;
   std::vector<std::uint32_t> codeInWhole_;  // for each value that was handed over
 };
 

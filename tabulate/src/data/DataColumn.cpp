@@ -11,10 +11,6 @@ namespace lakresvos::tabulate {
 
 namespace {
 
-bool IsMissing(std::string_view field) {
-  return field.empty() || (field.size() == 2 && field[0] == 'N' && field[1] == 'A');
-}
-
 ColumnNumbers ParseColumnNumbers(Dictionary const& values) {
   ColumnNumbers numbers;
   numbers.byCode.reserve(values.size());
@@ -44,6 +40,10 @@ DataColumn::DataColumn(std::string name, bool kept)
 DataColumn::DataColumn(DataColumn&& other) noexcept = default;
 DataColumn& DataColumn::operator=(DataColumn&& other) noexcept = default;
 DataColumn::~DataColumn() = default;
+
+bool DataColumn::IsMissing(std::string_view field) {
+  return field.empty() || (field.size() == 2 && field[0] == 'N' && field[1] == 'A');
+}
 
 void DataColumn::Append(std::string_view field) {
   bool const missing = IsMissing(field);

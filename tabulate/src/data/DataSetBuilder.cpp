@@ -36,6 +36,7 @@ class DataSetBuilder::Part : public CsvPartSink {
       whole_.Skip(linesBefore + record.line, record.fields);
     }
     skipped_.clear();
+    whole_.FlushColumns();
     DataSet& data = whole_.data_;
     data.records += lines_.size();
     std::transform(lines_.begin(), lines_.end(), std::back_inserter(data.lines),
@@ -80,6 +81,7 @@ DataSet DataSetBuilder::Result() {
   if (data_.columns.empty()) {
     throw InputError(data_.file, 1, "expected a header line with the names of the columns");
   }
+  FlushColumns();
   return std::move(data_);
 }
 
@@ -106,6 +108,9 @@ void DataSetBuilder::AddColumns(CsvRecord const& header) {
   for (std::size_t i = 0; i < header.size(); ++i) {
     data_.columns.emplace_back(std::string(header[i]), kept[i]);
   }
+  for (DataColumn& column : data_.columns) {
+    writers_.emplace_back(column);
+  }
 }
 
 void DataSetBuilder::AddRow(CsvRecord const& record) {
@@ -116,7 +121,13 @@ void DataSetBuilder::AddRow(CsvRecord const& record) {
   ++data_.records;
   data_.lines.push_back(record.Line());
   for (std::size_t i = 0; i < record.size(); ++i) {
-    data_.columns[i].Append(record[i]);
+    writers_[i].Append(record[i]);
+  }
+}
+
+void DataSetBuilder::FlushColumns() {
+  for (ColumnWriter& writer : writers_) {
+    writer.Flush();
   }
 }
 

@@ -4,11 +4,13 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <lakresvos/tabulate/DataSet.h>
 #include <lakresvos/tabulate/RequiredColumns.h>
 #include <lakresvos/tabulate/WarningLog.h>
 
+#include "data/ColumnWriter.h"
 #include "data/CsvSink.h"
 
 namespace lakresvos::tabulate {
@@ -38,7 +40,10 @@ class DataSetBuilder : public CsvSink {
   void Skip(std::size_t line, std::size_t fields);
   std::string NameFirstOddField(std::size_t fields) const;
 
+  void FlushColumns();
+
   DataSet data_;
+  std::vector<ColumnWriter> writers_;
   RequiredColumns const& required_;
   WarningLog& warnings_;
 };

@@ -29,8 +29,15 @@ std::uint64_t ReadFour(std::string_view text, std::size_t at) {
   return four << 8 * at;
 }
 
+}  // namespace
+
+Dictionary::Dictionary() : ids_(std::make_unique<IdTable>()) {}
+Dictionary::Dictionary(Dictionary&& other) noexcept = default;
+Dictionary& Dictionary::operator=(Dictionary&& other) noexcept = default;
+Dictionary::~Dictionary() = default;
+
 /// A short text's own bytes and length, so that no other text has its hash.
-std::uint64_t Hash(std::string_view text) {
+std::uint64_t Dictionary::Hash(std::string_view text) {
   std::size_t const size = text.size();
   if (size > kMaxShort) {
     return std::hash<std::string_view>()(text) | kLongMark;
@@ -44,15 +51,15 @@ std::uint64_t Hash(std::string_view text) {
              : length | ReadByte(text, 0) | ReadByte(text, size / 2) | ReadByte(text, size - 1);
 }
 
-}  // namespace
-
-Dictionary::Dictionary() : ids_(std::make_unique<IdTable>()) {}
-Dictionary::Dictionary(Dictionary&& other) noexcept = default;
-Dictionary& Dictionary::operator=(Dictionary&& other) noexcept = default;
-Dictionary::~Dictionary() = default;
+void Dictionary::Prefetch(std::uint64_t hash) const {
+  ids_->Prefetch(hash);
+}
 
 std::uint32_t Dictionary::Intern(std::string_view text) {
-  std::uint64_t const hash = Hash(text);
+  return InternHashed(text, Hash(text));
+}
+
+std::uint32_t Dictionary::InternHashed(std::string_view text, std::uint64_t hash) {
   std::uint32_t const known = FindHashed(text, hash);
   if (known != kNone) {
     return known;

@@ -118,3 +118,12 @@ TEST(DataSetBuilder, CountsAllLinesThatSeveralThreadsSkip) {
   EXPECT_NE(reading.find("skipped 1000 from 3, b"), std::string::npos);
   EXPECT_EQ(reading, DescribeReading(bytes, {{"a", "the test"}}, {}));
 }
+
+TEST(DataSetBuilder, GivesManyValuesTheSameCodesInSeveralThreads) {
+  std::string bytes = "a,b\n";
+  for (int row = 0; row < 40000; ++row) {
+    bytes += std::to_string(row * 7919 % 10007) + "," + std::to_string(row * 31 % 5003) + ".5\n";
+  }
+  RequiredColumns const required{{"a", "the test"}, {"b", "the test"}};
+  EXPECT_TRUE(DescribeReading(bytes, required, {3, 5000}) == DescribeReading(bytes, required, {}));
+}

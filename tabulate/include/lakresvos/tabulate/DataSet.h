@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include <lakresvos/Export.h>
 #include <lakresvos/tabulate/ColumnNumbers.h>
 #include <lakresvos/tabulate/Dictionary.h>
 #include <lakresvos/tabulate/Export.h>
@@ -17,6 +18,7 @@
 namespace lakresvos::tabulate {
 
 class ColumnPart;
+class ColumnWriter;
 struct LazyNumbers;
 class WarningLog;
 
@@ -72,8 +74,10 @@ class LAKRESVOS_TABULATE_EXPORT DataColumn {
 
  private:
   friend class ColumnPart;
+  friend class ColumnWriter;
 
-  void ForgetNumbers();
+  LAKRESVOS_HIDDEN static bool IsMissing(std::string_view field);
+  LAKRESVOS_HIDDEN void ForgetNumbers();
 
   std::string name_;
   bool kept_;

@@ -8,10 +8,12 @@
 #include <string_view>
 #include <vector>
 
+#include <lakresvos/Export.h>
 #include <lakresvos/tabulate/Export.h>
 
 namespace lakresvos::tabulate {
 
+class ColumnWriter;
 class IdTable;
 
 /// The distinct texts among many, numbered 0, 1, 2, ... in the order in which they first appear.
@@ -52,7 +54,12 @@ class LAKRESVOS_TABULATE_EXPORT Dictionary {
   }
 
  private:
-  std::uint32_t FindHashed(std::string_view text, std::uint64_t hash) const;
+  friend class ColumnWriter;
+
+  LAKRESVOS_HIDDEN static std::uint64_t Hash(std::string_view text);
+  LAKRESVOS_HIDDEN void Prefetch(std::uint64_t hash) const;
+  LAKRESVOS_HIDDEN std::uint32_t InternHashed(std::string_view text, std::uint64_t hash);
+  LAKRESVOS_HIDDEN std::uint32_t FindHashed(std::string_view text, std::uint64_t hash) const;
 
   std::string text_;               // all texts, one after the other
   std::vector<std::size_t> ends_;  // where each text ends
