@@ -199,7 +199,9 @@ void ReadValues(RawValues const& raw, Options& options) {
   }
   options.statistics = tabulate::ParseStatistics(raw.statistics, "--statistics");
   options.threads = static_cast<unsigned>(raw.threads > 0 ? raw.threads : CountProcessors());
-  SetTableOptions(options, {.skipEmpty = !raw.keepEmpty, .allLayers = raw.allLayers});
+  SetTableOptions(
+      options,
+      {.skipEmpty = !raw.keepEmpty, .allLayers = raw.allLayers, .threads = options.threads});
   if (options.text.width == 0) {
     bool const isPrinted = options.outputFile.empty();
     options.text.width = isPrinted ? GetTerminalWidth(STDOUT_FILENO) : kUsualWidth;
