@@ -52,12 +52,18 @@ struct Files {
 void RegisterJob(std::shared_ptr<Files> const& files, std::string const& what) {
   bool const sums = what == "sums";
   std::string const prefix = what + "/";
-  Register(prefix + "lakresvos-report", [files, sums](benchmark::State& state) {
-    MeasureMilliseconds(state, [&] {
-      RunProgram({LAKRESVOS_REPORT, files->data.name, "--table", "a * b ~ c * d", "--statistics",
-                  sums ? "count,sum:x" : "count", "--format", "html", "-o", files->output.name});
+  auto const own = [&](std::string const& name, Words const& options) {
+    Register(prefix + name, [files, sums, options](benchmark::State& state) {
+      Words command{LAKRESVOS_REPORT,  files->data.name, "--table",
+                    "a * b ~ c * d",   "--statistics",   sums ? "count,sum:x" : "count",
+                    "--format",        "html",           "-o",
+                    files->output.name};
+      command.insert(command.end(), options.begin(), options.end());
+      MeasureMilliseconds(state, [&] { RunProgram(command); });
     });
-  });
+  };
+  own("lakresvos-report", {});
+  own("lakresvos-report, 1 thread", {"--threads", "1"});
   Register(prefix + "bare loop", [files, sums](benchmark::State& state) {
     MeasureMilliseconds(state,
                         [&] { WriteBareCrosstab(files->data.name, sums, files->output.name); });

@@ -97,9 +97,14 @@ void MeasureWriting(benchmark::State& state, std::function<void(std::ostream& ou
 }
 
 void RegisterForm(std::string const& name, int side, Form const& form,
-                  std::function<void(std::ostream& out)> const& render) {
-  Register(name + "/lakresvos",
-           [render](benchmark::State& state) { MeasureWriting(state, render); });
+                  std::function<void(std::ostream& out, unsigned int threads)> const& render) {
+  auto const own = [&](std::string const& who, unsigned int threads) {
+    Register(name + "/" + who, [render, threads](benchmark::State& state) {
+      MeasureWriting(state, [&](std::ostream& out) { render(out, threads); });
+    });
+  };
+  own("lakresvos", 1);
+  own("lakresvos, 2 threads", 2);
   auto numbers = std::make_shared<std::vector<double>>();
   for (int r = 0; r < side; ++r) {
     for (int c = 0; c < side; ++c) {
@@ -122,12 +127,22 @@ void RegisterWorkload(bool quick) {
   int const side = quick ? 100 : 1000;
   auto const document = MakeDocument(side);
   RegisterForm("html", side, {"<tr>", "</tr>\n", "<th>", "</th>", "<td>", "</td>"},
-               [document](std::ostream& out) { RenderHtml(*document, out); });
-  RegisterForm("csv", side, {"", "\n", "", "", ",", ""}, [document](std::ostream& out) {
-    CsvOptions options;
-    options.shape = CsvOptions::Shape::Display;
-    RenderCsv(*document, out, options);
-  });
+               [document](std::ostream& out, unsigned int threads) {
+                 HtmlOptions options;
+                 options.threads = threads;
+                 RenderHtml(*document, out, options);
+               });
+  RegisterForm("csv", side, {"", "\n", "", "", ",", ""},
+               [document](std::ostream& out, unsigned int threads) {
+                 CsvOptions options;
+                 options.threads = threads;
+                 options.shape = CsvOptions::Shape::Display;
+                 RenderCsv(*document, out, options);
+               });
   RegisterForm("text", side, {"", "\n", "", "", " ", "", 9},
-               [document](std::ostream& out) { RenderText(*document, out); });
+               [document](std::ostream& out, unsigned int threads) {
+                 TextOptions options;
+                 options.threads = threads;
+                 RenderText(*document, out, options);
+               });
 }
