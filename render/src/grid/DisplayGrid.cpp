@@ -213,6 +213,20 @@ DisplayGrid::BodyRow DisplayGrid::Body(int row) const {
 }
 
 OmCellText* DisplayGrid::BodyRow::Cell(int column) {
+  auto const place = [&](int at) -> OmCellText*& {
+    return found_[static_cast<std::size_t>(at) % found_.size()];
+  };
+  if (column < first_ || column >= next_ || next_ - column > static_cast<int>(found_.size())) {
+    first_ = next_ = column;
+  }
+  for (int const last = std::min(column + kAhead, grid_.columns_ - 1); next_ <= last; ++next_) {
+    place(next_) = Find(next_);
+    __builtin_prefetch(place(next_));
+  }
+  return place(column);
+}
+
+OmCellText* DisplayGrid::BodyRow::Find(int column) {
   std::size_t const count = grid_.columnDimensions_.size();
   int const* subscript = grid_.columnSubscripts_.data() +
                          static_cast<std::size_t>(column - grid_.headingColumns_) * count;

@@ -352,6 +352,40 @@ TEST(DisplayGrid, NoRowDimensionsGiveOneBodyRowWithoutHeading) {
   EXPECT_NE(laid->Body(2).Cell(1), nullptr);
 }
 
+TEST(DisplayGrid, CellsOfARowAreTheSameInWhateverOrderTheyAreRead) {
+  constexpr int kColumns = 60;
+  Table table;
+  table.AddFlat("R", 2);
+  table.AddFlat("C", kColumns);
+  table.Place({0}, {1});
+  for (int c = 0; c < kColumns; ++c) {
+    if (c % 7 != 3) {
+      table.Put({1, c});
+    }
+  }
+  table.Put({0, 3});
+  Laid const laid(table, false);
+  int const first = laid->HeadingColumns();
+  std::vector<int> order;
+  for (int c = 0; c < kColumns; ++c) {
+    order.push_back(c);
+  }
+  for (int c = kColumns - 1; c >= 0; --c) {
+    order.push_back(c);
+  }
+  for (int c = 0; c < 4 * kColumns; ++c) {
+    order.push_back(c * 17 % kColumns);
+    order.push_back(c * 3 % kColumns);
+  }
+  for (int const start : {0, 5, kColumns - 1}) {
+    DisplayGrid::BodyRow row = laid->Body(laid->Rows() - 1);
+    for (std::size_t i = 0; i < order.size(); ++i) {
+      int const column = (order[i] + start) % kColumns;
+      EXPECT_EQ(row.Cell(first + column), table.Cell({1, column})) << column;
+    }
+  }
+}
+
 TEST(DisplayGrid, NoDimensionsOnEitherAxisGiveASingleCell) {
   Table table;
   table.AddFlat("A", 2);

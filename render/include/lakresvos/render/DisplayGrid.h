@@ -1,6 +1,7 @@
 #ifndef LAKRESVOS_RENDER_DISPLAYGRID_H
 #define LAKRESVOS_RENDER_DISPLAYGRID_H
 
+#include <array>
 #include <cstddef>
 #include <utility>
 #include <vector>
@@ -157,7 +158,7 @@ class LAKRESVOS_RENDER_EXPORT DisplayGrid {
 class LAKRESVOS_RENDER_EXPORT DisplayGrid::BodyRow {
  public:
   /// The cell in grid column `column`, owned by the table; null when there is none.
-  /// Allocates nothing; constant time for a given number of dimensions.
+  /// Allocates nothing; constant time for a given number of dimensions, and best from left to right.
   /// Requires: `column` is at least HeadingColumns() and below Columns().
   OmCellText* Cell(int column);
 
@@ -167,8 +168,18 @@ class LAKRESVOS_RENDER_EXPORT DisplayGrid::BodyRow {
   BodyRow(DisplayGrid const& grid, std::vector<int> index)
       : grid_(grid), index_(std::move(index)) {}
 
+  OmCellText* Find(int column);
+
+  static constexpr int kAhead = 8;
+
   DisplayGrid const& grid_;
   std::vector<int> index_;
+
+  // The cells of columns first_ to next_ - 1, as far as there is room for them: a row is mostly read
+  // from left to right, and its cells lie far apart in memory.
+  std::array<OmCellText*, 2 * kAhead> found_{};
+  int first_ = 0;
+  int next_ = 0;
 };
 
 }  // namespace lakresvos::render
