@@ -16,16 +16,24 @@ constexpr std::uint32_t kNoPosition = std::numeric_limits<std::uint32_t>::max();
 constexpr unsigned long kListRooms[] = {2, 4, 8, 16, 36};
 constexpr unsigned long kMaxList = 36;
 
+/// A list keeps room for at most so many times its entries.
+constexpr unsigned long kRoomToKeep = 4;
+
 /// Entries that begin a node this low are probably followed by the next ones.
 constexpr unsigned long kFirstSlots = 4;
 
-// A node becomes dense when a quarter of it is filled, from eight entries on an eighth, and stays so
-// down to a sixteenth: what takes entries out and puts others in does not rebuild it each time.
+// A node becomes dense when a quarter of it is filled, from eight entries on an eighth, grows while a
+// twelfth is and stays dense down to a sixteenth: what puts entries in or takes them out does not
+// rebuild it each time.
 constexpr unsigned long kFewEntries = 8;
 constexpr unsigned long kSlotsForFew = 4;
 constexpr unsigned long kSlotsForMore = 8;
+constexpr unsigned long kSlotsToGrowDense = 12;
 constexpr unsigned long kSlotsToStayDense = 16;
 constexpr unsigned long kAlwaysDense = 16;
+
+/// One for each subscript.
+constexpr unsigned long kMostSlots = 1UL << 31;
 
 // How many entries a page has on average: when it is made, when pages have become too long, and by
 // how many the pages may outnumber the entries.
@@ -40,10 +48,15 @@ bool IsFullEnough(unsigned long size, unsigned long filled) {
 }
 
 /// For how many slots a dense node of `size` entries that had `slots` gets memory. Up to where it
-/// will probably be filled it grows in large steps, but not past that.
+/// will probably be filled it grows in large steps, but not past that, unless that grows with it.
 unsigned long ChooseSlots(unsigned long size, unsigned long slots, unsigned long expected) {
-  unsigned long const step = size <= expected ? std::min(expected, 4 * slots + 6) : 2 * slots + 2;
-  return std::max(size, step);
+  unsigned long step = 2 * slots + 2;
+  if (size <= expected) {
+    unsigned long const large = 4 * slots + 6;
+    step = expected <= large + large / 8 ? expected : large;
+    step = std::max(step, slots + slots / 8 + 2);
+  }
+  return std::max(size, std::min(step, kMostSlots));
 }
 
 /// The room of a list that holds `count` entries, at most kMaxList.
@@ -237,6 +250,7 @@ Node* Node::SetInList(unsigned long position, void* entry, unsigned long expecte
     std::copy(Listed() + rank + 1, Listed() + filled_ + 1, Listed() + rank);
     std::copy(Keys() + rank + 1, Keys() + filled_ + 1, Keys() + rank);
     Keys()[filled_] = kNoPosition;
+    return Shrink();
   }
   return this;
 }
@@ -325,7 +339,7 @@ Node* Node::AddToDense(unsigned long position, void* entry, unsigned long expect
   OmMemoryRegion& region = *OmMemoryRegion::FindOwner(this);
   unsigned long const size = position + 1;
   unsigned long const filled = filled_ + (entry != nullptr ? 1UL : 0UL);
-  if (size > std::max(kSlotsForMore * filled, kAlwaysDense)) {
+  if (size > std::max(kSlotsToGrowDense * filled, kAlwaysDense)) {
     return MoveTo(filled <= kMaxList ? MakeList(region, FindListRoom(filled), size)
                                      : MakePaged(region, size, filled),
                   position, entry);
@@ -376,8 +390,14 @@ Node* Node::AddToList(std::uint32_t rank, unsigned long position, void* entry,
 /// Another form where so few entries are left that they take too much memory in this one.
 Node* Node::Shrink() {
   bool const few = filled_ <= kMaxList / 2;
-  bool const sparse = IsDense() ? size_ > std::max(kSlotsToStayDense * filled_, kAlwaysDense)
-                                : few || FindPage(size_) > kPagesToKeep * filled_;
+  bool sparse = false;
+  if (IsDense()) {
+    sparse = slots_ > std::max(kSlotsToStayDense * filled_, kAlwaysDense);
+  } else if (IsPaged()) {
+    sparse = few || FindPage(size_) > kPagesToKeep * filled_;
+  } else {
+    sparse = room_ > kListRooms[0] && kRoomToKeep * filled_ <= room_;
+  }
   if (!sparse) {
     return this;
   }

@@ -133,7 +133,8 @@ struct OmPivotTable::PointerVector {
   /// was shorter. Returns the node, which may have moved. Amortized constant time in a dense node;
   /// elsewhere in proportion to a page or a list.
   /// @param expected up to where the node will probably be filled; 0 when nobody knows.
-  /// @throws std::bad_alloc, unless an entry is made null or replaced; nothing has changed then.
+  /// @throws std::bad_alloc, unless there is an entry, which is made null or replaced; nothing has
+  ///         changed then.
   [[nodiscard]] PointerVector* Set(unsigned long position, void* entry, unsigned long expected = 0);
 
  private:

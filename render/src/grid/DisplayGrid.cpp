@@ -214,12 +214,13 @@ DisplayGrid::BodyRow DisplayGrid::Body(int row) const {
 
 OmCellText* DisplayGrid::BodyRow::Cell(int column) {
   auto const place = [&](int at) -> OmCellText*& {
-    return found_[static_cast<std::size_t>(at) % found_.size()];
+    return found_[static_cast<std::size_t>(at % kRoom)];
   };
-  if (column < first_ || column >= next_ || next_ - column > static_cast<int>(found_.size())) {
+  if (column < first_ || column >= next_ || next_ - column > kRoom) {
     first_ = next_ = column;
   }
-  for (int const last = std::min(column + kAhead, grid_.columns_ - 1); next_ <= last; ++next_) {
+  for (int const last = column + std::min(kAhead, grid_.columns_ - 1 - column); next_ <= last;
+       ++next_) {
     place(next_) = Find(next_);
     __builtin_prefetch(place(next_));
   }

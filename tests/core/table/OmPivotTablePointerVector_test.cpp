@@ -177,7 +177,60 @@ TEST(OmPivotTablePointerVector, FillsAgainAfterItWasEmptied) {
   }
 }
 
+/// How often the node moves while these positions are set.
+template <class Expected>
+int CountMoves(NodePair& pair, Positions const& positions, Expected expected) {
+  int moves = 0;
+  for (unsigned long const position : positions) {
+    Node const* const before = pair.get();
+    pair.Set(position, Mark(position), expected(position));
+    moves += pair.get() != before ? 1 : 0;
+  }
+  return moves;
+}
+
+TEST(OmPivotTablePointerVector, GrowsSeldomWhereWhatIsExpectedGrowsWithIt) {
+  for (unsigned long const step : {1UL, 8UL, 64UL}) {
+    NodePair pair;
+    auto const one_more = [](unsigned long position) { return position + 1; };
+    EXPECT_LT(CountMoves(pair, Every(step, step * 10'000), one_more), 100);
+    pair.Check();
+  }
+}
+
+TEST(OmPivotTablePointerVector, ChangesItsFormSeldomWhereItIsAboutAsFullAsAFormNeeds) {
+  auto const nothing = [](unsigned long) { return 0UL; };
+  for (unsigned long const stride : {4UL, 7UL, 8UL, 9UL, 12UL, 16UL, 24UL, 32UL}) {
+    for (unsigned long const together : {1UL, 2UL, 3UL}) {
+      Positions positions;
+      for (unsigned long at = 10; at < 10'000 * stride; at += stride * together) {
+        for (unsigned long i = 0; i < together; ++i) {
+          positions.push_back(at + i);
+        }
+      }
+      NodePair pair;
+      EXPECT_LT(CountMoves(pair, positions, nothing), 100) << stride << ", " << together;
+      pair.Check();
+    }
+  }
+}
+
 // Memory
+
+TEST(OmPivotTablePointerVector, GivesMemoryBackWhereFewEntriesAreLeft) {
+  for (unsigned long const step : {1UL, 3UL, 64UL, 5000UL}) {
+    NodePair pair;
+    Positions const positions = Every(step, step * 2000);
+    pair.Fill(positions);
+    for (std::size_t i = 0; i < positions.size(); ++i) {
+      if (i % 100 != 0) {
+        pair.Set(positions[i], nullptr);
+      }
+    }
+    pair.Check();
+    EXPECT_LE(pair.BytesPerEntry(), 160U) << "every " << step;
+  }
+}
 
 TEST(OmPivotTablePointerVector, TakesMemoryForWhatItHoldsAlone) {
   for (unsigned long const step : {1UL, 2UL, 7UL, 20UL, 64UL, 100UL, 1000UL, 65536UL, 1000000UL}) {

@@ -171,13 +171,14 @@ class LAKRESVOS_RENDER_EXPORT DisplayGrid::BodyRow {
   OmCellText* Find(int column);
 
   static constexpr int kAhead = 8;
+  static constexpr int kRoom = 2 * kAhead;
 
   DisplayGrid const& grid_;
   std::vector<int> index_;
 
   // The cells of columns first_ to next_ - 1, as far as there is room for them: a row is mostly read
   // from left to right, and its cells lie far apart in memory.
-  std::array<OmCellText*, 2 * kAhead> found_{};
+  std::array<OmCellText*, kRoom> found_{};
   int first_ = 0;
   int next_ = 0;
 };
