@@ -35,6 +35,7 @@ OmDimHeader::OmDimHeader(OmDimension const& dimension, OmMemoryRegion* arena)
     : region(arena), levelCounts(arena), visibleCategories(arena), categoryPositions(arena) {
   // Up to the largest subscript that can hold a cell.
   unsigned long subscripts = std::min<unsigned long>(dimension.CategoryCount(), kSubscriptLimit);
+  std::vector<std::size_t> unslotted;
   OmVectorTreeWalk<PathNode> walk(dimension.Root());
   while (walk.Next()) {
     OmDimensionNode const& node = walk.Current().Value();
@@ -44,11 +45,11 @@ OmDimHeader::OmDimHeader(OmDimension const& dimension, OmMemoryRegion* arena)
       if (node.subscript < kSubscriptLimit) {
         subscripts = std::max(subscripts, node.subscript + 1);
       } else {
-        unslotted_.push_back(paths.size() - 1);
+        unslotted.push_back(paths.size() - 1);
       }
     }
   }
-  IndexPositions(subscripts);
+  IndexPositions(subscripts, unslotted);
 }
 
 void OmDimHeader::AddLeaf(std::vector<PathNode> const& fromRoot) {
@@ -63,17 +64,20 @@ void OmDimHeader::AddLeaf(std::vector<PathNode> const& fromRoot) {
   visibleCategories.push_back(static_cast<unsigned int>(fromRoot.back().Value().subscript));
 }
 
-void OmDimHeader::IndexPositions(unsigned long subscripts) {
+/// @param subscripts up to where there are any that can hold a cell.
+/// @param unslotted  the positions of the leaves that have others, ascending.
+void OmDimHeader::IndexPositions(unsigned long subscripts,
+                                 std::vector<std::size_t> const& unslotted) {
   unsigned long const count = std::min(subscripts, kAlwaysNear + kSpread * paths.size());
   categoryPositions.reserve(count);
   while (categoryPositions.size() < count) {
     categoryPositions.push_back(kNoPosition);
   }
-  auto unslotted = unslotted_.begin();
+  auto skipped = unslotted.begin();
   for (unsigned int position = 0; position < visibleCategories.size(); ++position) {
     unsigned int const subscript = visibleCategories[position];
-    if (unslotted != unslotted_.end() && *unslotted == position) {
-      ++unslotted;
+    if (skipped != unslotted.end() && *skipped == position) {
+      ++skipped;
     } else if (subscript < count) {
       categoryPositions[subscript] = position;
     } else {

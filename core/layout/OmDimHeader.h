@@ -1,6 +1,7 @@
 #ifndef LAKRESVOS_CORE_LAYOUT_OMDIMHEADER_H
 #define LAKRESVOS_CORE_LAYOUT_OMDIMHEADER_H
 
+#include <cstddef>
 #include <deque>
 #include <utility>
 #include <vector>
@@ -45,13 +46,12 @@ struct OmDimHeader {
 
  private:
   void AddLeaf(std::vector<PathNode> const& fromRoot);
-  void IndexPositions(unsigned long subscripts);
+  void IndexPositions(unsigned long subscripts, std::vector<std::size_t> const& unslotted);
   unsigned int FindFarPosition(unsigned long long subscript) const;
 
   /// Subscripts too far out for a slot in a table that is to stay in proportion to the leaves, with
   /// their positions, ascending.
   std::vector<std::pair<unsigned long, unsigned int>> farPositions_;
-  std::vector<std::size_t> unslotted_;  ///< the positions of leaves whose subscript has no cell
 };
 
 #endif

@@ -149,8 +149,8 @@ void* Node::FindEntry(unsigned long position) const {
     return Look(Look(Directory(), FindPage(position)), FindPlace(position));
   }
   // Without a branch, for nobody can predict where the search ends, and a wrong guess would wait
-  // for memory while the next reads could be loading theirs. Past the last entry, where keys are
-  // those of no position but -1 taken for one, the answer is masked out.
+  // for memory while the next reads could be loading theirs. The answer is masked out past the
+  // last entry, where an unused key would be that of a subscript of -1.
   std::uint32_t const rank = Rank(position);
   auto const inside = static_cast<std::uintptr_t>(rank < filled_);
   std::uint32_t const at = rank < room_ ? rank : 0;
@@ -256,18 +256,17 @@ Node* Node::SetInList(unsigned long position, void* entry, unsigned long expecte
 }
 
 Node* Node::SetInPages(unsigned long position, void* entry, unsigned long expected) {
-  OmMemoryRegion& region = *OmMemoryRegion::FindOwner(this);
   unsigned long const size = std::max(static_cast<unsigned long>(size_), position + 1);
   bool const grows = entry != nullptr && position >= size_;
   if (grows && FindPage(position) > kPagesPerEntry * (filled_ + 1UL)) {
-    return MoveTo(MakePaged(region, size, filled_ + 1UL), position, entry);
+    return MoveTo(MakePaged(Region(), size, filled_ + 1UL), position, entry);
   }
   Node* const directory = FromEntry(Directory());
   void** const slot = directory != nullptr ? directory->FindSlot(FindPage(position)) : nullptr;
   if (slot != nullptr && *slot != nullptr) {
     SetInPage(*slot, position, entry);
   } else if (entry != nullptr) {
-    AddPage(region, position, entry);
+    AddPage(position, entry);
   }
   size_ = static_cast<std::uint32_t>(size);
   if (entry == nullptr) {
@@ -278,8 +277,8 @@ Node* Node::SetInPages(unsigned long position, void* entry, unsigned long expect
     return this;
   }
   try {
-    return MoveTo(full ? MakeDense(region, ChooseSlots(size, size / 2, expected), size)
-                       : MakePaged(region, size, filled_),
+    return MoveTo(full ? MakeDense(Region(), ChooseSlots(size, size / 2, expected), size)
+                       : MakePaged(Region(), size, filled_),
                   position, entry);
   } catch (std::bad_alloc const&) {
     return this;  // as good, but slower
@@ -304,13 +303,13 @@ void Node::SetInPage(void*& slot, unsigned long position, void* entry) {
 }
 
 /// Adds a page with its first entry.
-void Node::AddPage(OmMemoryRegion& region, unsigned long position, void* entry) {
-  Node* const page = Make(region, FindPlace(position), entry);
+void Node::AddPage(unsigned long position, void* entry) {
+  Node* const page = Make(Region(), FindPlace(position), entry);
   Node* directory = FromEntry(Directory());
   unsigned long const number = FindPage(position);
   try {
     directory = directory != nullptr ? directory->Set(number, page->AsEntry(), FindPage(size_) + 1)
-                                     : Make(region, number, page->AsEntry());
+                                     : Make(Region(), number, page->AsEntry());
   } catch (...) {
     Release(page);
     throw;
@@ -336,15 +335,14 @@ Node* Node::MoveTo(Node* fresh, unsigned long position, void* entry) {
 }
 
 Node* Node::AddToDense(unsigned long position, void* entry, unsigned long expected) {
-  OmMemoryRegion& region = *OmMemoryRegion::FindOwner(this);
   unsigned long const size = position + 1;
   unsigned long const filled = filled_ + (entry != nullptr ? 1UL : 0UL);
   if (size > std::max(kSlotsToGrowDense * filled, kAlwaysDense)) {
-    return MoveTo(filled <= kMaxList ? MakeList(region, FindListRoom(filled), size)
-                                     : MakePaged(region, size, filled),
+    return MoveTo(filled <= kMaxList ? MakeList(Region(), FindListRoom(filled), size)
+                                     : MakePaged(Region(), size, filled),
                   position, entry);
   }
-  Node* const node = MakeDense(region, ChooseSlots(size, slots_, expected), size);
+  Node* const node = MakeDense(Region(), ChooseSlots(size, slots_, expected), size);
   std::copy_n(Slots(), size_, node->Slots());
   node->Slots()[position] = entry;
   node->filled_ = static_cast<std::uint32_t>(filled);
@@ -358,15 +356,14 @@ Node* Node::AddToList(std::uint32_t rank, unsigned long position, void* entry,
   unsigned long const size = std::max<unsigned long>(size_, position + 1);
   Node* node = this;
   if (filled_ == room_) {
-    OmMemoryRegion& region = *OmMemoryRegion::FindOwner(this);
     if (IsFullEnough(size, filled_ + 1UL)) {
-      return MoveTo(MakeDense(region, ChooseSlots(size, size / 2, expected), size), position,
+      return MoveTo(MakeDense(Region(), ChooseSlots(size, size / 2, expected), size), position,
                     entry);
     }
     if (filled_ == kMaxList) {
-      return MoveTo(MakePaged(region, size, filled_ + 1UL), position, entry);
+      return MoveTo(MakePaged(Region(), size, filled_ + 1UL), position, entry);
     }
-    node = MakeList(region, FindListRoom(filled_ + 1), size);
+    node = MakeList(Region(), FindListRoom(filled_ + 1), size);
     for (std::uint32_t i = 0; i != rank; ++i) {
       node->Keys()[i] = Keys()[i];
       node->Listed()[i] = Listed()[i];
@@ -402,10 +399,9 @@ Node* Node::Shrink() {
     return this;
   }
   try {
-    OmMemoryRegion& region = *OmMemoryRegion::FindOwner(this);
-    return MoveTo(
-        few ? MakeList(region, FindListRoom(filled_), size_) : MakePaged(region, size_, filled_),
-        size_ - 1, Entry(size_ - 1));
+    return MoveTo(few ? MakeList(Region(), FindListRoom(filled_), size_)
+                      : MakePaged(Region(), size_, filled_),
+                  size_ - 1, Entry(size_ - 1));
   } catch (std::bad_alloc const&) {
     return this;
   }

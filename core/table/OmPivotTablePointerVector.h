@@ -1,7 +1,6 @@
 #ifndef LAKRESVOS_CORE_TABLE_OMPIVOTTABLEPOINTERVECTOR_H
 #define LAKRESVOS_CORE_TABLE_OMPIVOTTABLEPOINTERVECTOR_H
 
-#include <algorithm>
 #include <cstdint>
 
 #include <cells/OmMemoryRegion.h>
@@ -154,6 +153,10 @@ struct OmPivotTable::PointerVector {
 
   PointerVector() = default;
 
+  /// The region that the node lies in. Looks at memory far from the node, so to be asked only by
+  /// what allocates.
+  OmMemoryRegion& Region() const { return *OmMemoryRegion::FindOwner(this); }
+
   static std::uintptr_t AsBits(void* entry) { return reinterpret_cast<std::uintptr_t>(entry); }
 
   static PointerVector* MakeDense(OmMemoryRegion& region, unsigned long slots, unsigned long size);
@@ -208,7 +211,7 @@ struct OmPivotTable::PointerVector {
   PointerVector* AddToList(std::uint32_t rank, unsigned long position, void* entry,
                            unsigned long expected);
   void SetInPage(void*& slot, unsigned long position, void* entry);
-  void AddPage(OmMemoryRegion& region, unsigned long position, void* entry);
+  void AddPage(unsigned long position, void* entry);
   PointerVector* Shrink();
 
   /// The entries of this node and one more in `fresh`, which takes this node's place.

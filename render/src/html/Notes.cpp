@@ -21,7 +21,7 @@ void HtmlNotes::AppendCell(std::string& out, OmCellText const* cell) {
 }
 
 void HtmlNotes::AppendMarks(std::string& out, OmCellText const& label) {
-  if (!CountMarks() || !label.hasMeta()) {
+  if (!NumbersMarks() || !label.hasMeta()) {
     return;
   }
   char const* before = "<sup>";

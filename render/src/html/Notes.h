@@ -20,7 +20,7 @@ class HtmlNotes {
 
   /// Whether what a label or a cell shows depends on those before: marks are numbered. Without any,
   /// several threads may append cells at once.
-  bool CountMarks() const { return footnotes_.Count() != 0; }
+  bool NumbersMarks() const { return footnotes_.Count() != 0; }
 
   /// Appends a label with its marks; nothing for a null one.
   void AppendLabel(std::string& out, OmCellText const* label);

@@ -173,7 +173,7 @@ class HtmlTable {
     auto const write = [this](RowHead const& head, DisplayGrid::BodyRow& cells, std::string& out) {
       AppendRow(out, head, cells);
     };
-    if (notes_.CountMarks()) {
+    if (notes_.NumbersMarks()) {
       WriteBodyRows<RowHead>(out_, BodyBlocks(grid_, 1), 1, prepare, write);
     } else {
       WriteBodyRows<RowHead>(out_, BodyBlocks(grid_), threads_, prepare, write);
