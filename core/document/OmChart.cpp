@@ -27,7 +27,6 @@ struct OmChart::Data {
   int editor = 1;
   ChartXMLContentSubType chartSubType = ChartXMLUnspecified;
   long long chartId;
-  unsigned int xmlUncompressedLength = 0;
 };
 
 namespace {
@@ -111,9 +110,7 @@ void OmChart::SetXmlDescription(char const* bytes, unsigned int count) {
   _my->xmlDescription.append(bytes, count);
 }
 
-void OmChart::SetXmlUncompressedLength(unsigned int length) {
-  _my->xmlUncompressedLength = length;
-}
+void OmChart::SetXmlUncompressedLength(unsigned int) {}
 
 void OmChart::SetXmlCompressedLength(unsigned int length) {
   _my->xmlDescription.reserve(length);

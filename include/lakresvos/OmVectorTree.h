@@ -57,7 +57,6 @@ struct OmVectorTreeElement {
   /// Needs no memory of its own: the nodes that are going away hold the way back up.
   void DestroyDescendants() {
     OmVectorTreeElement* current = this;
-    OmVectorTreeElement* const way_out = parent;
     current->children.capacityEnd = current->children.begin;
     for (;;) {
       OmVectorTreeElement*& cursor = current->children.capacityEnd;
@@ -75,7 +74,6 @@ struct OmVectorTreeElement {
       current->value.~Type();
       current = current->parent;
     }
-    parent = way_out;
   }
 
   /// Where a copied node takes its storage from and whom it names as its parent.
@@ -458,7 +456,7 @@ typename OmVectorTree<Type>::Node OmVectorTree<Type>::Node::Counterpart(OmVector
   std::vector<std::size_t> offsets;
   Element const* node = element;
   for (unsigned int level = depth; level != 0; --level) {
-    Element const* above = node != nullptr ? node->parent : nullptr;
+    Element const* const above = node->parent;
     std::size_t const offset = above != nullptr ? PositionAmong(*above, node) : SIZE_MAX;
     if (above == nullptr || !(offset < above->children.size())) {
       FailCounterpart();
