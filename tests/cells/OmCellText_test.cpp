@@ -96,6 +96,17 @@ TEST(OmCellText, KindsDiffer) {
   EXPECT_EQ(kinds.size(), 7U);
 }
 
+TEST(OmCellText, EachClassSaysItsOwnKind) {
+  std::vector<long> kinds;
+  for (CellPointer const& cell : EveryKind()) {
+    kinds.push_back(cell->GetKind());
+  }
+  EXPECT_EQ(kinds, (std::vector<long>{OmCellText::StringCellKind, OmCellText::StringCellUTF8Kind,
+                                      OmCellText::NumberKind, OmCellText::VariableKind,
+                                      OmCellText::NumDataValueKind, OmCellText::StringDataValueKind,
+                                      OmCellText::CompositeKind}));
+}
+
 TEST(OmCellText, AcceptVisitsTheOwnKind) {
   std::vector<std::string> names;
   for (CellPointer const& cell : EveryKind()) {

@@ -160,6 +160,43 @@ TEST(OmComposite, PartsAHundredThousandLevelsDeepNeedNoDeepStack) {
   EXPECT_EQ(clone->GetText(), "0");
 }
 
+/// A composite that holds `inner` as the value of the root of its parts, and a part besides.
+std::unique_ptr<OmComposite> WrapInRoot(OmMemoryRegion* region,
+                                        std::unique_ptr<OmComposite> inner) {
+  std::unique_ptr<OmComposite> outer(new (region) OmComposite("{0}"));
+  outer->Parts().Root().Value() = inner.release();
+  outer->AddPart(OmNumber(7));
+  return outer;
+}
+
+TEST(OmComposite, ACompositeInTheRootIsClonedAndDeletedWithItsParts) {
+  OmMemoryRegion region(false);
+  {
+    std::unique_ptr<OmComposite> inner(new (&region) OmComposite("<{0}>"));
+    inner->AddPart(OmStringCell("inner"));
+    std::unique_ptr<OmComposite> const outer = WrapInRoot(&region, std::move(inner));
+    std::unique_ptr<OmCellText> const clone(outer->Clone(&region));
+    EXPECT_EQ(clone->GetText(), "7");
+    PartTree::Node const root = dynamic_cast<OmComposite&>(*clone).Parts().Root();
+    EXPECT_EQ(root.Value()->GetText(), "<inner>");
+    EXPECT_NE(root.Value(), outer->Parts().Root().Value());
+  }
+  EXPECT_EQ(region.BytesInUse(), 0U);
+}
+
+TEST(OmComposite, CompositesInRootsAHundredThousandLevelsDeepNeedNoDeepStack) {
+  OmMemoryRegion region(false);
+  {
+    std::unique_ptr<OmComposite> composite(new (&region) OmComposite("."));
+    for (int level = 0; level < kDeep; ++level) {
+      composite = WrapInRoot(&region, std::move(composite));
+    }
+    std::unique_ptr<OmCellText> const clone(composite->Clone(&region));
+    EXPECT_EQ(clone->GetText(), "7");
+  }
+  EXPECT_EQ(region.BytesInUse(), 0U);
+}
+
 TEST(OmComposite, CompositesAHundredThousandLevelsDeepNeedNoDeepStack) {
   std::unique_ptr<OmComposite> composite(new OmComposite("."));
   for (int level = 0; level < kDeep; ++level) {

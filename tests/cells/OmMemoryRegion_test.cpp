@@ -110,6 +110,17 @@ TEST_F(RegionTest, WhatFollowsABlockThatStandsAloneIsNotHeld) {
   }
 }
 
+TEST_F(RegionTest, ABlockThatStandsAloneStartsAfterItsHeaderAndEndsWhereItsMemoryEnds) {
+  for (unsigned long const size : {kChunk, kChunk + 16, kChunk * 3 / 2, kChunk * 40}) {
+    OmMemoryRegion alone(false);
+    void const* const block = alone.Allocate(size);
+    unsigned long const header = alone.BytesReserved() - size;
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % kChunk, header) << size;
+    EXPECT_LT(header, 1024U) << size;
+    EXPECT_EQ(alone.BytesInUse(), size);
+  }
+}
+
 TEST_F(RegionTest, SizeZeroCountsAsOne) {
   void* block = region.Allocate(0);
   ASSERT_NE(block, nullptr);

@@ -117,6 +117,13 @@ TEST(OmVectorTreeCounterpartDeathTest, OfAStaleHandleAbortsBeforeTheOtherTreeIsL
   EXPECT_ABORT(last.Counterpart(empty), PatternFor("int"));
 }
 
+TEST(OmVectorTreeCounterpartDeathTest, OfAHandleThatSaysItIsDeeperThanItIsAborts) {
+  Sample source(0, 3);
+  Sample other(1000, 3);
+  EXPECT_ABORT(Node(&source, 1).Counterpart(other), PatternFor("int"));
+  EXPECT_ABORT(Node(source.Root()[1][2].element, 3).Counterpart(other), PatternFor("int"));
+}
+
 TEST(OmVectorTreeCounterpartDeathTest, NamesThePayloadOfACategoryTree) {
   OmVectorTree<OmDimensionNode> source;
   OmVectorTree<OmDimensionNode> other;

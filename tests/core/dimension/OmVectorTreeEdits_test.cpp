@@ -184,6 +184,20 @@ TEST_F(OmVectorTreeEdits, InsertsBeforeTheFirstChildThatEqualsTheAnchor) {
   EXPECT_EQ(Shape(tree), "0(10(11(15) 12) 99 20(21(25) 22) 30(31(35) 32) 20)");
 }
 
+TEST_F(OmVectorTreeEdits, InsertsBeforeTheFirstChildOfAll) {
+  Sample tree;
+  TrackedValue const anchor(10);
+  Tree::InsertChildBefore(tree, Element(nullptr, 99), &anchor);
+  EXPECT_EQ(Shape(tree), "0(99 10(11(15) 12) 20(21(25) 22) 30(31(35) 32))");
+}
+
+TEST_F(OmVectorTreeEdits, InsertsBeforeTheLastChild) {
+  Sample tree;
+  TrackedValue const anchor(30);
+  Tree::InsertChildBefore(tree, Element(nullptr, 99), &anchor);
+  EXPECT_EQ(Shape(tree), "0(10(11(15) 12) 20(21(25) 22) 99 30(31(35) 32))");
+}
+
 TEST_F(OmVectorTreeEdits, InsertsAtTheEndWithoutAnAnchor) {
   Sample tree;
   Tree::InsertChildBefore(tree, Element(nullptr, 99), nullptr);
@@ -413,6 +427,23 @@ TEST_F(OmVectorTreeEdits, APlaceAfterTheLastChildFollowsAParentThatAnInsertionMo
     Tree::EraseChild(last);
     EXPECT_EQ(parent->children.size(), 1U);
   }
+}
+
+TEST_F(OmVectorTreeEdits, APlaceAfterTheLastChildAnswersWithNothingButItsParent) {
+  Sample tree;
+  Tree::AppendChild(tree.Root(), 40);
+  ASSERT_EQ(tree.children.size(), tree.children.capacity());
+  Node last = tree.Root()[3];
+  Tree::AppendChild(last, 41);
+  Tree::EraseChild(last);
+  EXPECT_EQ(last.element, tree.children.end);
+  EXPECT_EQ(last.Value().number, 0);
+  EXPECT_EQ(last.NChildren(), 0U);
+  EXPECT_EQ(last.Child(0).element, nullptr);
+  EXPECT_EQ(last.Parent().element, &tree);
+  EXPECT_EQ(last.Parent().depth, 0U);
+  EXPECT_EQ(last.element->children.region, nullptr);
+  EXPECT_TRUE(Tree::PastTheEnd(*last.element));
 }
 
 TEST_F(OmVectorTreeEdits, APlaceAfterTheLastChildFollowsItsParent) {
