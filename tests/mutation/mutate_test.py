@@ -1,0 +1,152 @@
+#!/usr/bin/env -S python3 -B
+"""On a tiny library, the script tells the mutants that its tests notice from those that they miss."""
+
+import json
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+import scratch
+
+HERE = Path(__file__).resolve().parent
+FILES = {
+    "CMakeLists.txt": """
+        cmake_minimum_required(VERSION 3.25)
+        project(tiny LANGUAGES CXX)
+        set(CMAKE_CXX_STANDARD 20)
+        set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+        find_package(GTest REQUIRED)
+        add_subdirectory(tests)
+        """,
+    "tests/CMakeLists.txt": """
+        add_executable(fee_tests ../core/Fee.cpp Fee_test.cpp)
+        target_include_directories(fee_tests PRIVATE ../core)
+        target_link_libraries(fee_tests PRIVATE GTest::gtest_main)
+        """,
+    "core/Fee.h": """
+        int Fee(int weight);
+        int Refund(int weight);
+        long Length(char const* begin, char const* end);
+        """,
+    "core/Fee.cpp": """
+        #include "Fee.h"
+        namespace {
+        constexpr int kUnused = 7;  // 1 + 1 < 3
+        }
+        int Fee(int weight) {
+          return weight > 20 ? 9 : 4;
+        }
+        int Refund(int weight) {
+          return -Fee(weight);
+        }
+        long Length(char const* begin, char const* end) {
+          return end - begin;
+        }
+        """,
+    "tests/Fee_test.cpp": """
+        #include "Fee.h"
+        #include <gtest/gtest.h>
+        TEST(Fee, IsLowForLightParcels) { EXPECT_EQ(Fee(1), 4); }
+        TEST(Fee, IsHighForHeavyParcels) { EXPECT_EQ(Fee(50), 9); }
+        """,
+    "docs/reliability.md": """
+        | function | change | why no test can tell |
+        |---|---|---|
+        | `Fee` | `weight > 20` becomes `weight >= 20` | parcels never weigh 20 |
+        """,
+}
+
+
+class MutateTest(unittest.TestCase):
+    def setUp(self):
+        self.root = Path(self.enterContext(tempfile.TemporaryDirectory()))
+        for name, text in FILES.items():
+            self.write(name, "\n".join(line.removeprefix(8 * " ") for line in text.strip().splitlines()))
+        self.write("CMakePresets.json", json.dumps(
+            {"version": 6, "include": [str(HERE.parents[1] / "CMakePresets.json")]}))
+        self.write(".gitignore", "/build/")
+        subprocess.run(["git", "init", "--quiet", self.root], check=True)
+
+    def write(self, name, text):
+        file = self.root / name
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_text(text + "\n", encoding="utf-8")
+
+    def mutate(self, *options):
+        run = subprocess.run([sys.executable, "-B", HERE / "mutate.py", "--root", self.root,
+                              "--jobs", "1", *options],
+                             capture_output=True, text=True)
+        self.assertEqual(run.returncode, 0, run.stdout + run.stderr)
+        return run.stdout
+
+    def outcomes(self):
+        file = self.root / "build" / "mutation" / "results.json"
+        return {name.removeprefix("core/Fee.cpp:"): entry["outcome"]
+                for name, entry in json.loads(file.read_text("utf-8")).items()}
+
+    def test_mutants_are_made_where_the_code_is(self):
+        listed = self.mutate("--list", "1000")
+        self.assertIn("core/Fee.cpp:6:17:to-ge", listed)
+        self.assertNotIn("core/Fee.cpp:1:", listed)
+        self.assertIn("core/Fee.cpp:3:25:one-more", listed)
+        self.assertNotIn("core/Fee.cpp:3:3", listed)
+        self.assertNotIn("core/Fee.h", listed)
+
+        shown = self.mutate("--show", "core/Fee.cpp:6:17:to-ge")
+        self.assertIn("-  return weight > 20 ? 9 : 4;\n+  return weight >= 20 ? 9 : 4;\n", shown)
+
+    def test_killed_and_surviving_mutants_are_told_apart(self):
+        report = self.mutate("1000")
+        outcomes = self.outcomes()
+        self.assertEqual(outcomes["6:17:to-le"], "killed")
+        self.assertEqual(outcomes["6:24:one-more"], "killed")
+        self.assertEqual(outcomes["6:17:to-ge"], "survived")
+        self.assertEqual(outcomes["6:19:one-more"], "survived")
+        self.assertEqual(outcomes["9:10:no-sign"], "survived")
+        self.assertEqual(outcomes["3:25:one-more"], "same code")
+        self.assertEqual(outcomes["12:14:to-plus"], "does not compile")
+
+        self.assertIn("core/Fee.cpp:9:10:no-sign survived: no test runs it", report)
+        self.assertIn("core/Fee.cpp:6:19:one-more survived: 2 tests run it", report)
+        self.assertIn("-  return weight > 20 ? 9 : 4;\n+  return weight > 21 ? 9 : 4;\n", report)
+        self.assertNotIn("core/Fee.cpp:6:17:to-ge survived:", report)
+        self.assertIn("survivors: 1 explained, ", report)
+
+        # What is known is not tried again, until there are other tests.
+        self.assertNotIn("killed  ", self.mutate("1000"))
+        test = FILES["tests/Fee_test.cpp"].strip().replace(8 * " ", "")
+        self.write("tests/Fee_test.cpp", test + "\nTEST(Fee, IsHighFrom21) { EXPECT_EQ(Fee(21), 9); }")
+        self.assertIn("killed           core/Fee.cpp:6:19:one-more  fee_tests Fee.IsHighFrom21",
+                      self.mutate("--in", "core", "--only", "core/Fee.cpp:6:19:one-more"))
+
+
+class RunTestsTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
+
+    def run_tests(self, script, seconds):
+        program = self.folder / "some_tests"
+        program.write_text(f"#!/bin/sh\necho '[ RUN      ] Some.Test'\n{script}\n", encoding="utf-8")
+        program.chmod(0o755)
+        return scratch.run_tests(program, None, seconds, self.folder / "notes.log")
+
+    def test_a_test_that_does_not_end_has_failed_and_ends_with_what_it_started(self):
+        mark = self.folder / "alive"
+        outcome = self.run_tests(f"(sleep 1; touch {mark}) & sleep 60", 0.3)
+        self.assertEqual((outcome.failed, outcome.slow), ("Some.Test", True))
+        time.sleep(1)
+        self.assertFalse(mark.exists())
+
+    def test_a_test_that_crashes_has_failed(self):
+        outcome = self.run_tests("kill -SEGV $$", 60)
+        self.assertEqual((outcome.failed, outcome.slow), ("Some.Test", False))
+
+    def test_tests_pass(self):
+        self.assertIsNone(self.run_tests("exit 0", 60).failed)
+
+
+if __name__ == "__main__":
+    unittest.main()

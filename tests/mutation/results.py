@@ -1,0 +1,71 @@
+"""What became of the mutants, kept in a file that later runs resume from, and the report of it."""
+
+import json
+import re
+import threading
+
+KILLED, SURVIVED, UNBUILT, SAME = "killed", "survived", "does not compile", "same code"
+COUNTED = (KILLED, SURVIVED)
+FLOORS = {"core, cells and tabulation": ("core/", "include/", "cells/", "tabulate/"),
+          "renderers": ("render/",)}
+ROW = re.compile(r"^\| `([^`]*)` \| (.+?) \| ([^|]+) \|$", re.MULTILINE)
+
+
+class Results:
+    def __init__(self, file):
+        self.file = file
+        self.lock = threading.Lock()
+        self.entries = json.loads(file.read_text(encoding="utf-8")) if file.exists() else {}
+
+    def known(self, mutant, source, tests):
+        """What is known about a mutant of this source. Those that survived are tried again when the
+        tests are others."""
+        entry = self.entries.get(mutant.id)
+        if entry is None or entry["source"] != source or entry["change"] != mutant.change:
+            return None
+        return entry if entry["outcome"] != SURVIVED or entry["tests"] == tests else None
+
+    def add(self, mutant, entry):
+        with self.lock:
+            self.entries[mutant.id] = entry
+            new = self.file.with_suffix(".new")
+            new.write_text(json.dumps(self.entries, indent=1, sort_keys=True), encoding="utf-8")
+            new.replace(self.file)
+
+
+def table_row(function, change):
+    """How the manual names a mutant, wherever its line is."""
+    return f"| `{function}` | {change.replace('|', chr(92) + '|')} |"
+
+
+def explained(page):
+    """The functions and changes for which the page has a reason why no test can tell them."""
+    text = page.read_text(encoding="utf-8") if page.exists() else ""
+    text = text.replace(r"\|", "\0")
+    return {(function, change.replace("\0", "|")) for function, change, _ in ROW.findall(text)}
+
+
+def report(mutants, entries, reasons):
+    """Lines: each survivor without a reason, and the totals of each floor."""
+    left = [mutant for mutant in mutants if entries[mutant.id]["outcome"] == SURVIVED
+            and (mutant.function, mutant.change) not in reasons]
+    for mutant in sorted(left, key=lambda mutant: (mutant.file, mutant.start)):
+        yield f"\n{mutant.id} survived: {entries[mutant.id]['by']}"
+        yield entries[mutant.id]["diff"].rstrip()
+        yield table_row(mutant.function, mutant.change)
+    yield ""
+    missed = {mutant.id for mutant in left}
+    floors = [*FLOORS.items()]
+    floors.append(("elsewhere", tuple({mutant.file.split("/")[0] + "/" for mutant in mutants}
+                                      - {folder for _, folders in floors for folder in folders})))
+    for floor, folders in floors:
+        here = [mutant for mutant in mutants if mutant.file.startswith(folders)]
+        outcomes = [entries[mutant.id]["outcome"] for mutant in here]
+        killed, survived = outcomes.count(KILLED), outcomes.count(SURVIVED)
+        if not killed + survived:
+            continue
+        unexplained = sum(mutant.id in missed for mutant in here)
+        yield (f"{floor}: {killed} of {killed + survived} killed"
+               f" ({100 * killed / (killed + survived):.1f} %); survivors: {survived - unexplained}"
+               f" explained, {unexplained} not; not counted: {outcomes.count(UNBUILT)} that do not"
+               f" compile, {outcomes.count(SAME)} that compile to the same code")
