@@ -10,6 +10,8 @@
 #include <cells/OmStringCell.h>
 #include <cells/OmVariable.h>
 
+#include "support/SmallStack.h"
+
 namespace {
 
 using PartTree = OmVectorTree<OmCellText*>;
@@ -191,8 +193,11 @@ TEST(OmComposite, CompositesInRootsAHundredThousandLevelsDeepNeedNoDeepStack) {
     for (int level = 0; level < kDeep; ++level) {
       composite = WrapInRoot(&region, std::move(composite));
     }
-    std::unique_ptr<OmCellText> const clone(composite->Clone(&region));
-    EXPECT_EQ(clone->GetText(), "7");
+    OnASmallStack([&] {
+      std::unique_ptr<OmCellText> const clone(composite->Clone(&region));
+      EXPECT_EQ(clone->GetText(), "7");
+      composite.reset();
+    });
   }
   EXPECT_EQ(region.BytesInUse(), 0U);
 }

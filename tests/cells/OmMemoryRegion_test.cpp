@@ -163,6 +163,22 @@ TEST_F(RegionTest, ManyBlocksOfOneSizeReserveLittleMoreThanTheirSizes) {
   EXPECT_LE(region.BytesReserved(), 3200000U * 4 / 3);
 }
 
+TEST_F(RegionTest, ARegionGrowsInLargerStepsTheLargerItIsUpToAHugePage) {
+  constexpr unsigned long kHugePage = 2UL << 20;
+  unsigned long largest = 0;
+  while (region.BytesReserved() < 32 * kHugePage) {
+    unsigned long const before = region.BytesReserved();
+    region.Allocate(256);
+    if (unsigned long const step = region.BytesReserved() - before; step != 0) {
+      EXPECT_EQ(step % kChunk, 0U);
+      EXPECT_GE(step, std::min(std::max(before / 8, kChunk), kHugePage)) << before;
+      EXPECT_LE(step, std::max(before / 2, kChunk)) << before;
+      largest = std::max(largest, step);
+    }
+  }
+  EXPECT_EQ(largest, kHugePage);
+}
+
 TEST_F(RegionTest, OneBlockOfEverySharedSizeFitsIntoFewChunks) {
   for (unsigned long size = 16; size <= 1024; size = RoundedSize(size + 1)) {
     region.Allocate(size);
@@ -291,6 +307,21 @@ TEST(OmMemoryRegionDefaultHeap, IsOneSharedRegionThatTakesBlocksBack) {
   EXPECT_EQ(heap->BytesInUse(), before + 112);
   EXPECT_EQ(OmMemoryRegion::FindOwner(block), heap);
   OmMemoryRegion::Release(block);
+  EXPECT_EQ(heap->BytesInUse(), before);
+}
+
+TEST(OmMemoryRegionDefaultHeap, CountsTheSmallBlocksOfSeveralThreads) {
+  OmMemoryRegion* const heap = OmMemoryRegion::DefaultHeap();
+  unsigned long const before = heap->BytesInUse();
+  auto const work = [heap] {
+    for (int round = 0; round < 300000; ++round) {
+      OmMemoryRegion::Release(heap->Allocate(16));
+    }
+  };
+  std::thread one(work);
+  std::thread two(work);
+  one.join();
+  two.join();
   EXPECT_EQ(heap->BytesInUse(), before);
 }
 

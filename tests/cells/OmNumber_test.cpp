@@ -4,6 +4,7 @@
 #include <charconv>
 #include <clocale>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -71,6 +72,14 @@ TEST(OmNumber, FixedDecimalsRoundTheExactValue) {
   EXPECT_EQ(Text(2.675, 2), "2.67");
   EXPECT_EQ(Text(1234.5, 3), "1234.500");
   EXPECT_EQ(Text(99.999, 1), "100.0");
+}
+
+TEST(OmNumber, HalvesAreRoundedToTheEvenNeighbor) {
+  EXPECT_EQ(Text(0.5, 0), "0");
+  EXPECT_EQ(Text(1.5, 0), "2");
+  EXPECT_EQ(Text(-3.5, 0), "-4");
+  EXPECT_EQ(Text(0.125, 2), "0.12");
+  EXPECT_EQ(Text(0.375, 2), "0.38");
 }
 
 TEST(OmNumber, MissingRendersAsAPointWhateverTheDecimals) {
@@ -169,6 +178,15 @@ RC_GTEST_PROP(OmNumberText, ShortestFormOfAnyNumberAgreesWithTheStandardLibrary,
 
 RC_GTEST_PROP(OmNumberText, FixedFormAgreesWithPrintf, (double value)) {
   int const decimals = *rc::gen::inRange(0, 20);
+  char expected[512];
+  std::snprintf(expected, sizeof expected, "%.*f", decimals, value);
+  RC_ASSERT(Text(value, decimals) == expected);
+}
+
+RC_GTEST_PROP(OmNumberText, FixedFormOfHalvesAgreesWithPrintf, (std::int32_t number)) {
+  // A number over a power of two lies halfway between two of one decimal less than the power.
+  int const decimals = *rc::gen::inRange(0, 8);
+  double const value = std::ldexp(number, -decimals - 1);
   char expected[512];
   std::snprintf(expected, sizeof expected, "%.*f", decimals, value);
   RC_ASSERT(Text(value, decimals) == expected);

@@ -1,9 +1,7 @@
 #include <algorithm>
-#include <functional>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <memory>
-#include <pthread.h>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -12,6 +10,7 @@
 #include <lakresvos/OmPivotTable.h>
 
 #include "core/table/OmPivotTableStoreNodes.h"
+#include "support/SmallStack.h"
 #include "support/SpyCell.h"
 
 namespace {
@@ -486,21 +485,6 @@ TEST(OmPivotTablePrintCells, AClearedBranchIsANullNode) {
 }
 
 // Depth
-
-/// Runs `action` on a stack that would not hold a call for each of a few thousand levels.
-void OnASmallStack(std::function<void()> action) {
-  pthread_attr_t attributes;
-  ASSERT_EQ(pthread_attr_init(&attributes), 0);
-  ASSERT_EQ(pthread_attr_setstacksize(&attributes, 128UL * 1024), 0);
-  pthread_t thread;
-  auto const run = [](void* call) -> void* {
-    (*static_cast<std::function<void()>*>(call))();
-    return nullptr;
-  };
-  ASSERT_EQ(pthread_create(&thread, &attributes, run, &action), 0);
-  ASSERT_EQ(pthread_join(thread, nullptr), 0);
-  pthread_attr_destroy(&attributes);
-}
 
 constexpr int kManyLevels = 4000;
 
