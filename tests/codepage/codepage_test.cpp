@@ -72,6 +72,16 @@ TEST(Codepage, PageNamesIgnoreCase) {
   EXPECT_TRUE(Gives("iso-8859-15", "\u20AC", "\xA4"));
 }
 
+TEST(Codepage, PageNamesMayHaveNoLetters) {
+  EXPECT_TRUE(Gives("437", "\u00E9", "\x82"));
+}
+
+TEST(Codepage, ANameOfNeitherLettersNorDigitsHasNoConverter) {
+  for (char const* const page : {"~", "{|}", "@", "[", "_", "-."}) {
+    EXPECT_EQ(Open(page), nullptr) << page;
+  }
+}
+
 TEST(Codepage, AnEmptyTextGivesAnEmptyText) {
   EXPECT_TRUE(Gives("ISO-8859-1", "", ""));
 }
