@@ -94,7 +94,7 @@ struct OmPivotTable::Data : OmMemoryRegion {
     PointerVector const* node = cells;
     int const* const first = index.data();
     int const* at = first + index.size();
-    if (node == nullptr || at == first) {
+    if (node == nullptr) {  // as without dimensions
       return nullptr;
     }
     void* entry = node->Entry(static_cast<unsigned int>(*--at));

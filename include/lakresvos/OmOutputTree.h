@@ -130,7 +130,7 @@ class ListTree {
     }
 
    private:
-    Node End() const { return tree != nullptr ? tree->end() : *this; }
+    Node End() const { return tree->end(); }
   };
 
   /// An empty tree. Throws nothing.

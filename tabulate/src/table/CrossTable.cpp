@@ -96,15 +96,10 @@ class CrossTableBuilder {
   }
 
   PuppetVector<short>& FindAxis(TableDimension const& dimension) {
-    switch (dimension.axis) {
-      case TableAxis::Rows:
-        return table_->Rows();
-      case TableAxis::Columns:
-        return table_->Columns();
-      case TableAxis::Layers:
-        break;
+    if (dimension.axis == TableAxis::Rows) {
+      return table_->Rows();
     }
-    return table_->Layers();
+    return dimension.axis == TableAxis::Columns ? table_->Columns() : table_->Layers();
   }
 
   void AddCells() {
@@ -138,9 +133,9 @@ class CrossTableBuilder {
     std::sort(cells.begin(), cells.end(), [&](std::size_t a, std::size_t b) {
       TupleIndex::Tuple const left = tabulation_.Subscripts(a);
       TupleIndex::Tuple const right = tabulation_.Subscripts(b);
-      auto const differs = std::find_if(significance.begin(), significance.end(),
-                                        [&](std::size_t d) { return left[d] != right[d]; });
-      return differs != significance.end() && left[*differs] < right[*differs];
+      return std::ranges::lexicographical_compare(
+          significance, significance, {}, [&](std::size_t d) { return left[d]; },
+          [&](std::size_t d) { return right[d]; });
     });
     return cells;
   }

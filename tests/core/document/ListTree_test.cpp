@@ -337,6 +337,23 @@ TEST_F(ListTreeTest, UnlinkingEverythingLeavesATreeThatCanBeFilledAgain) {
 
 // Size
 
+TEST_F(ListTreeTest, AHandleIsTakenAtItsWordWhenItsDepthIsNegative) {
+  Node first = tree_.begin();
+  first.depth = -3;
+  EXPECT_TRUE(first.SubtreeEnd().AtEnd());
+  Node const child = first.AppendChild(9);
+  EXPECT_EQ(child.depth, -2);
+  Node const below = child.AppendChild(10);
+  EXPECT_EQ(below.depth, -1);
+  EXPECT_EQ(Listing(tree_).substr(Listing(tree_).size() - 11), "9@-2 10@-1 ");
+
+  tree_.PromoteDescendants(child);
+  EXPECT_EQ(child.FirstChild(), tree_.end());
+  tree_.Unlink(child);
+  EXPECT_EQ(tree_.Append(11).depth, 0);
+  EXPECT_EQ(Listing(tree_).substr(Listing(tree_).size() - 11), "10@-2 11@0 ");
+}
+
 TEST(ListTree, AHundredThousandLevels) {
   Tree tree;
   Node node = tree.Append(0);

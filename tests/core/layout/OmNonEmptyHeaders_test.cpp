@@ -339,6 +339,25 @@ TEST(OmNonEmptyHeaders, OfADenseTableKeepBothLeavesOfOneSubscript) {
   EXPECT_EQ(KeptRows(table), (Places{1, 2}));
 }
 
+TEST(OmNonEmptyHeaders, OfADenseTableAreFoundBeyondManyThatAreKnown) {
+  Table table;
+  table.AddFlat("R", 300);
+  table.AddFlat("C", 2);
+  table.Place({0}, {1}, {});
+  Places expected;
+  for (int row = 0; row < 300; ++row) {
+    bool const known = row != 70 && row < 200;
+    if (known) {
+      table.Put({row, 0});
+    }
+    if (row != 299) {
+      table.Put({row, 1});
+      expected.push_back(static_cast<unsigned long long>(row));
+    }
+  }
+  EXPECT_EQ(KeptRows(table), expected);
+}
+
 TEST(OmNonEmptyHeaders, OfADenseTableTryLeavesOnlyUpToTheSize) {
   Table table;
   table.AddFlat("A", 2);
