@@ -59,7 +59,7 @@ class Mutant:
     start: int     # the bytes that are replaced ...
     end: int
     new: str       # ... by these
-    function: str  # what it is part of, as "Class::Function"
+    function: str  # what it is part of, as "Class::Function"; the name of the file outside of any
     change: str    # in words that outlive a move to other lines
 
     @property
@@ -90,7 +90,7 @@ class Finder:
     def find(self):
         for cursor in self.unit.cursor.get_children():
             if self._is_here(cursor):
-                self._visit(cursor, "")
+                self._visit(cursor, Path(self.file).name)
         return [mutant for mutant in self.found.values()
                 if mutant.kind not in ("negate", "return-not")
                 or (mutant.start, mutant.end) not in self.compared]
