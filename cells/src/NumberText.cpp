@@ -87,10 +87,10 @@ char* WriteFewDecimals(char* out, double value) {
   return WriteDecimal(out, std::signbit(value), number, power, decimals);
 }
 
-/// Writes the fewest digits that read back to the same value.
+/// Writes the fewest digits that read back to the same value, which is not zero.
 char* WriteShortest(char* first, char* last, double value) {
   double const size = std::abs(value);
-  bool const plain = size == 0 || (size >= kMinPlain && size <= kMaxPlain);
+  bool const plain = size >= kMinPlain && size <= kMaxPlain;
   return std::to_chars(first, last, value,
                        plain ? std::chars_format::fixed : std::chars_format::scientific)
       .ptr;

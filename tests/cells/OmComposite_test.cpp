@@ -142,6 +142,14 @@ TEST(OmComposite, TheCostOfATextCountsItsBytesAndItsPieces) {
   EXPECT_EQ(composite.TextCost(0), 2U);
 }
 
+TEST(OmComposite, TheCostOfATextEndsWithThePieceThatPassesTheLimit) {
+  OmComposite composite("{0}{0}{0}");
+  composite.AddPart(OmStringCell("abcdef"));
+  EXPECT_EQ(composite.TextCost(3), 8U);
+  EXPECT_EQ(composite.TextCost(8), 9U);
+  EXPECT_EQ(composite.TextCost(9), 16U);
+}
+
 TEST(OmComposite, TheCostOfNestedPatternsIsFoundWithoutMakingTheText) {
   auto nested = std::make_unique<OmComposite>("{0}{0}");
   for (int i = 0; i < 60; ++i) {
