@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
 #include <sstream>
 #include <string>
 #include <type_traits>
@@ -11,6 +10,7 @@
 
 #include "core/dimension/OmDimensionEditingPair.h"
 #include "support/LayoutTables.h"
+#include "support/Property.h"
 
 namespace {
 
@@ -236,7 +236,7 @@ TEST_F(OmDimensionEditingLayout, ExchangedCategoriesTakeTheirCellsAlong) {
   EXPECT_EQ(RowLabels(0), (Labels{"A2", "A1", "A0", "A3"}));
 }
 
-RC_GTEST_PROP(OmDimensionEditing, LaysOutLikeADimensionBuiltInTheEditedShape, ()) {
+PROPERTY(OmDimensionEditing, LaysOutLikeADimensionBuiltInTheEditedShape) {
   Table edited;
   Table built;
   OmDimensionEditingPair pair(edited.Add("A"));

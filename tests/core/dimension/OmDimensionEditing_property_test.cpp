@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
 
 #include "core/dimension/OmDimensionEditingPair.h"
+#include "support/Property.h"
 
 namespace {
 
-RC_GTEST_PROP(OmDimensionEditing, BehavesLikeAPlainTreeUnderAnySequence, ()) {
+PROPERTY(OmDimensionEditing, BehavesLikeAPlainTreeUnderAnySequence) {
   SpyBalance const balance;
   OmMemoryRegion region(false);
   OmDimension dimension(OmDimensionNode(SpyCell("root"), 0, true, nullptr), &region);

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
-#include <rapidcheck/gtest.h>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -10,6 +9,7 @@
 #include <lakresvos/OmDimension.h>
 
 #include "support/DimensionText.h"
+#include "support/Property.h"
 #include "support/SpyCell.h"
 
 namespace {
@@ -145,7 +145,7 @@ void PlainCounts(PlainNode const& node, std::size_t level, std::vector<unsigned 
   }
 }
 
-RC_GTEST_PROP(OmDimension, BehavesLikeAPlainTreeUnderAnySequence, ()) {
+PROPERTY(OmDimension, BehavesLikeAPlainTreeUnderAnySequence) {
   SpyBalance const balance;
   OmMemoryRegion region(false);
   OmDimension dimension(OmDimensionNode(SpyCell("root"), 0, true, nullptr), &region);

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
-#include <rapidcheck/gtest.h>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,6 +9,7 @@
 #include <lakresvos/OmOutputTree.h>
 
 #include "support/OutputTreeText.h"
+#include "support/Property.h"
 #include "support/SpyPart.h"
 
 namespace {
@@ -56,7 +56,7 @@ std::size_t SomePosition(std::size_t size) {
   return *rc::gen::arbitrary<bool>() ? anywhere : size - 1 - std::min<std::size_t>(anywhere, 3);
 }
 
-RC_GTEST_PROP(ListTree, BehavesLikeAPlainListUnderAnySequence, ()) {
+PROPERTY(ListTree, BehavesLikeAPlainListUnderAnySequence) {
   Tree tree;
   PlainList model;
   int const steps = *rc::gen::inRange(0, 150);
@@ -189,7 +189,7 @@ class PlainDocument {
   }
 };
 
-RC_GTEST_PROP(OmOutputTree, BehavesLikeATreeOfVectorsUnderAnySequence, ()) {
+PROPERTY(OmOutputTree, BehavesLikeATreeOfVectorsUnderAnySequence) {
   std::vector<std::string> deleted;
   OmOutputTree tree;
   PlainDocument model;

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
 #include <vector>
 
 #include <lakresvos/OmDisplayColumnHeading.h>
@@ -10,6 +9,7 @@
 #include "layout/OmOccupiedPlaces.h"
 #include "support/LayoutModel.h"
 #include "support/OmDisplayTestAccess.h"
+#include "support/Property.h"
 #include "support/RandomLayoutTable.h"
 
 namespace {
@@ -193,7 +193,7 @@ void Move(OmDisplayLayerHeading& heading, Layers& model, Table& table) {
 
 }  // namespace
 
-RC_GTEST_PROP(OmDisplayLayout, AnswersEveryQueryAsTheModelInEveryLayer, ()) {
+PROPERTY(OmDisplayLayout, AnswersEveryQueryAsTheModelInEveryLayer) {
   Table table;
   MakeRandomTable(table);
   bool const skipEmpty = Flag();
@@ -209,7 +209,7 @@ RC_GTEST_PROP(OmDisplayLayout, AnswersEveryQueryAsTheModelInEveryLayer, ()) {
   }
 }
 
-RC_GTEST_PROP(OmDisplayLayout, FollowsAnyWalkOverTheLayers, ()) {
+PROPERTY(OmDisplayLayout, FollowsAnyWalkOverTheLayers) {
   Table table;
   MakeRandomTable(table);
   bool const skipEmpty = Flag();
@@ -223,7 +223,7 @@ RC_GTEST_PROP(OmDisplayLayout, FollowsAnyWalkOverTheLayers, ()) {
   CompareHeadings(heading, model);
 }
 
-RC_GTEST_PROP(OmDisplayLayout, FollowsFlagsThatChangeWhileTheHeadingsLive, ()) {
+PROPERTY(OmDisplayLayout, FollowsFlagsThatChangeWhileTheHeadingsLive) {
   Table table;
   MakeRandomTable(table);
   OmDisplayLayerHeading layers(table, false);
@@ -243,7 +243,7 @@ RC_GTEST_PROP(OmDisplayLayout, FollowsFlagsThatChangeWhileTheHeadingsLive, ()) {
   }
 }
 
-RC_GTEST_PROP(OmDisplayLayout, AnswersAsTheModelAboutDimensionsThatCameLater, ()) {
+PROPERTY(OmDisplayLayout, AnswersAsTheModelAboutDimensionsThatCameLater) {
   Table table;
   MakeRandomTable(table);
   OmDisplayLayerHeading heading(table, false);
@@ -255,7 +255,7 @@ RC_GTEST_PROP(OmDisplayLayout, AnswersAsTheModelAboutDimensionsThatCameLater, ()
   CompareHeadings(heading, model);
 }
 
-RC_GTEST_PROP(OmDisplayLayout, FindsTheSamePlacesAsTheModelByEitherMethod, ()) {
+PROPERTY(OmDisplayLayout, FindsTheSamePlacesAsTheModelByEitherMethod) {
   Table table;
   MakeRandomTable(table);
   OmDisplayLayerHeading heading(table, false);
@@ -290,7 +290,7 @@ RC_GTEST_PROP(OmDisplayLayout, FindsTheSamePlacesAsTheModelByEitherMethod, ()) {
   }
 }
 
-RC_GTEST_PROP(OmDisplayLayout, TheDenseSearchCostsNoMoreThanTryingPlaceByPlace, ()) {
+PROPERTY(OmDisplayLayout, TheDenseSearchCostsNoMoreThanTryingPlaceByPlace) {
   // With the others in the order of the store, both try the combinations in the same order, so that
   // the costs can be compared: each place is tried until its first cell, and no further.
   Table table;
@@ -329,7 +329,7 @@ RC_GTEST_PROP(OmDisplayLayout, TheDenseSearchCostsNoMoreThanTryingPlaceByPlace, 
   RC_ASSERT(search.CountLooks() <= 2 * levels * (model.probes + 1));
 }
 
-RC_GTEST_PROP(OmDisplayLayout, PreparesTheSameHeadersAsTheModel, ()) {
+PROPERTY(OmDisplayLayout, PreparesTheSameHeadersAsTheModel) {
   Table table;
   MakeRandomTable(table);
   OmDisplayLayerHeading heading(table, false);

@@ -4,13 +4,13 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
-#include <rapidcheck/gtest.h>
 #include <vector>
 
 #include <cells/OmMemoryRegion.h>
 
 #include "core/table/PlainNode.h"
 #include "support/FailingNew.h"
+#include "support/Property.h"
 
 namespace {
 
@@ -358,7 +358,7 @@ TEST(OmPivotTablePointerVector, TakingOutNeedsNoMemory) {
 
 // Anything
 
-RC_GTEST_PROP(OmPivotTablePointerVectorProperty, ShowsWhatAPlainVectorShows, ()) {
+PROPERTY(OmPivotTablePointerVectorProperty, ShowsWhatAPlainVectorShows) {
   // Positions near one another, anywhere, or in clusters far apart.
   auto const bits = *rc::gen::inRange(1, 32);
   auto const cluster = *rc::gen::inRange(0, 12);

@@ -4,11 +4,11 @@
 #include <map>
 #include <optional>
 #include <random>
-#include <rapidcheck/gtest.h>
 
 #include <lakresvos/OmPivotTable.h>
 
 #include "core/table/OmPivotTableFixture.h"
+#include "support/Property.h"
 
 namespace {
 
@@ -115,7 +115,7 @@ class Model {
   std::map<Index, std::string> cells_;
 };
 
-RC_GTEST_PROP(OmPivotTableProperty, BehavesAsAMapUnderRandomChanges, ()) {
+PROPERTY(OmPivotTableProperty, BehavesAsAMapUnderRandomChanges) {
   auto const dimensions = *rc::gen::inRange(1, 5);
   TestTable table(dimensions);
   Model model(static_cast<std::size_t>(dimensions));
@@ -152,7 +152,7 @@ RC_GTEST_PROP(OmPivotTableProperty, BehavesAsAMapUnderRandomChanges, ()) {
   }
 }
 
-RC_GTEST_PROP(OmPivotTableProperty, HoldsManyCellsAtAnySubscripts, ()) {
+PROPERTY(OmPivotTableProperty, HoldsManyCellsAtAnySubscripts) {
   auto const dimensions = static_cast<std::size_t>(*rc::gen::inRange(1, 5));
   // Per dimension how many bits its subscripts have: nodes are crowded, nearly empty or in between.
   auto const bits = *rc::gen::container<std::vector<int>>(dimensions, rc::gen::inRange(1, 32));
@@ -206,7 +206,7 @@ RC_GTEST_PROP(OmPivotTableProperty, HoldsManyCellsAtAnySubscripts, ()) {
 }
 
 // Callers are not to use an iterator after a change. Those that do see cells that the table has.
-RC_GTEST_PROP(OmPivotTableProperty, AWalkOverATableThatChangesStaysInIt, ()) {
+PROPERTY(OmPivotTableProperty, AWalkOverATableThatChangesStaysInIt) {
   TestTable table(3);
   auto const change = [&] {
     Index index = *rc::gen::container<Index>(
@@ -244,7 +244,7 @@ RC_GTEST_PROP(OmPivotTableProperty, AWalkOverATableThatChangesStaysInIt, ()) {
   }
 }
 
-RC_GTEST_PROP(OmPivotTableProperty, TheConstWalkIsTheSame, ()) {
+PROPERTY(OmPivotTableProperty, TheConstWalkIsTheSame) {
   TestTable table(3);
   for (int step = *rc::gen::inRange(0, 40); step > 0; --step) {
     Index const index = *rc::gen::container<Index>(3, rc::gen::inRange(0, 4));

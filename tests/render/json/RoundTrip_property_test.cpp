@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
 #include <sstream>
 #include <string>
 
@@ -7,6 +6,7 @@
 
 #include "render/json/Documents.h"
 #include "render/support/RandomDocument.h"
+#include "support/Property.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ std::string Shown(OmOutputTree const& tree) {
   return out.str();
 }
 
-RC_GTEST_PROP(JsonProperty, ADocumentThatIsReadIsWrittenAsItWas, ()) {
+PROPERTY(JsonProperty, ADocumentThatIsReadIsWrittenAsItWas) {
   OmOutputTree tree;
   MakeRandomDocument(tree);
   std::string const text = Written(tree);
@@ -27,7 +27,7 @@ RC_GTEST_PROP(JsonProperty, ADocumentThatIsReadIsWrittenAsItWas, ()) {
   RC_ASSERT(Written(*Read(text)) == text);
 }
 
-RC_GTEST_PROP(JsonProperty, ADocumentThatIsReadLooksAsItDid, ()) {
+PROPERTY(JsonProperty, ADocumentThatIsReadLooksAsItDid) {
   OmOutputTree tree;
   MakeRandomDocument(tree);
   std::string const text = Written(tree);
@@ -35,7 +35,7 @@ RC_GTEST_PROP(JsonProperty, ADocumentThatIsReadLooksAsItDid, ()) {
   RC_ASSERT(Shown(*Read(text)) == Shown(tree));
 }
 
-RC_GTEST_PROP(JsonProperty, ALayoutChangesNothingOfTheDocument, ()) {
+PROPERTY(JsonProperty, ALayoutChangesNothingOfTheDocument) {
   OmOutputTree tree;
   MakeRandomDocument(tree);
   lakresvos::render::JsonOptions options;

@@ -3,22 +3,16 @@
 #include <cstddef>
 #include <gtest/gtest.h>
 #include <memory>
-#include <rapidcheck/gtest.h>
-#include <stdexcept>
-#include <streambuf>
 #include <string>
 #include <vector>
 
-#include <lakresvos/render/CsvRenderer.h>
-#include <lakresvos/render/HtmlRenderer.h>
 #include <lakresvos/render/JsonReader.h>
-#include <lakresvos/render/MarkdownRenderer.h>
-#include <lakresvos/render/TextRenderer.h>
-#include <lakresvos/render/XlsxRenderer.h>
 
 #include "render/json/Documents.h"
+#include "render/support/EveryFormat.h"
 #include "render/support/RandomDocument.h"
 #include "support/FailingNew.h"
+#include "support/Property.h"
 
 // Damaged and hostile documents must cost little more than their text, whether they are read or
 // refused, and whatever is then made of them.
@@ -26,33 +20,6 @@
 namespace {
 
 using namespace lakresvos::render;
-
-/// Takes everything and keeps nothing.
-class Sink : public std::streambuf {
- protected:
-  int_type overflow(int_type c) override { return traits_type::not_eof(c); }
-  std::streamsize xsputn(char const* /*text*/, std::streamsize count) override { return count; }
-};
-
-void RenderInEveryFormat(OmOutputTree const& tree) {
-  Sink sink;
-  std::ostream out(&sink);
-  RenderText(tree, out);
-  RenderHtml(tree, out);
-  RenderMarkdown(tree, out);
-  for (auto const shape : {CsvOptions::Shape::Long, CsvOptions::Shape::Display}) {
-    CsvOptions options;
-    options.shape = shape;
-    RenderCsv(tree, out, options);
-  }
-  JsonOptions options;
-  options.layout = true;
-  RenderJson(tree, out, options);
-  try {
-    RenderXlsx(tree, out);
-  } catch (std::runtime_error const&) {  // workbooks have limits of their own
-  }
-}
 
 /// What it takes at most to read the text and to show what is read.
 std::size_t Cost(std::string const& text) {
@@ -165,7 +132,7 @@ void Damage(std::string& text) {
   }
 }
 
-RC_GTEST_PROP(JsonReaderMemory, ADamagedDocumentCostsLittleMoreThanItsText, ()) {
+PROPERTY(JsonReaderMemory, ADamagedDocumentCostsLittleMoreThanItsText) {
   OmOutputTree tree;
   MakeRandomDocument(tree);
   std::string text = json_documents::Written(tree);
