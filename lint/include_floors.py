@@ -12,7 +12,7 @@ import sources
 
 # From the top down: a library includes itself and the public headers of the floors below its own.
 FLOORS = (
-    ("tests", "bench", "examples"),
+    ("tests", "bench", "examples", "fuzz"),
     ("bindings",),
     ("tools",),
     ("tabulate", "render"),

@@ -15,7 +15,7 @@ wanted=$(grep -iE '(gtest|rapidcheck|benchmark|pugixml|cmark)\w*_(DIR|FOUND):|cc
   CMakeCache.txt || true)
 [ -z "$wanted" ] || fail "what only tests need is looked for: $wanted"
 
-sources=$(grep -oP "\"file\": \"\Q$root\E/\K(tests|bench|examples)/[^\"]+" compile_commands.json || true)
+sources=$(grep -oP "\"file\": \"\Q$root\E/\K(tests|bench|examples|fuzz)/[^\"]+" compile_commands.json || true)
 [ -z "$sources" ] || fail "not installed, but compiled: $sources"
 
 built=$(ninja -n | sed -n 's/^.* Linking CXX \(shared library\|executable\) //p' | sort)

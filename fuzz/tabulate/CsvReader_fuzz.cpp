@@ -1,0 +1,64 @@
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <lakresvos/tabulate/tabulate.h>
+
+#include "harness/InputBytes.h"
+#include "harness/Target.h"
+#include "tabulate/data/PlainCsvReading.h"
+
+namespace {
+
+using namespace lakresvos::tabulate;
+
+DataSet Read(std::string const& bytes, RequiredColumns const& required) {
+  WarningLog warnings;
+  std::istringstream input(bytes);
+  return ReadDataSet(input, "data.csv", required, warnings);
+}
+
+/// A name as formulas and lists of statistics have it, whatever is in it.
+std::string InBackquotes(std::string const& name) {
+  std::string quoted = "`";
+  for (char const c : name) {
+    quoted += c == '`' ? "``" : std::string(1, c);
+  }
+  return quoted + "`";
+}
+
+/// Tabulates the first columns of the data, the last of them as weights as well.
+void Tabulate(std::string const& bytes) {
+  std::vector<std::string> names;
+  for (DataColumn const& column : Read(bytes, {}).columns) {
+    names.push_back(InBackquotes(column.Name()));
+  }
+  std::string const last = names.back();
+  names.resize(3);
+  Formula const formula =
+      ParseFormula(names[0] + "~" + names[1] + (names[2].empty() ? "" : "|" + names[2]));
+  std::vector<Statistic> const statistics =
+      ParseStatistics("count,row%,total%,mean:" + last + ",sd:" + last + ",max:" + last);
+  DataSet const data = Read(bytes, ListColumns(formula, statistics));
+  WarningLog warnings;
+  WarnAboutTexts(data, statistics, warnings);
+  MakeCrossTable(data, {}, {formula}, statistics, true);
+  RowWeights const weights(data, data.columns.back().Name(), warnings);
+  MakeCrossTable(data, weights, {formula}, statistics, false);
+}
+
+}  // namespace
+
+// A file of comma-separated values, read and compared with a reading byte by byte, and tabulated.
+// Two bytes before it say in how many threads and in blocks of which size.
+void Exercise(std::string_view input) {
+  InputBytes given(input);
+  std::size_t const threads = 1 + given.Take<unsigned char>() % 3;
+  std::size_t const block = 3 + given.Take<unsigned char>();
+  std::string const bytes = given.TakeRest();
+  csv_model::CheckReading(bytes, {threads, block});
+  try {
+    Tabulate(bytes);
+  } catch (InputError const&) {
+  }
+}
