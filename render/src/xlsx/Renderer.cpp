@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <lakresvos/OmChart.h>
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmOutputTree.h>
@@ -23,6 +25,23 @@ namespace {
 
 /// What the library has room for, in UTF-16 units, which take at most three bytes each.
 constexpr std::size_t kMaxDescription = (LXW_MAX_ATTRIBUTE_LENGTH - 1) / 3;
+
+/// How large a picture may be shown, in pixels: as large as the columns and rows of a sheet, but for
+/// some at its start. The library goes from column to column and from row to row of a picture.
+constexpr double kMaxWidth = 16'000.0 * 64;
+constexpr double kMaxHeight = 1'000'000.0 * 20;
+
+/// Makes a picture fit a sheet, for it may say that it is of any size.
+void FitSheet(lxw_object_properties& picture) {
+  constexpr double kUsualDpi = 96;
+  for (double* const dpi : {&picture.x_dpi, &picture.y_dpi}) {
+    *dpi = *dpi > 0 ? *dpi : kUsualDpi;
+  }
+  double const width = picture.width * kUsualDpi / picture.x_dpi;
+  double const height = picture.height * kUsualDpi / picture.y_dpi;
+  picture.x_scale = std::min({1.0, kMaxWidth / width, kMaxHeight / height});
+  picture.y_scale = picture.x_scale;
+}
 
 class XlsxVisitor : public PlaceholderVisitor {
  public:
@@ -81,6 +100,8 @@ class XlsxVisitor : public PlaceholderVisitor {
       sheet->WriteLines(
           row, {MakePlaceholder(chart) + " The picture is damaged or in an unknown format.", ""},
           XlsxStyle());
+    } else {
+      FitSheet(*STAILQ_FIRST(sheet->Handle()->image_props));
     }
     sheet->Finish();
   }

@@ -626,6 +626,13 @@ class Pictures(unittest.TestCase):
         drawing = part_of("pictures", "xl/drawings/drawing4.xml")
         self.assertEqual(re.search('descr="(.*?)"', drawing).group(1), "表" * 693)
 
+    def test_one_that_says_it_is_larger_than_a_sheet_is_made_to_fit(self):
+        drawing = part_of("vast_picture", "xl/drawings/drawing1.xml")
+        column, row = re.search(
+            "<xdr:to><xdr:col>(.*?)</xdr:col>.*?<xdr:row>(.*?)</xdr:row>", drawing).groups()
+        self.assertIn(int(column), range(16_384))
+        self.assertIn(int(row), range(1_000, 1_048_576))
+
     def test_a_note_replaces_a_damaged_one(self):
         for name in ("Broken", "Flipped", "Unknown"):
             self.assertEqual(

@@ -39,6 +39,14 @@ constexpr std::string_view kJpeg =
     "\xFF\xDA\0\x08\x01\x01\0\0?\0"
     "\x7F\xFF\0\xFF\xD0\x7F\xFF\xD9"sv;
 
+/// A picture of 2,147,483,647 by 1,073,741,823 pixels, each as large as a metre.
+constexpr std::string_view kVastPng =
+    "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\x7F\xFF\xFF\xFF?\xFF\xFF\xFF\x08\0\0\0\0\xEF"
+    "0W\xBD\0\0\0\x09pHYs\0\0\0\x01\0\0\0\x01\x01"
+    "8\x22\xF4@\0\0\0\nIDATx\x9C"
+    "c`\0\0\0\x02\0\x01H\xAF\xA4q\0\0\0\0IEND\xAE"
+    "B`\x82"sv;
+
 struct Document {
   OmOutputTree tree;
 
@@ -360,6 +368,11 @@ void Pictures(Document& document) {
   picture("Drawn", "<svg xmlns=\"http://www.w3.org/2000/svg\"/>");
 }
 
+void VastPicture(Document& document) {
+  document.Add<OmChart>(Utf8("Vast"), "", 1)
+      .SetImageStream(kVastPng.data(), static_cast<unsigned int>(kVastPng.size()));
+}
+
 /// More sheets than the process may have open files.
 void Many(Document& document) {
   for (int i = 0; i < 300; ++i) {
@@ -423,5 +436,6 @@ int main(int argc, char** argv) {
   write("styles", Styles);
   write("widths", Widths);
   write("pictures", Pictures);
+  write("vast_picture", VastPicture);
   write("many", Many);
 }

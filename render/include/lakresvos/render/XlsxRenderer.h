@@ -58,8 +58,8 @@ struct XlsxOptions : TableOptions {
 ///   style. After the first 64,000 different looks cells are plain.
 /// - A chart with a PNG or JPEG image is a sheet with the picture, which has the start of the label
 ///   as its description; where the picture is damaged or of an unknown kind, a note that says so.
-///   Charts with an SVG image or none, models, answer trees and interactive items have a
-///   placeholder in the contents.
+///   One that is larger than the sheet is made smaller. Charts with an SVG image or none, models,
+///   answer trees and interactive items have a placeholder in the contents.
 ///
 /// Bytes that are not UTF-8 and control characters become U+FFFD.
 ///
