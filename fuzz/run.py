@@ -95,14 +95,14 @@ class Target:
         }
 
     def merge(self):
-        """Keeps of all inputs the fewest that reach what all reach, and those with names."""
+        """Keeps of all inputs few that reach every edge that all reach, and those with names."""
         kept = BUILD / "merged" / self.name
         shutil.rmtree(kept, ignore_errors=True)
         kept.mkdir(parents=True)
         for file in self.kept.glob("*"):
             if not FOUND.fullmatch(file.name):
                 shutil.copy(file, kept)
-        if self.call("-merge=1", kept, self.kept, self.grown) != 0:
+        if self.call("-merge=1", "-use_counters=0", kept, self.kept, self.grown) != 0:
             sys.exit(f"{self.name}: the inputs could not be merged, see {self.log}")
         shutil.rmtree(self.kept)
         shutil.copytree(kept, self.kept)
