@@ -1,0 +1,60 @@
+#include "harness/Target.h"
+
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+#include <stdexcept>
+#include <string>
+
+#include <cells/OmMemoryRegion.h>
+
+#include "support/Assertions.h"
+
+void Exercise(std::string_view input) {
+  if (input == "assertion") {
+    RC_ASSERT(input.empty());
+  } else if (input == "discarded") {
+    RC_PRE(input.empty());
+  } else if (input == "expectation") {
+    EXPECT_EQ(input, "");
+  } else if (input == "exception") {
+    throw std::runtime_error("exception");
+  } else if (input == "left") {
+    OmMemoryRegion::DefaultHeap()->Allocate(16);
+  } else if (input.starts_with("65 MB")) {
+    std::string const large(65U << 20U, 'x');
+  }
+}
+
+namespace {
+
+int RunOn(std::string const& input) noexcept {
+  return LLVMFuzzerTestOneInput(reinterpret_cast<std::uint8_t const*>(input.data()), input.size());
+}
+
+}  // namespace
+
+TEST(FuzzTarget, LetsInputsPassThatBreakNothing) {
+  EXPECT_EQ(RunOn(""), 0);
+  EXPECT_EQ(RunOn("discarded"), 0);
+}
+
+TEST(FuzzTarget, ReportsWhatAPropertyAsserts) {
+  EXPECT_ABORT(RunOn("assertion"), "finding: ");
+}
+
+TEST(FuzzTarget, ReportsWhatATestExpects) {
+  EXPECT_DEATH(RunOn("expectation"), "");
+}
+
+TEST(FuzzTarget, ReportsExceptions) {
+  EXPECT_ABORT(RunOn("exception"), "exception");
+}
+
+TEST(FuzzTarget, ReportsMemoryBeyondWhatTheInputNeeds) {
+  EXPECT_ABORT(RunOn("65 MB"), "finding: .* bytes of memory for an input of 5");
+  EXPECT_EQ(RunOn("65 MB" + std::string(1024, ' ')), 0);
+}
+
+TEST(FuzzTarget, ReportsMemoryThatIsLeftOnTheDefaultHeap) {
+  EXPECT_ABORT(RunOn("left"), "finding: .* bytes are left on the default heap");
+}
