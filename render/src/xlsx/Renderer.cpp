@@ -1,21 +1,21 @@
+#include "xlsx/Renderer.h"
+
 #include <algorithm>
 
 #include <lakresvos/OmChart.h>
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmOutputTree.h>
 #include <lakresvos/OmTextBlock.h>
-#include <lakresvos/render/OutputFile.h>
-#include <lakresvos/render/XlsxRenderer.h>
 
 #include "content/CellText.h"
 #include "content/ImageType.h"
-#include "content/Picture.h"
 #include "content/PlaceholderVisitor.h"
 #include "grid/DocumentWalk.h"
 #include "io/LibraryCall.h"
 #include "unicode/CleanText.h"
 #include "unicode/Utf16.h"
 #include "xlsx/Contents.h"
+#include "xlsx/Picture.h"
 #include "xlsx/Plan.h"
 #include "xlsx/Table.h"
 
@@ -113,7 +113,7 @@ class XlsxVisitor : public PlaceholderVisitor {
 
 }  // namespace
 
-void RenderXlsx(OmOutputTree const& tree, std::ostream& out, XlsxOptions const& options) {
+void WriteXlsx(OmOutputTree const& tree, std::ostream& out, XlsxOptions const& options) {
   XlsxPlan const plan(tree, options);
   XlsxBook book(plan.Rows());
   XlsxContents contents(book);
@@ -126,13 +126,6 @@ void RenderXlsx(OmOutputTree const& tree, std::ostream& out, XlsxOptions const& 
     }
   }
   book.Write(out);
-}
-
-void RenderXlsx(OmOutputTree const& tree, std::filesystem::path const& file,
-                XlsxOptions const& options) {
-  OutputFile out(file);
-  RenderXlsx(tree, out.Stream(), options);
-  out.Commit();
 }
 
 }  // namespace lakresvos::render

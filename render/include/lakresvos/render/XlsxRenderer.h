@@ -68,15 +68,18 @@ struct XlsxOptions : TableOptions {
 /// files, one for each sheet, in the directory that TMPDIR names or else in /tmp. Documents of more
 /// than 50 sheets, and those with a title that wraps, are held in memory instead.
 ///
+/// What writes workbooks is a module that stands beside the library and is loaded by the first call,
+/// with the libraries that it needs, and stays.
+///
 /// Thread safety: none; one thread at a time uses a document and the stream.
 ///
 /// @param tree the document; neither it nor its items are changed.
 /// @param out where to write; its state tells whether writing failed.
 /// @param options see XlsxOptions.
 /// @throws std::length_error that names the table when it has more than 1,048,576 rows or 16,384
-///         columns, and for more than 65,000 sheets; std::runtime_error when there can be no
-///         temporary file, std::system_error when it cannot be written. Nothing is written to `out`
-///         then.
+///         columns, and for more than 65,000 sheets; std::runtime_error when the
+///         module cannot be loaded or there can be no temporary file, std::system_error when that
+///         cannot be written. Nothing is written to `out` then.
 LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree const& tree, std::ostream& out,
                                         XlsxOptions const& options = {});
 

@@ -1,4 +1,4 @@
-#include "content/Picture.h"
+#include "xlsx/Picture.h"
 
 #include <algorithm>
 #include <cstddef>

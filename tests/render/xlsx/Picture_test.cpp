@@ -1,4 +1,4 @@
-#include "content/Picture.h"
+#include "xlsx/Picture.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

@@ -1,0 +1,57 @@
+#include <dlfcn.h>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+#include <lakresvos/render/OutputFile.h>
+
+#include "xlsx/Renderer.h"
+#include "xlsx/module/Module.h"
+
+namespace lakresvos::render {
+
+// Null in the library, which loads the module instead; programs may have it built in.
+[[gnu::weak]] void WriteXlsx(OmOutputTree const& tree, std::ostream& out,
+                             XlsxOptions const& options);
+
+namespace {
+
+constexpr char kModule[] = LAKRESVOS_RENDER_XLSX_MODULE;
+
+/// The module is where this library is, wherever that is.
+std::string FindModule() {
+  Dl_info library{};
+  if (::dladdr(kModule, &library) == 0) {
+    return kModule;
+  }
+  return std::filesystem::path(library.dli_fname).replace_filename(kModule);
+}
+
+XlsxFunction* Load() {
+  void* const module = ::dlopen(FindModule().c_str(), RTLD_NOW | RTLD_LOCAL);
+  void* const write = module != nullptr ? ::dlsym(module, kXlsxFunction) : nullptr;
+  if (write == nullptr) {
+    throw std::runtime_error(std::string("cannot write workbooks: ") + ::dlerror());
+  }
+  return reinterpret_cast<XlsxFunction*>(write);
+}
+
+XlsxFunction* FindFunction() {
+  return WriteXlsx != nullptr ? &WriteXlsx : Load();
+}
+
+}  // namespace
+
+void RenderXlsx(OmOutputTree const& tree, std::ostream& out, XlsxOptions const& options) {
+  static XlsxFunction* const write = FindFunction();
+  write(tree, out, options);
+}
+
+void RenderXlsx(OmOutputTree const& tree, std::filesystem::path const& file,
+                XlsxOptions const& options) {
+  OutputFile out(file);
+  RenderXlsx(tree, out.Stream(), options);
+  out.Commit();
+}
+
+}  // namespace lakresvos::render

@@ -1,0 +1,12 @@
+#include "xlsx/module/Module.h"
+
+#include <type_traits>
+
+#include "xlsx/Renderer.h"
+
+extern "C" __attribute__((visibility("default"))) void LakresvosWriteXlsx(
+    OmOutputTree const& tree, std::ostream& out, lakresvos::render::XlsxOptions const& options) {
+  lakresvos::render::WriteXlsx(tree, out, options);
+}
+
+static_assert(std::is_same_v<decltype(LakresvosWriteXlsx), lakresvos::render::XlsxFunction>);

@@ -1,0 +1,50 @@
+#!/usr/bin/env bash
+# What a run of the report program loads beyond what the program starts with is in runs.txt: what
+# writes workbooks and what draws charts come with the first of these. Where they are missing, the
+# rest works.
+set -euo pipefail
+list=$1 program=$2 data=$3
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+fail() { echo "$*" >&2; exit 1; }
+
+run() { # run PROGRAM OPTION...: one table
+  "$1" "$data" --table 'Class ~ Survived' -o "$work/output" "${@:2}"
+}
+
+# find_more OPTION...: a line for each library that a run loads beyond the program's.
+find_more() {
+  LD_DEBUG=libs LD_DEBUG_OUTPUT="$work/trace" run "$program" "$@" || fail "$* does not run"
+  sed -n 's/.*calling init: .*\///p' "$work"/trace.* | LC_ALL=C sort -u |
+    comm -23 - <(ldd "$program" | awk '{print $1}' | sed 's/.*\///' | LC_ALL=C sort -u) |
+    sed "s/^/$* loads /"
+  rm "$work"/trace.*
+}
+
+{
+  for format in csv html json markdown text xlsx; do
+    find_more --format "$format"
+  done
+  for format in html json; do
+    find_more --format "$format" --chart
+  done
+} | LC_ALL=C sort | diff "$list" -
+
+# Without the modules.
+mkdir "$work/bare"
+cp "$program" "$work/bare"
+ldd "$program" | awk '$1 ~ /^liblakresvos/ {print $3}' | xargs -I{} cp {} "$work/bare"
+bare=$work/bare/$(basename "$program")
+export LD_LIBRARY_PATH=$work/bare
+# lacks MODULE WHAT OPTION...: the run fails, and says why.
+lacks() {
+  local message
+  message="lakresvos-report: cannot $2: $work/bare/$1: cannot open shared object file: No such file or directory"
+  rm -f "$work/output"
+  run "$bare" "${@:3}" 2>"$work/errors" && fail "$2 without $1"
+  diff "$work/errors" - <<<"$message"
+  [ ! -e "$work/output" ] || fail "$2 without $1 writes something"
+}
+run "$bare" --format html
+lacks lakresvos_render_xlsx.so.0 'write workbooks' --format xlsx
+lacks lakresvos_report_charts.so 'draw charts' --format html --chart
