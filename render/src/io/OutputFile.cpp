@@ -1,7 +1,10 @@
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <fcntl.h>
 #include <optional>
+#include <string>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -24,13 +27,31 @@ constexpr int kMaxLinks = 40;  // as many as the system follows
 constexpr int kMaxTemporaries = 1000;
 constexpr mode_t kPermissionBits = 07777;
 
+/// Zero, or the error of the system call that failed.
+int GetError(bool done) {
+  return done ? 0 : errno;
+}
+
+/// The open file of this process that a path names, as what /dev/stdout leads to does.
+std::optional<int> FindOpenFile(fs::path const& path) {
+  std::error_code ignored;
+  std::string const name = path.filename();
+  int number = 0;
+  auto const [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
+  if (error != std::errc() || *end != '\0' || !path.has_parent_path() ||
+      !fs::equivalent(path.parent_path(), "/proc/self/fd", ignored)) {
+    return std::nullopt;
+  }
+  return number;
+}
+
 /// Finds the path that a symbolic link leads to in the end, whether or not anything is there;
 /// nothing when links form a loop.
 std::optional<fs::path> FollowLinks(fs::path path) {
   std::error_code error;
   for (int links = 0; links <= kMaxLinks; ++links) {
     fs::path const next = fs::read_symlink(path, error);
-    if (error) {
+    if (error || FindOpenFile(path).has_value()) {
       return path;
     }
     path = path.parent_path() / next;
@@ -38,27 +59,58 @@ std::optional<fs::path> FollowLinks(fs::path path) {
   return std::nullopt;
 }
 
+// A process that is killed may leave a file with a temporary name. While a process works on one, it
+// holds a lock on it, which goes with the process.
+
+bool LockTemporary(int file) {
+  return ::flock(file, LOCK_EX | LOCK_NB) == 0;
+}
+
+bool AreSame(struct stat const& one, struct stat const& other) {
+  return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+/// Removes a file with a temporary name if no process works on it.
+/// @return whether the name may be free now.
+bool RemoveAbandoned(int directory, char const* name) {
+  Descriptor const file(::openat(directory, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  if (!file.IsOpen()) {
+    return errno == ENOENT;
+  }
+  struct stat locked {};
+  struct stat named {};
+  // Nobody else renames or removes what is locked; it may have been renamed before that.
+  return LockTemporary(file.Number()) && ::fstat(file.Number(), &locked) == 0 &&
+         ::fstatat(directory, name, &named, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(named.st_mode) &&
+         AreSame(locked, named) && ::unlinkat(directory, name, 0) == 0;
+}
+
 /// Tries temporary names until `make` returns anything but EEXIST; returns the last name and the
 /// result of `make` for it.
 template <class Make>
-std::pair<std::string, int> MakeTemporary(Make make) {
-  std::string const start = ".lakresvos-" + std::to_string(::getpid()) + "-";
+std::pair<std::string, int> MakeTemporary(int directory, Make make) {
   std::string name;
   int error = EEXIST;
   for (int number = 0; error == EEXIST && number < kMaxTemporaries; ++number) {
-    name = start + std::to_string(number);
+    name = ".lakresvos-" + std::to_string(number);
     error = make(name.c_str());
+    if (error == EEXIST && RemoveAbandoned(directory, name.c_str())) {
+      error = make(name.c_str());
+    }
   }
   return {name, error};
 }
 
-Descriptor CreateFile(int directory, char const* name) {
-  return Descriptor(::openat(directory, name, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-}
-
-/// Zero, or the error of the system call that failed.
-int GetError(bool done) {
-  return done ? 0 : errno;
+/// Creates a file with a temporary name and locks it; not open when that fails, and errno says why.
+Descriptor CreateLocked(int directory, char const* name) {
+  Descriptor file(::openat(directory, name, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+  struct stat state {};
+  if (file.IsOpen() && LockTemporary(file.Number()) && ::fstat(file.Number(), &state) == 0 &&
+      state.st_nlink == 0) {
+    file = Descriptor();  // taken for an abandoned one before it was locked
+    errno = EEXIST;
+  }
+  return file;
 }
 
 /// Copies a whole file with its permissions; 0 or the error.
@@ -77,7 +129,8 @@ int CopyFile(int from, int to) {
 
 /// Closes a duplicate, as some file systems report only on closing that there was no room.
 int CloseDuplicate(int descriptor) {
-  return GetError(::close(::dup(descriptor)) == 0);
+  int const duplicate = ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
+  return GetError(duplicate >= 0 && (::close(duplicate) == 0 || errno == EINTR));
 }
 
 /// Renames a temporary file to the target, or removes it when that fails.
@@ -98,8 +151,8 @@ Descriptor OpenUnnamed(int directory) {
     return file;
   }
   SignalsHeld const held;
-  auto const [temporary, error] = MakeTemporary([&](char const* name) {
-    file = CreateFile(directory, name);
+  auto const [temporary, error] = MakeTemporary(directory, [&](char const* name) {
+    file = CreateLocked(directory, name);
     return GetError(file.IsOpen());
   });
   if (error == 0) {
@@ -112,8 +165,8 @@ Descriptor OpenUnnamed(int directory) {
 /// Replaces a target by a copy of a file; 0 or the error.
 int CopyInPlace(int file, int directory, std::string const& target) {
   Descriptor copy;
-  auto const [temporary, found] = MakeTemporary([&](char const* name) {
-    copy = CreateFile(directory, name);
+  auto const [temporary, found] = MakeTemporary(directory, [&](char const* name) {
+    copy = CreateLocked(directory, name);
     return GetError(copy.IsOpen());
   });
   if (found != 0) {
@@ -138,7 +191,8 @@ int PutInPlace(int file, int directory, std::string const& target) {
   };
   int error = link(target.c_str());
   if (error == EEXIST) {
-    auto const [temporary, found] = MakeTemporary(link);
+    LockTemporary(file);
+    auto const [temporary, found] = MakeTemporary(directory, link);
     if (found == 0) {
       return RenameFile(directory, temporary, target);
     }
@@ -173,25 +227,39 @@ class OutputFile::Target {
 
  private:
   Descriptor Open() {
-    struct stat previous {};
-    bool const exists = ::stat(name_.c_str(), &previous) == 0;
-    if (!exists && errno != ENOENT) {
-      Fail(errno);
+    std::optional<fs::path> const path = FollowLinks(name_);
+    if (!path.has_value()) {
+      Fail(ELOOP);
     }
-    if (exists && ::eaccess(name_.c_str(), W_OK) != 0) {
-      Fail(errno);
-    }
-    Descriptor file;
-    if (exists && !S_ISREG(previous.st_mode)) {
-      file = Descriptor(::open(name_.c_str(), O_WRONLY | O_CLOEXEC));
-    } else {
-      FindTarget();
-      file = OpenUnnamed(directory_.Number());
-    }
+    std::optional<int> const open = FindOpenFile(*path);
+    Descriptor file =
+        open.has_value() ? Descriptor(::fcntl(*open, F_DUPFD_CLOEXEC, 0)) : OpenFile(*path);
     if (!file.IsOpen()) {
       Fail(errno);
     }
-    if (exists && directory_.IsOpen()) {
+    return file;
+  }
+
+  Descriptor OpenFile(fs::path const& path) {
+    struct stat previous {};
+    bool const exists = ::stat(name_.c_str(), &previous) == 0;
+    if (!exists && errno != ENOENT) {
+      return Descriptor();
+    }
+    if (exists && ::eaccess(name_.c_str(), W_OK) != 0) {
+      return Descriptor();
+    }
+    if (exists && !S_ISREG(previous.st_mode)) {
+      return OpenDirectly();
+    }
+    target_ = path.filename();
+    std::string const parent = path.has_parent_path() ? path.parent_path() : ".";
+    directory_ = Descriptor(::open(parent.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (!directory_.IsOpen()) {
+      return Descriptor();
+    }
+    Descriptor file = OpenUnnamed(directory_.Number());
+    if (exists && file.IsOpen()) {
       static_cast<void>(
           ::fchmod(file.Number(),
                    previous.st_mode & kPermissionBits));  // where there are permissions
@@ -199,18 +267,13 @@ class OutputFile::Target {
     return file;
   }
 
-  /// Finds the file to replace, and opens its directory.
-  void FindTarget() {
-    std::optional<fs::path> const path = FollowLinks(name_);
-    if (!path.has_value()) {
-      Fail(ELOOP);
-    }
-    target_ = path->filename();
-    std::string const parent = path->has_parent_path() ? path->parent_path() : ".";
-    directory_ = Descriptor(::open(parent.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    if (!directory_.IsOpen()) {
-      Fail(errno);
-    }
+  /// A named pipe is open once somebody reads it, and waiting for that may be interrupted.
+  Descriptor OpenDirectly() const {
+    int file = -1;
+    do {
+      file = ::open(name_.c_str(), O_WRONLY | O_CLOEXEC);
+    } while (file < 0 && errno == EINTR);
+    return Descriptor(file);
   }
 
   [[noreturn]] void Fail(int error) const {

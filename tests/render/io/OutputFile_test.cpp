@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -12,8 +13,10 @@
 
 #include <lakresvos/render/OutputFile.h>
 
+#include "io/Descriptor.h"
 #include "support/TemporaryDirectory.h"
 
+using lakresvos::render::Descriptor;
 using lakresvos::render::OutputFile;
 
 namespace fs = std::filesystem;
@@ -165,15 +168,35 @@ TEST(OutputFile, AcceptsTheLongestNames) {
   EXPECT_EQ(directory.Entries(), 1u);
 }
 
-TEST(OutputFile, IgnoresTemporaryFilesOfOthers) {
+TEST(OutputFile, LeavesTemporaryFilesThatOthersWorkOn) {
   TemporaryDirectory const directory;
-  directory.Write(".lakresvos-" + std::to_string(::getpid()) + "-0", "left by another");
+  std::string const others = directory.Write(".lakresvos-0", "of another");
+  fs::create_symlink("out.txt", directory.Path(".lakresvos-1"));
+  ASSERT_EQ(::mkfifo(directory.Path(".lakresvos-2").c_str(), 0600), 0);
+  Descriptor const lock(::open(others.c_str(), O_RDWR));
+  ASSERT_EQ(::flock(lock.Number(), LOCK_EX), 0);
   std::string const path = directory.Write("out.txt", "before");
   OutputFile file(path);
   file.Stream() << "after";
   file.Commit();
   EXPECT_EQ(ReadFile(path), "after");
-  EXPECT_EQ(directory.Entries(), 2u);
+  EXPECT_EQ(ReadFile(others), "of another");
+  EXPECT_EQ(directory.Entries(), 4u);
+}
+
+TEST(OutputFile, RemovesWhatAKilledProcessLeft) {
+  for (FileSystem const lack : {FileSystem::Whole, FileSystem::WithoutUnnamedFiles}) {
+    TemporaryDirectory const directory;
+    directory.Write(".lakresvos-0", "left by another");
+    std::string const path = directory.Write("out.txt", "before");
+    fileSystem = lack;
+    OutputFile file(path);
+    file.Stream() << "after";
+    file.Commit();
+    fileSystem = FileSystem::Whole;
+    EXPECT_EQ(ReadFile(path), "after");
+    EXPECT_EQ(directory.Entries(), 1u);
+  }
 }
 
 TEST(OutputFile, SeveralOfOneNameDoNotMeet) {
@@ -210,6 +233,21 @@ TEST(OutputFile, WritesToAnOpenFileDirectly) {
   }
   EXPECT_EQ(::close(descriptor), 0) << "it is the caller's to close";
   EXPECT_EQ(ReadFile(name), "former and new");
+}
+
+TEST(OutputFile, PathOfAnOpenFileIsThatFile) {
+  TemporaryDirectory const directory;
+  std::string const path = directory.Write("log", "former");
+  Descriptor const log(::open(path.c_str(), O_WRONLY | O_APPEND));
+  std::string const number = std::to_string(log.Number());
+  fs::create_symlink("/proc/self/fd/" + number, directory.Path("link"));
+  for (std::string const& name : {"/dev/fd/" + number, directory.Path("link")}) {
+    OutputFile file(name);
+    file.Stream() << " and new";
+    file.Commit();
+  }
+  EXPECT_EQ(ReadFile(path), "former and new and new");
+  EXPECT_EQ(directory.Entries(), 2u);
 }
 
 TEST(OutputFile, ErrorOfAnOpenFileSaysWhatItIsCalled) {
@@ -269,6 +307,11 @@ TEST(OutputFileErrors, AFileThatMayNotBeWritten) {
   ASSERT_TRUE(user != 0 || seteuid(user) == 0);
   EXPECT_EQ(ReadFile(path), "before");
   EXPECT_EQ(directory.Entries(), 1u);
+}
+
+TEST(OutputFileErrors, AnOpenFileThatIsClosed) {
+  EXPECT_EQ(ErrorOf([] { OutputFile{"/dev/fd/987"}; }), "/dev/fd/987: Bad file descriptor");
+  EXPECT_EQ(ErrorOf([] { OutputFile{"/dev/fd/x"}; }), "/dev/fd/x: No such file or directory");
 }
 
 TEST(OutputFileErrors, LoopOfLinks) {

@@ -13,12 +13,19 @@ namespace lakresvos::render {
 /// A file to render to that is written as a whole or not at all.
 ///
 /// What is written goes to a file without a name in the target's directory. Commit() replaces the
-/// target with it in one step, and keeps the target's permissions. So nothing is left over when the
-/// program ends earlier, in whatever way, and without Commit() the target stays as it was.
+/// target with it in one step, and keeps the target's permissions; the new file belongs to the
+/// writer. So nothing is left over when the program ends earlier, in whatever way, and without
+/// Commit() the target stays as it was.
 ///
-/// A target that is no regular file (a terminal, a pipe) is written to directly. A symbolic link is
-/// kept and what it names is replaced, or made if it does not exist. A file without write
-/// permission is not replaced.
+/// - To replace a file, the new one has a temporary name (".lakresvos-0", or a higher number) beside
+///   it, between one call of the system and the next, and while it is copied where a file system
+///   has no files without names. Signals wait that long. What a process that is killed there leaves
+///   goes when the next file of the directory is replaced.
+/// - Nothing is forced to the disk: what is there after a power cut is the file system's affair.
+/// - A target that is no regular file (a terminal, a pipe) is written to directly, and so is an open
+///   file of this process, to which /dev/stdout leads, at its position.
+/// - A symbolic link is kept and what it names is replaced, or made if it does not exist.
+/// - A file without write permission is not replaced.
 ///
 /// Thread safety: none; one thread at a time uses the object. Several objects may have one target,
 /// in one process or in several: the last Commit() counts.
