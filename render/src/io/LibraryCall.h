@@ -8,12 +8,11 @@
 
 namespace lakresvos::render {
 
-/// To be alive during calls of the library that writes workbooks. That makes temporary files that
-/// have a name for a moment, in which no signal may end the process, and prints to standard error
-/// what its callers are told anyway.
+/// To be alive during calls of the library that writes workbooks. That prints to standard error what
+/// its callers are told anyway; what handlers of signals print waits until the object goes.
 class LibraryCall {
  public:
-  LibraryCall() : nowhere_(std::fopen("/dev/null", "we")) {
+  LibraryCall() : nowhere_(::fopencookie(nullptr, "w", {})) {
     if (nowhere_ != nullptr) {
       former_ = std::exchange(stderr, nowhere_);
     }

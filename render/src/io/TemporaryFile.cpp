@@ -28,15 +28,21 @@ int OpenUnnamed(std::string const& directory) {
   return named;
 }
 
+std::string FindDirectory() {
+  char const* const chosen = std::getenv("TMPDIR");
+  return chosen != nullptr && *chosen != '\0' ? chosen : "/tmp";
+}
+
 }  // namespace
 
-TemporaryFile::TemporaryFile() {
-  char const* const chosen = std::getenv("TMPDIR");
-  std::string const directory = chosen != nullptr && *chosen != '\0' ? chosen : "/tmp";
-  descriptor_ = OpenUnnamed(directory);
+int OpenTemporaryFile() {
+  return OpenUnnamed(FindDirectory());
+}
+
+TemporaryFile::TemporaryFile() : descriptor_(OpenTemporaryFile()) {
   if (descriptor_ < 0) {
-    throw std::runtime_error("cannot create a temporary file in " + directory + ": " +
-                             std::generic_category().message(errno));
+    std::string const why = std::generic_category().message(errno);
+    throw std::runtime_error("cannot create a temporary file in " + FindDirectory() + ": " + why);
   }
 }
 

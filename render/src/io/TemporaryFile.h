@@ -5,6 +5,10 @@
 
 namespace lakresvos::render {
 
+/// Opens a file as TemporaryFile has one, which the caller closes.
+/// @return -1 when that fails; errno says why.
+int OpenTemporaryFile();
+
 /// A file without a name that goes with the object or with the process, however that ends, in the
 /// directory that TMPDIR names or else in /tmp.
 class TemporaryFile {

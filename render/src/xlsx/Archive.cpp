@@ -45,10 +45,10 @@ struct Inflation {
   z_stream stream{};
 };
 
-/// Unpacks a text and keeps its two ends.
-class Ends {
+/// Unpacks a text and keeps its checksum and its two ends.
+class Unpacked {
  public:
-  explicit Ends(std::string_view deflated) {
+  explicit Unpacked(std::string_view deflated) {
     Inflation inflation(deflated);
     z_stream& stream = inflation.stream;
     int state = Z_OK;
@@ -61,10 +61,12 @@ class Ends {
     whole_ = state == Z_STREAM_END;
   }
 
-  /// Whether the text is unpacked whole and ends with the element that it begins with.
-  bool Match() const {
+  bool IsWhole(std::size_t checksum) const { return whole_ && checksum_ == checksum; }
+
+  /// Whether the text ends with the element that it begins with.
+  bool EndsAsItBegins() const {
     std::size_t const declaration = start_.find("?>\n<");
-    if (!whole_ || declaration == std::string::npos) {
+    if (declaration == std::string::npos) {
       return false;
     }
     std::size_t const root = declaration + 4;
@@ -77,6 +79,7 @@ class Ends {
   static constexpr std::size_t kSize = 200;
 
   void Add(std::string_view text) {
+    checksum_ = crc32_z(checksum_, reinterpret_cast<Bytef const*>(text.data()), text.size());
     start_ += text.substr(0, kSize - std::min(start_.size(), kSize));
     end_ += text.substr(text.size() - std::min(text.size(), kSize));
     end_.erase(0, end_.size() - std::min(end_.size(), kSize));
@@ -85,6 +88,7 @@ class Ends {
   std::array<char, 1U << 16U> buffer_;
   std::string start_;
   std::string end_;
+  uLong checksum_ = 0;
   bool whole_ = false;
 };
 
@@ -93,6 +97,21 @@ bool IsXml(std::string_view name) {
     return name.size() >= end.size() && name.substr(name.size() - end.size()) == end;
   };
   return ends(".xml") || ends(".rels");
+}
+
+/// @param entry begins with the part's entry in the directory.
+bool IsWholePart(std::string_view archive, std::string_view entry, std::string_view name) {
+  std::string_view const header =
+      archive.substr(std::min(ReadNumber(entry, 42, 4), archive.size()));
+  std::size_t const nameSize = ReadNumber(header, 26, 2);
+  // The checksum and the sizes stand in both.
+  if (Cut(header, 0, 4) != "PK\3\4" || Cut(header, 14, 12) != Cut(entry, 16, 12) ||
+      Cut(header, kHeaderSize, nameSize) != name) {
+    return false;
+  }
+  std::size_t const texts = nameSize + ReadNumber(header, 28, 2);
+  Unpacked const part(Cut(header, kHeaderSize + texts, ReadNumber(entry, 20, 4)));
+  return part.IsWhole(ReadNumber(entry, 16, 4)) && (!IsXml(name) || part.EndsAsItBegins());
 }
 
 }  // namespace
@@ -104,17 +123,12 @@ bool HasWholeParts(std::string_view archive) {
     return false;
   }
   while (!directory.empty()) {
-    std::size_t const name = ReadNumber(directory, 28, 2);
+    std::size_t const nameSize = ReadNumber(directory, 28, 2);
     std::size_t const others = ReadNumber(directory, 30, 2) + ReadNumber(directory, 32, 2);
-    if (IsXml(Cut(directory, kEntrySize, name))) {
-      std::size_t const at = ReadNumber(directory, 42, 4);
-      std::size_t const texts = ReadNumber(archive, at + 26, 2) + ReadNumber(archive, at + 28, 2);
-      std::size_t const size = ReadNumber(directory, 20, 4);
-      if (!Ends(Cut(archive, at + kHeaderSize + texts, size)).Match()) {
-        return false;
-      }
+    if (!IsWholePart(archive, directory, Cut(directory, kEntrySize, nameSize))) {
+      return false;
     }
-    directory.remove_prefix(std::min(kEntrySize + name + others, directory.size()));
+    directory.remove_prefix(std::min(kEntrySize + nameSize + others, directory.size()));
   }
   return true;
 }

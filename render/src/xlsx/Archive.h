@@ -5,12 +5,11 @@
 
 namespace lakresvos::render {
 
-/// Whether each XML part of a workbook ends with the element that it begins with.
+/// Whether each part of a workbook has its checksum, and each XML part ends with the element that it
+/// begins with: the XLSX library does not see all that goes wrong when it writes them.
 ///
-/// The XLSX library makes each part in a temporary file and does not see when that cannot be
-/// written: on a full disk, a workbook would be whole by all its checksums and hold half a sheet.
-///
-/// @param archive a ZIP archive (APPNOTE.TXT of PKWARE) without a comment and below 4 GiB.
+/// @param archive a ZIP archive (APPNOTE.TXT of PKWARE) without a comment and below 4 GiB, all parts
+///        deflated.
 bool HasWholeParts(std::string_view archive);
 
 }  // namespace lakresvos::render

@@ -42,25 +42,6 @@ bool IsWriteError(int error) {
   return error == ENOSPC || error == EFBIG || error == EDQUOT || error == EIO;
 }
 
-/// Fails when the process cannot open a few more files. Without any, the library could not complete
-/// a workbook and would leave the files of its sheets open.
-void KeepFilesFree(TemporaryFile const& file) {
-  std::array<int, 8> spare{};
-  for (int& each : spare) {
-    each = fcntl(file.Descriptor(), F_DUPFD_CLOEXEC, 0);
-  }
-  int const error = errno;
-  bool const enough = spare.back() >= 0;
-  for (int const each : spare) {
-    if (each >= 0) {
-      close(each);
-    }
-  }
-  if (!enough) {
-    Fail(error);
-  }
-}
-
 /// The bytes of a file in the address space.
 class FileView {
  public:
@@ -179,8 +160,7 @@ void XlsxBook::Open() {
 
 XlsxBook::~XlsxBook() {
   if (book_ != nullptr) {
-    LibraryCall const call;
-    workbook_close(book_);  // nothing else closes the files of the sheets
+    lxw_workbook_free(book_);
   }
 }
 
@@ -192,18 +172,16 @@ lxw_worksheet* XlsxBook::AddSheet(std::string const& name) {
   if (book_ == nullptr) {
     Open();
   }
-  if (rows_ == XlsxRows::InFiles) {
-    KeepFilesFree(file_);
-  }
   LibraryCall const call;
   errno = 0;
   lxw_worksheet* const sheet = workbook_add_worksheet(book_, name.c_str());
   if (sheet == nullptr) {
+    CheckParts();
     Fail(errno != 0 ? errno : EIO);
   }
+  ++sheets_;
   // The file of a sheet without rows would stay open, too.
   Check(worksheet_set_row(sheet, 0, LXW_DEF_ROW_HEIGHT, nullptr));
-  ++sheets_;
   return sheet;
 }
 
@@ -255,6 +233,15 @@ lxw_format* XlsxBook::Format(XlsxStyle const& style) {
   return format;
 }
 
+void XlsxBook::CheckParts() const {
+  if (parts_.Error() == ENOMEM) {
+    throw std::bad_alloc();
+  }
+  if (parts_.Error() != 0) {
+    Fail(parts_.Error());
+  }
+}
+
 void XlsxBook::Close() {
   LibraryCall const call;
   errno = 0;
@@ -262,6 +249,7 @@ void XlsxBook::Close() {
   if (error == LXW_ERROR_MEMORY_MALLOC_FAILED) {
     throw std::bad_alloc();
   }
+  CheckParts();
   if (error != LXW_NO_ERROR || IsWriteError(errno)) {
     Fail(errno != 0 ? errno : EIO);
   }
@@ -271,7 +259,7 @@ void XlsxBook::Write(std::ostream& out) {
   Close();
   FileView const file(file_);
   if (!HasWholeParts(file.Bytes())) {
-    Fail("a temporary file is incomplete; the disk may be full");
+    Fail(EIO);
   }
   out.write(file.Bytes().data(), static_cast<std::streamsize>(file.Bytes().size()));
 }

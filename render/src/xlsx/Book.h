@@ -10,6 +10,7 @@
 #include "io/ScopedCLocale.h"
 #include "io/TemporaryFile.h"
 #include "xlsx/Losses.h"
+#include "xlsx/PartFile.h"
 #include "xlsx/SheetNames.h"
 #include "xlsx/Style.h"
 
@@ -65,10 +66,12 @@ class XlsxBook {
  private:
   void Open();
   void Close();
+  void CheckParts() const;
 
   ScopedCLocale locale_;
   XlsxRows rows_;
   TemporaryFile file_;
+  PartFiles parts_;
   lxw_workbook* book_ = nullptr;  // null before the first sheet and after Close()
   SheetNames names_;
   int sheets_ = 0;

@@ -174,8 +174,7 @@ TEST_F(XlsxRendererTest, SaysWhenThereIsNoRoomForTheFilesOfRows) {
 
 TEST_F(XlsxRendererTest, SaysWhenThereIsNoRoomForTheFilesOfSheetsInMemory) {
   AddTallTable("a title " + std::string(90, 'x'));
-  EXPECT_EQ(FailureWithSmallFiles(),
-            "cannot write the workbook: a temporary file is incomplete; the disk may be full");
+  EXPECT_EQ(FailureWithSmallFiles(), "cannot write the workbook: File too large");
 }
 
 TEST_F(XlsxRendererTest, SaysWhenThereCanBeNoFurtherFile) {

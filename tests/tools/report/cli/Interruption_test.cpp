@@ -79,9 +79,7 @@ void InterruptRuns(std::string const& format, bool replaces) {
     }
     bool const written = std::filesystem::exists(output) && ReadFile(output) != "as it was";
     EXPECT_EQ(outputs.Entries(), written || replaces ? 1U : 0U) << format << " " << moment;
-    if (signal != SIGKILL) {  // which cannot be held back while a file has a name for a moment
-      EXPECT_EQ(temporary.Entries(), 0U) << format << " " << moment;
-    }
+    EXPECT_EQ(temporary.Entries(), 0U) << format << " " << moment;
   }
   EXPECT_GT(ended, 0);
 }

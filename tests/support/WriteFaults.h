@@ -1,0 +1,43 @@
+#ifndef TESTS_SUPPORT_WRITEFAULTS_H
+#define TESTS_SUPPORT_WRITEFAULTS_H
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+/// What befalls calls of the system that can change files: those that write, create, rename, link,
+/// remove, cut or close them, standard error left out.
+struct WriteFault {
+  enum class Kind {
+    None,
+    Kill,   ///< ends the process in place of the call, which no process can prevent
+    Error,  ///< the call fails and does nothing
+    Short   ///< writes half of what it should, and at least a byte
+  };
+
+  Kind kind = Kind::None;
+  std::size_t first = 1;  ///< the first call that it befalls, counted from 1
+  bool onwards = false;   ///< and all after it
+  int error = 0;          ///< for Kind::Error
+};
+
+/// How a run under faults went.
+struct FaultedRun {
+  int status = -1;                   ///< as waitpid() gives it
+  std::size_t calls = 0;             ///< of those that can change files
+  std::vector<std::string> faulted;  ///< the names of those that the fault befell
+
+  bool Killed() const;
+  bool Befell(std::string const& call) const;
+  int ExitCode() const;  ///< -1 when it was killed
+};
+
+/// Runs a function in a process of its own, with all its threads, under a fault.
+/// @param program what it returns becomes the exit status.
+FaultedRun RunUnderFault(WriteFault const& fault, std::function<int()> const& program);
+
+/// Whether this machine lets a process watch the calls of another.
+bool CanRunUnderFaults();
+
+#endif
