@@ -2,6 +2,7 @@
 #define TESTS_TOOLS_REPORT_CLI_WRITTENREPORT_H
 
 #include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
 #include <unistd.h>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "cli/Program.h"
+#include "support/ChildProcess.h"
 #include "support/TemporaryDirectory.h"
 #include "support/ZipParts.h"
 
@@ -16,27 +18,28 @@
 class WrittenReport {
  public:
   explicit WrittenReport(std::string format) : format_(std::move(format)) {
+    int const categories = IsWorkbook() ? 750 : 3000;  // workbooks are written in smaller pieces
     std::string rows = "a,b\n";
-    for (int i = 0; i < 3000; ++i) {
-      rows += std::to_string(i % 750) + "," + std::to_string(i % 4) + "\n";
+    for (int i = 0; i < 4 * categories; ++i) {
+      rows += std::to_string(i % categories) + "," + std::to_string(i % 3) + "\n";
     }
-    data_ = inputs_.Write("data.csv", rows);
+    std::string const data = inputs_.Write("data.csv", rows);
+    EXPECT_EQ(RunInChild([&] {
+                return Run({data, "--table", "a ~ b", "--format", "json", "-o", document_});
+              }),
+              0);
+    std::filesystem::permissions(inputs_.Path(""), std::filesystem::perms::all);
   }
-
-  std::string const& Format() const { return format_; }
 
   bool IsWorkbook() const { return format_ == "xlsx"; }
 
-  /// Runs the program in this process, which is to end then; what it complains of goes to a file
-  /// that the process has open as `errors`.
-  /// @return its exit status.
+  /// Runs the program in this process, which is to end then.
+  /// @param errors a file that is open, to which goes what the program complains of.
+  /// @return the exit status of the program.
   int Write(std::string const& output, std::string const& temporary, int errors) const {
     dup2(errors, STDERR_FILENO);
     setenv("TMPDIR", temporary.c_str(), 1);
-    std::vector<char const*> const arguments{
-        "lakresvos-report", data_.c_str(),   "--table", "a ~ b",       "--threads", "2",
-        "--format",         format_.c_str(), "-o",      output.c_str()};
-    return lakresvos::report::RunProgram(static_cast<int>(arguments.size()), arguments.data());
+    return Run({"--from", document_, "--threads", "2", "--format", format_, "-o", output});
   }
 
   /// What was written, but for the time in it.
@@ -46,9 +49,17 @@ class WrittenReport {
   }
 
  private:
+  static int Run(std::vector<std::string> const& options) {
+    std::vector<char const*> arguments{"lakresvos-report"};
+    for (std::string const& option : options) {
+      arguments.push_back(option.c_str());
+    }
+    return lakresvos::report::RunProgram(static_cast<int>(arguments.size()), arguments.data());
+  }
+
   TemporaryDirectory inputs_;
   std::string format_;
-  std::string data_;
+  std::string document_ = inputs_.Path("document.json");
 };
 
 /// Every format that the program writes, to instantiate tests with.
