@@ -18,7 +18,7 @@
 namespace {
 
 /// What makes a call one that can change files.
-enum class When { Always, OpenedForWriting, NotStandardError, ClosesWritten };
+enum class When { Always, OpensForWriting, Writes, ClosesWritten };
 
 struct Call {
   char const* name;
@@ -28,13 +28,13 @@ struct Call {
 
 std::map<long, Call> const& Calls() {
   static std::map<long, Call> const calls{
-      {SYS_open, {"open", When::OpenedForWriting, 1}},
-      {SYS_openat, {"openat", When::OpenedForWriting, 2}},
+      {SYS_open, {"open", When::OpensForWriting, 1}},
+      {SYS_openat, {"openat", When::OpensForWriting, 2}},
       {SYS_creat, {"creat", When::Always}},
-      {SYS_write, {"write", When::NotStandardError}},
-      {SYS_pwrite64, {"pwrite64", When::NotStandardError}},
-      {SYS_writev, {"writev", When::NotStandardError}},
-      {SYS_pwritev, {"pwritev", When::NotStandardError}},
+      {SYS_write, {"write", When::Writes}},
+      {SYS_pwrite64, {"pwrite64", When::Writes}},
+      {SYS_writev, {"writev", When::Writes}},
+      {SYS_pwritev, {"pwritev", When::Writes}},
       {SYS_sendfile, {"sendfile", When::Always}},
       {SYS_copy_file_range, {"copy_file_range", When::Always}},
       {SYS_fsync, {"fsync", When::Always}},
@@ -137,10 +137,10 @@ class Watch {
     switch (call.when) {
       case When::Always:
         return true;
-      case When::OpenedForWriting:
+      case When::OpensForWriting:
         return (arguments[call.flags] & (O_WRONLY | O_RDWR | O_CREAT)) != 0;
-      case When::NotStandardError:
-        return file != STDERR_FILENO;
+      case When::Writes:
+        return written_.count(file) != 0;
       case When::ClosesWritten:
         return written_.erase(file) != 0;
     }
@@ -149,7 +149,7 @@ class Watch {
 
   void Befall(pid_t thread, Call const& call, std::uint64_t const* arguments) {
     ++run_.calls;
-    opens_[thread] = call.when == When::OpenedForWriting;
+    opens_[thread] = call.when == When::OpensForWriting;
     bool const befalls =
         run_.calls == fault_.first || (fault_.onwards && run_.calls > fault_.first);
     if (fault_.kind == WriteFault::Kind::None || !befalls) {
@@ -164,7 +164,7 @@ class Watch {
       if (call.when != When::ClosesWritten) {  // a file is closed even so
         SetRegister(thread, &user_regs_struct::orig_rax, static_cast<unsigned long long>(-1));
       }
-    } else if (call.when == When::NotStandardError && arguments[2] > 1) {
+    } else if (call.when == When::Writes && arguments[2] > 1) {
       SetRegister(thread, &user_regs_struct::rdx, arguments[2] / 2);
     }
   }
@@ -220,7 +220,8 @@ FaultedRun RunUnderFault(WriteFault const& fault, std::function<int()> const& pr
 
 bool CanRunUnderFaults() {
   FaultedRun const run = RunUnderFault({}, [] {
-    static_cast<void>(write(open("/dev/null", O_WRONLY), "", 1));
+    int const file = open("/dev/null", O_WRONLY);
+    static_cast<void>(write(file, "", 1));
     return 0;
   });
   return run.ExitCode() == 0 && run.calls == 2;

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-/// What befalls calls of the system that can change files: those that write, create, rename, link,
-/// remove, cut or close them, standard error left out.
+/// What befalls calls of the system that can change files: those that create, rename, link, remove or
+/// cut them, and those that write to or close what the process itself has opened for writing.
 struct WriteFault {
   enum class Kind {
     None,

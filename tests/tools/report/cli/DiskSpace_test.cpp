@@ -66,7 +66,7 @@ class DiskSpace : public testing::TestWithParam<char const*> {
     std::string const what = report_.IsWorkbook() ? ": cannot write the workbook" : "";
     std::string const reason = std::string(": ") + std::strerror(ENOSPC) + '\n';
     int pages = 1;
-    for (Outcome outcome = IsAsItWas; outcome != IsNew; ++pages) {
+    for (Outcome outcome = IsAsItWas; outcome != IsNew; pages += kSweepStep) {
       outcome = WriteToDisk(pages, replaces);
       ASSERT_LE(outcome, IsAsItWas) << pages << " pages";
       EXPECT_EQ(ReadFile(messages_.Path("errors")),

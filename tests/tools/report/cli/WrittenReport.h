@@ -14,6 +14,13 @@
 #include "support/TemporaryDirectory.h"
 #include "support/ZipParts.h"
 
+/// How far sweeps go from one run to the next: sanitizers make runs slow.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr int kSweepStep = 7;
+#else
+constexpr int kSweepStep = 1;
+#endif
+
 /// One report that is written again and again, in several pieces.
 class WrittenReport {
  public:
