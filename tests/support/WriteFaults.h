@@ -37,6 +37,13 @@ struct FaultedRun {
 /// @param program what it returns becomes the exit status.
 FaultedRun RunUnderFault(WriteFault const& fault, std::function<int()> const& program);
 
+/// How far sweeps go from one run to the next: sanitizers make runs slow.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr int kSweepStep = 7;
+#else
+constexpr int kSweepStep = 1;
+#endif
+
 /// Whether this machine lets a process watch the calls of another.
 bool CanRunUnderFaults();
 

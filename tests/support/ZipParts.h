@@ -4,8 +4,11 @@
 #include <string>
 #include <string_view>
 
+/// The part of a workbook that says when it was made.
+constexpr char kTimePart[] = "docProps/core.xml";
+
 /// The names, sizes, checksums and packed bytes of what a ZIP archive holds, one part after the
-/// other, but for the part `without`, which says when the archive was made.
+/// other, but for the part `without`.
 /// @return the archive as it is when it is none or is cut off.
 inline std::string ZipParts(std::string const& archive, std::string_view without) {
   auto const number = [&](std::size_t at, std::size_t size) {

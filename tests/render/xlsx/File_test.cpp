@@ -1,3 +1,4 @@
+#include <cerrno>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -8,6 +9,8 @@
 
 #include "render/support/RenderTables.h"
 #include "support/TemporaryDirectory.h"
+#include "support/WriteFaults.h"
+#include "support/ZipParts.h"
 
 using lakresvos::render::RenderXlsx;
 using namespace render_tables;
@@ -90,6 +93,35 @@ TEST_F(XlsxFileTest, IsNotMadeWhenTheDocumentHasNoRoom) {
   AddTableThatIsTooWide();
   EXPECT_THROW(Render(), std::length_error);
   EXPECT_EQ(directory_.Entries(), 0u);
+}
+
+TEST_F(XlsxFileTest, IsOldOrNewWhateverCallFailsOrEndsTheProcess) {
+  if (!CanRunUnderFaults()) {
+    GTEST_SKIP() << "this machine does not let a process watch the calls of another";
+  }
+  auto& table = AppendItem<Table>(document_.begin());
+  table.AddFlat("r", 5);
+  table.Place({0}, {});
+  table.PutAll();
+  Render();
+  std::string const expected = ZipParts(ReadFile(file_), kTimePart);
+  auto const render = [&] { return Failure() == "no error" ? 0 : 1; };
+  for (WriteFault fault :
+       {WriteFault{WriteFault::Kind::Kill}, WriteFault{WriteFault::Kind::Error, 1, true, ENOSPC},
+        WriteFault{WriteFault::Kind::Error, 1, false, EIO}}) {
+    bool ended = false;
+    for (fault.first = 1; !ended; fault.first += kSweepStep) {
+      directory_.Write("report.xlsx", "former");
+      FaultedRun const run = RunUnderFault(fault, render);
+      ended = run.faulted.empty();
+      bool const isNew = ZipParts(ReadFile(file_), kTimePart) == expected;
+      EXPECT_TRUE(isNew || ReadFile(file_) == "former") << fault.first;
+      EXPECT_TRUE(run.Killed() || isNew == (run.ExitCode() == 0)) << fault.first;
+      std::size_t const left = run.Killed() && run.Befell("rename") ? 1 : 0;
+      EXPECT_LE(directory_.Entries(), 1 + left + (run.Befell("unlink") ? 1 : 0)) << fault.first;
+    }
+    EXPECT_GT(fault.first, 20u);
+  }
 }
 
 TEST_F(XlsxFileTest, ErrorNamesTheFile) {
