@@ -111,7 +111,9 @@ class Watch {
     ptrace(PTRACE_GET_SYSCALL_INFO, thread, sizeof info, &info);
     if (info.op == PTRACE_SYSCALL_INFO_ENTRY) {
       auto const call = Calls().find(static_cast<long>(info.entry.nr));
-      if (call != Calls().end() && Counts(call->second, info.entry.args)) {
+      if (fault_.noUnnamed && OpensUnnamed(info.entry.nr, info.entry.args)) {
+        Fail(thread, EOPNOTSUPP);
+      } else if (call != Calls().end() && Counts(call->second, info.entry.args)) {
         Befall(thread, call->second, info.entry.args);
       }
       if (info.entry.nr == SYS_dup || info.entry.nr == SYS_fcntl) {
@@ -159,14 +161,25 @@ class Watch {
     if (fault_.kind == WriteFault::Kind::Kill) {
       kill(process_, SIGKILL);
     } else if (fault_.kind == WriteFault::Kind::Error) {
-      errors_[thread] = fault_.error;
-      opens_[thread] = false;
-      if (call.when != When::ClosesWritten) {  // a file is closed even so
-        SetRegister(thread, &user_regs_struct::orig_rax, static_cast<unsigned long long>(-1));
+      if (call.when == When::ClosesWritten) {  // a file is closed even so
+        errors_[thread] = fault_.error;
+      } else {
+        Fail(thread, fault_.error);
       }
     } else if (call.when == When::Writes && arguments[2] > 1) {
       SetRegister(thread, &user_regs_struct::rdx, arguments[2] / 2);
     }
+  }
+
+  static bool OpensUnnamed(std::uint64_t number, std::uint64_t const* arguments) {
+    return number == SYS_openat && (arguments[2] & O_TMPFILE) == O_TMPFILE;
+  }
+
+  /// Lets the call that a thread has begun fail.
+  void Fail(pid_t thread, int error) {
+    errors_[thread] = error;
+    opens_[thread] = false;
+    SetRegister(thread, &user_regs_struct::orig_rax, static_cast<unsigned long long>(-1));
   }
 
   static void SetRegister(pid_t thread, unsigned long long user_regs_struct::*which,

@@ -17,9 +17,10 @@ struct WriteFault {
   };
 
   Kind kind = Kind::None;
-  std::size_t first = 1;  ///< the first call that it befalls, counted from 1
-  bool onwards = false;   ///< and all after it
-  int error = 0;          ///< for Kind::Error
+  std::size_t first = 1;   ///< the first call that it befalls, counted from 1
+  bool onwards = false;    ///< and all after it
+  int error = 0;           ///< for Kind::Error
+  bool noUnnamed = false;  ///< there are no files without names, as on some file systems
 };
 
 /// How a run under faults went.
