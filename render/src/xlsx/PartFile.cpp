@@ -69,7 +69,7 @@ PartFiles::~PartFiles() {
 }
 
 std::FILE* PartFiles::Make() try {
-  auto part = std::make_unique<Part>(Descriptor(OpenTemporaryFile()), *this);
+  std::unique_ptr<Part> part(new Part{Descriptor(OpenTemporaryFile()), *this});
   auto const place = open_.insert(part.get()).first;
   if (part->descriptor.IsOpen()) {
     part->file =
