@@ -64,14 +64,15 @@ class DiskSpace : public testing::TestWithParam<char const*> {
   }
 
   void FillEverySize(bool replaces) const {
-    std::string const what = report_.IsWorkbook() ? ": cannot write the workbook" : "";
-    std::string const reason = std::string(": ") + std::strerror(ENOSPC) + '\n';
+    std::string message = "lakresvos-report: " + output_;
+    message += report_.IsWorkbook() ? ": cannot write the workbook: " : ": ";
+    message += std::strerror(ENOSPC);
+    message += '\n';
     int pages = 1;
     for (Outcome outcome = IsAsItWas; outcome != IsNew; pages += kSweepStep) {
       outcome = WriteToDisk(pages, replaces);
       ASSERT_LE(outcome, IsAsItWas) << pages << " pages";
-      EXPECT_EQ(ReadFile(messages_.Path("errors")),
-                outcome == IsNew ? "" : "lakresvos-report: " + output_ + what + reason)
+      EXPECT_EQ(ReadFile(messages_.Path("errors")), outcome == IsNew ? "" : message)
           << pages << " pages";
     }
     EXPECT_GT(pages, 5);
