@@ -76,21 +76,47 @@ ChartData ReadData(JsonData const& json) {
   return data;
 }
 
+/// A text or a number as JSON. There is no nlohmann::json of more than one value: to be destroyed it
+/// would need memory.
+template <class Value>
+std::string ToJson(Value const& value) {
+  return nlohmann::json(value).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
+/// Appends an array of what `append` appends for each element.
+template <class Elements, class Append>
+void AppendArray(std::string& json, Elements const& elements, Append append) {
+  char const* separator = "[";
+  for (auto const& element : elements) {
+    json += std::exchange(separator, ",");
+    append(element);
+  }
+  json += elements.empty() ? "[]" : "]";
+}
+
+template <class Value>
+void AppendArray(std::string& json, std::vector<Value> const& values) {
+  AppendArray(json, values, [&](Value const& value) { json += ToJson(value); });
+}
+
 }  // namespace
 
 std::string WriteChartData(ChartData const& data) {
-  nlohmann::ordered_json json;
-  json["categories"] = data.categories;
-  json["series"] = nlohmann::ordered_json::array();
-  for (ChartData::Series const& series : data.series) {
-    json["series"].push_back({{"name", series.name}, {"values", series.values}});
-  }
+  std::string json = R"({"categories":)";
+  AppendArray(json, data.categories);
+  json += R"(,"series":)";
+  AppendArray(json, data.series, [&](ChartData::Series const& series) {
+    json += R"({"name":)" + ToJson(series.name) + R"(,"values":)";
+    AppendArray(json, series.values);
+    json += '}';
+  });
   for (auto const& [name, title] : kTitles) {
     if (!(data.*title).empty()) {
-      json[name] = data.*title;
+      json += ',' + ToJson(name) + ':' + ToJson(data.*title);
     }
   }
-  return json.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+  json += '}';
+  return json;
 }
 
 std::optional<ChartData> ReadChartData(std::string const& json) {

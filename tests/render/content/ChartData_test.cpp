@@ -5,6 +5,8 @@
 
 #include <lakresvos/render/ChartData.h>
 
+#include "support/FailingNew.h"
+
 using namespace lakresvos::render;
 
 TEST(ChartData, TitlesAreWrittenAsJsonWhereTheyAre) {
@@ -53,6 +55,18 @@ RC_GTEST_PROP(ChartData, HasTheSameJsonWhenItIsReadBack, ()) {
   std::optional<ChartData> const read = ReadChartData(json);
   RC_ASSERT(read.has_value());
   RC_ASSERT(WriteChartData(*read) == json);
+}
+
+TEST(ChartData, AnyAllocationMayFail) {
+  ChartData const data{{"a category with a long name", "b"}, {{"s", {0.1, 2}}, {"t", {3, 4}}}, "c"};
+  std::string json;
+  EXPECT_GT(FailEveryAllocation([&] { json = WriteChartData(data); }, [&] { EXPECT_EQ(json, ""); }),
+            20U);
+  EXPECT_EQ(json, WriteChartData(data));
+  std::optional<ChartData> read;
+  EXPECT_GT(FailEveryAllocation([&] { read = ReadChartData(json); }, [&] { EXPECT_FALSE(read); }),
+            20U);
+  EXPECT_EQ(WriteChartData(*read), json);
 }
 
 TEST(ChartData, OtherFieldsArePassedOver) {
