@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cairo-svg.h>
 #include <exception>
+#include <new>
 #include <pango/pangocairo.h>
 #include <stdexcept>
 #include <string_view>
@@ -53,6 +54,16 @@ void MakeRepeatable(std::string& svg) {
   if (id != std::string::npos) {
     std::size_t const number = id + kId.size();
     svg.erase(number, svg.find('"', number) - number);
+  }
+}
+
+void Check(cairo_status_t status) {
+  if (status == CAIRO_STATUS_NO_MEMORY) {
+    throw std::bad_alloc();
+  }
+  if (status != CAIRO_STATUS_SUCCESS) {
+    throw std::runtime_error(std::string("cannot draw the chart: ") +
+                             cairo_status_to_string(status));
   }
 }
 
@@ -137,13 +148,10 @@ void SvgCanvas::DrawText(ShapedText const& text, double x, double y, double angl
 }
 
 std::string SvgCanvas::Finish() {
+  Check(cairo_status(context_.get()));
   context_.reset();
   cairo_surface_finish(surface_.get());
-  cairo_status_t const status = cairo_surface_status(surface_.get());
-  if (status != CAIRO_STATUS_SUCCESS) {
-    throw std::runtime_error(std::string("cannot draw the chart: ") +
-                             cairo_status_to_string(status));
-  }
+  Check(cairo_surface_status(surface_.get()));
   MakeRepeatable(svg_);
   return std::move(svg_);
 }

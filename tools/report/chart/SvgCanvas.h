@@ -54,7 +54,7 @@ class SvgCanvas {
   void DrawText(ShapedText const& text, double x, double y, double angle, Color color);
 
   /// Ends the picture and returns it.
-  /// @throws std::runtime_error when it could not be drawn.
+  /// @throws std::bad_alloc, and std::runtime_error when it could not be drawn.
   std::string Finish();
 
  private:
