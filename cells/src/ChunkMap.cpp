@@ -16,8 +16,8 @@ constexpr unsigned long kChunksPerWord = 64;
 constexpr unsigned long kWordsPerLeaf = 512;
 constexpr unsigned long kChunksPerLeaf = kChunksPerWord * kWordsPerLeaf;
 
-/// One bit for each chunk of 2 GiB.
-using Leaf = std::array<std::atomic<std::uint64_t>, kWordsPerLeaf>;
+/// One bit for each chunk of 2 GiB: a page of memory.
+struct alignas(4096) Leaf : std::array<std::atomic<std::uint64_t>, kWordsPerLeaf> {};
 
 // Leaves are never deleted: cells may be made and deleted until the process ends.
 constinit std::array<std::atomic<Leaf*>, kChunks / kChunksPerLeaf> leaves{};

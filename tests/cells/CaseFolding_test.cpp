@@ -118,25 +118,26 @@ TEST(CaseFolding, AgreesWithTheCaseTablesOfTheCLibraryForEveryCharacter) {
   EXPECT_EQ(disagreeing, (std::set<char32_t>{0x0130}));
 }
 
+/// Foldings that are longer than the character, shorter, or as long; and bytes of no character.
+std::vector<std::pair<std::string, std::string>> const kPieces{
+    {"\u023A", "\u2C65"},
+    {"\u212A", "k"},
+    {"\u017F", "s"},
+    {"\u1E9E", "\u00DF"},
+    {"\u00C9", "\u00E9"},
+    {"A", "a"},
+    {"k", "k"},
+    {"\u2C65", "\u2C65"},
+    {"\xFF", "\xFF"},
+    {"\x80", "\x80"},
+    {std::string(1, '\0'), std::string(1, '\0')}};
+
 RC_GTEST_PROP(CaseFoldingOrder, IsThatOfTheFoldedBytesWhateverTheirNumber, ()) {
-  // Foldings that are longer than the character, shorter, or as long; and bytes of no character.
-  static std::vector<std::pair<std::string, std::string>> const pieces{
-      {"\u023A", "\u2C65"},
-      {"\u212A", "k"},
-      {"\u017F", "s"},
-      {"\u1E9E", "\u00DF"},
-      {"\u00C9", "\u00E9"},
-      {"A", "a"},
-      {"k", "k"},
-      {"\u2C65", "\u2C65"},
-      {"\xFF", "\xFF"},
-      {"\x80", "\x80"},
-      {std::string(1, '\0'), std::string(1, '\0')}};
   std::string texts[2];
   std::string folded[2];
   for (int i = 0; i < 2; ++i) {
     for (int left = *rc::gen::inRange(0, 6); left != 0; --left) {
-      auto const& [piece, folding] = *rc::gen::elementOf(pieces);
+      auto const& [piece, folding] = *rc::gen::elementOf(kPieces);
       texts[i] += piece;
       folded[i] += folding;
     }

@@ -296,7 +296,7 @@ TEST(OmMemoryRegionProbe, SeesEveryRequestOfEveryRegionAndMayRefuseIt) {
   one.Allocate(7);
   EXPECT_EQ(seen, (std::vector<unsigned long>{24, 1000, 40000, 7}));
   EXPECT_EQ(one.BytesInUse(), 32U + 32 + 40000 + 16);
-  seen = {};
+  std::vector<unsigned long>().swap(seen);
 }
 
 TEST(OmMemoryRegionDefaultHeap, IsOneSharedRegionThatTakesBlocksBack) {

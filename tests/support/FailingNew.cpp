@@ -1,6 +1,7 @@
 #include "FailingNew.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <malloc.h>
 
@@ -8,13 +9,8 @@
 
 namespace {
 
-struct Countdown {
-  bool running = false;
-  FailAfter::Mode mode = FailAfter::Mode::Once;
-  std::size_t left = 0;
-};
-
-thread_local Countdown countdown;
+thread_local FailAfter* failingHere = nullptr;
+constinit std::atomic<FailAfter*> failingEverywhere = nullptr;
 
 struct Meter {
   bool running = false;
@@ -24,16 +20,59 @@ struct Meter {
 
 thread_local Meter meter;
 
+/// What lives, of one sort of memory, in all threads together.
+struct Tally {
+  std::atomic<long long> blocks = 0;
+  std::atomic<long long> bytes = 0;
+
+  void Add(long long block, long long size) {
+    blocks.fetch_add(block, std::memory_order_relaxed);
+    bytes.fetch_add(size, std::memory_order_relaxed);
+  }
+};
+
+// Regions alone ask for so much alignment: whole chunks of it for their blocks, and pages for the
+// map of all chunks, which is never given back.
+constexpr std::size_t kMapAlignment = 4096;
+constexpr std::size_t kChunkAlignment = std::size_t{64} << 10U;
+
+constinit Tally heap;
+constinit Tally map;
+constinit Tally regions;
+
+Tally& TallyOf(std::size_t alignment) {
+  if (alignment >= kChunkAlignment) {
+    return regions;
+  }
+  return alignment == kMapAlignment ? map : heap;
+}
+
+/// Where a block for a region says how long it is: at its end, which is longer than was asked for.
+std::size_t& SizeAtTheEnd(void* block) {
+  std::size_t const words = malloc_usable_size(block) / sizeof(std::size_t);
+  return static_cast<std::size_t*>(block)[words - 1];
+}
+
+long long SizeOf(void* block, std::size_t alignment) {
+  return static_cast<long long>(alignment >= kChunkAlignment ? SizeAtTheEnd(block)
+                                                             : malloc_usable_size(block));
+}
+
+void* Acquire(std::size_t size, std::size_t alignment) {
+  void* block = nullptr;
+  std::size_t const extra = alignment >= kChunkAlignment ? sizeof(std::size_t) : 0;
+  if (posix_memalign(&block, alignment, std::max<std::size_t>(size, 1) + extra) != 0) {
+    return nullptr;
+  }
+  if (extra != 0) {
+    SizeAtTheEnd(block) = size;
+  }
+  return block;
+}
+
 bool Refused() {
-  if (!countdown.running) {
-    return false;
-  }
-  if (countdown.left > 1) {
-    --countdown.left;
-    return false;
-  }
-  countdown.running = countdown.mode == FailAfter::Mode::FromThenOn;
-  return true;
+  FailAfter* const failing = failingHere != nullptr ? failingHere : failingEverywhere.load();
+  return failing != nullptr && failing->Refuses();
 }
 
 void Count(unsigned long /*size*/) {
@@ -46,9 +85,11 @@ void* Supply(std::size_t size, std::size_t alignment) noexcept {
   if (Refused()) {
     return nullptr;
   }
-  std::size_t const rounded =
-      (std::max<std::size_t>(size, 1) + alignment - 1) / alignment * alignment;
-  void* const block = std::aligned_alloc(alignment, rounded);
+  void* const block = Acquire(size, alignment);
+  if (block == nullptr) {
+    return nullptr;
+  }
+  TallyOf(alignment).Add(1, SizeOf(block, alignment));
   if (meter.running) {
     meter.held += static_cast<long long>(malloc_usable_size(block));
     meter.peak = std::max(meter.peak, meter.held);
@@ -56,7 +97,11 @@ void* Supply(std::size_t size, std::size_t alignment) noexcept {
   return block;
 }
 
-void TakeBack(void* block) noexcept {
+void TakeBack(void* block, std::size_t alignment) noexcept {
+  if (block == nullptr) {
+    return;
+  }
+  TallyOf(alignment).Add(-1, -SizeOf(block, alignment));
   if (meter.running) {
     meter.held -= static_cast<long long>(malloc_usable_size(block));
   }
@@ -74,14 +119,24 @@ constexpr std::size_t kDefault = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
 
 }  // namespace
 
-FailAfter::FailAfter(std::size_t n, Mode mode) {
+FailAfter::FailAfter(std::size_t n, Mode mode, Threads threads) : n_(n), mode_(mode) {
   OmMemoryRegion::setAllocationProbe(Count);
-  countdown = {true, mode, n};
+  if (threads == Threads::This) {
+    failingHere = this;
+  } else {
+    failingEverywhere = this;
+  }
 }
 
 FailAfter::~FailAfter() {
-  countdown.running = false;
+  failingHere = nullptr;
+  failingEverywhere = nullptr;
   OmMemoryRegion::setAllocationProbe(nullptr);
+}
+
+bool FailAfter::Refuses() {
+  std::size_t const request = asked_.fetch_add(1) + 1;
+  return mode_ == Mode::Once ? request == n_ : request >= n_;
 }
 
 MemoryMeter::MemoryMeter() {
@@ -94,6 +149,18 @@ MemoryMeter::~MemoryMeter() {
 
 std::size_t MemoryMeter::Peak() const {
   return static_cast<std::size_t>(meter.peak);
+}
+
+HeldMemory HeldMemory::Now() {
+  OmMemoryRegion const& common = *OmMemoryRegion::DefaultHeap();
+  return {heap.blocks, heap.bytes, static_cast<long long>(common.BytesInUse()),
+          regions.bytes - static_cast<long long>(common.BytesReserved())};
+}
+
+std::ostream& operator<<(std::ostream& out, HeldMemory const& held) {
+  return out << held.blocks << " blocks with " << held.bytes << " bytes on the general heap, "
+             << held.defaultHeapBytes << " bytes on the default heap, " << held.regionBytes
+             << " bytes in other regions";
 }
 
 void* operator new(std::size_t n) {
@@ -121,38 +188,38 @@ void* operator new[](std::size_t n, std::align_val_t a, std::nothrow_t const&) n
   return Supply(n, static_cast<std::size_t>(a));
 }
 void operator delete(void* block) noexcept {
-  TakeBack(block);
+  TakeBack(block, kDefault);
 }
 void operator delete[](void* block) noexcept {
-  TakeBack(block);
+  TakeBack(block, kDefault);
 }
 void operator delete(void* block, std::size_t) noexcept {
-  TakeBack(block);
+  TakeBack(block, kDefault);
 }
 void operator delete[](void* block, std::size_t) noexcept {
-  TakeBack(block);
+  TakeBack(block, kDefault);
 }
-void operator delete(void* block, std::align_val_t) noexcept {
-  TakeBack(block);
+void operator delete(void* block, std::align_val_t a) noexcept {
+  TakeBack(block, static_cast<std::size_t>(a));
 }
-void operator delete[](void* block, std::align_val_t) noexcept {
-  TakeBack(block);
+void operator delete[](void* block, std::align_val_t a) noexcept {
+  TakeBack(block, static_cast<std::size_t>(a));
 }
-void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
-  TakeBack(block);
+void operator delete(void* block, std::size_t, std::align_val_t a) noexcept {
+  TakeBack(block, static_cast<std::size_t>(a));
 }
-void operator delete[](void* block, std::size_t, std::align_val_t) noexcept {
-  TakeBack(block);
+void operator delete[](void* block, std::size_t, std::align_val_t a) noexcept {
+  TakeBack(block, static_cast<std::size_t>(a));
 }
 void operator delete(void* block, std::nothrow_t const&) noexcept {
-  TakeBack(block);
+  TakeBack(block, kDefault);
 }
 void operator delete[](void* block, std::nothrow_t const&) noexcept {
-  TakeBack(block);
+  TakeBack(block, kDefault);
 }
-void operator delete(void* block, std::align_val_t, std::nothrow_t const&) noexcept {
-  TakeBack(block);
+void operator delete(void* block, std::align_val_t a, std::nothrow_t const&) noexcept {
+  TakeBack(block, static_cast<std::size_t>(a));
 }
-void operator delete[](void* block, std::align_val_t, std::nothrow_t const&) noexcept {
-  TakeBack(block);
+void operator delete[](void* block, std::align_val_t a, std::nothrow_t const&) noexcept {
+  TakeBack(block, static_cast<std::size_t>(a));
 }

@@ -1,24 +1,42 @@
 #ifndef TESTS_SUPPORT_FAILINGNEW_H
 #define TESTS_SUPPORT_FAILINGNEW_H
 
+#include <atomic>
 #include <cstddef>
+#include <gtest/gtest.h>
 #include <initializer_list>
 #include <new>
+#include <ostream>
 
 /// Makes allocations fail while it exists: the global operator new and every request to a region
-/// count alike, from 1. Allocations of other threads are neither counted nor refused.
+/// count alike, from 1.
 ///
 /// One exists at a time. Test assertions allocate, so keep them outside.
 class FailAfter {
  public:
   enum class Mode { Once, FromThenOn };
 
+  /// Whose allocations are counted and refused: those of the thread that makes the object, or those
+  /// of the threads that it starts meanwhile too.
+  enum class Threads { This, All };
+
   /// Refuses the `n`-th allocation with std::bad_alloc, and with Mode::FromThenOn all later ones.
-  explicit FailAfter(std::size_t n, Mode mode = Mode::FromThenOn);
+  explicit FailAfter(std::size_t n, Mode mode = Mode::FromThenOn, Threads threads = Threads::This);
   ~FailAfter();
 
   FailAfter(FailAfter const&) = delete;
   FailAfter& operator=(FailAfter const&) = delete;
+
+  /// Whether any allocation was refused.
+  bool HasRefused() const { return asked_ >= n_; }
+
+  /// Counts an allocation, and tells whether it is refused.
+  bool Refuses();
+
+ private:
+  std::size_t const n_;
+  Mode const mode_;
+  std::atomic<std::size_t> asked_ = 0;
 };
 
 /// Measures what the global operator new gives out while it exists, which regions are filled by too.
@@ -37,24 +55,58 @@ class MemoryMeter {
   std::size_t Peak() const;
 };
 
-/// Runs `attempt` with its first allocation failing, then with its second, ... until it succeeds,
-/// in both modes, and calls `check` after every failure. Returns the number of failures.
-/// @param attempt makes all of its changes or throws std::bad_alloc; is run once in the end.
+/// The memory that all threads together hold.
+struct HeldMemory {
+  long long blocks = 0;            ///< from the global operator new, but not for regions
+  long long bytes = 0;             ///< in these
+  long long defaultHeapBytes = 0;  ///< in use on the default heap
+  long long regionBytes = 0;       ///< that all other regions have from the system
+
+  static HeldMemory Now();
+
+  bool operator==(HeldMemory const& other) const = default;
+};
+
+/// For the messages of tests.
+std::ostream& operator<<(std::ostream& out, HeldMemory const& held);
+
+/// Runs `attempt` with its first allocation failing, then with its second, ... until none is refused
+/// any more, in both modes, and calls `check` after every failure. Returns the number of failures.
+/// @param attempt makes all of its changes or throws std::bad_alloc. It may also do without what it
+///                was refused; then it is run once more.
 template <class Attempt, class Check>
-std::size_t FailEveryAllocation(Attempt attempt, Check check) {
+std::size_t FailEveryAllocation(Attempt attempt, Check check,
+                                FailAfter::Threads threads = FailAfter::Threads::This) {
   std::size_t failures = 0;
   for (std::size_t n = 1;; ++n) {
     for (FailAfter::Mode mode : {FailAfter::Mode::FromThenOn, FailAfter::Mode::Once}) {
       try {
-        FailAfter const failing(n, mode);
+        FailAfter const failing(n, mode, threads);
         attempt();
-        return failures;
+        if (!failing.HasRefused()) {
+          return failures;
+        }
+        continue;
       } catch (std::bad_alloc const&) {
         ++failures;
       }
       check();
     }
   }
+}
+
+/// The same for an operation that gives a value and changes nothing: after each failure as much memory
+/// is held as before, and whenever there is a value it is the one that there is without failures.
+template <class Make>
+std::size_t FailEveryAllocationOf(Make make,
+                                  FailAfter::Threads threads = FailAfter::Threads::This) {
+  auto const expected = make();
+  bool same = true;
+  HeldMemory const before = HeldMemory::Now();
+  std::size_t const failures = FailEveryAllocation(
+      [&] { same = make() == expected && same; }, [&] { EXPECT_EQ(HeldMemory::Now(), before); }, threads);
+  EXPECT_TRUE(same);
+  return failures;
 }
 
 #endif

@@ -149,14 +149,15 @@ std::map<std::string, Arms> AllJoints() {
   return joints;
 }
 
+std::map<std::string, Arms> const kJoints = AllJoints();
+
 Arms ArmsAt(std::vector<std::vector<std::string>> const& page, std::size_t row,
             std::size_t column) {
-  static std::map<std::string, Arms> const joints = AllJoints();
   if (row >= page.size() || column >= page[row].size()) {
     return {};
   }
-  auto const found = joints.find(page[row][column]);
-  return found != joints.end() ? found->second : Arms{};
+  auto const found = kJoints.find(page[row][column]);
+  return found != kJoints.end() ? found->second : Arms{};
 }
 
 }  // namespace

@@ -14,8 +14,8 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-DataSet const& Pets() {
-  static DataSet const data = ReadData(
+DataSet Pets() {
+  return ReadData(
       "kind,home,n\n"
       "cat,house,1\n"
       "dog,house,2\n"
@@ -24,7 +24,6 @@ DataSet const& Pets() {
       "cow,farm,5\n"
       "Total,farm,6\n",
       {"kind", "home", "n"});
-  return data;
 }
 
 std::unique_ptr<OmPivotTable> Table(std::string const& formula, Texts const& groups,

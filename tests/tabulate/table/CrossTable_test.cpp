@@ -41,15 +41,14 @@ std::string Title(OmPivotTable const& table) {
   return table.GetTableTitle()->GetText();
 }
 
-DataSet const& Passengers() {
-  static DataSet const data = ReadData(
+DataSet Passengers() {
+  return ReadData(
       "class,sex,age,fare,n\n"
       "1st,m,30,10.5,2\n"
       "2nd,f,4,8,1\n"
       "1st,f,30,7.25,0\n"
       "1st,m,4,,3\n",
       {"class", "sex", "age", "fare", "n"});
-  return data;
 }
 
 }  // namespace

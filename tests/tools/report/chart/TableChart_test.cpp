@@ -15,15 +15,14 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-DataSet const& Pets() {
-  static DataSet const data = ReadData(
+DataSet Pets() {
+  return ReadData(
       "kind,home,age\n"
       "cat,house,2\n"
       "dog,house,4\n"
       "dog,farm,8\n"
       "dog,farm,10\n",
       {"kind", "home", "age"});
-  return data;
 }
 
 ChartData Chart(std::string const& formula, std::string const& statistics = "count",
@@ -68,7 +67,7 @@ TEST(TableChart, TotalsAreLeftOut) {
 }
 
 TEST(TableChart, CategoryThatIsCalledTotalIsNoTotal) {
-  static DataSet const data = ReadData("kind\nTotal\ncat\n", {"kind"});
+  DataSet const data = ReadData("kind\nTotal\ncat\n", {"kind"});
   auto const table = MakeCrossTable(data, RowWeights(), {ParseFormula("kind ~"), "", ""},
                                     ParseStatistics("count"), true);
   EXPECT_EQ(MakeChartData(*table, 1, "").categories, (Texts{"Total", "cat"}));

@@ -27,13 +27,14 @@ Words Tabulate(Words const& formulas, std::string const& format, Words const& mo
 
 Words const kFormats{"text", "html", "markdown", "csv", "json", "xlsx"};
 
+std::map<std::string, Words> const kValues{
+    {"--width", {"80"}},        {"--csv-shape", {"display"}}, {"--xlsx-layers", {"sheets"}},
+    {"--xlsx-merge", {"none"}}, {"--layers", {"first"}},      {"--statistics", {"count"}},
+    {"--style", {"s.json"}},    {"--caption", {"C"}},         {"--title", {"T"}},
+};
+
 /// The error of the command line once it has one more option, with a valid value.
 std::string ErrorIn(Words words, std::string const& option) {
-  static std::map<std::string, Words> const kValues{
-      {"--width", {"80"}},        {"--csv-shape", {"display"}}, {"--xlsx-layers", {"sheets"}},
-      {"--xlsx-merge", {"none"}}, {"--layers", {"first"}},      {"--statistics", {"count"}},
-      {"--style", {"s.json"}},    {"--caption", {"C"}},         {"--title", {"T"}},
-  };
   if (!option.empty()) {
     words.push_back(option);
     auto const value = kValues.find(option);
