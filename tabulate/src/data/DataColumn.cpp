@@ -49,7 +49,15 @@ void DataColumn::Append(std::string_view field) {
   bool const missing = IsMissing(field);
   if (kept_) {
     ForgetNumbers();
-    codes_.push_back(missing ? kMissingCode : values_.Intern(field));
+    codes_.push_back(kMissingCode);
+    if (!missing) {
+      try {
+        codes_.back() = values_.Intern(field);
+      } catch (...) {
+        codes_.pop_back();
+        throw;
+      }
+    }
   }
   missing_ += missing ? 1 : 0;
 }

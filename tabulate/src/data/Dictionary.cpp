@@ -64,9 +64,16 @@ std::uint32_t Dictionary::InternHashed(std::string_view text, std::uint64_t hash
   if (known != kNone) {
     return known;
   }
-  ids_->Add(hash);
+  std::size_t const before = text_.size();
   text_.append(text);
-  ends_.push_back(text_.size());
+  try {
+    ends_.push_back(text_.size());
+    ids_->Add(hash);
+  } catch (...) {
+    ends_.resize(ids_->size());
+    text_.resize(before);
+    throw;
+  }
   return static_cast<std::uint32_t>(ends_.size() - 1);
 }
 

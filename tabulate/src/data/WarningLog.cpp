@@ -18,6 +18,7 @@ void CutToFirst(std::vector<Warning>& warnings) {
 }  // namespace
 
 void WarningLog::Add(Warning warning) {
+  kept_.reserve(2 * kMaxKept);  // so that nothing is counted that is not kept
   Count(warning.kind, warning.line, warning.column);
   kept_.push_back(std::move(warning));
   ++total_;
@@ -28,10 +29,11 @@ void WarningLog::Add(Warning warning) {
 
 void WarningLog::Count(Skipped kind, std::size_t line, std::string const& column) {
   SkipCount& count = counts_[static_cast<std::size_t>(kind)];
-  if (count.count++ == 0 || line < count.line) {
-    count.line = line;
+  if (count.count == 0 || line < count.line) {
     count.column = column;
+    count.line = line;
   }
+  ++count.count;
 }
 
 bool WarningLog::HasAny() const {

@@ -41,7 +41,8 @@ class LAKRESVOS_TABULATE_EXPORT DataColumn {
   ~DataColumn();
 
   /// Adds a row.
-  /// @throws std::length_error when there are more than 4,294,967,295 distinct values.
+  /// @throws std::length_error when there are more than 4,294,967,295 distinct values, and
+  ///         std::bad_alloc; the column is unchanged then.
   void Append(std::string_view field);
 
   /// The name in the header of the data.

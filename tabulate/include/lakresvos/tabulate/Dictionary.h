@@ -37,7 +37,8 @@ class LAKRESVOS_TABULATE_EXPORT Dictionary {
 
   /// The number of the text, which is added when it is new. Takes time linear in the length of the
   /// text, amortized.
-  /// @throws std::length_error for the text after the 4,294,967,295th; nothing is added then.
+  /// @throws std::length_error for the text after the 4,294,967,295th, and std::bad_alloc; nothing
+  ///         is added then.
   std::uint32_t Intern(std::string_view text);
 
   /// The number of the text, or kNone. Takes time linear in the length of the text.
