@@ -103,8 +103,15 @@ std::size_t FailEveryAllocationOf(Make make,
   auto const expected = make();
   bool same = true;
   HeldMemory const before = HeldMemory::Now();
-  std::size_t const failures = FailEveryAllocation(
-      [&] { same = make() == expected && same; }, [&] { EXPECT_EQ(HeldMemory::Now(), before); }, threads);
+  HeldMemory after = before;
+  std::size_t const failures = FailEveryAllocation([&] { same = make() == expected && same; },
+                                                   [&] {
+                                                     if (after == before) {
+                                                       after = HeldMemory::Now();
+                                                     }
+                                                   },
+                                                   threads);
+  EXPECT_EQ(after, before);
   EXPECT_TRUE(same);
   return failures;
 }

@@ -54,6 +54,7 @@ void BeginToUseGoogleTest() {
   testing::internal::DeathTest::set_last_death_test_message(std::string(1U << 16U, ' '));
   testing::TestPartResultArray failures;
   testing::ScopedFakeTestPartResultReporter const reporter(&failures);
+  SCOPED_TRACE("");
   ADD_FAILURE();
 }
 

@@ -86,7 +86,7 @@ bool RemoveAbandoned(int directory, char const* name) {
 }
 
 /// Tries temporary names until `make` returns anything but EEXIST; returns the last name and the
-/// result of `make` for it.
+/// result of `make` for it. After that it needs no memory.
 template <class Make>
 std::pair<std::string, int> MakeTemporary(int directory, Make make) {
   std::string name;
@@ -98,7 +98,7 @@ std::pair<std::string, int> MakeTemporary(int directory, Make make) {
       error = make(name.c_str());
     }
   }
-  return {name, error};
+  return {std::move(name), error};
 }
 
 /// Creates a file with a temporary name and locks it; not open when that fails, and errno says why.

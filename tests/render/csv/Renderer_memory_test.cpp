@@ -7,7 +7,6 @@
 #include <lakresvos/render/MarkdownRenderer.h>
 
 #include "render/support/RenderTables.h"
-#include "support/FailingNew.h"
 
 using namespace lakresvos::render;
 using namespace render_tables;
@@ -43,23 +42,6 @@ void WriteAll(OmPivotTable& table, std::ostream& out) {
 }
 
 }  // namespace
-
-TEST(CsvRendererMemory, EveryFailedAllocationLeavesNothingBehind) {
-  Table table;
-  for (char const* label : {"A long label of a dimension", "B", "C"}) {
-    table.AddFlat(label, 2);
-  }
-  table.Place({0}, {1}, {2});
-  table.PutAll();
-  AddFootnote(table, "a note that is long enough for the heap");
-  OmStringCellUTF8 marked("a text, \"quoted\", that is long enough for the heap");
-  table.Cell({0, 0, 0}, WithFootnotes(marked, {0}));
-  Sink sink;
-  std::ostream out(&sink);
-  std::size_t const failures = FailEveryAllocation([&] { WriteAll(table, out); }, [] {});
-  EXPECT_GT(failures, 100U);
-  EXPECT_TRUE(out.good());
-}
 
 TEST(CsvRendererMemory, OutputIsHandedOverInPiecesHoweverMuchThereIs) {
   Table table;

@@ -9,7 +9,6 @@
 
 #include "render/json/Documents.h"
 #include "render/support/RenderTables.h"
-#include "support/FailingNew.h"
 
 namespace {
 
@@ -521,18 +520,6 @@ TEST(JsonReader, TellsThePlaceApart) {
   } catch (lakresvos::render::JsonError const& error) {
     EXPECT_EQ(error.Place(), "1:3");
   }
-}
-
-TEST(JsonReader, LeavesNothingBehindWhenMemoryEnds) {
-  std::string const text = SmallDocument();
-  std::unique_ptr<OmOutputTree> tree;
-  FailEveryAllocation(
-      [&] {
-        std::istringstream in(text);
-        tree = lakresvos::render::ReadJson(in);
-      },
-      [&] { ASSERT_EQ(tree, nullptr); });
-  EXPECT_EQ(Written(*tree), text);
 }
 
 }  // namespace
