@@ -1,7 +1,9 @@
 #include <climits>
 #include <gtest/gtest.h>
 #include <memory>
+#include <string>
 #include <type_traits>
+#include <utility>
 
 #include <lakresvos/FormatArea.h>
 
@@ -173,6 +175,28 @@ TEST(FormatArea, AFormatThatCannotBeMadeLeavesNothing) {
   EXPECT_GT(FailEveryAllocation([&] { made = FormatArea(FormatArea::Area(3)).getArea(); }, [] {}),
             0U);
   EXPECT_EQ(made, 3);
+}
+
+TEST(FormatArea, ATextThatCannotBeKeptLeavesTheOldOne) {
+  std::string const text(100, 'x');
+  using Setter = void (FormatArea::*)(std::string const&);
+  using Getter = std::string const& (FormatArea::*)() const;
+  std::pair<Setter, Getter> const fields[] = {
+      {&FormatArea::setFontName, &FormatArea::getFontName},
+      {&FormatArea::setTextColor, &FormatArea::getTextColor},
+      {&FormatArea::setBackgroundColor, &FormatArea::getBackgroundColor},
+      {&FormatArea::setAlternateTextColor, &FormatArea::getAlternateTextColor},
+      {&FormatArea::setAlternateBackgroundColor, &FormatArea::getAlternateBackgroundColor}};
+  for (auto const& field : fields) {
+    Setter const set = field.first;
+    Getter const get = field.second;
+    FormatArea format(FormatArea::AreaData);
+    (format.*set)("old");
+    EXPECT_GT(FailEveryAllocation([&] { (format.*set)(text); },
+                                  [&] { EXPECT_EQ((format.*get)(), "old"); }),
+              0U);
+    EXPECT_EQ((format.*get)(), text);
+  }
 }
 
 }  // namespace

@@ -1,7 +1,11 @@
 #include <functional>
 #include <gtest/gtest.h>
+#include <iostream>
 #include <sstream>
+#include <streambuf>
 
+#include <cells/OmComposite.h>
+#include <cells/OmNumber.h>
 #include <cells/OmVariable.h>
 #include <cells/icuTracker.h>
 #include <lakresvos/OmPivotTable.h>
@@ -458,6 +462,144 @@ TEST(OmPivotTableIteratorFailure, AssignmentAllocatesNothing) {
     target = source;
   }
   EXPECT_EQ(target.Cell(), table.Cell({0}));
+}
+
+// Reading a table, and what belongs to one
+
+/// Takes the place of standard output and counts what is written.
+class CountedOutput : public std::streambuf {
+ public:
+  CountedOutput() : before_(std::cout.rdbuf(this)) {}
+  ~CountedOutput() override { std::cout.rdbuf(before_); }
+  CountedOutput(CountedOutput const&) = delete;
+  CountedOutput& operator=(CountedOutput const&) = delete;
+
+  std::streamsize Count() const { return count_; }
+
+ protected:
+  int_type overflow(int_type c) override {
+    ++count_;
+    return traits_type::not_eof(c);
+  }
+  std::streamsize xsputn(char const* /*text*/, std::streamsize count) override {
+    count_ += count;
+    return count;
+  }
+
+ private:
+  std::streambuf* before_;
+  std::streamsize count_ = 0;
+};
+
+class OmPivotTableRefusedMemory : public testing::Test {
+ protected:
+  OmPivotTableRefusedMemory() {
+    table.AddDimension(*Nested("a dimension with a long name"));
+    table.AddDimension(*Nested(kLong));
+    table.Put({0, 0}, kLong);
+    table.Put({2, 1}, "b");
+    OmStringCell const text(kLong);
+    table.Caption(&text);
+    table.CornerText(&text);
+    OmFootnote note;
+    note.text = new OmStringCell(kLong);
+    table.Footnote(note, true);
+  }
+
+  TestTable table;
+};
+
+TEST_F(OmPivotTableRefusedMemory, WhileItIsRead) {
+  EXPECT_GT(FailEveryAllocationOf([&] { return table.Walk(); }), 6U);
+  EXPECT_GT(FailEveryAllocationOf([&] { return table.SizeVector(); }), 0U);
+  OmStringCell const label(kLong);
+  FailEveryAllocationOf([&] { return table.FindDimension(label); });
+  EXPECT_EQ(table.FindDimension(label), 1);
+  Index const index{2, 1};
+  FailEveryAllocationOf([&] { return table.Cell(index); });
+  OmPivotTable::Iterator const at = table.FirstCell();
+  EXPECT_GT(FailEveryAllocationOf([&] {
+              Index filled;
+              at.Index(filled);
+              return filled;
+            }),
+            0U);
+}
+
+TEST_F(OmPivotTableRefusedMemory, WhileItIsPrinted) {
+  auto const printed = [&](auto const& print) {
+    return [&] {
+      CountedOutput const output;
+      print();
+      return output.Count();
+    };
+  };
+  EXPECT_GT(FailEveryAllocationOf(printed([&] { table.Print(); })), 10U);
+  EXPECT_GT(FailEveryAllocationOf(printed([&] { table.PrintCells(table.data().cells, 0, 0); })),
+            2U);
+}
+
+TEST_F(OmPivotTableRefusedMemory, WhileAxesAndStylesGrow) {
+  for (PuppetVector<short>* const axis : {&table.Rows(), &table.Columns(), &table.Layers()}) {
+    EXPECT_GT(FailEveryAllocation([&] { axis->push_back(1); }, [&] { EXPECT_TRUE(axis->empty()); }),
+              0U);
+    EXPECT_GT(FailEveryAllocation([&] { (*axis)[20] = 3; }, [&] { EXPECT_EQ(axis->size(), 1U); }),
+              0U);
+    EXPECT_EQ(axis->size(), 21U);
+    EXPECT_EQ((*axis)[19], -1);
+  }
+  EXPECT_GT(FailEveryAllocation([&] { table.emptyCellStyles()[7] = 1; },
+                                [&] { EXPECT_TRUE(table.getEmptyCellStyles().empty()); }),
+            0U);
+  OmCellProperties style;
+  style.setFontName(kLong);
+  EXPECT_GT(FailEveryAllocation([&] { table.cellStyles().push_back(style); },
+                                [&] { EXPECT_TRUE(table.getCellStyles().empty()); }),
+            1U);
+  EXPECT_EQ(table.getCellStyles()[0].getFontName(), kLong);
+}
+
+TEST_F(OmPivotTableRefusedMemory, LeavesAFormatWithTheCaller) {
+  auto format = std::make_unique<FormatArea>(FormatArea::AreaData);
+  EXPECT_GT(
+      FailEveryAllocation([&] { table.setAreaFormat(format.get()); },
+                          [&] { EXPECT_EQ(table.getAreaFormat(FormatArea::AreaTitle), nullptr); }),
+      0U);
+  EXPECT_EQ(table.getAreaFormat(FormatArea::AreaData), format.release());
+}
+
+TEST_F(OmPivotTableRefusedMemory, IsNotWhereNoneIsNeeded) {
+  table.setAreaFormat(new FormatArea(FormatArea::AreaData));
+  auto format = std::make_unique<FormatArea>(FormatArea::AreaData);
+  Index const stored{0, 0};
+  TestTable::Place(table.Rows(), {0});
+  TestTable::Place(table.Columns(), {1});
+  FailAfter const failing(1);
+  table.setAreaFormat(format.release());
+  FormatArea copy(*table.getAreaFormat(FormatArea::AreaData));
+  copy = *table.getAreaFormat(FormatArea::AreaData);
+  copy.setFontSize(2);
+  table.deleteCell(stored);
+  table.RemovedFootnotes(true);
+  table.EndTable();
+  EXPECT_FALSE(failing.HasRefused());
+}
+
+TEST_F(OmPivotTableRefusedMemory, LeavesACompositeReadableThatIsBoundInParts) {
+  table.setBackendSettings(Settings(true));
+  std::size_t const texts = table.getICUTracker()->TextCount();
+  {
+    OmComposite composite("{0} of {1}: a pattern that is long");
+    composite.AddPart(OmStringCell(kLong));
+    composite.AddPart(OmNumber(2));
+    std::string const text = composite.GetText();
+    EXPECT_GT(FailEveryAllocation([&] { table.setHelper(composite); },
+                                  [&] { EXPECT_EQ(composite.GetText(), text); }),
+              4U);
+    EXPECT_EQ(composite.GetText(), text);
+    EXPECT_EQ(composite.Parts().Root().Child(0).Value()->GetTracker(), table.getICUTracker());
+  }
+  EXPECT_EQ(table.getICUTracker()->TextCount(), texts);
 }
 
 }  // namespace
