@@ -59,6 +59,7 @@ std::string FormatOption(CLI::Option const& option) {
     names += " " + option.get_option_text();
   }
   std::ostringstream line;
+  line.exceptions(std::ios::badbit);
   line << "  " << std::left << std::setw(kHelpColumn - 2) << names << option.get_description()
        << '\n';
   return line.str();

@@ -47,6 +47,17 @@ void RefuseCount(CLI::App const& app, std::string_view parserWords) {
   }
 }
 
+/// The option with this name; null when there is none. The library's own function ends the program
+/// when there is no memory for it.
+CLI::Option const* FindOption(CLI::App const& app, std::string const& name) {
+  for (CLI::Option const* const option : app.get_options()) {
+    if (option->check_name(name)) {
+      return option;
+    }
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 CLI::Validator AllowValues(std::vector<std::string> const& values) {
@@ -77,7 +88,7 @@ void CheckAssignments(CLI::App const& app, int argc, char const* const* argv) {
     std::string const argument = argv[i];
     std::size_t const sign = argument.find('=');
     CLI::Option const* const option =
-        argument.starts_with('-') ? app.get_option_no_throw(argument.substr(0, sign)) : nullptr;
+        argument.starts_with('-') ? FindOption(app, argument.substr(0, sign)) : nullptr;
     if (option == nullptr) {
       continue;
     }

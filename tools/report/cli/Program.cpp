@@ -30,6 +30,7 @@ namespace lakresvos::report {
 
 namespace {
 
+constexpr char kProgram[] = "lakresvos-report: ";
 constexpr char kStandardOutput[] = "standard output";
 
 void RefuseToOverwrite(std::string const& input, char const* what, std::string const& outputFile) {
@@ -65,6 +66,7 @@ std::vector<std::string> Write(OmOutputTree const& document, Options const& opti
                                render::OutputFile& out) {
   if (options.outputFile.empty()) {
     std::ostringstream held;
+    held.exceptions(std::ios::badbit);  // it leaves out what there is no memory for otherwise
     std::vector<std::string> losses =
         RenderTo(kStandardOutput, document, options, options.strict ? held : out.Stream());
     if (options.strict && losses.empty()) {
@@ -85,7 +87,7 @@ std::vector<std::string> Write(OmOutputTree const& document, Options const& opti
 }
 
 void PrintMessage(std::string_view message) {
-  std::cerr << "lakresvos-report: " << tabulate::Shorten(tabulate::EscapeControls(message)) << '\n';
+  std::cerr << kProgram << tabulate::Shorten(tabulate::EscapeControls(message)) << '\n';
 }
 
 int Run(Options const& options, render::OutputFile& out) {
@@ -120,7 +122,7 @@ void OpenStandardFiles() {
 
 }  // namespace
 
-int RunProgram(int argc, char const* const* argv) {
+int RunProgram(int argc, char const* const* argv) try {
   OpenStandardFiles();
   std::signal(SIGXFSZ, SIG_IGN);  // so that the write fails, which is reported
   try {
@@ -131,10 +133,13 @@ int RunProgram(int argc, char const* const* argv) {
     out.Commit();
     return 0;
   } catch (std::bad_alloc const&) {
-    PrintMessage("out of memory");
+    throw;
   } catch (std::exception const& error) {
     PrintMessage(error.what());
   }
+  return 2;
+} catch (std::bad_alloc const&) {
+  std::cerr << kProgram << "out of memory\n";
   return 2;
 }
 
