@@ -7,6 +7,8 @@
 
 #include <codepage/codepage.h>
 
+#include "support/FailingMalloc.h"
+
 // The program's own iconv functions come before those of the C library, and can run out of memory
 // as these can.
 #define EXPORTED extern "C" __attribute__((visibility("default")))
@@ -67,6 +69,44 @@ TEST_F(RefusedMemory, IsThrownByTheConversion) {
   refusing = false;
   EXPECT_EQ(VELKMBU8ToGeneric(converter, out, "text"), 0);
   EXPECT_EQ(out, "text");
+  VELKMBConverterDelete_A(converter);
+}
+
+TEST_F(RefusedMemory, LeavesPagesKnown) {
+  if (!FailMallocAfter::Works()) {
+    GTEST_SKIP();
+  }
+  std::size_t failures = 0;
+  for (std::string const page : {"ISO-8859-1", "ISO-2022-JP", "GB18030"}) {
+    void* converter = nullptr;
+    failures += FailEvery<FailMallocAfter>(
+        [&] {
+          VELKMBConverterDelete_A(converter);
+          converter = nullptr;
+          converter = VELKMBConverterNew_A(page.c_str());
+        },
+        [] {});
+    ASSERT_NE(converter, nullptr) << page;
+    std::string out;
+    FailEvery<FailMallocAfter>([&] { VELKMBU8ToGeneric(converter, out, "text"); }, [] {});
+    EXPECT_EQ(out, "text");
+    VELKMBConverterDelete_A(converter);
+  }
+  EXPECT_GT(failures, 3U);
+}
+
+TEST_F(RefusedMemory, IsThrownByWhatIsOursToo) {
+  std::string const page(100, 'x');
+  FailEveryAllocationOf([&] { return VELKMBConverterNew_A(page.c_str()); });
+  void* converter = nullptr;
+  FailEveryAllocation(
+      [&] {
+        VELKMBConverterDelete_A(converter);
+        converter = nullptr;
+        converter = VELKMBConverterNew_A("ISO-8859-1");
+      },
+      [&] { EXPECT_EQ(converter, nullptr); });
+  EXPECT_NE(converter, nullptr);
   VELKMBConverterDelete_A(converter);
 }
 

@@ -70,18 +70,18 @@ struct HeldMemory {
 /// For the messages of tests.
 std::ostream& operator<<(std::ostream& out, HeldMemory const& held);
 
-/// Runs `attempt` with its first allocation failing, then with its second, ... until none is refused
+/// Runs `attempt` with its first request for memory refused, then with its second, ... until none is
 /// any more, in both modes, and calls `check` after every failure. Returns the number of failures.
+/// @tparam Failing refuses what is counted, and is made with `how` in the end.
 /// @param attempt makes all of its changes or throws std::bad_alloc. It may also do without what it
 ///                was refused; then it is run once more.
-template <class Attempt, class Check>
-std::size_t FailEveryAllocation(Attempt attempt, Check check,
-                                FailAfter::Threads threads = FailAfter::Threads::This) {
+template <class Failing, class Attempt, class Check, class... How>
+std::size_t FailEvery(Attempt attempt, Check check, How... how) {
   std::size_t failures = 0;
   for (std::size_t n = 1;; ++n) {
     for (FailAfter::Mode mode : {FailAfter::Mode::FromThenOn, FailAfter::Mode::Once}) {
       try {
-        FailAfter const failing(n, mode, threads);
+        Failing const failing(n, mode, how...);
         attempt();
         if (!failing.HasRefused()) {
           return failures;
@@ -93,6 +93,13 @@ std::size_t FailEveryAllocation(Attempt attempt, Check check,
       check();
     }
   }
+}
+
+/// FailEvery() for the allocations that FailAfter counts.
+template <class Attempt, class Check>
+std::size_t FailEveryAllocation(Attempt attempt, Check check,
+                                FailAfter::Threads threads = FailAfter::Threads::This) {
+  return FailEvery<FailAfter>(attempt, check, threads);
 }
 
 /// The same for an operation that gives a value and changes nothing: after each failure as much memory

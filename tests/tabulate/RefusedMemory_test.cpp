@@ -8,6 +8,7 @@
 #include <lakresvos/OmVectorTreeWalk.h>
 #include <lakresvos/tabulate/tabulate.h>
 
+#include "support/FailingMalloc.h"
 #include "support/FailingNew.h"
 #include "tabulate/TextData.h"
 
@@ -193,6 +194,22 @@ TEST_F(TabulateRefusedMemory, WhileDataAreRead) {
     };
     EXPECT_GT(FailEveryAllocationOf(read, FailAfter::Threads::All), 30U);
   }
+}
+
+TEST_F(TabulateRefusedMemory, WhileTheParserInCReadsData) {
+  if (!FailMallocAfter::Works()) {
+    GTEST_SKIP();
+  }
+  std::string const csv = "a,b,x,w\n\"" + std::string(200'000, 'q') + "\",\"b\",1,2\n";
+  std::string const expected = Describe(ReadData(csv, {"a", "b", "x", "w"}));
+  std::string described;
+  EXPECT_GT(FailEvery<FailMallocAfter>(
+                [&] {
+                  described = Describe(ReadData(csv, {"a", "b", "x", "w"}));
+                },
+                [] {}),
+            2U);
+  EXPECT_EQ(described, expected);
 }
 
 TEST_F(TabulateRefusedMemory, WhileAColumnGrows) {

@@ -56,6 +56,9 @@ class Unpacked {
       stream.next_out = reinterpret_cast<Bytef*>(buffer_.data());
       stream.avail_out = static_cast<uInt>(buffer_.size());
       state = inflate(&stream, Z_NO_FLUSH);
+      if (state == Z_MEM_ERROR) {
+        throw std::bad_alloc();
+      }
       Add(std::string_view(buffer_.data(), buffer_.size() - stream.avail_out));
     }
     whole_ = state == Z_STREAM_END;

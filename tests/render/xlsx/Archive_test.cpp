@@ -8,6 +8,7 @@
 #include <sys/resource.h>
 #include <xlsxwriter.h>
 
+#include "support/FailingMalloc.h"
 #include "support/TemporaryDirectory.h"
 
 using lakresvos::render::HasWholeParts;
@@ -48,4 +49,14 @@ TEST(XlsxArchive, DamagedWorkbooksAreRead) {
     damaged[at] = static_cast<char>(damaged[at] ^ 0xFF);
     HasWholeParts(damaged);
   }
+}
+
+TEST(XlsxArchive, AWorkbookThatIsWholeIsNotTakenForADamagedOneWithoutMemory) {
+  if (!FailMallocAfter::Works()) {
+    GTEST_SKIP();
+  }
+  std::string const book = Workbook(20000);
+  bool whole = true;
+  EXPECT_GT(FailEvery<FailMallocAfter>([&] { whole = HasWholeParts(book) && whole; }, [] {}), 20U);
+  EXPECT_TRUE(whole);
 }
