@@ -55,6 +55,23 @@ TEST(OmDimensionRefusedMemory, AWalkStandsWhereItStood) {
   EXPECT_FALSE(walk.Next());
 }
 
+TEST(OmDimensionRefusedMemory, AsksForWhatQueriesNeedAndNothingElse) {
+  OmDimension dimension(Root(), nullptr);
+  auto group = dimension.Child(dimension.Root(), OmStringCell("group"), 0, true);
+  dimension.Child(group, OmStringCell("a"), 0, false);
+  OmDimension const copy(dimension, nullptr);
+  OmDimension::ConstNode const root = copy.Root();
+  OmStringCell const label("group");
+  EXPECT_GT(FailEveryAllocationOf([&] { return copy.getDepth(root); }), 0U);
+  EXPECT_GT(FailEveryAllocationOf([&] { return copy.getMaximumDepth(); }), 0U);
+  EXPECT_GT(FailEveryAllocationOf([&] { return copy.getMaxVisibleGroupCount(); }), 0U);
+  FailEveryAllocationOf([&] { return OmDimension::FindChild(root, label, true); });
+  EXPECT_EQ(OmDimension::FindChild(root, label, true), 0U);
+  FailEveryAllocationOf([&] { return dimension.Counterpart(group).element; });
+  FailEveryAllocationOf([&] { return root.Value() == dimension.Root().Value(); });
+  FailEveryAllocationOf([&] { return root.Value() < dimension.Root().Value(); });
+}
+
 TEST(OmDimensionIndex, StartsEmptyThoughTheRootWasCopiedFromAFullGroup) {
   OmDimension source(Root(), nullptr);
   source.Child(source.Root(), OmStringCell("a"), 0, false);

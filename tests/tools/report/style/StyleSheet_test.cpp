@@ -7,6 +7,7 @@
 
 #include "style/StyleProperties.h"
 #include "support/ErrorOf.h"
+#include "support/FailingNew.h"
 #include "support/TemporaryDirectory.h"
 
 using namespace lakresvos::report;
@@ -288,4 +289,37 @@ TEST(StyleSheet, DeepNestingIsRefusedWhereItStarts) {
 
 TEST(StyleSheet, ZeroBytesAreNoJson) {
   EXPECT_EQ(ErrorIn(std::string(3, '\0')), "style.json:1:1: invalid JSON");
+}
+
+// Refused memory
+
+TEST(StyleSheet, WithoutMemoryNothingIsReadAndNothingLeftBehind) {
+  TemporaryDirectory const directory;
+  std::string const file = directory.Write(
+      "style.json", R"({"data": {"font": "A font with a long name", "textColor": "#102030"},
+                        "title": {"alternateBackgroundColor": "#eeeeee", "size": 9.5}})");
+  EXPECT_GT(FailEveryAllocationOf([&] {
+              StyleSheet const style = ReadStyleSheet(file);
+              return style[0].getFontName() + style[0].getTextColor() +
+                     style[1].getAlternateBackgroundColor();
+            }),
+            20U);
+  std::string const wrong = directory.Write("wrong.json", R"({"data": {"font": 7}})");
+  EXPECT_GT(FailEveryAllocationOf([&]() -> std::string {
+              try {
+                ReadStyleSheet(wrong);
+              } catch (InputError const& error) {
+                return error.what();
+              }
+              return "none";
+            }),
+            10U);
+}
+
+TEST(StyleSheet, WithoutMemoryATableHasFormatsOfItsOwnOrNone) {
+  StyleSheet const style = Read(R"({"data": {"font": "Serif"}, "title": {"font": "Sans"}})");
+  OmPivotTable table(OmStringCell("label"), OmStringCell("name"), false);
+  EXPECT_GT(FailEveryAllocation([&] { Attach(style, table); }, [] {}), 2U);
+  EXPECT_EQ(table.getAreaFormat(FormatArea::AreaData)->getFontName(), "Serif");
+  EXPECT_EQ(table.getAreaFormat(FormatArea::AreaTitle)->getFontName(), "Sans");
 }
