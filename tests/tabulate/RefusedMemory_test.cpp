@@ -8,6 +8,8 @@
 #include <lakresvos/OmVectorTreeWalk.h>
 #include <lakresvos/tabulate/tabulate.h>
 
+#include "data/CsvReader.h"
+#include "data/DataSetBuilder.h"
 #include "support/FailingMalloc.h"
 #include "support/FailingNew.h"
 #include "tabulate/TextData.h"
@@ -183,17 +185,32 @@ TEST_F(TabulateRefusedMemory, WhileATextIsQuoted) {
 // Data
 
 TEST_F(TabulateRefusedMemory, WhileDataAreRead) {
-  for (unsigned int const threads : {1U, 3U}) {
-    ReadOptions options;
-    options.threads = threads;
-    auto const read = [&] {
-      WarningLog warnings;
-      std::istringstream input(kCsv);
-      DataSet const data = ReadDataSet(input, "data.csv", AllColumns(), warnings, options);
-      return Describe(data) + Describe(warnings);
-    };
-    EXPECT_GT(FailEveryAllocationOf(read, FailAfter::Threads::All), 30U);
+  RequiredColumns const required = AllColumns();
+  EXPECT_GT(FailEveryAllocationOf([&] {
+              WarningLog warnings;
+              std::istringstream input(kCsv);
+              DataSet const data = ReadDataSet(input, "data.csv", required, warnings);
+              return Describe(data) + Describe(warnings);
+            }),
+            30U);
+}
+
+TEST_F(TabulateRefusedMemory, WhileThreadsReadData) {
+  std::string csv = kCsv;
+  for (int i = 0; i < 20; ++i) {
+    csv += "a value number " + std::to_string(i) + ",\"b\",1,2\ns,q\n";
   }
+  RequiredColumns const required = AllColumns();
+  EXPECT_GT(FailEveryAllocationOf(
+                [&] {
+                  WarningLog warnings;
+                  DataSetBuilder builder("data.csv", required, warnings);
+                  std::istringstream input(csv);
+                  ReadCsv(input, "data.csv", builder, {.threads = 3, .block = 64});
+                  return Describe(builder.Result()) + Describe(warnings);
+                },
+                FailAfter::Threads::All),
+            60U);
 }
 
 TEST_F(TabulateRefusedMemory, WhileTheParserInCReadsData) {
