@@ -13,7 +13,7 @@ struct Property {
   void (*run)();
 };
 
-/// All properties of the program that PROPERTY() defines.
+/// All properties of the program that PROPERTY() and RANDOM_PROGRAM() define.
 inline std::vector<Property>& Properties() {
   static std::vector<Property> properties;
   return properties;
@@ -23,14 +23,40 @@ struct PropertyRegistration {
   explicit PropertyRegistration(Property const& property) { Properties().push_back(property); }
 };
 
-/// As RC_GTEST_PROP(Suite, Name, ()), for fuzzing too.
-#define PROPERTY(Suite, Name)                               \
+/// Lets the environment variable LAKRESVOS_PROPERTY_RUNS, a number above 0, multiply how often each
+/// property is tried. RC_PARAMS still has the last word: its max_success is taken as it is.
+///
+/// To be called before the first property is checked.
+/// @throws std::invalid_argument when the variable is no such number.
+void MultiplyPropertyRuns();
+
+/// Checks a random program as a part of the current test: as many sequences as the CMake variable
+/// LAKRESVOS_SEQUENCES says, multiplied as MultiplyPropertyRuns() says.
+void CheckRandomProgram(void (*run)());
+
+/// The most steps that a random program takes.
+constexpr int kMostSteps = 200;
+
+/// How many steps a sequence is to have: any number up to kMostSteps is as likely as any other,
+/// however small the case is meant to be.
+inline int DrawStepCount() {
+  return *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(0, kMostSteps + 1));
+}
+
+#define DEFINE_PROPERTY(Suite, Name, check)                 \
   void Suite##_##Name##_Property();                         \
   PropertyRegistration const Suite##_##Name##_registration( \
       {#Suite "." #Name, Suite##_##Name##_Property});       \
-  RC_GTEST_PROP(Suite, Name, ()) {                          \
-    Suite##_##Name##_Property();                            \
+  TEST(Suite, Name) {                                       \
+    check(&Suite##_##Name##_Property);                      \
   }                                                         \
   void Suite##_##Name##_Property()
+
+/// As RC_GTEST_PROP(Suite, Name, ()), for fuzzing too.
+#define PROPERTY(Suite, Name) DEFINE_PROPERTY(Suite, Name, rc::detail::checkGTest)
+
+/// A property that takes DrawStepCount() random steps and compares with a plain model after each. It
+/// is tried far more often than the others.
+#define RANDOM_PROGRAM(Suite, Name) DEFINE_PROPERTY(Suite, Name, CheckRandomProgram)
 
 #endif

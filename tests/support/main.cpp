@@ -6,7 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "FailingNew.h"
+#include "support/FailingNew.h"
+#include "support/Property.h"
 
 namespace {
 
@@ -62,6 +63,7 @@ void BeginToUseGoogleTest() {
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
+  MultiplyPropertyRuns();
   if (!testing::GTEST_FLAG(list_tests)) {
     BeginToUseRapidCheck();
     BeginToUseGoogleTest();

@@ -5,12 +5,12 @@
 
 namespace {
 
-PROPERTY(OmDimensionEditing, BehavesLikeAPlainTreeUnderAnySequence) {
+RANDOM_PROGRAM(OmDimensionEditing, BehavesLikeAPlainTreeUnderAnySequence) {
   SpyBalance const balance;
   OmMemoryRegion region(false);
   OmDimension dimension(OmDimensionNode(SpyCell("root"), 0, true, nullptr), &region);
   OmDimensionEditingPair pair(dimension);
-  int const steps = *rc::gen::inRange(0, 120);
+  int const steps = DrawStepCount();
   for (int step = 0; step < steps; ++step) {
     switch (OmDimensionEditingPair::Draw(10)) {
       case 0:

@@ -145,12 +145,12 @@ void PlainCounts(PlainNode const& node, std::size_t level, std::vector<unsigned 
   }
 }
 
-PROPERTY(OmDimension, BehavesLikeAPlainTreeUnderAnySequence) {
+RANDOM_PROGRAM(OmDimension, BehavesLikeAPlainTreeUnderAnySequence) {
   SpyBalance const balance;
   OmMemoryRegion region(false);
   OmDimension dimension(OmDimensionNode(SpyCell("root"), 0, true, nullptr), &region);
   PlainDimension model;
-  int const steps = *rc::gen::inRange(0, 120);
+  int const steps = DrawStepCount();
   for (int step = 0; step < steps; ++step) {
     // A node below the root: a random path, going down with probability 2/3 at each level.
     OmDimension::Node node = dimension.Root();

@@ -56,10 +56,10 @@ std::size_t SomePosition(std::size_t size) {
   return *rc::gen::arbitrary<bool>() ? anywhere : size - 1 - std::min<std::size_t>(anywhere, 3);
 }
 
-PROPERTY(ListTree, BehavesLikeAPlainListUnderAnySequence) {
+RANDOM_PROGRAM(ListTree, BehavesLikeAPlainListUnderAnySequence) {
   Tree tree;
   PlainList model;
-  int const steps = *rc::gen::inRange(0, 150);
+  int const steps = DrawStepCount();
   for (int step = 0; step < steps; ++step) {
     if (model.empty() || *rc::gen::inRange(0, 12) == 0) {
       RC_ASSERT(*tree.Append(step) == step);
@@ -189,12 +189,12 @@ class PlainDocument {
   }
 };
 
-PROPERTY(OmOutputTree, BehavesLikeATreeOfVectorsUnderAnySequence) {
+RANDOM_PROGRAM(OmOutputTree, BehavesLikeATreeOfVectorsUnderAnySequence) {
   std::vector<std::string> deleted;
   OmOutputTree tree;
   PlainDocument model;
   model.roots.push_back(MakeItem("Output", false));
-  int const steps = *rc::gen::inRange(0, 80);
+  int const steps = DrawStepCount();
   for (int step = 0; step < steps; ++step) {
     std::string const name = "n" + std::to_string(step);
     std::vector<Spot> spots;

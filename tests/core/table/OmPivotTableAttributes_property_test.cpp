@@ -232,10 +232,10 @@ class Pair {
 
 }  // namespace
 
-PROPERTY(OmPivotTableAttributes, AreWhatWasSetLastAfterAnySequence) {
+RANDOM_PROGRAM(OmPivotTableAttributes, AreWhatWasSetLastAfterAnySequence) {
   Pair pair;
   pair.Check();
-  for (int steps = *rc::gen::inRange(0, 200); steps > 0; --steps) {
+  for (int steps = DrawStepCount(); steps > 0; --steps) {
     pair.Change();
     pair.Check();
   }

@@ -115,11 +115,11 @@ class Model {
   std::map<Index, std::string> cells_;
 };
 
-PROPERTY(OmPivotTableProperty, BehavesAsAMapUnderRandomChanges) {
+RANDOM_PROGRAM(OmPivotTableProperty, BehavesAsAMapUnderRandomChanges) {
   auto const dimensions = *rc::gen::inRange(1, 5);
   TestTable table(dimensions);
   Model model(static_cast<std::size_t>(dimensions));
-  int const steps = *rc::gen::inRange(0, 60);
+  int const steps = DrawStepCount();
   for (int step = 0; step < steps; ++step) {
     int const count = table.NDimensions();
     Index const index = *rc::gen::container<Index>(

@@ -1,0 +1,103 @@
+#include "support/Property.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <gtest/gtest-spi.h>
+#include <gtest/gtest.h>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+/// An environment variable with another value for a while; null: none.
+class Setting {
+ public:
+  Setting(char const* name, char const* value) : name_(name) {
+    if (char const* const before = std::getenv(name)) {
+      before_ = before;
+    }
+    Set(value);
+  }
+  ~Setting() { Set(before_ ? before_->c_str() : nullptr); }
+  Setting(Setting const&) = delete;
+  Setting& operator=(Setting const&) = delete;
+
+ private:
+  void Set(char const* value) { value != nullptr ? setenv(name_, value, 1) : unsetenv(name_); }
+
+  char const* name_;
+  std::optional<std::string> before_;
+};
+
+int sequences = 0;
+int longest = 0;
+
+void CountSequences() {
+  ++sequences;
+  longest = std::max(longest, DrawStepCount());
+}
+
+/// How many sequences a random program tries in an environment with these values.
+int SequencesWith(char const* runs, char const* params) {
+  Setting const givenRuns("LAKRESVOS_PROPERTY_RUNS", runs);
+  Setting const givenParams("RC_PARAMS", params);
+  MultiplyPropertyRuns();
+  sequences = 0;
+  CheckRandomProgram(&CountSequences);
+  return sequences;
+}
+
+/// What RC_PARAMS is for the other properties.
+std::string ParamsWith(char const* runs, char const* params) {
+  Setting const givenRuns("LAKRESVOS_PROPERTY_RUNS", runs);
+  Setting const givenParams("RC_PARAMS", params);
+  MultiplyPropertyRuns();
+  char const* const result = std::getenv("RC_PARAMS");
+  return result != nullptr ? result : "(none)";
+}
+
+class PropertyRuns : public testing::Test {
+ protected:
+  void TearDown() override { MultiplyPropertyRuns(); }
+};
+
+TEST_F(PropertyRuns, AreMultipliedForRandomPrograms) {
+  int const once = SequencesWith(nullptr, nullptr);
+  EXPECT_GE(once, 500);
+  EXPECT_EQ(SequencesWith("2", nullptr), 2 * once);
+  EXPECT_EQ(SequencesWith("0.5", "seed=1"), once / 2);
+  EXPECT_EQ(SequencesWith("1e-9", nullptr), 1);
+}
+
+TEST_F(PropertyRuns, AreMultipliedForOtherProperties) {
+  EXPECT_EQ(ParamsWith(nullptr, nullptr), "(none)");
+  EXPECT_EQ(ParamsWith("1", "seed=1"), "seed=1");
+  EXPECT_EQ(ParamsWith("3", nullptr), " max_success=300");
+  EXPECT_EQ(ParamsWith("0.1", "seed=1"), "seed=1 max_success=10");
+}
+
+TEST_F(PropertyRuns, AreThoseOfRcParamsWhereItNamesThem) {
+  // Which reads the variable once.
+  EXPECT_EQ(SequencesWith("2", "max_success=7"), rc::detail::configuration().testParams.maxSuccess);
+  EXPECT_EQ(ParamsWith("2", "max_success=7"), "max_success=7");
+}
+
+TEST_F(PropertyRuns, NeedANumberAboveZero) {
+  for (char const* const runs : {"0", "-1", "x", "2x", "inf", "nan", " 1"}) {
+    EXPECT_THROW(ParamsWith(runs, nullptr), std::invalid_argument) << runs;
+  }
+}
+
+TEST_F(PropertyRuns, HaveSequencesUpToTheMostSteps) {
+  longest = 0;
+  SequencesWith(nullptr, nullptr);
+  EXPECT_LE(longest, kMostSteps);
+  EXPECT_GT(longest, kMostSteps * 9 / 10);
+}
+
+TEST(RandomProgram, FailsWithItsShortestSequence) {
+  EXPECT_FATAL_FAILURE(CheckRandomProgram([] { RC_ASSERT(DrawStepCount() < 17); }), "int:\n17\n");
+}
+
+}  // namespace
