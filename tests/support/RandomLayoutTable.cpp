@@ -9,8 +9,6 @@ namespace layout_tables {
 
 namespace {
 
-constexpr double kMaxPlaces = 8000;
-
 /// Evenly distributed however small the case is meant to be; a table of one kind of node tests
 /// little.
 int Draw(int below) {
@@ -64,12 +62,18 @@ void AddChildren(OmDimension& dimension, Node const& parent, int count, int leve
   }
 }
 
+/// A node below the root, if there is any.
+Node AnyNode(OmDimension& dimension) {
+  Node node = dimension.Root();
+  while (node.NChildren() != 0 && (node.depth == 0 || !OneIn(2))) {
+    node = node.Child(static_cast<std::size_t>(Draw(static_cast<int>(node.NChildren()))));
+  }
+  return node;
+}
+
 void DeleteSome(OmDimension& dimension) {
   for (int deletes = Draw(3); deletes > 0; --deletes) {
-    Node node = dimension.Root();
-    while (node.NChildren() != 0 && (node.depth == 0 || !OneIn(2))) {
-      node = node.Child(static_cast<std::size_t>(Draw(static_cast<int>(node.NChildren()))));
-    }
+    Node node = AnyNode(dimension);
     dimension.Delete(node);
   }
 }
@@ -100,21 +104,23 @@ double Places(Table const& table) {
   return product;
 }
 
-void PlaceAnywhere(Table& table) {
+PuppetVector<short>& AnyAxis(Table& table) {
+  int const which = Draw(3);
+  return which == 0 ? table.Rows() : which == 1 ? table.Columns() : table.Layers();
+}
+
+void PutAnywhere(Table& table, short entry) {
+  PuppetVector<short>& axis = AnyAxis(table);
+  axis.elements.insert(axis.begin() + Draw(static_cast<int>(axis.size()) + 1), entry);
+}
+
+short AnyEntry(Table const& table) {
+  return *rc::gen::element<short>(-1, 99, -32768, static_cast<short>(table.NDimensions()), 0, 1, 2);
+}
+
+void ShortenAxes(Table& table, double mostPlaces) {
   PuppetVector<short>* const axes[] = {&table.Rows(), &table.Columns(), &table.Layers()};
-  auto const put = [&](short entry) {
-    PuppetVector<short>& axis = *axes[Draw(3)];
-    axis.elements.insert(axis.begin() + Draw(static_cast<int>(axis.size()) + 1), entry);
-  };
-  for (int d = 0; d < table.NDimensions(); ++d) {
-    if (!OneIn(10)) {
-      put(static_cast<short>(d));
-    }
-  }
-  while (OneIn(5)) {
-    put(*rc::gen::element<short>(-1, 99, -32768, static_cast<short>(table.NDimensions()), 0, 1, 2));
-  }
-  while (Places(table) > kMaxPlaces) {
+  while (Places(table) > mostPlaces) {
     auto const longest = std::max_element(
         std::begin(axes), std::end(axes),
         [](auto const* left, auto const* right) { return left->size() < right->size(); });
@@ -122,7 +128,19 @@ void PlaceAnywhere(Table& table) {
   }
 }
 
-void StoreCells(Table& table) {
+void PlaceAnywhere(Table& table, double mostPlaces) {
+  for (int d = 0; d < table.NDimensions(); ++d) {
+    if (!OneIn(10)) {
+      PutAnywhere(table, static_cast<short>(d));
+    }
+  }
+  while (OneIn(5)) {
+    PutAnywhere(table, AnyEntry(table));
+  }
+  ShortenAxes(table, mostPlaces);
+}
+
+void StoreCells(Table& table, double mostPlaces) {
   std::mt19937 random(static_cast<unsigned int>(Draw(1 << 30)));
   std::vector<int> const sizes = table.SizeVector();
   auto const anywhere = [&] {
@@ -138,7 +156,7 @@ void StoreCells(Table& table) {
   std::vector<std::vector<int>> stored;
   int const share = *rc::gen::element(0, 0, 0, 1, 5, 30, 100, 400);  // per cent of the combinations
   int const few = OneIn(4) ? 0 : Draw(10);
-  for (double i = 0; i < few + std::min(combinations, 4000.0) * share / 100; ++i) {
+  for (double i = 0; i < few + std::min(combinations, mostPlaces / 2) * share / 100; ++i) {
     stored.push_back(anywhere());
     table.Put(stored.back());
   }
@@ -187,18 +205,108 @@ void LogTable(Table const& table) {
   RC_LOG() << "\n";
 }
 
+OmDimension& AnyDimension(Table& table) {
+  return table.Dimension(Draw(table.NDimensions()));
+}
+
+void ChangeCell(Table& table) {
+  std::vector<int> index = table.SizeVector();
+  for (int& subscript : index) {
+    subscript = OneIn(50) ? 0x7FFFFFFF : Draw(std::clamp(subscript, 0, 20) + 1);
+  }
+  switch (Draw(4)) {
+    case 0:
+      RC_LOG() << "delete" << Describe(index) << "\n";
+      return table.deleteCell(index);
+    case 1:
+      RC_LOG() << "clear" << Describe(index) << "\n";
+      return table.Clear(index);
+    default:
+      RC_LOG() << "put" << Describe(index) << "\n";
+      return table.Put(index);
+  }
+}
+
+void ChangeFlags(Table& table) {
+  OmDimensionNode& node = AnyNode(AnyDimension(table)).Value();
+  SetFlags(node);
+  RC_LOG() << "flags of " << node.label->GetText() << "\n";
+}
+
+void AddCategory(Table& table) {
+  OmDimension& dimension = AnyDimension(table);
+  Node const node = OneIn(2) ? dimension.Root() : AnyNode(dimension);
+  std::string const label = node.Value().label->GetText();
+  RC_LOG() << "child of " << label << "\n";
+  if (OneIn(3)) {
+    SetFlags(Group(dimension, node, label + "+").Value());
+  } else {
+    auto const subscript = static_cast<unsigned long>(Draw(8));
+    SetFlags(Category(dimension, node, label + "+", subscript).Value());
+  }
+}
+
+void DeleteNode(Table& table) {
+  OmDimension& dimension = AnyDimension(table);
+  Node node = AnyNode(dimension);
+  if (node.depth != 0) {
+    RC_LOG() << "delete " << node.Value().label->GetText() << "\n";
+    dimension.Delete(node);
+  }
+}
+
+void AddDimension(Table& table) {
+  if (table.NDimensions() < 4) {
+    AddRandomDimension(table, std::string(1, static_cast<char>('A' + table.NDimensions())));
+    LogTable(table);
+  }
+}
+
+void ChangeAxis(Table& table) {
+  PuppetVector<short>& axis = AnyAxis(table);
+  if (!axis.empty() && OneIn(2)) {
+    axis.elements.erase(axis.begin() + Draw(static_cast<int>(axis.size())));
+  } else {
+    PutAnywhere(table, OneIn(4) ? AnyEntry(table) : static_cast<short>(Draw(table.NDimensions())));
+  }
+  LogTable(table);
+}
+
 }  // namespace
 
-void MakeRandomTable(Table& table) {
+void MakeRandomTable(Table& table, double mostPlaces) {
   int const dimensions = *rc::gen::element(0, 1, 2, 2, 2, 3, 3, 3, 3, 4, 4, 4);
   for (int d = 0; d < dimensions; ++d) {
     AddRandomDimension(table, std::string(1, static_cast<char>('A' + d)));
   }
-  PlaceAnywhere(table);
+  PlaceAnywhere(table, mostPlaces);
   if (dimensions != 0) {
-    StoreCells(table);
+    StoreCells(table, mostPlaces);
   }
   LogTable(table);
+}
+
+void ChangeTable(Table& table, double mostPlaces) {
+  switch (table.NDimensions() == 0 ? -1 : Draw(8)) {
+    case 0:
+      return ChangeFlags(table);
+    case 1:
+      AddCategory(table);
+      break;
+    case 2:
+      DeleteNode(table);
+      break;
+    case 3:
+      ChangeAxis(table);
+      break;
+    case 4:
+    case 5:
+    case 6:
+      return ChangeCell(table);
+    default:
+      AddDimension(table);
+  }
+  ShortenAxes(table, mostPlaces);
 }
 
 void AddLateDimensions(Table& table) {

@@ -14,7 +14,13 @@ namespace layout_tables {
 ///
 /// When the property fails, the table is printed: its trees with subscripts and flags, its axes,
 /// and the subscripts of its cells.
-void MakeRandomTable(Table& table);
+///
+/// @param mostPlaces how many combinations of categories the axes have at most.
+void MakeRandomTable(Table& table, double mostPlaces = 8000);
+
+/// Changes one thing in a table, which is printed then: a cell, the flags of a node, a category, an
+/// entry of an axis, or the number of dimensions.
+void ChangeTable(Table& table, double mostPlaces);
 
 /// Adds one or two dimensions to the table and to its rows or columns, as after a layer heading was
 /// made.

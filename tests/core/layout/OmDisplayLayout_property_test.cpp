@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <optional>
 #include <vector>
 
 #include <lakresvos/OmDisplayColumnHeading.h>
@@ -22,6 +23,7 @@ using layout_model::Seen;
 using layout_model::ShownList;
 using layout_model::Side;
 using layout_tables::AddLateDimensions;
+using layout_tables::ChangeTable;
 using layout_tables::MakeRandomTable;
 using layout_tables::Table;
 using PathNode = OmDisplayLayerHeading::PathNode;
@@ -221,6 +223,30 @@ PROPERTY(OmDisplayLayout, FollowsAnyWalkOverTheLayers) {
     CompareLayers(heading, model);
   }
   CompareHeadings(heading, model);
+}
+
+RANDOM_PROGRAM(OmDisplayLayout, AnswersAsTheModelAfterAnySequence) {
+  constexpr double kMostPlaces = 60;
+  Table table;
+  MakeRandomTable(table, kMostPlaces);
+  std::optional<OmDisplayLayerHeading> heading;
+  std::optional<Layers> model;
+  auto const layOut = [&] {
+    bool const skipEmpty = Flag();
+    heading.emplace(table, skipEmpty);
+    model.emplace(table, skipEmpty);
+  };
+  layOut();
+  for (int steps = DrawStepCount(); steps > 0; --steps) {
+    if (Flag()) {
+      ChangeTable(table, kMostPlaces);
+      layOut();
+    } else {
+      Move(*heading, *model, table);
+    }
+    CompareLayers(*heading, *model);
+    CompareHeadings(*heading, *model);
+  }
 }
 
 PROPERTY(OmDisplayLayout, FollowsFlagsThatChangeWhileTheHeadingsLive) {
