@@ -10,10 +10,9 @@ def records(path):
         return list(csv.reader(file))
 
 
-def unique_names(tables):
+def unique_names(titles):
     names = []
-    for table in tables:
-        title = table["title"]
+    for title in titles:
         numbered = (f"{title} {number}" for number in itertools.count(2))
         names.append(next(n for n in itertools.chain([title], numbered) if n not in names))
     return names
@@ -21,7 +20,7 @@ def unique_names(tables):
 
 def expected_records(tables):
     result = []
-    for table, name in zip(tables, unique_names(tables)):
+    for table, name in zip(tables, unique_names([table["title"] for table in tables])):
         if result:
             result.append([])
         shown = []

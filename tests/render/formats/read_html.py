@@ -52,12 +52,12 @@ class PivotTables(html.parser.HTMLParser):
 
 
 def expanded(section):
-    """The rows of a section with each text at every place that its cell reaches over. As in a
+    """The rows of a section with the content of each cell at every place that it reaches over. As in a
     browser, cells do not reach beyond their section and must not overlap."""
     places = {}
     for i, row in enumerate(section):
         column = 0
-        for texts, rows, columns in row:
+        for content, rows, columns in row:
             while (i, column) in places:
                 column += 1
             for place in ((i + r, column + c) for r in range(rows) for c in range(columns)):
@@ -65,7 +65,7 @@ def expanded(section):
                     continue
                 if place in places:
                     raise ValueError(f"two cells at {place}")
-                places[place] = "".join(texts)
+                places[place] = content
             column += columns
     return [[places[place] for place in sorted(places) if place[0] == i] for i in range(len(section))]
 
@@ -77,7 +77,11 @@ def tables(path):
         {
             "title": "".join(table["title"]),
             "name": "".join(table["name"]),
-            "rows": [row for section in table["sections"] for row in expanded(section)],
+            "rows": [
+                ["".join(texts) for texts in row]
+                for section in table["sections"]
+                for row in expanded(section)
+            ],
         }
         for table in parser.tables
     ]

@@ -2,12 +2,8 @@
 
 import base64
 import json
-import re
 
-# Control characters but tabs and line ends, bytes that were not UTF-8, and no characters at all.
-NOT_SHOWN = re.compile("[\0-\x08\x0b-\x1f\x7f-\x9f\udc80-\udcff\ufdd0-\ufdef]|" +
-                       "|".join(chr(plane << 16 | end) for plane in range(17)
-                                for end in (0xFFFE, 0xFFFF)))
+from readers import description
 
 
 def shown(text):
@@ -16,7 +12,7 @@ def shown(text):
         return ""
     if isinstance(text, dict):
         text = base64.b64decode(text["base64"]).decode("utf-8", "surrogateescape")
-    return NOT_SHOWN.sub("\ufffd", text.replace("\r\n", "\n").replace("\r", "\n"))
+    return description.clean(text)
 
 
 def tables(path):
@@ -32,11 +28,11 @@ def title(part):
     return shown(next(iter(part.get("title", part["label"]).values())))
 
 
-def rows(layer):
-    """The frame, its spans expanded, and the body."""
+def rows(layer, read=shown):
+    """The frame, its spans expanded, and the body; each text as `read` takes it."""
     heading_rows, heading_columns = layer["headingRows"], layer["headingColumns"]
     places = {
-        (heading_rows + i, heading_columns + j): shown(text)
+        (heading_rows + i, heading_columns + j): read(text)
         for i, row in enumerate(layer["body"])
         for j, text in enumerate(row)
     }
@@ -45,7 +41,7 @@ def rows(layer):
             for column in range(cell["column"], cell["column"] + cell.get("columnSpan", 1)):
                 if (row, column) in places:
                     raise ValueError(f"two cells at {row}, {column}")
-                places[row, column] = shown(cell.get("text"))
+                places[row, column] = read(cell.get("text"))
     return [[places[row, column] for column in range(layer["columns"])] for row in range(layer["rows"])]
 
 

@@ -4,8 +4,11 @@ import re
 
 import openpyxl
 import openpyxl.cell.text
+import openpyxl.styles.stylesheet
 import openpyxl.utils
-import openpyxl.utils.datetime
+
+# It would take letters of a mark in a number format for those of a date's.
+openpyxl.styles.stylesheet.is_date_format = lambda number_format: False
 
 
 def text_without_marks(rich_text):
@@ -24,8 +27,6 @@ openpyxl.cell.text.Text.content = property(text_without_marks)
 def shown(cell):
     if cell.value is None:
         return ""
-    if cell.data_type == "d":  # letters of a mark in the number format were taken for a date's
-        return str(openpyxl.utils.datetime.to_excel(cell.value))
     if cell.data_type != "n":
         return cell.value
     number_format = re.sub(r'"[^"]*"', "", cell.number_format)

@@ -13,11 +13,13 @@
 #include <lakresvos/render/MarkdownRenderer.h>
 #include <lakresvos/render/XlsxRenderer.h>
 
+#include "render/formats/DocumentDescription.h"
 #include "render/markdown/Document.h"
 #include "render/support/RandomDocument.h"
 
-// Writes random documents in every format, each in a directory of its own: as many as RC_PARAMS says
-// with "max_success". Of Markdown it writes the tables as another program reads them.
+// Writes random documents in every format, each in a directory of its own, beside a description of
+// what they say: as many as RC_PARAMS says with "max_success". Of Markdown it writes the blocks as
+// another program reads them.
 
 namespace {
 
@@ -30,18 +32,17 @@ std::ofstream File(std::filesystem::path const& path) {
   return out;
 }
 
-nlohmann::json ListTables(std::string const& markdown) {
-  nlohmann::json tables = nlohmann::json::array();
+nlohmann::json ListBlocks(std::string const& markdown) {
+  nlohmann::json blocks = nlohmann::json::array();
   for (MarkdownBlock const& block : ReadMarkdown(markdown)) {
-    if (block.kind == "table") {
-      tables.push_back(block.rows);
-    }
+    blocks.push_back({{"kind", block.kind}, {"text", block.text}, {"rows", block.rows}});
   }
-  return tables;
+  return blocks;
 }
 
 void Write(OmOutputTree& document, std::filesystem::path const& directory) {
   std::filesystem::create_directories(directory);
+  File(directory / "description.json") << DescribeDocument(document).dump();
   {
     std::ofstream out = File(directory / "document.json");
     JsonOptions options;
@@ -65,7 +66,7 @@ void Write(OmOutputTree& document, std::filesystem::path const& directory) {
   std::ostringstream markdown;
   RenderMarkdown(document, markdown);
   File(directory / "document.md") << markdown.str();
-  File(directory / "markdown.json") << ListTables(markdown.str()).dump();
+  File(directory / "markdown.json") << ListBlocks(markdown.str()).dump();
 }
 
 }  // namespace

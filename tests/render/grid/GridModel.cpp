@@ -1,7 +1,6 @@
 #include "render/grid/GridModel.h"
 
 #include <algorithm>
-#include <climits>
 
 namespace {
 
@@ -44,8 +43,13 @@ GridModel::GridModel(OmDisplayLayerHeading& layers, bool skipEmpty, bool dimName
   for (int r = 0; r < rows_.NRows(); ++r) {
     rowHeading_.nodes.push_back(Constant(rows_.Row(r)));
   }
-  for (int c = 0; c < columns_.NColumns(); ++c) {
-    columnHeading_.nodes.push_back(Constant(columns_.Column(c)));
+  // By rows: single columns take their places cut to 32 bits.
+  columnHeading_.nodes.resize(static_cast<std::size_t>(columns_.NColumns()));
+  for (int level = 0; level < columns_.NRows(); ++level) {
+    std::vector<OmDisplayRowHeading::PathNode const*> const row = Constant(columns_.Row(level));
+    for (std::size_t c = 0; c < row.size(); ++c) {
+      columnHeading_.nodes[c].push_back(row[c]);
+    }
   }
   rowHeading_.startsDimension = Starts(rows_.NColumns(), rows_.NDimensions(),
                                        [this](int j) { return rows_.VisibleWidth(j); });
@@ -60,12 +64,6 @@ int GridModel::HeadingRows() const {
     }
   }
   return columns_.NRows();
-}
-
-bool GridModel::ReadsEveryColumn() const {
-  std::vector<unsigned long long> const& places = columns_.getNonEmptyColumns();
-  return std::all_of(places.begin(), places.end(),
-                     [](unsigned long long place) { return place <= INT_MAX; });
 }
 
 void const* GridModel::Heading::Element(int place, int level) const {

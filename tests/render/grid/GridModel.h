@@ -32,10 +32,6 @@ class GridModel {
   int Rows() const { return HeadingRows() + rows_.NRows(); }
   int Columns() const { return HeadingColumns() + columns_.NColumns(); }
 
-  /// Whether all columns can be read one by one: a column heading takes the places of single
-  /// columns cut to 32 bits, those of a whole heading row at full width.
-  bool ReadsEveryColumn() const;
-
   /// Requires: the position is in the headings.
   Position At(int row, int column) const;
 
