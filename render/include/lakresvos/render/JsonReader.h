@@ -40,12 +40,11 @@ class LAKRESVOS_RENDER_EXPORT JsonError : public std::runtime_error {
 /// Numbers that are kept for the caller, such as those of footnotes, styles and axes, may name what
 /// does not exist, as in any document.
 ///
-/// A short text can ask for a lot: by large subscripts, by composites whose parts are put in again
-/// and again, or by axes that show each cell at many places. What that takes, for reading and for
-/// showing the document without empty rows and columns, is estimated as it is read. Beyond 16 MiB
-/// and 256 bytes for each byte of the text together, the document is refused. Free of this are
-/// cells at subscripts below the number of nodes of their dimension: a table is never refused for
-/// being large.
+/// A short text can ask for a lot: by composites whose parts are put in again and again, or by axes
+/// that show each cell at many places. What that takes, for reading and for showing the document
+/// without empty rows and columns, is estimated as it is read. Beyond 16 MiB and 256 bytes for each
+/// byte of the text together, the document is refused. A table is never refused for being large,
+/// nor for subscripts that lie far apart.
 ///
 /// Reading takes time linear in the text, and memory for a copy of what is in it.
 ///

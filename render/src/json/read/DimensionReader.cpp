@@ -1,6 +1,5 @@
 #include "json/read/DimensionReader.h"
 
-#include <climits>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -16,11 +15,6 @@ namespace lakresvos::render {
 namespace {
 
 using Node = OmDimension::Node;
-
-/// What a subscript costs that is past the nodes of its dimension: in tables by subscript there is
-/// an entry for each that is left out. Subscripts below the number of nodes cost no more than the
-/// text of the nodes.
-constexpr double kSkippedSubscript = 8;
 
 bool SharesContext(OmCellText const* label, OmCellText const* above) {
   return label != nullptr && above != nullptr && label->hasContext() && above->hasContext() &&
@@ -38,16 +32,7 @@ unsigned long ReadSubscript(JsonValue const& value) {
 /// Reads the nodes of a dimension one by one, in preorder.
 class NodeBuilder {
  public:
-  /// @param nodes how many there are.
-  NodeBuilder(OmDimension& dimension, std::size_t nodes) : dimension_(dimension), places_(nodes) {}
-
-  /// Makes room for so many subscripts.
-  void Extend(std::uint64_t places, JsonValue const& value) {
-    if (places > places_) {
-      value.Spend(kSkippedSubscript * static_cast<double>(places - places_));
-      places_ = places;
-    }
-  }
+  explicit NodeBuilder(OmDimension& dimension) : dimension_(dimension) {}
 
   void Add(JsonValue const& value) {
     JsonObject object(value);
@@ -113,10 +98,6 @@ class NodeBuilder {
     }
     if (std::optional<JsonValue> const subscript = object.Find("subscript")) {
       node.subscript = ReadSubscript(*subscript);
-      // Where a table is laid out, the low 32 bits are what counts.
-      if (auto const low = static_cast<unsigned int>(node.subscript); low <= INT_MAX) {
-        Extend(std::uint64_t{low} + 1, *subscript);
-      }
     }
     node.group = ReadFlag(object, "group");
     node.hide = ReadFlag(object, "hide");
@@ -131,7 +112,6 @@ class NodeBuilder {
 
   OmDimension& dimension_;
   std::size_t count_ = 0;
-  std::uint64_t places_;  // the subscripts that there is room for
   std::vector<Level> path_;
 };
 
@@ -147,10 +127,8 @@ void ReadDimension(JsonValue const& value, OmPivotTable& table) {
   }
   OmDimension const empty(OmDimensionNode(nullptr), nullptr);
   OmDimension& dimension = table.AddDimension(empty);
-  NodeBuilder builder(dimension, nodes.Count());
-  auto const places = size.Integer<unsigned int>();
-  builder.Extend(places, size);
-  dimension.setCategoryCount(places);
+  dimension.setCategoryCount(size.Integer<unsigned int>());
+  NodeBuilder builder(dimension);
   for (std::size_t i = 0; i < nodes.Count(); ++i) {
     builder.Add(nodes.Element(i));
   }
