@@ -1,6 +1,10 @@
 #include <algorithm>
 #include <climits>
+#include <deque>
+#include <functional>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 #include <lakresvos/OmDisplayColumnHeading.h>
 #include <lakresvos/OmPivotTable.h>
@@ -54,6 +58,38 @@ std::vector<int> TableDimensions(Heading const& heading, OmPivotTable const& tab
     }
   }
   return dimensions;
+}
+
+using LevelNodes = std::function<std::deque<PathNode*>(int)>;
+
+/// The nodes of a heading level by level. Each level is searched for from the root of the tree, so
+/// a deep heading of few places is read place by place.
+LevelNodes ReadLevels(int levels, int places, LevelNodes const& readLevel,
+                      LevelNodes const& readPlace) {
+  constexpr int kManyLevels = 1000;
+  constexpr int kFewPlaces = 100;
+  if (levels < kManyLevels || places > kFewPlaces) {
+    return readLevel;
+  }
+  std::vector<std::deque<PathNode*>> nodes;
+  for (int place = 0; place < places; ++place) {
+    nodes.push_back(readPlace(place));
+    nodes.back().resize(static_cast<std::size_t>(levels), nullptr);
+  }
+  return [nodes = std::move(nodes)](int level) {
+    std::deque<PathNode*> line;
+    for (std::deque<PathNode*> const& place : nodes) {
+      line.push_back(place[static_cast<std::size_t>(level)]);
+    }
+    return line;
+  };
+}
+
+/// Whether single columns can be read: their places are cut to 32 bits.
+bool FitColumns(OmDisplayColumnHeading const& columns) {
+  std::vector<unsigned long long> const& places = columns.getNonEmptyColumns();
+  return std::all_of(places.begin(), places.end(),
+                     [](unsigned long long place) { return place <= INT_MAX; });
 }
 
 }  // namespace
@@ -121,7 +157,11 @@ void DisplayGrid::AddColumnHeadings(OmDisplayColumnHeading const& columns) {
   }
   std::vector<bool> const startsDimension = DimensionStarts(
       columns.NRows(), columns.NDimensions(), [&](int j) { return columns.VisibleHeight(j); });
-  auto const levelNodes = [&](int level) { return columns.Row(level); };
+  auto const readLevel = [&](int level) { return columns.Row(level); };
+  auto const readPlace = [&](int place) { return columns.Column(place); };
+  LevelNodes const levelNodes = FitColumns(columns)
+                                    ? ReadLevels(columns.NRows(), bodyColumns, readLevel, readPlace)
+                                    : readLevel;
   for (HeadingSpan const& span : MergeHeading(bodyColumns, startsDimension, levelNodes)) {
     startRowsUpTo(static_cast<std::size_t>(span.level));
     headings_.push_back({GridRole::ColumnHeading, FindLabel(span.node), span.node, span.level,
@@ -133,7 +173,10 @@ void DisplayGrid::AddColumnHeadings(OmDisplayColumnHeading const& columns) {
 // The spans come level by level, that is column by column: counting how many start in each row
 // tells where in the frame each of them belongs.
 void DisplayGrid::AddRowHeadings(std::vector<bool> const& startsDimension) {
-  auto const levelNodes = [this](int level) { return rowHeading_.Column(level); };
+  LevelNodes const levelNodes = ReadLevels(
+      headingColumns_, rows_ - headingRows_,
+      [this](int level) { return rowHeading_.Column(level); },
+      [this](int place) { return rowHeading_.Row(place); });
   std::vector<HeadingSpan> const spans =
       MergeHeading(rows_ - headingRows_, startsDimension, levelNodes);
   std::size_t* const starts = headingStarts_.data() + headingRows_;

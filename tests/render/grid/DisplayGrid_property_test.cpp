@@ -120,3 +120,29 @@ RC_GTEST_PROP(DisplayGridProperty, FrameByRowIsTheFrameInOrder, ()) {
 RC_GTEST_PROP(DisplayGridProperty, BodyShowsTheCellOfItsRowAndColumn, ()) {
   ForRandomGrids(CheckBody);
 }
+
+// A heading of many levels is read in another way than others.
+TEST(DisplayGrid, FramesDeepHeadingsAsReadingEveryPositionSays) {
+  for (bool const inColumns : {false, true}) {
+    layout_tables::Table table;
+    OmDimension& dimension = table.Add("deep");
+    layout_tables::Node at = dimension.Root();
+    for (unsigned int level = 0; level < 1200; ++level) {
+      at = layout_tables::Group(dimension, at, "g" + std::to_string(level));
+      at.Value().hide = level % 7 == 0;
+      if (level % 300 == 0) {
+        layout_tables::Node const parent = at.Parent();
+        layout_tables::Category(dimension, parent, "c", level / 300);
+        at = parent.Child(0);
+      }
+    }
+    layout_tables::Category(dimension, at, "last", 4);
+    table.PutAll();
+    (inColumns ? table.Columns() : table.Rows()).push_back(0);
+    OmDisplayLayerHeading layers(table, true);
+    ASSERT_TRUE(layers.NextLayer());
+    GridModel const model(layers, true, true);
+    CheckFrame(DisplayGrid(layers, true, true), model);
+    EXPECT_GT(inColumns ? model.HeadingRows() : model.HeadingColumns(), 1000);
+  }
+}
