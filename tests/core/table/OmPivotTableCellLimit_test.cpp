@@ -27,6 +27,16 @@ TEST(OmPivotTableCellLimit, EveryWriteIsCountedWhateverBecomesOfIt) {
   EXPECT_EQ(table.getNumCells(), 5);
 }
 
+TEST(OmPivotTableCellLimit, MoreWritesThanAnIntegerCountsWrapAround) {
+  TestTable table(1);
+  table.data().numCells = INT_MAX - 1;
+  for (int const count : {INT_MAX, INT_MIN, INT_MIN + 1}) {
+    EXPECT_TRUE(table.Put({0}, "cell"));
+    EXPECT_EQ(table.getNumCells(), count);
+  }
+  EXPECT_FALSE(table.IsScratched());
+}
+
 TEST(OmPivotTableCellLimit, BothFormsOfWritingCountOnce) {
   TestTable table(1);
   OmStringCell const text("cell");
