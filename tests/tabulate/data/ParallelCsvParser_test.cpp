@@ -6,6 +6,7 @@
 #include <iterator>
 #include <new>
 #include <sstream>
+#include <thread>
 
 #include "tabulate/GatheredCsv.h"
 
@@ -167,6 +168,7 @@ TEST(ParallelCsvParser, HandsOnWhatASinkOfAnotherThreadThrows) {
       void HandOver(std::size_t) override {}
     };
   };
+  std::thread([] {}).join();  // with the first one, the thread sanitizer starts one of its own
   std::size_t const threads = CountThreads();
   for (char const* const record : {"b\n", "\"b\"\n"}) {
     Refuse refuse;
