@@ -4,8 +4,8 @@
 usage: coverage.py ROOT LINES BRANCHES
 
 LINES is what `llvm-cov export -format=lcov` writes, BRANCHES what it writes with -format=text, for the
-sources below ROOT. What a compiler makes for exceptions is no branch to either. A template counts once: a
-line or branch of it is run when one instance runs it.
+sources below ROOT. What a compiler makes for exceptions is no branch to either, and what it decides itself
+(if constexpr) is none here. A template counts once: a line or branch of it is run when one instance runs it.
 """
 
 import json
@@ -38,12 +38,22 @@ def branches_of(exported, root):
     """How often each condition was true and false: file -> (line, column) -> [true, false]."""
     files = {}
     for entry in exported["data"][0]["files"]:
+        decided = decided_early(Path(entry["filename"]))
         counts = files.setdefault(relative(entry["filename"], root), {})
         for line, column, _, _, taken, passed, *_ in entry["branches"]:
-            both = counts.setdefault((line, column), [0, 0])
-            both[0] += taken
-            both[1] += passed
+            if line not in decided:
+                both = counts.setdefault((line, column), [0, 0])
+                both[0] += taken
+                both[1] += passed
     return files
+
+
+def decided_early(file):
+    """The lines with a condition that the compiler decides, which no test can make another."""
+    if not file.exists():
+        return set()
+    return {number for number, line in enumerate(file.read_text(encoding="utf-8").split("\n"), 1)
+            if "if constexpr (" in line}
 
 
 def relative(file, root):

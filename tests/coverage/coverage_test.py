@@ -1,6 +1,7 @@
 #!/usr/bin/env -S python3 -B
 """What is not covered is named, and too much of it is a failure."""
 
+import tempfile
 import unittest
 from pathlib import Path
 
@@ -46,6 +47,15 @@ class CoverageTest(unittest.TestCase):
         text, enough = report(lines((1, 5)), branches((1, 7, 4, 0)))
         self.assertFalse(enough)
         self.assertEqual(text[0], "core/A.cpp:1:7: never false")
+
+    def test_a_condition_that_the_compiler_decides_does_not_count(self):
+        with tempfile.TemporaryDirectory() as folder:
+            source = Path(folder) / "A.cpp"
+            source.write_text("if constexpr (kLittle) {\nif (little) {\n", encoding="utf-8")
+            listed = [[line, 5, line, 9, 0, 0, 0, 0, 4] for line in (1, 2)]
+            found = coverage.branches_of(
+                {"data": [{"files": [{"filename": str(source), "branches": listed}]}]}, Path(folder))
+        self.assertEqual(found, {"A.cpp": {(2, 5): [0, 0]}})
 
     def test_instances_of_a_template_count_together(self):
         self.assertTrue(report({}, branches((1, 7, 4, 0), (1, 7, 0, 2)))[1])
