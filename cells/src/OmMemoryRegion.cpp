@@ -2,6 +2,7 @@
 #include <bit>
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 #include <new>
 #include <sys/mman.h>
 
@@ -61,25 +62,22 @@ unsigned long RoundUp(unsigned long value, unsigned long step) {
 
 /// What is as long as a huge page starts where one can start.
 std::align_val_t GetAlignment(unsigned long size) {
-  return std::align_val_t{size >= kHugePage ? kHugePage : kChunkSize};
+  return static_cast<std::align_val_t>(size >= kHugePage ? kHugePage : kChunkSize);
 }
 
 /// Memory from the system, of whose size the map of chunks knows the first `mapped` bytes.
 void* Acquire(unsigned long size, unsigned long mapped) {
-  void* const memory = operator new(size, GetAlignment(size));
-  try {
-    chunk_map::Add(memory, mapped);
-  } catch (...) {
-    operator delete(memory, GetAlignment(size));
-    throw;
-  }
+  auto const giveBack = [size](void* memory) { operator delete(memory, GetAlignment(size)); };
+  std::unique_ptr<void, decltype(giveBack)> memory(operator new(size, GetAlignment(size)),
+                                                   giveBack);
+  chunk_map::Add(memory.get(), mapped);
 #ifdef MADV_HUGEPAGE
   if (size >= kHugePage) {
     // A wish: without huge pages everything is as it was, only slower.
-    static_cast<void>(madvise(memory, size / kHugePage * kHugePage, MADV_HUGEPAGE));
+    static_cast<void>(madvise(memory.get(), size / kHugePage * kHugePage, MADV_HUGEPAGE));
   }
 #endif
-  return memory;
+  return memory.release();
 }
 
 void ReturnMemory(void* memory, unsigned long size, unsigned long mapped) {
@@ -233,9 +231,7 @@ void OmMemoryRegion::Release(void* block) {
   Chunk* const chunk = Chunk::Find(block);
   OmMemoryRegion& owner = *chunk->owner;
   if (!owner.working_.load(std::memory_order_relaxed)) {
-    if constexpr (poison::kActive) {
-      poison::Forbid(block, chunk->BlockSize(block));
-    }
+    poison::Forbid(block, chunk->BlockSize(block));
     return;
   }
   poison::Forbid(block, chunk->BlockSize(block));

@@ -58,8 +58,10 @@ Lookup FindInIndex(Element const& parent, Probe const& probe) {
     }
   }
   OmDimensionNode const* const child = low < index.size() ? findChild(low) : nullptr;
-  bool const match = child != nullptr && !probe.Precedes(*child);
-  return {low, match ? index[low] : kNotFound};
+  if (child == nullptr || probe.Precedes(*child)) {
+    return {low, kNotFound};
+  }
+  return {low, index[low]};
 }
 
 /// Makes a node ready to be a new child: it shares its parent's context and has no index.

@@ -14,11 +14,11 @@ unsigned long long Narrow(unsigned long long place) {
   return static_cast<unsigned long long>(static_cast<int>(place));
 }
 
-/// How many nodes from the root on two paths have in common. Linear in what the second one does not
-/// share, where one follows the other in the tree.
+/// How many nodes from the root, which they share, on two paths have in common. Linear in what the
+/// second one does not share, where one follows the other in the tree.
 std::size_t CountShared(OmDimHeader::Path const& a, OmDimHeader::Path const& b) {
   std::size_t count = std::min(a.size(), b.size());
-  while (count != 0 && a[a.size() - count].element != b[b.size() - count].element) {
+  while (a[a.size() - count].element != b[b.size() - count].element) {
     --count;
   }
   return count;

@@ -186,7 +186,7 @@ Node::Found Node::SearchFrom(unsigned long position) const {
 }
 
 Node::Found Node::SearchPages(unsigned long position) const {
-  if (Directory() == nullptr || position >= size_) {
+  if (position >= size_) {
     return {};
   }
   Node const* const directory = FromEntry(Directory());

@@ -89,7 +89,7 @@ OmPivotTable::PointerVector* OmPivotTable::Data::MakeBranch(std::vector<int> con
 
 void OmPivotTable::Data::ReleaseBranch(PointerVector* node, std::size_t level,
                                        std::vector<int> const& index) {
-  while (level != 0 && node != nullptr) {
+  while (level != 0) {
     --level;
     PointerVector* const below =
         level != 0 ? PointerVector::FromEntry(node->Entry(GetSubscript(index, level))) : nullptr;
