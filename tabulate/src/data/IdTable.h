@@ -15,6 +15,9 @@ class IdTable {
   /// What Find() returns when there is nothing to find, and the one number that is never given.
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
+  /// @param most how many numbers there are to give.
+  explicit IdTable(std::uint32_t most = kNone) : most_(most) {}
+
   /// The number with this hash for which `same(number)` holds, or kNone. Hashes may be similar to
   /// one another: they are spread here.
   template <class Same>
@@ -40,7 +43,7 @@ class IdTable {
   /// Adds the next number, for a thing that Find() does not find.
   /// @throws std::length_error when there is no number left.
   void Add(std::uint64_t hash) {
-    if (count_ == kNone) {
+    if (count_ == most_) {
       throw std::length_error("more than 4,294,967,295 distinct values");
     }
     if (2 * (static_cast<std::size_t>(count_) + 1) > slots_.size()) {
@@ -83,6 +86,7 @@ class IdTable {
     }
   }
 
+  std::uint32_t most_;
   std::vector<Slot> slots_;
   int shift_ = 0;  // of a product, down to as many bits as number the slots
   std::uint32_t count_ = 0;

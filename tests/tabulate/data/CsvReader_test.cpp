@@ -1,5 +1,9 @@
 #include "data/CsvReader.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 #include <sstream>
@@ -17,6 +21,10 @@ namespace {
 using csv_model::CheckReading;
 using Records = GatheredCsv::Records;
 
+/// How many bytes can be read before a disk fails; the linker puts the wrapper below in fread's
+/// place.
+std::size_t readable = SIZE_MAX;
+
 GatheredCsv Read(std::string const& bytes) {
   TemporaryDirectory const directory;
   GatheredCsv gathered;
@@ -31,6 +39,13 @@ std::string ErrorIn(std::string const& bytes) {
   GatheredCsv gathered;
   std::string const error = ErrorOf([&] { ReadCsv(file, gathered); });
   return error.starts_with(file) ? error.substr(file.size()) : error;
+}
+
+std::string ErrorOfADiskThatFailsAfter(std::string const& bytes) {
+  readable = bytes.size();
+  std::string error = ErrorIn(bytes + std::string(100, 'x'));
+  readable = SIZE_MAX;
+  return error;
 }
 
 std::string Field(std::string const& text) {
@@ -56,6 +71,24 @@ rc::Gen<std::string> MarkedBytes() {
 }
 
 }  // namespace
+
+extern "C" {
+
+std::size_t __real_fread(void* to, std::size_t size, std::size_t count, std::FILE* file);
+
+std::size_t __wrap_fread(void* to, std::size_t size, std::size_t count, std::FILE* file) {
+  if (readable == SIZE_MAX) {
+    return __real_fread(to, size, count, file);
+  }
+  std::size_t const got = __real_fread(to, 1, std::min(size * count, readable), file);
+  readable -= got;
+  if (readable == 0) {
+    std::fputc('x', file);  // which fails, for the file is open for reading
+    errno = EIO;
+  }
+  return got;
+}
+}
 
 TEST(CsvReader, ReadsFieldsAndLines) {
   GatheredCsv const read = Read("a,b\n1,2\n3,4\n");
@@ -128,6 +161,16 @@ TEST(CsvReader, NamesAFileThatIsNotThere) {
   GatheredCsv gathered;
   EXPECT_EQ(ErrorOf([&] { ReadCsv("/nowhere/data.csv", gathered); }),
             "/nowhere/data.csv: No such file or directory");
+}
+
+TEST(CsvReader, NamesAFileThatCannotBeReadToItsEnd) {
+  EXPECT_EQ(ErrorOfADiskThatFailsAfter("a,b\n1,"), ": Input/output error");
+  EXPECT_EQ(ErrorOfADiskThatFailsAfter(""), ": Input/output error");
+}
+
+TEST(CsvReader, NamesWhatIsWrongBeforeADiskFails) {
+  EXPECT_EQ(ErrorOfADiskThatFailsAfter("a,b\n1,x\"y\n"),
+            ":2: column 2: quote in an unquoted field");
 }
 
 TEST(CsvReader, NamesADirectory) {

@@ -3,6 +3,8 @@
 #include <sstream>
 #include <string>
 #include <type_traits>
+#include <utility>
+#include <vector>
 
 #include <lakresvos/tabulate/CrossTable.h>
 
@@ -54,6 +56,31 @@ TEST(DataColumn, ParsesNothingThatNobodyAsksFor) {
   EXPECT_EQ(parses, 0u);
   data.columns[0].Numbers();
   EXPECT_EQ(parses, 1u);
+}
+
+TEST(DataColumn, MissesWhatIsEmptyOrReadsNA) {
+  DataColumn column("a");
+  for (char const* const field : {"NA", "", "NB", "MA", "N", "NAN", "na"}) {
+    column.Append(field);
+  }
+  EXPECT_EQ(column.MissingCount(), 2u);
+  EXPECT_EQ(column.Values().size(), 5u);
+  EXPECT_EQ(column.Codes(),
+            (std::vector<std::uint32_t>{kMissingCode, kMissingCode, 0, 1, 2, 3, 4}));
+}
+
+TEST(DataColumn, TakesOverAllOfAnother) {
+  DataColumn column("a");
+  column.Append("1");
+  DataColumn other("b");
+  other.Append("7");
+  other.Append("NA");
+  other.TreatAsText();
+  column = std::move(other);
+  EXPECT_EQ(column.Name(), "b");
+  EXPECT_TRUE(column.IsText());
+  EXPECT_EQ(column.MissingCount(), 1u);
+  EXPECT_EQ(column.Numbers().byCode, std::vector<double>{7});
 }
 
 TEST(DataColumn, HasNumbersOfValuesThatWereAddedLater) {

@@ -1,8 +1,11 @@
 #include <algorithm>
+#include <cstdint>
+#include <functional>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 #include <string>
 #include <type_traits>
+#include <utility>
 
 #include <lakresvos/tabulate/Dictionary.h>
 
@@ -10,6 +13,44 @@ using namespace lakresvos::tabulate;
 
 static_assert(std::is_nothrow_move_constructible_v<Dictionary>);
 static_assert(!std::is_copy_constructible_v<Dictionary>);
+
+namespace {
+
+/// Two texts of 24 bytes that std::hash gives one hash. It takes eight bytes at a time (A. Appleby,
+/// MurmurHash64A), and whatever the first ones do can be undone by the next.
+std::pair<std::string, std::string> MakeTwoOfOneHash() {
+  constexpr std::uint64_t kFactor = 0xC6A4A7935BD1E995;
+  constexpr std::uint64_t kInverse = 0x5F7A0EA7E59B19BD;
+  static_assert(kFactor * kInverse == 1);
+  auto const shift = [](std::uint64_t word) { return word ^ (word >> 47); };
+  auto const mix = [&](std::uint64_t word) { return shift(word * kFactor) * kFactor; };
+  auto const unmix = [&](std::uint64_t word) { return shift(word * kInverse) * kInverse; };
+  std::pair<std::string, std::string> texts;
+  std::uint64_t const start = 0xC70F6907 ^ 24 * kFactor;
+  std::uint64_t const state = (start ^ mix(1)) * kFactor;
+  for (auto [text, first] : {std::pair{&texts.first, 1}, {&texts.second, 2}}) {
+    std::uint64_t const reached = (start ^ mix(static_cast<std::uint64_t>(first))) * kFactor;
+    for (std::uint64_t const word :
+         {static_cast<std::uint64_t>(first), unmix(reached ^ state ^ mix(3)), std::uint64_t{4}}) {
+      text->append(reinterpret_cast<char const*>(&word), sizeof word);
+    }
+  }
+  return texts;
+}
+
+}  // namespace
+
+TEST(Dictionary, TellsLongTextsOfOneHashApart) {
+  auto const [a, b] = MakeTwoOfOneHash();
+  ASSERT_NE(a, b);
+  ASSERT_EQ(std::hash<std::string>()(a), std::hash<std::string>()(b));
+  Dictionary texts;
+  EXPECT_EQ(texts.Intern(a), 0u);
+  EXPECT_EQ(texts.Find(b), Dictionary::kNone);
+  EXPECT_EQ(texts.Intern(b), 1u);
+  EXPECT_EQ(texts.Find(a), 0u);
+  EXPECT_EQ(texts.Find(b), 1u);
+}
 
 TEST(Dictionary, NumbersTextsByFirstAppearance) {
   Dictionary texts;

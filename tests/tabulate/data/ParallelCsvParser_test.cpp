@@ -180,7 +180,7 @@ TEST(ParallelCsvParser, HandsOnWhatASinkOfAnotherThreadThrows) {
 
 TEST(ParallelCsvParser, ReadsAloneForASinkThatCannotBeDivided) {
   class Whole : public GatheredCsv {
-    std::unique_ptr<CsvPartSink> MakePart() override { return nullptr; }
+    std::unique_ptr<CsvPartSink> MakePart() override { return CsvSink::MakePart(); }
   };
   std::string const bytes = Repeat("a,\"b\nc\"\n", 30);
   std::istringstream input(bytes);

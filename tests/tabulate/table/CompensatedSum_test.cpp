@@ -71,6 +71,14 @@ TEST(CompensatedSum, StaysFiniteWhereSumsOnTheWayAreNot) {
   EXPECT_EQ(sum.Value(), 1);
 }
 
+TEST(CompensatedSum, StaysAsItIsWithoutAFactor) {
+  CompensatedSum sum = Gather({3});
+  sum.AddProduct(0, 2);
+  sum.AddProduct(2, 0);
+  sum.AddProduct(-std::numeric_limits<double>::max(), 0);
+  EXPECT_EQ(sum.Value(), 3);
+}
+
 TEST(CompensatedSum, KeepsAProductBelowTheRangeOfADouble) {
   CompensatedSum sum;
   sum.AddProduct(std::numeric_limits<double>::denorm_min(), 0.25);
