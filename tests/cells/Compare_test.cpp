@@ -185,6 +185,18 @@ TEST(Compare, TheDisplayModeOfAPartDoesNotCount) {
   EXPECT_EQ(names.GetText(), "a") << "the mode itself is as before";
 }
 
+TEST(Compare, TheDisplayModeOfAContextDoesNotCount) {
+  OmVariable variable("a", "z");
+  OmComposite labels("{0}");
+  labels.AddPart(variable);
+  variable.ContextDisplay(OmLabelDisplay::Value);
+  OmComposite names("{0}");
+  names.AddPart(variable);
+  names.ContextDisplay(OmLabelDisplay::Value);
+  EXPECT_EQ(labels.Compare(names, false), 0);
+  EXPECT_GT(names.Compare(OmComposite("b"), false), 0);
+}
+
 constexpr int kKinds = 11;
 
 /// A random cell of the kind with this number: those of EveryKind(), then kinds made elsewhere. Two

@@ -214,6 +214,26 @@ TEST_F(OmDimensionTest, ChildCopiesANodeButNotItsIndex) {
   EXPECT_EQ(node.childIndex.size(), 1U);
 }
 
+TEST_F(OmDimensionTest, ChildTakesANodeWithoutALabel) {
+  OmDimensionNode const node(nullptr);
+  Child("a", 0);
+  Node const child = dimension_.Child(dimension_.Root(), node);
+  EXPECT_EQ(child.Value().label, nullptr);
+  EXPECT_EQ(RootIndex(), (Index{1, 0})) << "it comes before every label";
+  EXPECT_EQ(dimension_.Child(dimension_.Root(), node).element, child.element);
+}
+
+TEST_F(OmDimensionTest, ADestroyedNodeThatIsStillThereTakesChildrenOnceItIsAGroup) {
+  Node const group = Child("g", 0, true);
+  Child(group, "a", 0, false);
+  OmDimension::DestroySubtree(*group.element);
+  EXPECT_THROW(Child(group, "b", 0, false), OMSException);
+  group.Value().group = true;
+  Node const child = Child(group, "b", 7, false);
+  EXPECT_EQ(LabelOf(child.Value()), "b");
+  EXPECT_EQ(group.NChildren(), 1U);
+}
+
 TEST_F(OmDimensionTest, ChildAcceptsANodeOfTheDimensionItself) {
   Node const group = Child("g", 0, true);
   Child(group, "a", 0, false);

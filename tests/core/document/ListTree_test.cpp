@@ -337,6 +337,14 @@ TEST_F(ListTreeTest, UnlinkingEverythingLeavesATreeThatCanBeFilledAgain) {
 
 // Size
 
+TEST_F(ListTreeTest, AHandleIsTakenAtItsWordWhenItsDepthIsNotThatOfItsElement) {
+  Node last = At(6);
+  last.depth = 1;
+  EXPECT_EQ(last.AppendChild(9).depth, 2);
+  EXPECT_EQ(At(6).AppendChild(10).depth, 4);
+  EXPECT_EQ(Listing(tree_), "0@0 1@1 2@2 3@2 4@1 5@2 6@3 10@4 9@2 ");
+}
+
 TEST_F(ListTreeTest, AHandleIsTakenAtItsWordWhenItsDepthIsNegative) {
   Node first = tree_.begin();
   first.depth = -3;

@@ -115,6 +115,24 @@ TEST_F(OmDisplayOutsideTable, EntriesFailTheAssertionWhereAPlaceIsAskedForDirect
   EXPECT_DEATH(data.DisplayPosition({1, 2}, calc), "Assertion `digit == end && i == size' failed");
 }
 
+TEST_F(OmDisplayOutsideTable, ADimensionTwiceOnTheOtherAxisChangesNoRow) {
+  for (unsigned long i = 3; i < 100; ++i) {
+    Category(table.Dimension(1), table.Dimension(1).Root(), "B", i);
+  }
+  table.Place({0}, {1, 1});
+  OmDisplayLayerHeading layers(table, false);
+  ASSERT_TRUE(OmDisplayTestAccess::GetData(layers).sparse);
+  EXPECT_EQ(OmDisplayRowHeading(layers, true, false).getNonEmptyRows(), Places{1});
+}
+
+TEST_F(OmDisplayOutsideTable, AnIndexThatIsTooShortHasNoPosition) {
+  table.Place({0, 1}, {});
+  OmDisplayLayerHeading const layers(table, false);
+  OmDisplayLayerHeading::Data& data = OmDisplayTestAccess::GetData(layers);
+  OmDisplayLayerHeading::Data::PlaceCalculator const calc(table.Rows(), table.SizeVector());
+  EXPECT_EQ(data.DisplayPosition({1}, calc), data.DisplayPosition({1, 1 << 30}, calc));
+}
+
 TEST_F(OmDisplayOutsideTable, ADimensionTwiceOnAnAxisHasARowForEveryPair) {
   table.Place({0, 0}, {1});
   OmDisplayLayerHeading layers(table, false);

@@ -430,6 +430,19 @@ TYPED_TEST(OmPivotTableIterators, TakesOverTheStateThatItIsGiven) {
 
 // The state
 
+TYPED_TEST(OmPivotTableIterators, EndsInATableThatGotDimensionsAndLostItsCells) {
+  TestTable table(1);
+  table.Put({0}, "a");
+  table.Put({1}, "b");
+  auto at = this->First(table);
+  table.AddDimension(Text("new"));
+  table.AddDimension(Text("newer"));
+  table.deleteCell({0, 0, 0});
+  table.deleteCell({1, 0, 0});
+  ++at;
+  EXPECT_EQ(at.Cell(), nullptr);
+}
+
 TEST(OmPivotTableIteratorState, HasOneLevelPerDimension) {
   TestTable table(2);
   AddCategories(table.Dimension(0), 3);
@@ -461,9 +474,10 @@ TEST(OmPivotTableIteratorState, HasZeroedLevelsWithoutAStore) {
 }
 
 TEST(OmPivotTableIteratorState, OfADefaultIteratorHasNoLevels) {
-  State const state;
+  State state;
   EXPECT_TRUE(state.levels.empty());
   EXPECT_EQ(state.current, nullptr);
+  EXPECT_EQ(state.Increment(0), nullptr);
 }
 
 TEST(OmPivotTableIteratorState, IncrementingAHigherLevelGivesItsNextNode) {

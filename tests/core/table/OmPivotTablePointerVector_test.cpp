@@ -258,6 +258,33 @@ TEST(OmPivotTablePointerVector, GivesEverythingBack) {
   Node::Release(nullptr);
 }
 
+TEST(OmPivotTablePointerVector, BecomesPagedFromEveryFormWhenAnEntryIsFarAway) {
+  Positions dense;
+  Positions paged;
+  for (unsigned long i = 0; i < 100; ++i) {
+    dense.push_back(i);
+    paged.push_back(25 * i);
+  }
+  for (Positions const& positions : {dense, paged}) {
+    NodePair pair;
+    pair.Fill(positions);
+    pair.Fill({kLast});
+    pair.Check();
+    EXPECT_LT(pair.BytesPerEntry(), 200U);
+  }
+}
+
+TEST(OmPivotTablePointerVector, LooksAheadToNodesWithoutEntries) {
+  NodePair above;
+  NodePair empty;
+  empty.SetInNode(1, nullptr);
+  for (unsigned long i = 0; i < 20; ++i) {
+    above.SetInNode(i, empty.get()->AsEntry());
+  }
+  above.get()->PrefetchAfter(0, false);
+  EXPECT_EQ(above.get()->FirstFrom(5).entry, empty.get()->AsEntry());
+}
+
 TEST(OmPivotTablePointerVector, ASubscriptOfMinusOneFindsNothingInAnyForm) {
   constexpr unsigned long kMinusOne = std::numeric_limits<std::uint32_t>::max();
   for (unsigned long const step : {1UL, 5UL, 4096UL}) {
