@@ -7,7 +7,7 @@
 
 #include <cells/OmMemoryRegion.h>
 
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "EveryKind.h"
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "EveryKind.h"
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -17,7 +17,7 @@
 
 #include <cells/OmStringCell.h>
 
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 static_assert(!std::is_copy_constructible_v<OmMemoryRegion>);
 static_assert(!std::is_copy_assignable_v<OmMemoryRegion>);

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "EveryKind.h"
-#include "support/FailingNew.h"
 #include "support/SpyCell.h"
+#include "support/faults/FailingNew.h"
 
 // What reads cells when there is no memory, the values that belong to them, and composites of parts
 // that throw. What makes and changes cells is in AllocationFailure_test.cpp.

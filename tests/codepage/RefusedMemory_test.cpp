@@ -7,7 +7,7 @@
 
 #include <codepage/codepage.h>
 
-#include "support/FailingMalloc.h"
+#include "support/faults/FailingMalloc.h"
 
 // The program's own iconv functions come before those of the C library, and can run out of memory
 // as these can.

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

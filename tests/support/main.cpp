@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "support/FailingNew.h"
 #include "support/Property.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

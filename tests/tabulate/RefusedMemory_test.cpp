@@ -10,8 +10,8 @@
 
 #include "data/CsvReader.h"
 #include "data/DataSetBuilder.h"
-#include "support/FailingMalloc.h"
-#include "support/FailingNew.h"
+#include "support/faults/FailingMalloc.h"
+#include "support/faults/FailingNew.h"
 #include "tabulate/TextData.h"
 
 // What tabulation does when there is no memory: it throws std::bad_alloc, and then nothing is left

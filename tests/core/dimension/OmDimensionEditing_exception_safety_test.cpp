@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "core/dimension/OmDimensionEditingFixture.h"
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <lakresvos/OmDimension.h>
 
 #include "support/DimensionText.h"
-#include "support/FailingNew.h"
 #include "support/SpyCell.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <lakresvos/OmDimension.h>
 #include <lakresvos/OmVectorTreeWalk.h>
 
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

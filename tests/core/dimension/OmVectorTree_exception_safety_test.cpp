@@ -3,8 +3,8 @@
 
 #include <lakresvos/OmVectorTree.h>
 
-#include "support/FailingNew.h"
 #include "support/TrackedValue.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

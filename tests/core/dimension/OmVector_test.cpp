@@ -7,8 +7,8 @@
 
 #include <lakresvos/OmVector.h>
 
-#include "support/FailingNew.h"
 #include "support/TrackedValue.h"
+#include "support/faults/FailingNew.h"
 
 template class OmVector<int>;
 template class OmVector<TrackedValue>;

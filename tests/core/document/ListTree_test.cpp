@@ -8,7 +8,7 @@
 
 #include <lakresvos/OmOutputTree.h>
 
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <lakresvos/OmAnswerTree.h>
 
 #include "core/document/OmItemFixture.h"
-#include "support/FailingNew.h"
 #include "support/SpyCell.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/document/OmItemFixture.h"
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -14,7 +14,7 @@
 #include <lakresvos/OmChart.h>
 
 #include "core/document/PlainMapInfo.h"
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

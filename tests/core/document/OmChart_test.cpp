@@ -10,8 +10,8 @@
 #include <lakresvos/OmChart.h>
 
 #include "core/document/OmItemFixture.h"
-#include "support/FailingNew.h"
 #include "support/SpyCell.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

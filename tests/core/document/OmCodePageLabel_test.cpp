@@ -9,8 +9,8 @@
 
 #include "cells/EveryKind.h"
 #include "core/document/OmItemFixture.h"
-#include "support/FailingNew.h"
 #include "support/SpyCell.h"
+#include "support/faults/FailingNew.h"
 
 // The linker leads the library's calls to the wrappers below; the others are the real functions.
 void* RealConverterNew(char const* page) asm("__real__Z20VELKMBConverterNew_APKc");

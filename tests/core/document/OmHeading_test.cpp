@@ -9,8 +9,8 @@
 #include <cells/OmStringCell.h>
 #include <lakresvos/OmHeading.h>
 
-#include "support/FailingNew.h"
 #include "support/SpyCell.h"
+#include "support/faults/FailingNew.h"
 
 template class OmVector<OmHeading::HeadingRecord>;
 

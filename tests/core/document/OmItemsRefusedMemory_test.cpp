@@ -11,7 +11,7 @@
 #include <cells/OmStringCell.h>
 #include <lakresvos/lakresvos.h>
 
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 // Every operation of an item that needs memory: it makes all of its changes or none.
 

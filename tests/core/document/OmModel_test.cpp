@@ -6,8 +6,8 @@
 #include <lakresvos/OmModel.h>
 
 #include "core/document/OmItemFixture.h"
-#include "support/FailingNew.h"
 #include "support/SpyCell.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -15,9 +15,9 @@
 #include <lakresvos/OmPivotTable.h>
 #include <lakresvos/OmTextBlock.h>
 
-#include "support/FailingNew.h"
 #include "support/SpyCell.h"
 #include "support/VirtualSlot.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

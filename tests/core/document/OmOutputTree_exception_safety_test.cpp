@@ -6,9 +6,9 @@
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmOutputTree.h>
 
-#include "support/FailingNew.h"
 #include "support/SampleOutputTree.h"
 #include "support/SpyCell.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <cells/OmStringCell.h>
 #include <lakresvos/OmTextBlock.h>
 
-#include "support/FailingNew.h"
 #include "support/SpyCell.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -9,9 +9,9 @@
 #include <lakresvos/OmDisplayLayerHeading.h>
 #include <lakresvos/OmDisplayRowHeading.h>
 
-#include "support/FailingNew.h"
 #include "support/LayoutTables.h"
 #include "support/OmDisplayTestAccess.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <lakresvos/OmDisplayLayerHeading.h>
 #include <lakresvos/OmDisplayRowHeading.h>
 
-#include "support/FailingNew.h"
 #include "support/LayoutTables.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

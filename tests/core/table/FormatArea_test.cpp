@@ -7,7 +7,7 @@
 
 #include <lakresvos/FormatArea.h>
 
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

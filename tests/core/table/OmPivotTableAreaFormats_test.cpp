@@ -5,7 +5,7 @@
 #include <lakresvos/OmPivotTable.h>
 
 #include "core/table/OmPivotTableFixture.h"
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <lakresvos/OmPivotTable.h>
 
 #include "core/table/OmPivotTableFixture.h"
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <lakresvos/OmPivotTable.h>
 
 #include "core/table/OmPivotTableFixture.h"
-#include "support/FailingNew.h"
 #include "support/SpyCell.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

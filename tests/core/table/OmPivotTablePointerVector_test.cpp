@@ -9,8 +9,8 @@
 #include <cells/OmMemoryRegion.h>
 
 #include "core/table/PlainNode.h"
-#include "support/FailingNew.h"
 #include "support/Property.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <numeric>
 #include <utility>
 
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

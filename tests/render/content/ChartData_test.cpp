@@ -5,7 +5,7 @@
 
 #include <lakresvos/render/ChartData.h>
 
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 using namespace lakresvos::render;
 

@@ -18,8 +18,8 @@
 #include "render/support/RenderTables.h"
 #include "render/support/Sink.h"
 #include "render/support/TextFormats.h"
-#include "support/FailingNew.h"
 #include "support/SmallStack.h"
+#include "support/faults/FailingNew.h"
 
 using namespace lakresvos::render;
 using namespace render_tables;

@@ -25,8 +25,8 @@
 #include "render/support/SmallBlocks.h"
 #include "render/support/SpyTable.h"
 #include "render/support/TextFormats.h"
-#include "support/FailingNew.h"
 #include "support/TemporaryDirectory.h"
+#include "support/faults/FailingNew.h"
 
 // What the renderers and the reader do when there is no memory, and when a cell throws: that is
 // thrown on, nothing is left behind, and the next attempt gives what it gives otherwise.

@@ -8,8 +8,8 @@
 #include <sys/resource.h>
 #include <xlsxwriter.h>
 
-#include "support/FailingMalloc.h"
 #include "support/TemporaryDirectory.h"
+#include "support/faults/FailingMalloc.h"
 
 using lakresvos::render::HasWholeParts;
 

@@ -9,8 +9,8 @@
 
 #include "render/support/RenderTables.h"
 #include "support/TemporaryDirectory.h"
-#include "support/WriteFaults.h"
 #include "support/ZipParts.h"
+#include "support/faults/WriteFaults.h"
 
 using lakresvos::render::RenderXlsx;
 using namespace render_tables;

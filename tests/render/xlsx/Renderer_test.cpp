@@ -17,8 +17,8 @@
 #include <lakresvos/render/XlsxRenderer.h>
 
 #include "render/support/SpyTable.h"
-#include "support/FailingNew.h"
 #include "support/TemporaryDirectory.h"
+#include "support/faults/FailingNew.h"
 
 using lakresvos::render::RenderXlsx;
 using namespace render_tables;

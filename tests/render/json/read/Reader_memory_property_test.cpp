@@ -11,8 +11,8 @@
 #include "render/json/Documents.h"
 #include "render/support/EveryFormat.h"
 #include "render/support/RandomDocument.h"
-#include "support/FailingNew.h"
 #include "support/Property.h"
+#include "support/faults/FailingNew.h"
 
 // Damaged and hostile documents must cost little more than their text, whether they are read or
 // refused, and whatever is then made of them.

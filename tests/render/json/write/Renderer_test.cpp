@@ -13,7 +13,7 @@
 
 #include "render/json/Documents.h"
 #include "render/support/SpyTable.h"
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 
 #include "support/ChildProcess.h"
 #include "support/TemporaryDirectory.h"
-#include "support/WriteFaults.h"
+#include "support/faults/WriteFaults.h"
 #include "tools/report/cli/WrittenReport.h"
 
 namespace {

@@ -11,7 +11,7 @@
 
 #include "document/Document.h"
 #include "support/ErrorOf.h"
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 #include "tools/report/cli/ReportRun.h"
 
 using namespace lakresvos::report;

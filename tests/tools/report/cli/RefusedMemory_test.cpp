@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "cli/Program.h"
-#include "support/FailingNew.h"
 #include "support/TemporaryDirectory.h"
+#include "support/faults/FailingNew.h"
 
 using namespace lakresvos::report;
 

@@ -9,7 +9,7 @@
 #include <unistd.h>
 
 #include "support/TemporaryDirectory.h"
-#include "support/WriteFaults.h"
+#include "support/faults/WriteFaults.h"
 #include "tools/report/cli/WrittenReport.h"
 
 using Kind = WriteFault::Kind;

@@ -7,8 +7,8 @@
 
 #include "style/StyleProperties.h"
 #include "support/ErrorOf.h"
-#include "support/FailingNew.h"
 #include "support/TemporaryDirectory.h"
+#include "support/faults/FailingNew.h"
 
 using namespace lakresvos::report;
 using namespace lakresvos::tabulate;

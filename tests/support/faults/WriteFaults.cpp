@@ -1,4 +1,4 @@
-#include "support/WriteFaults.h"
+#include "support/faults/WriteFaults.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "support/FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 /// As FailAfter, for what libraries in C ask for by malloc(), calloc() and realloc() in the thread
 /// that makes the object. Programs that link FailingMalloc.cpp have these functions in place of

@@ -1,4 +1,4 @@
-#include "support/FailingMalloc.h"
+#include "support/faults/FailingMalloc.h"
 
 #include <cerrno>
 

@@ -1,4 +1,4 @@
-#include "FailingNew.h"
+#include "support/faults/FailingNew.h"
 
 #include <cstddef>
 #include <gtest/gtest-spi.h>
