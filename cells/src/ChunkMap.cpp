@@ -3,7 +3,7 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
-#include <memory>
+#include <mutex>
 #include <new>
 
 namespace chunk_map {
@@ -21,6 +21,7 @@ struct alignas(4096) Leaf : std::array<std::atomic<std::uint64_t>, kWordsPerLeaf
 
 // Leaves are never deleted: cells may be made and deleted until the process ends.
 constinit std::array<std::atomic<Leaf*>, kChunks / kChunksPerLeaf> leaves{};
+constinit std::mutex makingLeaves;
 
 unsigned long FindChunk(void const* address) {
   return reinterpret_cast<std::uintptr_t>(address) / kChunkSize;
@@ -39,12 +40,13 @@ std::uint64_t GetBit(unsigned long chunk) {
   return std::uint64_t{1} << chunk % kChunksPerWord;
 }
 
-void MakeLeaf(std::atomic<Leaf*>& slot) {
-  Leaf* leaf = slot.load(std::memory_order_acquire);
-  if (leaf == nullptr) {
-    auto made = std::make_unique<Leaf>();
-    if (slot.compare_exchange_strong(leaf, made.get(), std::memory_order_acq_rel)) {
-      static_cast<void>(made.release());
+/// Makes the leaves of chunks that come into use, one thread at a time.
+void MakeLeaves(unsigned long first, unsigned long end) {
+  std::lock_guard const alone(makingLeaves);
+  for (unsigned long chunk = first; chunk < end; ++chunk) {
+    std::atomic<Leaf*>& slot = FindSlot(chunk);
+    if (slot.load(std::memory_order_relaxed) == nullptr) {
+      slot.store(new Leaf, std::memory_order_release);
     }
   }
 }
@@ -57,9 +59,7 @@ void Add(void const* start, unsigned long size) {
   if (end > kChunks) {
     throw std::bad_alloc();
   }
-  for (unsigned long chunk = first; chunk < end; ++chunk) {
-    MakeLeaf(FindSlot(chunk));
-  }
+  MakeLeaves(first, end);
   for (unsigned long chunk = first; chunk < end; ++chunk) {
     FindWord(*FindSlot(chunk).load(std::memory_order_acquire), chunk)
         .fetch_or(GetBit(chunk), std::memory_order_relaxed);
