@@ -39,6 +39,7 @@ struct Shape {
   void (*build)(OmOutputTree& tree);
   std::size_t size;       ///< how many nodes, categories and cells there are
   bool fitsSheet = true;  ///< whether a workbook has room for it
+  bool readAgain = true;  ///< false for what another shape has on another axis
 
   friend std::ostream& operator<<(std::ostream& out, Shape const& shape) {
     return out << shape.name;
@@ -184,8 +185,8 @@ Shape const kShapes[] = {
     {"DeepHiddenRows", DeepHiddenRows, kLevels},
     {"DeepCells", DeepCells, 6 * kLevels},
     {"WideRows", WideRows, kMillion + 100'000},
-    {"WideColumnsWithFewCells", WideColumnsWithFewCells, kMillion},
-    {"WideLayersWithFewCells", WideLayersWithFewCells, kMillion},
+    {"WideColumnsWithFewCells", WideColumnsWithFewCells, kMillion, true, false},
+    {"WideLayersWithFewCells", WideLayersWithFewCells, kMillion, true, false},
     {"ManyDimensions", ManyDimensions, 200},
     {"ManyDimensionsOnOneAxis", ManyDimensionsOnOneAxis, 200},
     {"FarSubscripts", FarSubscripts, 9},
@@ -260,6 +261,9 @@ TEST_P(DeepAndWide, IsBuiltAndDestroyed) {
 }
 
 TEST_P(DeepAndWide, IsReadAsItWasWritten) {
+  if (!GetParam().readAgain) {
+    GTEST_SKIP() << "reading takes its time";
+  }
   OnASmallStack([] {
     OmOutputTree tree;
     GetParam().build(tree);
