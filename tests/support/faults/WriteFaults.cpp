@@ -26,41 +26,39 @@ struct Call {
   int flags = -1;  ///< which argument holds the flags of opening
 };
 
-std::map<long, Call> const& Calls() {
-  static std::map<long, Call> const calls{
-      {SYS_open, {"open", When::OpensForWriting, 1}},
-      {SYS_openat, {"openat", When::OpensForWriting, 2}},
-      {SYS_creat, {"creat", When::Always}},
-      {SYS_write, {"write", When::Writes}},
-      {SYS_pwrite64, {"pwrite64", When::Writes}},
-      {SYS_writev, {"writev", When::Writes}},
-      {SYS_pwritev, {"pwritev", When::Writes}},
-      {SYS_sendfile, {"sendfile", When::Always}},
-      {SYS_copy_file_range, {"copy_file_range", When::Always}},
-      {SYS_fsync, {"fsync", When::Always}},
-      {SYS_fdatasync, {"fdatasync", When::Always}},
-      {SYS_truncate, {"truncate", When::Always}},
-      {SYS_ftruncate, {"ftruncate", When::Always}},
-      {SYS_fallocate, {"fallocate", When::Always}},
-      {SYS_rename, {"rename", When::Always}},
-      {SYS_renameat, {"rename", When::Always}},
-      {SYS_renameat2, {"rename", When::Always}},
-      {SYS_link, {"link", When::Always}},
-      {SYS_linkat, {"link", When::Always}},
-      {SYS_symlink, {"symlink", When::Always}},
-      {SYS_symlinkat, {"symlink", When::Always}},
-      {SYS_unlink, {"unlink", When::Always}},
-      {SYS_unlinkat, {"unlink", When::Always}},
-      {SYS_mkdir, {"mkdir", When::Always}},
-      {SYS_mkdirat, {"mkdir", When::Always}},
-      {SYS_rmdir, {"rmdir", When::Always}},
-      {SYS_chmod, {"chmod", When::Always}},
-      {SYS_fchmod, {"chmod", When::Always}},
-      {SYS_fchmodat, {"chmod", When::Always}},
-      {SYS_close, {"close", When::ClosesWritten}},
-  };
-  return calls;
-}
+// Made before the first test, which would leave it behind.
+std::map<long, Call> const kCalls{
+    {SYS_open, {"open", When::OpensForWriting, 1}},
+    {SYS_openat, {"openat", When::OpensForWriting, 2}},
+    {SYS_creat, {"creat", When::Always}},
+    {SYS_write, {"write", When::Writes}},
+    {SYS_pwrite64, {"pwrite64", When::Writes}},
+    {SYS_writev, {"writev", When::Writes}},
+    {SYS_pwritev, {"pwritev", When::Writes}},
+    {SYS_sendfile, {"sendfile", When::Always}},
+    {SYS_copy_file_range, {"copy_file_range", When::Always}},
+    {SYS_fsync, {"fsync", When::Always}},
+    {SYS_fdatasync, {"fdatasync", When::Always}},
+    {SYS_truncate, {"truncate", When::Always}},
+    {SYS_ftruncate, {"ftruncate", When::Always}},
+    {SYS_fallocate, {"fallocate", When::Always}},
+    {SYS_rename, {"rename", When::Always}},
+    {SYS_renameat, {"rename", When::Always}},
+    {SYS_renameat2, {"rename", When::Always}},
+    {SYS_link, {"link", When::Always}},
+    {SYS_linkat, {"link", When::Always}},
+    {SYS_symlink, {"symlink", When::Always}},
+    {SYS_symlinkat, {"symlink", When::Always}},
+    {SYS_unlink, {"unlink", When::Always}},
+    {SYS_unlinkat, {"unlink", When::Always}},
+    {SYS_mkdir, {"mkdir", When::Always}},
+    {SYS_mkdirat, {"mkdir", When::Always}},
+    {SYS_rmdir, {"rmdir", When::Always}},
+    {SYS_chmod, {"chmod", When::Always}},
+    {SYS_fchmod, {"chmod", When::Always}},
+    {SYS_fchmodat, {"chmod", When::Always}},
+    {SYS_close, {"close", When::ClosesWritten}},
+};
 
 /// Follows a process from call to call.
 class Watch {
@@ -110,10 +108,10 @@ class Watch {
     __ptrace_syscall_info info{};
     ptrace(PTRACE_GET_SYSCALL_INFO, thread, sizeof info, &info);
     if (info.op == PTRACE_SYSCALL_INFO_ENTRY) {
-      auto const call = Calls().find(static_cast<long>(info.entry.nr));
+      auto const call = kCalls.find(static_cast<long>(info.entry.nr));
       if (fault_.noUnnamed && OpensUnnamed(info.entry.nr, info.entry.args)) {
         Fail(thread, EOPNOTSUPP);
-      } else if (call != Calls().end() && Counts(call->second, info.entry.args)) {
+      } else if (call != kCalls.end() && Counts(call->second, info.entry.args)) {
         Befall(thread, call->second, info.entry.args);
       }
       if (info.entry.nr == SYS_dup || info.entry.nr == SYS_fcntl) {

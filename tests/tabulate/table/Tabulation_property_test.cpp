@@ -210,7 +210,7 @@ class Pair {
   void CheckPercentages(Tabulation const& table, std::size_t cell, ExactCell const& exact,
                         Model::Key const& key) const {
     using enum TableAxis;
-    static std::vector<TableAxis> const summedUp[] = {{Columns}, {Rows}, {Rows, Columns}};
+    std::vector<TableAxis> const summedUp[] = {{Columns}, {Rows}, {Rows, Columns}};
     for (std::size_t i = 0; i < std::size(summedUp) && percentages_; ++i) {
       Exact const& whole = model_->Whole(key, summedUp[i]).Count();
       std::optional<Exact> const share =
