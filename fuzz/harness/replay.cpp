@@ -1,4 +1,4 @@
-// Runs a target over the inputs in folders. The tests do so with those that are kept.
+// Runs a target over inputs and those in folders. The tests do so with those that are kept.
 
 #include <algorithm>
 #include <filesystem>
@@ -13,6 +13,10 @@
 int main(int argc, char** argv) {
   std::vector<std::filesystem::path> files;
   for (int i = 1; i < argc; ++i) {
+    if (!std::filesystem::is_directory(argv[i])) {
+      files.emplace_back(argv[i]);
+      continue;
+    }
     for (auto const& entry : std::filesystem::directory_iterator(argv[i])) {
       files.push_back(entry.path());
     }
