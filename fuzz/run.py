@@ -190,7 +190,7 @@ def main():
     parser.add_argument("--coverage", action="store_true")
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
     parser.add_argument("words", nargs="*")
-    arguments = parser.parse_args()
+    arguments = parser.parse_intermixed_args()
     words = arguments.words
     seconds = int(words.pop(0)) if words and words[0].isdigit() else 60
     targets = {target.name: target
