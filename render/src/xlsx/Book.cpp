@@ -1,16 +1,13 @@
 #include "xlsx/Book.h"
 
-#include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <fcntl.h>
 #include <new>
 #include <stdexcept>
 #include <string_view>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
 #include "io/LibraryCall.h"
