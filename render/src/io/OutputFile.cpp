@@ -85,14 +85,17 @@ bool RemoveAbandoned(int directory, char const* name) {
          AreSame(locked, named) && ::unlinkat(directory, name, 0) == 0;
 }
 
-/// Tries temporary names until `make` returns anything but EEXIST; returns the last name and the
-/// result of `make` for it. After that it needs no memory.
+/// Tries temporary names other than the target's until `make` returns anything but EEXIST; returns
+/// the last name and the result of `make` for it. After that it needs no memory.
 template <class Make>
-std::pair<std::string, int> MakeTemporary(int directory, Make make) {
+std::pair<std::string, int> MakeTemporary(int directory, std::string const& target, Make make) {
   std::string name;
   int error = EEXIST;
   for (int number = 0; error == EEXIST && number < kMaxTemporaries; ++number) {
     name = ".lakresvos-" + std::to_string(number);
+    if (name == target) {
+      continue;
+    }
     error = make(name.c_str());
     if (error == EEXIST && RemoveAbandoned(directory, name.c_str())) {
       error = make(name.c_str());
@@ -101,13 +104,22 @@ std::pair<std::string, int> MakeTemporary(int directory, Make make) {
   return {std::move(name), error};
 }
 
+/// Locks a file that this process has just created, and tells whether another process took it for
+/// an abandoned one before that, and has removed it or is about to. No process does on file systems
+/// without locks.
+bool IsTakenOnLocking(int file) {
+  if (!LockTemporary(file)) {
+    return errno == EWOULDBLOCK;
+  }
+  struct stat state {};
+  return ::fstat(file, &state) == 0 && state.st_nlink == 0;
+}
+
 /// Creates a file with a temporary name and locks it; not open when that fails, and errno says why.
 Descriptor CreateLocked(int directory, char const* name) {
   Descriptor file(::openat(directory, name, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-  struct stat state {};
-  if (file.IsOpen() && LockTemporary(file.Number()) && ::fstat(file.Number(), &state) == 0 &&
-      state.st_nlink == 0) {
-    file = Descriptor();  // taken for an abandoned one before it was locked
+  if (file.IsOpen() && IsTakenOnLocking(file.Number())) {
+    file = Descriptor();
     errno = EEXIST;
   }
   return file;
@@ -143,15 +155,15 @@ int RenameFile(int directory, std::string const& temporary, std::string const& t
   return error;
 }
 
-/// Creates a file without a name in a directory; not open when that fails, and errno says why. On a
-/// file system that has no such files, removes the name at once.
-Descriptor OpenUnnamed(int directory) {
+/// Creates a file without a name in the directory of a target; not open when that fails, and errno
+/// says why. On a file system that has no such files, removes the name at once.
+Descriptor OpenUnnamed(int directory, std::string const& target) {
   Descriptor file(::openat(directory, ".", O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
   if (file.IsOpen()) {
     return file;
   }
   SignalsHeld const held;
-  auto const [temporary, error] = MakeTemporary(directory, [&](char const* name) {
+  auto const [temporary, error] = MakeTemporary(directory, target, [&](char const* name) {
     file = CreateLocked(directory, name);
     return GetError(file.IsOpen());
   });
@@ -165,7 +177,7 @@ Descriptor OpenUnnamed(int directory) {
 /// Replaces a target by a copy of a file; 0 or the error.
 int CopyInPlace(int file, int directory, std::string const& target) {
   Descriptor copy;
-  auto const [temporary, found] = MakeTemporary(directory, [&](char const* name) {
+  auto const [temporary, found] = MakeTemporary(directory, target, [&](char const* name) {
     copy = CreateLocked(directory, name);
     return GetError(copy.IsOpen());
   });
@@ -192,7 +204,7 @@ int PutInPlace(int file, int directory, std::string const& target) {
   int error = link(target.c_str());
   if (error == EEXIST) {
     LockTemporary(file);
-    auto const [temporary, found] = MakeTemporary(directory, link);
+    auto const [temporary, found] = MakeTemporary(directory, target, link);
     if (found == 0) {
       return RenameFile(directory, temporary, target);
     }
@@ -258,7 +270,7 @@ class OutputFile::Target {
     if (!directory_.IsOpen()) {
       return Descriptor();
     }
-    Descriptor file = OpenUnnamed(directory_.Number());
+    Descriptor file = OpenUnnamed(directory_.Number(), target_);
     if (exists && file.IsOpen()) {
       static_cast<void>(
           ::fchmod(file.Number(),

@@ -4,12 +4,16 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <ios>
+#include <string>
+#include <string_view>
 #include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 #include <lakresvos/render/OutputFile.h>
 
@@ -26,6 +30,39 @@ namespace {
 enum class FileSystem { Whole, WithoutUnnamedFiles, WithoutLinking };
 
 FileSystem fileSystem = FileSystem::Whole;
+
+bool hasRemovedFirstTemporary = false;
+
+/// Another process that takes the next file to be locked for an abandoned one: locks it just before,
+/// removes it just after, and has a file of its own by that name as long as the object lives.
+class Remover {
+ public:
+  Remover() { active = this; }
+  Remover(Remover const&) = delete;
+  Remover& operator=(Remover const&) = delete;
+  ~Remover() { active = nullptr; }
+
+  static bool IsWaiting() { return active != nullptr; }
+
+  static int Meet(int file, int operation) {
+    Remover& remover = *std::exchange(active, nullptr);
+    fs::path const path = fs::read_symlink("/proc/self/fd/" + std::to_string(file));
+    Descriptor const found(::open(path.c_str(), O_RDONLY));
+    syscall(SYS_flock, found.Number(), LOCK_EX);
+    auto const result = static_cast<int>(syscall(SYS_flock, file, operation));
+    int const error = errno;
+    fs::remove(path);
+    remover.own_ = Descriptor(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL, 0600));
+    syscall(SYS_flock, remover.own_.Number(), LOCK_EX);
+    errno = error;
+    return result;
+  }
+
+ private:
+  inline static Remover* active = nullptr;
+
+  Descriptor own_;
+};
 
 /// No file grows beyond a few bytes while the object lives.
 class SmallFiles {
@@ -79,6 +116,16 @@ extern "C" int linkat(int from, char const* name, int to, char const* newName, i
     return -1;
   }
   return static_cast<int>(syscall(SYS_linkat, from, name, to, newName, flags));
+}
+
+extern "C" int unlinkat(int directory, char const* name, int flags) noexcept {
+  hasRemovedFirstTemporary = hasRemovedFirstTemporary || std::string_view(name) == ".lakresvos-0";
+  return static_cast<int>(syscall(SYS_unlinkat, directory, name, flags));
+}
+
+extern "C" int flock(int file, int operation) noexcept {
+  return Remover::IsWaiting() ? Remover::Meet(file, operation)
+                              : static_cast<int>(syscall(SYS_flock, file, operation));
 }
 
 TEST(OutputFile, IsThereAfterCommit) {
@@ -193,6 +240,38 @@ TEST(OutputFile, RemovesWhatAKilledProcessLeft) {
     OutputFile file(path);
     file.Stream() << "after";
     file.Commit();
+    fileSystem = FileSystem::Whole;
+    EXPECT_EQ(ReadFile(path), "after");
+    EXPECT_EQ(directory.Entries(), 1u);
+  }
+}
+
+TEST(OutputFile, LeavesATemporaryFileThatAnotherIsAboutToRemove) {
+  TemporaryDirectory const directory;
+  std::string const path = directory.Write("out.txt", "before");
+  fileSystem = FileSystem::WithoutLinking;
+  OutputFile file(path);
+  file.Stream() << "after";
+  Remover const remover;
+  file.Commit();
+  fileSystem = FileSystem::Whole;
+  EXPECT_FALSE(Remover::IsWaiting());
+  EXPECT_EQ(ReadFile(path), "after");
+  EXPECT_EQ(ReadFile(directory.Path(".lakresvos-0")), "") << "it is of the other process";
+  EXPECT_EQ(directory.Entries(), 2u);
+}
+
+TEST(OutputFile, TargetIsNoTemporaryFile) {
+  for (FileSystem const lack :
+       {FileSystem::Whole, FileSystem::WithoutUnnamedFiles, FileSystem::WithoutLinking}) {
+    TemporaryDirectory const directory;
+    std::string const path = directory.Write(".lakresvos-0", "before");
+    fileSystem = lack;
+    hasRemovedFirstTemporary = false;
+    OutputFile file(path);
+    file.Stream() << "after";
+    file.Commit();
+    EXPECT_FALSE(hasRemovedFirstTemporary);
     fileSystem = FileSystem::Whole;
     EXPECT_EQ(ReadFile(path), "after");
     EXPECT_EQ(directory.Entries(), 1u);
