@@ -226,7 +226,7 @@ class OutputFile::Target {
 
   void Commit() {
     if (!stream_.flush()) {
-      Fail(buffer_.Error());
+      Fail(buffer_.Error() != 0 ? buffer_.Error() : EIO);
     }
     int error = file_.IsOpen() ? CloseDuplicate(file_.Number()) : 0;
     if (error == 0 && directory_.IsOpen()) {
@@ -235,6 +235,7 @@ class OutputFile::Target {
     if (error != 0) {
       Fail(error);
     }
+    directory_ = Descriptor();
   }
 
  private:
@@ -294,7 +295,7 @@ class OutputFile::Target {
 
   std::string name_;
   std::string target_;    // its name in the directory
-  Descriptor directory_;  // of the target; not open when that is written to directly
+  Descriptor directory_;  // of the target; not open when that is written to directly, or in place
   Descriptor file_;       // not open when the caller's is
   DescriptorBuffer buffer_;
   std::ostream stream_{&buffer_};

@@ -278,6 +278,23 @@ TEST(OutputFile, TargetIsNoTemporaryFile) {
   }
 }
 
+TEST(OutputFile, CommitsOnce) {
+  for (FileSystem const lack :
+       {FileSystem::Whole, FileSystem::WithoutUnnamedFiles, FileSystem::WithoutLinking}) {
+    TemporaryDirectory const directory;
+    std::string const path = directory.Write("out.txt", "before");
+    fileSystem = lack;
+    OutputFile file(path);
+    file.Stream() << "after";
+    file.Commit();
+    directory.Write("out.txt", "changed since");
+    file.Commit();
+    fileSystem = FileSystem::Whole;
+    EXPECT_EQ(ReadFile(path), "changed since");
+    EXPECT_EQ(directory.Entries(), 1u);
+  }
+}
+
 TEST(OutputFile, SeveralOfOneNameDoNotMeet) {
   TemporaryDirectory const directory;
   OutputFile first(directory.Path("file"));
@@ -363,6 +380,16 @@ TEST(OutputFile, WritesToADeviceWithoutReplacingIt) {
   file.Stream() << "text";
   file.Commit();
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(OutputFileErrors, AStreamThatIsNotGood) {
+  TemporaryDirectory const directory;
+  std::string const path = directory.Write("out.txt", "before");
+  OutputFile file(path);
+  file.Stream().setstate(std::ios::badbit);
+  EXPECT_EQ(ErrorOf([&] { file.Commit(); }), path + ": Input/output error");
+  EXPECT_EQ(ReadFile(path), "before");
+  EXPECT_EQ(directory.Entries(), 1u);
 }
 
 TEST(OutputFileErrors, NoSuchDirectory) {

@@ -50,9 +50,10 @@ class LAKRESVOS_RENDER_EXPORT OutputFile {
   /// Where to write; valid as long as the object, and not to be written to after Commit().
   std::ostream& Stream();
 
-  /// Writes all there is and replaces the target.
+  /// Writes all there is and replaces the target. Once that is done, another call does nothing.
   /// @throws std::system_error whose what() is the path or name and the reason, when any of it
-  ///         could not be written. The target is as it was then, unless it is written to directly.
+  ///         could not be written; the reason is EIO when the stream is not good for another cause.
+  ///         The target is as it was then, unless it is written to directly.
   void Commit();
 
  private:
