@@ -49,25 +49,37 @@ std::unique_ptr<OmOutputTree> MakeDocument(Options const& options, tabulate::War
   return document;
 }
 
+std::string MakeLine(std::string_view message) {
+  return kProgram + tabulate::Shorten(tabulate::EscapeControls(message)) + '\n';
+}
+
+std::string MakeLines(std::vector<std::string> const& messages) {
+  std::string lines;
+  for (std::string const& message : messages) {
+    lines += MakeLine(message);
+  }
+  return lines;
+}
+
 /// Renders the document; an error of the system names the output.
-std::vector<std::string> RenderTo(std::string const& name, OmOutputTree const& document,
-                                  Options const& options, std::ostream& out) {
+/// @return lines that say what the format could not hold.
+std::string RenderTo(std::string const& name, OmOutputTree const& document, Options const& options,
+                     std::ostream& out) {
   try {
-    return Render(document, options, out);
+    return MakeLines(Render(document, options, out));
   } catch (std::system_error const& error) {
     throw tabulate::InputError(name + ": " + error.what());
   }
 }
 
 /// Writes the document to where it belongs, but not with --strict when the format cannot hold all
-/// of it.
-/// @return what the format could not hold.
-std::vector<std::string> Write(OmOutputTree const& document, Options const& options,
-                               render::OutputFile& out) {
+/// of it. Once it is there, there is nothing left to do that may fail.
+/// @return lines that say what the format could not hold.
+std::string Write(OmOutputTree const& document, Options const& options, render::OutputFile& out) {
   if (options.outputFile.empty()) {
     std::ostringstream held;
     held.exceptions(std::ios::badbit);  // it leaves out what there is no memory for otherwise
-    std::vector<std::string> losses =
+    std::string losses =
         RenderTo(kStandardOutput, document, options, options.strict ? held : out.Stream());
     if (options.strict && losses.empty()) {
       out.Stream() << held.view();
@@ -79,15 +91,11 @@ std::vector<std::string> Write(OmOutputTree const& document, Options const& opti
   RefuseToOverwrite(options.documentFile, "saved document", options.outputFile);
   RefuseToOverwrite(options.styleFile, "style file", options.outputFile);
   render::OutputFile file(options.outputFile);
-  std::vector<std::string> losses = RenderTo(options.outputFile, document, options, file.Stream());
+  std::string losses = RenderTo(options.outputFile, document, options, file.Stream());
   if (!options.strict || losses.empty()) {
     file.Commit();
   }
   return losses;
-}
-
-void PrintMessage(std::string_view message) {
-  std::cerr << kProgram << tabulate::Shorten(tabulate::EscapeControls(message)) << '\n';
 }
 
 int Run(Options const& options, render::OutputFile& out) {
@@ -96,18 +104,13 @@ int Run(Options const& options, render::OutputFile& out) {
   }
   tabulate::WarningLog skipped;
   std::unique_ptr<OmOutputTree> const document = MakeDocument(options, skipped);
-  bool refused = options.strict && skipped.HasAny();
-  if (!refused) {
-    std::vector<std::string> const losses = Write(*document, options, out);
-    for (std::string const& loss : losses) {
-      PrintMessage(loss);
-    }
-    refused = options.strict && !losses.empty();
+  std::string const skips = MakeLines(MakeSkipMessages(skipped, options.dataFile));
+  std::string losses;
+  if (!options.strict || skips.empty()) {
+    losses = Write(*document, options, out);
   }
-  for (std::string const& message : MakeSkipMessages(skipped, options.dataFile)) {
-    PrintMessage(message);
-  }
-  return refused ? 1 : 0;
+  std::cerr << losses << skips;
+  return options.strict && !(losses.empty() && skips.empty()) ? 1 : 0;
 }
 
 /// Opens those of the three standard files that are closed, so that no file that is opened later
@@ -135,7 +138,7 @@ int RunProgram(int argc, char const* const* argv) try {
   } catch (std::bad_alloc const&) {
     throw;
   } catch (std::exception const& error) {
-    PrintMessage(error.what());
+    std::cerr << MakeLine(error.what());
   }
   return 2;
 } catch (std::bad_alloc const&) {

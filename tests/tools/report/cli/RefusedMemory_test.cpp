@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -77,30 +78,55 @@ Outcome RunWithout(std::size_t n, FailAfter::Mode mode, std::vector<char const*>
   return outcome;
 }
 
-/// Tries requests that lie closer at the start of the program than later.
-void ExpectAllOrAMessage(std::vector<char const*> const& arguments) {
-  constexpr std::size_t kAll = 1'000'000'000;
-  Outcome const whole = RunWithout(kAll, FailAfter::Mode::Once, arguments);
-  ASSERT_EQ(whole.code, 0) << whole.err;
-  ASSERT_NE(whole.out, "");
+/// How many requests the program makes.
+std::size_t CountRequests(std::vector<char const*> const& arguments) {
+  std::size_t most = 1'000'000'000;
+  for (std::size_t least = 0; least < most;) {
+    std::size_t const n = least + (most - least) / 2;
+    if (RunWithout(n + 1, FailAfter::Mode::Once, arguments).refused) {
+      least = n + 1;
+    } else {
+      most = n;
+    }
+  }
+  return most;
+}
+
+/// Runs the program with single requests refused and with all from one on, and checks whether it
+/// does all that it is to do or gives one message. Of many requests, more are tried at the start and
+/// the end, which come before and after the work.
+/// @param check called after each run; also after one without failures, which is returned.
+template <class Check>
+Outcome TryRequests(std::vector<char const*> const& arguments, Check check) {
+  constexpr std::size_t kEnd = 40;
+  std::size_t const requests = CountRequests(arguments);
+  Outcome whole = RunWithout(requests + 1, FailAfter::Mode::Once, arguments);
+  EXPECT_EQ(whole.code, 0) << whole.err;
+  check(whole, requests + 1);
   std::size_t failures = 0;
   for (FailAfter::Mode const mode : {FailAfter::Mode::FromThenOn, FailAfter::Mode::Once}) {
-    for (std::size_t n = 1;; n += 1 + n / 32) {
+    for (std::size_t n = 1; n <= requests;) {
       Outcome const outcome = RunWithout(n, mode, arguments);
-      if (!outcome.refused) {
-        break;
-      }
+      check(outcome, n);
       if (outcome.code == 0) {
         EXPECT_EQ(outcome.out, whole.out) << n;
+        EXPECT_EQ(outcome.err, whole.err) << n;
       } else {
         ++failures;
         EXPECT_EQ(outcome.code, 2) << n;
         EXPECT_TRUE(outcome.err.starts_with("lakresvos-report: ")) << outcome.err;
         EXPECT_EQ(outcome.err.find('\n') + 1, outcome.err.size()) << outcome.err;
       }
+      n = std::max(n + 1, std::min(n + 1 + n / 32, requests - std::min(requests, kEnd)));
     }
   }
   EXPECT_GT(failures, 100U);
+  return whole;
+}
+
+void ExpectAllOrAMessage(std::vector<char const*> const& arguments) {
+  Outcome const whole = TryRequests(arguments, [](auto&&...) {});
+  EXPECT_NE(whole.out, "");
 }
 
 }  // namespace
@@ -123,4 +149,24 @@ TEST(ProgramRefusedMemory, HoldsAWholeReportBackWithStrict) {
 
 TEST(ProgramRefusedMemory, GivesTheWholeHelpOrOneMessage) {
   ExpectAllOrAMessage({"lakresvos-report", "--help"});
+}
+
+TEST(ProgramRefusedMemory, ReplacesTheFileOrGivesOneMessage) {
+  TemporaryDirectory const directory;
+  std::string const data = directory.Write("a.csv", "a,b,x,w\np,q,1,1\nq,q,y,2\nq,r,2,\nr\n");
+  std::string const output = directory.Path("out.txt");
+  std::vector<char const*> const arguments = {
+      "lakresvos-report", data.c_str(), "--table", "a ~ b",       "--weight", "w",
+      "--statistics",     "mean:x",     "-o",      output.c_str()};
+  std::string report;
+  Outcome const whole = TryRequests(arguments, [&](Outcome const& outcome, std::size_t n) {
+    if (report.empty()) {
+      report = ReadFile(output);
+    }
+    EXPECT_EQ(ReadFile(output), outcome.code == 0 ? report : "former") << n;
+    EXPECT_EQ(directory.Entries(), 2u) << n;
+    directory.Write("out.txt", "former");
+  });
+  EXPECT_NE(report, "");
+  EXPECT_NE(whole.err, "");
 }
