@@ -33,8 +33,7 @@ constexpr char kFailure[] = "cannot write the workbook";
   throw std::system_error(error, std::generic_category(), kFailure);
 }
 
-/// Whether an error is one of writing. The library tells nothing of rows that it could not write to
-/// their file: this is the one sign of them.
+/// Whether an error is one of writing, which the library does not always tell of.
 bool IsWriteError(int error) {
   return error == ENOSPC || error == EFBIG || error == EDQUOT || error == EIO;
 }
@@ -132,18 +131,6 @@ std::string QuoteName(std::string const& sheet) {
   return quoted + '\'';
 }
 
-void Check(lxw_error error) {
-  if (error == LXW_ERROR_MEMORY_MALLOC_FAILED) {
-    throw std::bad_alloc();
-  }
-  if (IsWriteError(errno)) {
-    Fail(errno);
-  }
-  if (error != LXW_NO_ERROR) {
-    Fail("error " + std::to_string(error) + " of the XLSX library");
-  }
-}
-
 // The library gives a workbook without sheets one of its own when it is closed, with a file that
 // stays open; so there is no workbook before there is a sheet.
 void XlsxBook::Open() {
@@ -236,6 +223,16 @@ void XlsxBook::CheckParts() const {
   }
   if (parts_.Error() != 0) {
     Fail(parts_.Error());
+  }
+}
+
+void XlsxBook::Check(lxw_error error) const {
+  if (error == LXW_ERROR_MEMORY_MALLOC_FAILED) {
+    throw std::bad_alloc();
+  }
+  CheckParts();
+  if (error != LXW_NO_ERROR) {
+    Fail("error " + std::to_string(error) + " of the XLSX library");
   }
 }
 

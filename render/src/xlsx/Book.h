@@ -44,6 +44,11 @@ class XlsxBook {
   /// @throws std::length_error when the workbook has all the sheets that it can have.
   lxw_worksheet* AddSheet(std::string const& name);
 
+  /// To be called after each call of the library that writes, with what it gave.
+  /// @throws std::system_error when a row could not be written to its file, std::runtime_error if
+  ///         `error` is one, std::bad_alloc if it says that memory ran out.
+  void Check(lxw_error error) const;
+
   int Sheets() const { return sheets_; }
 
   XlsxRows Rows() const { return rows_; }
@@ -82,11 +87,6 @@ class XlsxBook {
 
 /// The name of a sheet as references to cells have it.
 std::string QuoteName(std::string const& sheet);
-
-/// To be called after each call that writes.
-/// @throws std::system_error when a row could not be written to its file, std::runtime_error if
-///         `error` is one, std::bad_alloc if it says that memory ran out.
-void Check(lxw_error error);
 
 }  // namespace lakresvos::render
 

@@ -53,10 +53,10 @@ void Repeat(XlsxBook& book, lxw_worksheet* sheet, std::string const& name,
   if (headings.rows > 0) {
     auto const first = static_cast<lxw_row_t>(headings.firstRow);
     auto const rows = static_cast<lxw_row_t>(headings.rows);
-    Check(worksheet_repeat_rows(sheet, first, first + rows - 1));
+    book.Check(worksheet_repeat_rows(sheet, first, first + rows - 1));
   }
   if (headings.columns > 0) {
-    Check(worksheet_repeat_columns(sheet, 0, static_cast<lxw_col_t>(headings.columns - 1)));
+    book.Check(worksheet_repeat_columns(sheet, 0, static_cast<lxw_col_t>(headings.columns - 1)));
   }
 }
 

@@ -180,7 +180,7 @@ void XlsxSheet::WriteLine(int row, MarkedText const& text, XlsxStyle style) {
     style.wrap = true;
     double const height =
         std::min(static_cast<double>(lines) * LXW_DEF_ROW_HEIGHT * FontScale(style), kMaxHeight);
-    Check(worksheet_set_row(sheet_, static_cast<lxw_row_t>(row), height, nullptr));
+    book_.Check(worksheet_set_row(sheet_, static_cast<lxw_row_t>(row), height, nullptr));
     if (book_.Rows() == XlsxRows::InMemory) {
       wrappedRows_.push_back(row);
     } else {
@@ -203,9 +203,9 @@ void XlsxSheet::WriteMarked(int row, int column, std::string const& text, std::s
   std::string escapedText = EscapeCodes(text);
   std::string escapedMarks = EscapeCodes(marks);
   if (text.empty() || marks.empty()) {
-    Check(worksheet_write_string(sheet_, rowNumber, columnNumber,
-                                 (escapedText + escapedMarks).c_str(),
-                                 book_.Format(text.empty() ? raised : style)));
+    book_.Check(worksheet_write_string(sheet_, rowNumber, columnNumber,
+                                       (escapedText + escapedMarks).c_str(),
+                                       book_.Format(text.empty() ? raised : style)));
     return;
   }
   lxw_rich_string_tuple textPart = {nullptr, escapedText.data()};
@@ -214,10 +214,10 @@ void XlsxSheet::WriteMarked(int row, int column, std::string const& text, std::s
   lxw_error const error =
       worksheet_write_rich_string(sheet_, rowNumber, columnNumber, parts, book_.Format(style));
   if (error == LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED) {  // the library counts its markup, too
-    Check(worksheet_write_string(sheet_, rowNumber, columnNumber,
-                                 (escapedText + escapedMarks).c_str(), book_.Format(style)));
+    book_.Check(worksheet_write_string(sheet_, rowNumber, columnNumber,
+                                       (escapedText + escapedMarks).c_str(), book_.Format(style)));
   } else {
-    Check(error);
+    book_.Check(error);
   }
 }
 
@@ -225,22 +225,22 @@ void XlsxSheet::WriteNumber(int row, int column, double value, std::string const
                             XlsxStyle const& style) {
   CheckPlace(row, column);
   Widen(column, shown);
-  Check(worksheet_write_number(sheet_, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
-                               value, book_.Format(style)));
+  book_.Check(worksheet_write_number(sheet_, static_cast<lxw_row_t>(row),
+                                     static_cast<lxw_col_t>(column), value, book_.Format(style)));
 }
 
 void XlsxSheet::FormatEmptyCell(int row, int column, XlsxStyle const& style) {
   CheckPlace(row, column);
-  Check(worksheet_write_blank(sheet_, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
-                              book_.Format(style)));
+  book_.Check(worksheet_write_blank(sheet_, static_cast<lxw_row_t>(row),
+                                    static_cast<lxw_col_t>(column), book_.Format(style)));
 }
 
 void XlsxSheet::WriteLink(int row, std::string const& sheet, std::string const& text,
                           XlsxStyle const& style) {
   CheckPlace(row, 0);
   std::string const target = "internal:" + QuoteName(sheet) + "!A1";
-  Check(worksheet_write_url(sheet_, static_cast<lxw_row_t>(row), 0, target.c_str(),
-                            book_.Format(style)));
+  book_.Check(worksheet_write_url(sheet_, static_cast<lxw_row_t>(row), 0, target.c_str(),
+                                  book_.Format(style)));
   WriteLine(row, {text, ""}, style);
 }
 
@@ -251,9 +251,10 @@ bool XlsxSheet::Merge(int row, int column, int rows, int columns) {
   if (merged_ >= kMaxMerged) {
     return false;
   }
-  Check(worksheet_merge_range(sheet_, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
-                              static_cast<lxw_row_t>(row + rows - 1),
-                              static_cast<lxw_col_t>(column + columns - 1), "", nullptr));
+  book_.Check(worksheet_merge_range(sheet_, static_cast<lxw_row_t>(row),
+                                    static_cast<lxw_col_t>(column),
+                                    static_cast<lxw_row_t>(row + rows - 1),
+                                    static_cast<lxw_col_t>(column + columns - 1), "", nullptr));
   ++merged_;
   return true;
 }
@@ -268,8 +269,8 @@ void XlsxSheet::SetRowLevel(int row, int level) {
   CheckPlace(row, 0);
   lxw_row_col_options options = {};
   options.level = static_cast<std::uint8_t>(std::min(level, kMaxLevels));
-  Check(worksheet_set_row_opt(sheet_, static_cast<lxw_row_t>(row), LXW_DEF_ROW_HEIGHT, nullptr,
-                              &options));
+  book_.Check(worksheet_set_row_opt(sheet_, static_cast<lxw_row_t>(row), LXW_DEF_ROW_HEIGHT,
+                                    nullptr, &options));
 }
 
 void XlsxSheet::SetColumnLevel(int column, int level) {
@@ -301,7 +302,7 @@ void XlsxSheet::Finish() {
     options.level = static_cast<std::uint8_t>(levels_[column]);
     auto const number = static_cast<lxw_col_t>(column);
     int const width = widths_[column];
-    Check(worksheet_set_column_opt(sheet_, number, number, width, nullptr, &options));
+    book_.Check(worksheet_set_column_opt(sheet_, number, number, width, nullptr, &options));
     pixels += width * kPixelsPerCharacter + kPixelsPerCell;
   }
   SetUpPrinting(book_, sheet_, name_, number_, headings_, pixels);

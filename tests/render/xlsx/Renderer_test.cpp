@@ -1,3 +1,4 @@
+#include <cerrno>
 #include <cmath>
 #include <csignal>
 #include <cstdlib>
@@ -29,6 +30,19 @@ std::size_t OpenFiles() {
   auto const files = std::filesystem::directory_iterator("/proc/self/fd");
   return static_cast<std::size_t>(std::distance(begin(files), end(files)));
 }
+
+/// A cell that looks for something on a disk that is full.
+class BusyCell : public OmStringCellUTF8 {
+ public:
+  using OmStringCellUTF8::OmStringCellUTF8;
+
+  OmCellText* Clone(OmMemoryRegion* region) const override { return new (region) BusyCell("cell"); }
+
+  std::string GetText() const override {
+    errno = ENOSPC;
+    return OmStringCellUTF8::GetText();
+  }
+};
 
 /// Has temporary files in a directory of their own, to see what becomes of them.
 class XlsxRendererTest : public testing::Test {
@@ -248,6 +262,14 @@ TEST_F(XlsxRendererTest, AStreamThatFailsSaysSoItself) {
   out_.setstate(std::ios::badbit);
   RenderXlsx(document_, out_);
   EXPECT_TRUE(out_.bad());
+}
+
+TEST_F(XlsxRendererTest, ErrorsOfCellsAreNotTakenForErrorsOfWriting) {
+  Table& table = AddTable("table");
+  table.AddFlat("A", 2);
+  table.Place({0}, {});
+  table.Cell({0}, BusyCell("cell"));
+  EXPECT_NE(Rendered(), "");
 }
 
 TEST_F(XlsxRendererTest, AStreamMayThrow) {
