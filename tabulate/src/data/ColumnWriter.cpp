@@ -7,14 +7,16 @@ void ColumnWriter::AppendLater(std::string_view field) {
     column_->Append(field);
     return;
   }
-  std::uint64_t const hash = Dictionary::Hash(field);
-  column_->values_.Prefetch(hash);
-  text_.append(field);
-  waiting_[count_++] = {hash, text_.size(), column_->codes_.size()};
-  column_->codes_.push_back(kMissingCode);
   if (count_ == waiting_.size()) {
     Flush();
   }
+  std::uint64_t const hash = Dictionary::Hash(field);
+  column_->values_.Prefetch(hash);
+  std::size_t const row = column_->codes_.size();
+  text_.reserve(text_.size() + field.size());
+  column_->codes_.push_back(kMissingCode);
+  text_.append(field);
+  waiting_[count_++] = {hash, text_.size(), row};
 }
 
 void ColumnWriter::Flush() {

@@ -20,7 +20,8 @@ class ColumnWriter {
   explicit ColumnWriter(DataColumn& column) : column_(&column) {}
 
   /// Adds a row. Its code is not right before Flush().
-  /// @throws std::length_error when there are more than 4,294,967,295 distinct values.
+  /// @throws std::length_error when there are more than 4,294,967,295 distinct values. When anything
+  ///         is thrown, the row is not added.
   void Append(std::string_view field) {
     if (column_->Values().size() < kManyValues) {
       column_->Append(field);
@@ -29,7 +30,7 @@ class ColumnWriter {
     }
   }
 
-  /// Completes the rows that were added.
+  /// Completes the rows that were added; if it throws, it can be called again.
   void Flush();
 
  private:

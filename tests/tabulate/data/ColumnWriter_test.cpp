@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include "support/faults/FailingNew.h"
+
 using namespace lakresvos::tabulate;
 
 namespace {
@@ -46,4 +48,30 @@ TEST(ColumnWriter, AddsToTheNumbersOfTheColumn) {
   writer.Append("5000");
   writer.Flush();
   EXPECT_EQ(column.Numbers().byCode.size(), 5001u);
+}
+
+TEST(ColumnWriter, ARowThatThereIsNoMemoryForCanBeAddedAgain) {
+  DataColumn plain("a");
+  DataColumn written("a");
+  ColumnWriter writer(written);
+  std::size_t failures = 0;
+  for (int row = 0; row < 8300; ++row) {
+    std::string const value = "a value that is long: " + std::to_string(row);
+    plain.Append(value);
+    if (row < 4096) {
+      writer.Append(value);
+      continue;
+    }
+    failures += FailEveryAllocation([&] { writer.Append(value); },
+                                    [&] {
+                                      ASSERT_EQ(written.Codes().size(), plain.Codes().size() - 1);
+                                      if (row % 3 == 0) {
+                                        writer.Flush();
+                                      }
+                                    });
+  }
+  failures += FailEveryAllocation([&] { writer.Flush(); }, [] {});
+  EXPECT_GT(failures, 10u);
+  EXPECT_EQ(written.Codes(), plain.Codes());
+  EXPECT_EQ(written.Values().size(), plain.Values().size());
 }
