@@ -35,8 +35,8 @@ std::string FindDirectory() {
 
 }  // namespace
 
-int OpenTemporaryFile() {
-  return OpenUnnamed(FindDirectory());
+int OpenTemporaryFile(char const* directory) {
+  return OpenUnnamed(directory != nullptr ? directory : FindDirectory());
 }
 
 TemporaryFile::TemporaryFile() : descriptor_(OpenTemporaryFile()) {

@@ -6,8 +6,9 @@
 namespace lakresvos::render {
 
 /// Opens a file as TemporaryFile has one, which the caller closes.
+/// @param directory where; null: where TemporaryFile has it.
 /// @return -1 when that fails; errno says why.
-int OpenTemporaryFile();
+int OpenTemporaryFile(char const* directory = nullptr);
 
 /// A file without a name that goes with the object or with the process, however that ends, in the
 /// directory that TMPDIR names or else in /tmp.

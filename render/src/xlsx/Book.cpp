@@ -247,6 +247,11 @@ void XlsxBook::Close() {
   if (error != LXW_NO_ERROR || IsWriteError(errno)) {
     Fail(errno != 0 ? errno : EIO);
   }
+  if (!parts_.HasMade()) {
+    Fail(
+        "the process had loaded libxlsxwriter before, which does not tell then when a disk is "
+        "full");
+  }
 }
 
 void XlsxBook::Write(std::ostream& out) {

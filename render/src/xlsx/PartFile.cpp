@@ -69,6 +69,7 @@ PartFiles::~PartFiles() {
 }
 
 std::FILE* PartFiles::Make() try {
+  made_ = true;
   std::unique_ptr<Part> part(new Part{Descriptor(OpenTemporaryFile()), *this});
   auto const place = open_.insert(part.get()).first;
   if (part->descriptor.IsOpen()) {
@@ -94,7 +95,16 @@ void PartFiles::Keep(int error) {
 
 }  // namespace lakresvos::render
 
-extern "C" __attribute__((visibility("default"))) std::FILE* lxw_tmpfile(char* /*directory*/) {
-  using lakresvos::render::current;
-  return current != nullptr ? current->Make() : std::tmpfile();
+extern "C" __attribute__((visibility("default"))) std::FILE* lxw_tmpfile(char* directory) {
+  using namespace lakresvos::render;
+  if (current != nullptr) {
+    return current->Make();
+  }
+  // For a workbook of the process's own
+  int const file = OpenTemporaryFile(directory);
+  std::FILE* const stream = file >= 0 ? ::fdopen(file, "w+") : nullptr;
+  if (file >= 0 && stream == nullptr) {
+    ::close(file);
+  }
+  return stream;
 }

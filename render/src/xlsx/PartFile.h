@@ -22,6 +22,10 @@ class PartFiles {
   /// The library must be done with the files.
   ~PartFiles();
 
+  /// Whether any file was made. A library that was loaded before this one has a function of its own
+  /// make them.
+  bool HasMade() const { return made_; }
+
   /// The error number of the first call that failed; 0 when none failed.
   int Error() const { return error_; }
 
@@ -33,6 +37,7 @@ class PartFiles {
 
   void Keep(int error);
 
+  bool made_ = false;
   int error_ = 0;
   std::set<Part*> open_;
   PartFiles* former_;

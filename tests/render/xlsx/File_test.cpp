@@ -1,6 +1,8 @@
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -139,4 +141,19 @@ TEST_F(XlsxFileTest, WhatIsNoRegularFileIsWrittenToDirectly) {
   file_ = "/dev/full";
   EXPECT_EQ(Failure(), "/dev/full: No space left on device");
   EXPECT_TRUE(fs::is_character_file(file_));
+}
+
+// Workbooks that the process makes itself
+
+extern "C" std::FILE* lxw_tmpfile(char* directory);
+
+TEST_F(XlsxFileTest, TemporaryFilesOfOtherWorkbooksAreWhereTheyAreToBe) {
+  std::string path = directory_.Path("");
+  std::unique_ptr<std::FILE, int (*)(std::FILE*)> const file(lxw_tmpfile(path.data()),
+                                                             &std::fclose);
+  ASSERT_NE(file, nullptr);
+  std::string const link = "/proc/self/fd/" + std::to_string(::fileno(file.get()));
+  EXPECT_TRUE(fs::read_symlink(link).string().starts_with(path));
+  std::string nowhere = directory_.Path("nowhere");
+  EXPECT_EQ(lxw_tmpfile(nowhere.data()), nullptr);
 }

@@ -69,17 +69,21 @@ struct XlsxOptions : TableOptions {
 /// than 50 sheets, and those with a title that wraps, are held in memory instead.
 ///
 /// What writes workbooks is a module that stands beside the library and is loaded by the first call,
-/// with the libraries that it needs, and stays.
+/// with the libraries that it needs, and stays. In a process that had loaded libxlsxwriter before, no
+/// workbook is written, for that then does not tell of all errors.
 ///
-/// Thread safety: none; one thread at a time uses a document and the stream.
+/// Thread safety: one thread at a time uses a document and the stream. Any number of threads may
+/// each write a workbook; some steps, of which completing it takes the longest, are done for one of
+/// them at a time. During these steps `stderr` leads nowhere, in all threads, and signals to the
+/// thread wait, but for SIGKILL.
 ///
 /// @param tree the document; neither it nor its items are changed.
 /// @param out where to write; its state tells whether writing failed.
 /// @param options see XlsxOptions.
 /// @throws std::length_error that names the table when it has more than 1,048,576 rows or 16,384
 ///         columns, and for more than 65,000 sheets; std::runtime_error when the
-///         module cannot be loaded or there can be no temporary file, std::system_error when that
-///         cannot be written. Nothing is written to `out` then.
+///         module cannot be loaded, libxlsxwriter was loaded before it, or there can be no temporary
+///         file, std::system_error when that cannot be written. Nothing is written to `out` then.
 LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree const& tree, std::ostream& out,
                                         XlsxOptions const& options = {});
 
