@@ -1,3 +1,5 @@
+#include <array>
+#include <climits>
 #include <dlfcn.h>
 #include <filesystem>
 #include <stdexcept>
@@ -18,13 +20,22 @@ namespace {
 
 constexpr char kModule[] = LAKRESVOS_RENDER_XLSX_MODULE;
 
-/// The module is where this library is, wherever that is.
+/// The module is where this library is, wherever that is; the loader knows the whole path even when
+/// it found the library by a relative one and the process has another directory since.
 std::string FindModule() {
-  Dl_info library{};
-  if (::dladdr(kModule, &library) == 0) {
+  Dl_info here{};
+  if (::dladdr(kModule, &here) == 0) {
     return kModule;
   }
-  return std::filesystem::path(library.dli_fname).replace_filename(kModule);
+  std::filesystem::path folder = std::filesystem::path(here.dli_fname).parent_path();
+  if (void* const library = ::dlopen(here.dli_fname, RTLD_LAZY | RTLD_NOLOAD)) {
+    std::array<char, 2UL * PATH_MAX> origin{};  // of the process's directory and the relative path
+    if (::dlinfo(library, RTLD_DI_ORIGIN, origin.data()) == 0) {
+      folder = origin.data();
+    }
+    ::dlclose(library);
+  }
+  return folder / kModule;
 }
 
 XlsxFunction* Load() {
