@@ -48,3 +48,11 @@ lacks() {
 run "$bare" --format html
 lacks lakresvos_render_xlsx.so.0 'write workbooks' --format xlsx
 lacks lakresvos_report_charts.so 'draw charts' --format html --chart
+
+# A module of another version is not used.
+folder=$(dirname "$(env -u LD_LIBRARY_PATH ldd "$program" | awk '$1 ~ /^liblakresvos_render/ {print $3}')")
+sed 's/LakresvosWriteXlsx_[0-9]/LakresvosWriteXlsx_x/' "$folder/lakresvos_render_xlsx.so.0" \
+  >"$work/bare/lakresvos_render_xlsx.so.0"
+run "$bare" --format xlsx 2>"$work/errors" && fail "a module of another version is used"
+grep -q 'cannot write workbooks: .*: undefined symbol: LakresvosWriteXlsx_' "$work/errors" ||
+  fail "$(cat "$work/errors")"

@@ -5,7 +5,11 @@
 #include "xlsx/Renderer.h"
 
 extern "C" __attribute__((visibility("default"))) void LakresvosWriteXlsx(
-    OmOutputTree const& tree, std::ostream& out, lakresvos::render::XlsxOptions const& options) {
+    OmOutputTree const& tree, std::ostream& out,
+    lakresvos::render::XlsxOptions const& options) __asm__(LAKRESVOS_RENDER_XLSX_FUNCTION);
+
+void LakresvosWriteXlsx(OmOutputTree const& tree, std::ostream& out,
+                        lakresvos::render::XlsxOptions const& options) {
   lakresvos::render::WriteXlsx(tree, out, options);
 }
 
