@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -31,19 +32,26 @@ class OmDimensionEditingSafety : public OmDimensionEditing {
 
   OmDimensionEditingSafety() { Build("w e(t) f(a g(b c) d) h(i(u) j) z"); }
 
-  /// Runs `edit` on a dimension whose root's children are full, and of whose links some are stale.
+  /// A dimension whose root's children are full, and of whose links some are stale.
+  std::unique_ptr<OmDimension> Sample(OmMemoryRegion& region) const {
+    auto sample = std::make_unique<OmDimension>(dimension_, &region);
+    OmDimension::EraseChildAt(*sample, 0);
+    sample->AddNewChild(sample->Root(), SpyCell("y"), 9, false);
+    sample->AddNewChild(sample->Root(), SpyCell("x"), 10, false);
+    sample->AddNewChild(sample->Root(), SpyCell("v"), 11, false);
+    sample->AddNewChild(sample->Root(), SpyCell("w"), 12, false);
+    EXPECT_EQ(sample->children.size(), sample->children.capacity());
+    OmDimension::EraseChildAt(*sample->Root()[1].element, 0);
+    return sample;
+  }
+
+  /// Runs `edit` with failures, and compares the end with that of a twin without any.
   /// @return the number of failures.
-  template <class FailEvery>
-  std::size_t Attempt(FailEvery failEvery) {
+  template <class Edit, class FailEvery>
+  std::size_t Attempt(Edit edit, FailEvery failEvery) {
     OmMemoryRegion region(false);
-    OmDimension sample(dimension_, &region);
-    OmDimension::EraseChildAt(sample, 0);
-    sample.AddNewChild(sample.Root(), SpyCell("y"), 9, false);
-    sample.AddNewChild(sample.Root(), SpyCell("x"), 10, false);
-    sample.AddNewChild(sample.Root(), SpyCell("v"), 11, false);
-    sample.AddNewChild(sample.Root(), SpyCell("w"), 12, false);
-    EXPECT_EQ(sample.children.size(), sample.children.capacity());
-    OmDimension::EraseChildAt(*sample.Root()[1].element, 0);
+    std::unique_ptr<OmDimension> const made = Sample(region);
+    OmDimension& sample = *made;
 
     Picture const before(sample, region);
     EXPECT_NE(before.text.find('!'), std::string::npos);
@@ -53,6 +61,10 @@ class OmDimensionEditingSafety : public OmDimensionEditing {
       EXPECT_EQ(SpyCell::Live(), live);
     });
     EXPECT_NE(TextOf(sample), before.text) << "the edit changes something in the end";
+    OmMemoryRegion other(false);
+    std::unique_ptr<OmDimension> const twin = Sample(other);
+    edit(*twin);
+    EXPECT_EQ(TextOf(sample), TextOf(*twin));
     return failures;
   }
 
@@ -62,7 +74,7 @@ class OmDimensionEditingSafety : public OmDimensionEditing {
   void ExpectFailuresChangeNothing(Edit edit, std::size_t clones, std::size_t contexts,
                                    bool comparesLabels) {
     auto const calls = [&](Operation operation) {
-      return Attempt([&](OmDimension& sample, auto check) {
+      return Attempt(edit, [&](OmDimension& sample, auto check) {
         return FailEveryCall(
             operation, [&] { edit(sample); }, check);
       });
@@ -71,9 +83,10 @@ class OmDimensionEditingSafety : public OmDimensionEditing {
     EXPECT_EQ(calls(Operation::ShareContext), contexts);
     EXPECT_EQ(calls(Operation::Compare) > 0, comparesLabels);
     EXPECT_EQ(calls(Operation::GetKind) > 0, comparesLabels);
-    EXPECT_GT(Attempt([&](OmDimension& sample, auto check) {
-                return FailEveryAllocation([&] { edit(sample); }, check);
-              }),
+    EXPECT_GT(Attempt(edit,
+                      [&](OmDimension& sample, auto check) {
+                        return FailEveryAllocation([&] { edit(sample); }, check);
+                      }),
               2 * clones)
         << "each label, and a block of children, in both modes";
   }

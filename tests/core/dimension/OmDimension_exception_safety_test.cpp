@@ -14,38 +14,48 @@ using Node = OmDimension::Node;
 /// A dimension whose root's children and index are full, so that one more grows both.
 class OmDimensionSafety : public testing::Test {
  protected:
-  OmDimensionSafety() {
+  OmDimensionSafety() { Fill(dimension_); }
+
+  static void Fill(OmDimension& dimension) {
     for (char const* label : {"d", "c", "b", "a"}) {
-      Node const group = dimension_.Child(dimension_.Root(), SpyCell(label), 0, true);
-      dimension_.Child(group, SpyCell("x"), 0, false);
+      Node const group = dimension.Child(dimension.Root(), SpyCell(label), 0, true);
+      dimension.Child(group, SpyCell("x"), 0, false);
     }
   }
 
-  /// Makes every allocation of `attempt` fail in turn, and every clone.
-  template <class Attempt>
-  void ExpectNothingChangedByFailuresOf(Attempt attempt) {
+  /// Makes what `failEvery` says fail in turn while a child is added: each failure changes nothing,
+  /// and in the end the dimension is as one that never saw a failure.
+  /// @return the number of failures.
+  template <class FailEvery, class Attempt>
+  std::size_t FailuresOf(FailEvery failEvery, Attempt attempt) {
     std::string const before = TextOf(dimension_);
     long const live = SpyCell::Live();
-    auto const unchanged = [&] {
-      EXPECT_EQ(TextOf(dimension_), before);
-      EXPECT_EQ(SpyCell::Live(), live);
+    std::size_t const failures = failEvery([&] { attempt(dimension_); },
+                                           [&] {
+                                             EXPECT_EQ(TextOf(dimension_), before);
+                                             EXPECT_EQ(SpyCell::Live(), live);
+                                           });
+    OmDimension twin(OmDimensionNode(SpyCell("root"), 5, true, nullptr), &region_);
+    Fill(twin);
+    attempt(twin);
+    EXPECT_NE(TextOf(dimension_), before);
+    EXPECT_EQ(TextOf(dimension_), TextOf(twin));
+    return failures;
+  }
+
+  template <class Attempt>
+  void ExpectNothingChangedByFailuresOf(Attempt attempt) {
+    auto const clones = [](auto run, auto check) {
+      return FailEveryCall(SpyCell::Operation::Clone, run, check);
     };
-    EXPECT_GE(FailEveryCall(SpyCell::Operation::Clone, attempt, unchanged), 1U);
-    EXPECT_EQ(dimension_.Root().NChildren(), 5U);
+    EXPECT_GE(FailuresOf(clones, attempt), 1U);
   }
 
   template <class Attempt>
   void ExpectNothingChangedByRefusalsIn(Attempt attempt) {
-    std::string const before = TextOf(dimension_);
-    long const live = SpyCell::Live();
-    EXPECT_GE(FailEveryAllocation(attempt,
-                                  [&] {
-                                    EXPECT_EQ(TextOf(dimension_), before);
-                                    EXPECT_EQ(SpyCell::Live(), live);
-                                  }),
-              5U)
+    auto const requests = [](auto run, auto check) { return FailEveryAllocation(run, check); };
+    EXPECT_GE(FailuresOf(requests, attempt), 5U)
         << "a label, an index, which then stays grown, and a buffer";
-    EXPECT_EQ(dimension_.Root().NChildren(), 5U);
   }
 
   SpyBalance balance_;
@@ -55,31 +65,31 @@ class OmDimensionSafety : public testing::Test {
 };
 
 TEST_F(OmDimensionSafety, ChildWithAFailingCloneChangesNothing) {
-  ExpectNothingChangedByFailuresOf([&] { dimension_.Child(dimension_.Root(), label_, 7, false); });
+  ExpectNothingChangedByFailuresOf([&](OmDimension& to) { to.Child(to.Root(), label_, 7, false); });
 }
 
 TEST_F(OmDimensionSafety, ChildWithRefusedMemoryChangesNothing) {
-  ExpectNothingChangedByRefusalsIn([&] { dimension_.Child(dimension_.Root(), label_, 7, false); });
+  ExpectNothingChangedByRefusalsIn([&](OmDimension& to) { to.Child(to.Root(), label_, 7, false); });
 }
 
 TEST_F(OmDimensionSafety, ChildOfAFinishedNodeWithAFailingCloneChangesNothing) {
   OmDimensionNode const node(label_, 7, false, nullptr);
-  ExpectNothingChangedByFailuresOf([&] { dimension_.Child(dimension_.Root(), node); });
+  ExpectNothingChangedByFailuresOf([&](OmDimension& to) { to.Child(to.Root(), node); });
 }
 
 TEST_F(OmDimensionSafety, ChildOfAFinishedNodeWithRefusedMemoryChangesNothing) {
   OmDimensionNode const node(label_, 7, false, nullptr);
-  ExpectNothingChangedByRefusalsIn([&] { dimension_.Child(dimension_.Root(), node); });
+  ExpectNothingChangedByRefusalsIn([&](OmDimension& to) { to.Child(to.Root(), node); });
 }
 
 TEST_F(OmDimensionSafety, AddNewChildWithAFailingCloneChangesNothing) {
   ExpectNothingChangedByFailuresOf(
-      [&] { dimension_.AddNewChild(dimension_.Root(), label_, 7, false); });
+      [&](OmDimension& to) { to.AddNewChild(to.Root(), label_, 7, false); });
 }
 
 TEST_F(OmDimensionSafety, AddNewChildWithRefusedMemoryChangesNothing) {
   ExpectNothingChangedByRefusalsIn(
-      [&] { dimension_.AddNewChild(dimension_.Root(), label_, 7, false); });
+      [&](OmDimension& to) { to.AddNewChild(to.Root(), label_, 7, false); });
 }
 
 TEST_F(OmDimensionSafety, AContextThatCannotBeSharedChangesNothing) {
