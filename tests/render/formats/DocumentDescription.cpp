@@ -1,8 +1,9 @@
 #include "render/formats/DocumentDescription.h"
 
+#include <cmath>
 #include <string>
 
-#include <cells/OmCellMetaData.h>
+#include <cells/cells.h>
 #include <lakresvos/lakresvos.h>
 
 #include "render/grid/GridModel.h"
@@ -25,6 +26,29 @@ std::string Bytes(std::string const& text) {
   }
   return encoded;
 }
+
+/// The number that a cell shows and its decimals, -1 for as many as it needs; null when it shows
+/// something else.
+class ShownNumber : public OmCellText::Visitor {
+ public:
+  using OmCellText::Visitor::Visit;
+
+  json number = nullptr;
+
+  void Visit(OmNumber& cell) override { Show(cell.Value(), cell.Decimals()); }
+  void Visit(OmNumDataValue& cell) override {
+    if (cell.Display() == OmLabelDisplay::Value || cell.Label().empty()) {
+      Show(cell.Value(), -1);
+    }
+  }
+
+ private:
+  void Show(double value, int decimals) {
+    if (std::isfinite(value)) {
+      number = {{"value", value}, {"decimals", decimals}};
+    }
+  }
+};
 
 /// Describes items one after the other.
 class Describer : public OmOutputPart::Visitor {
@@ -129,7 +153,12 @@ class Describer : public OmOutputPart::Visitor {
       json positions = json::array();
       for (int column = 0; column < grid.Columns(); ++column) {
         if (row >= grid.HeadingRows() && column >= grid.HeadingColumns()) {
-          positions.push_back({{"text", TextOf(grid.Body(row, column), &table)}});
+          OmCellText* const cell = grid.Body(row, column);
+          ShownNumber shown;
+          if (cell != nullptr) {
+            cell->Accept(shown);
+          }
+          positions.push_back({{"text", TextOf(cell, &table)}, {"number", shown.number}});
         } else {
           GridModel::Position const at = grid.At(row, column);
           positions.push_back(

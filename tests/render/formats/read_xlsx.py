@@ -29,12 +29,19 @@ def shown(cell):
         return ""
     if cell.data_type != "n":
         return cell.value
+    decimals = decimals_of(cell)
+    return str(cell.value) if decimals < 0 else f"{cell.value:.{decimals}f}"
+
+
+def decimals_of(cell):
+    """Of its number format; -1 for the general one."""
     number_format = re.sub(r'"[^"]*"', "", cell.number_format)
-    decimals = re.fullmatch(r"0(?:\.(0+))?", number_format)
-    return f"{cell.value:.{len(decimals[1] or '')}f}" if decimals else str(cell.value)
+    if number_format == "General":
+        return -1
+    return len(re.fullmatch(r"0(?:\.(0+))?", number_format)[1] or "")
 
 
-def expanded(sheet):
+def expanded(sheet, shown=shown):
     """All rows, with what is in merged cells at each of their places."""
     rows = [[shown(cell) for cell in row] for row in sheet.iter_rows()]
     for merged in sheet.merged_cells.ranges:

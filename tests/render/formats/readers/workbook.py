@@ -1,5 +1,6 @@
 """What a workbook shows, its parts read by a strict XML parser and its sheets by openpyxl."""
 
+import dataclasses
 import string
 import xml.sax
 import zipfile
@@ -8,6 +9,8 @@ import read_xlsx
 from readers import description
 
 MOST_UNITS = 1000  # of UTF-16 in a line across the page
+LARGEST = 9.99999999999999e307  # number of a cell
+MOST_DECIMALS = 30  # of a number format
 
 
 def shown(directory):
@@ -25,7 +28,21 @@ def shown(directory):
 
 
 def rows_in(sheet):
-    return [row for row in read_xlsx.expanded(sheet) if any(str(text).strip() for text in row)]
+    rows = read_xlsx.expanded(sheet, content)
+    return [row for row in rows if any(str(text).strip() for text in row)]
+
+
+def content(cell):
+    """A number with its decimals, or a text."""
+    if cell.value is not None and cell.data_type == "n":
+        return Number(cell.value, read_xlsx.decimals_of(cell))
+    return cell.value if cell.value is not None else ""
+
+
+@dataclasses.dataclass(frozen=True)
+class Number:
+    value: float
+    decimals: int  # -1: as many as it needs
 
 
 def expected(items):
@@ -80,19 +97,23 @@ class Within:
 
 
 class Shown:
-    """A text that a cell is to show, and the marks of its footnotes: raised, and so told from the
-    text, only where there is one."""
+    """What a cell is to show, and the marks of its footnotes: raised, and so told from the text, only
+    where there is one. A number is one to 16 digits; it may be a text where it has marks."""
 
-    def __init__(self, text, marks=""):
-        self.text, self.marks = text, marks
+    def __init__(self, text, marks="", number=None):
+        self.text, self.marks, self.number = text, marks, number
 
     def __repr__(self):
-        return repr(self.text)
+        return repr(self.number or self.text)
 
     def __eq__(self, other):
-        text = tidy(str(other if other is not None else ""))
+        if isinstance(other, Number):
+            return other == self.number
+        if self.number and not self.marks:
+            return False
+        text = tidy(other or "")
         wanted = [self.text] if self.text.strip() else [self.text, self.marks]
-        return any(text == tidy(want) or same_number(text, want) for want in wanted)
+        return any(text == tidy(want) for want in wanted)
 
     def __bool__(self):
         return bool(self.text.strip() or self.marks)
@@ -102,13 +123,13 @@ def tidy(text):
     return " ".join(text.split())
 
 
-def same_number(shown_text, expected_text):
-    try:
-        number, wanted = float(shown_text), float(expected_text)
-    except ValueError:
-        return False
-    decimals = len(expected_text.partition(".")[2])
-    return abs(number - wanted) <= max(1e-14 * abs(wanted), 0.51 * 10.0**-decimals)
+def number_at(position):
+    """The number that the cell in a position is to hold; none for one that no cell can hold."""
+    number = position.get("number")
+    if number is None or abs(number["value"]) > LARGEST:
+        return None
+    decimals = number["decimals"]
+    return Number(float(f"{number['value']:.16g}"), decimals if decimals <= MOST_DECIMALS else -1)
 
 
 class Sheet:
@@ -121,7 +142,7 @@ class Sheet:
         for layer in table["layers"]:
             self.add_lines(*description.layer_line(layer, self.show_raised))
             for row in layer["rows"]:
-                self.add([Shown(*self.show(position["text"])) for position in row])
+                self.add([Shown(*self.show(position["text"]), number_at(position)) for position in row])
         for mark, text in zip(self.footnotes.written, self.footnotes.texts):
             self.add_lines(description.clean(raised(mark) or f"[{mark}]") + f" {text}")
         self.add_lines(*self.show(table["caption"]))
