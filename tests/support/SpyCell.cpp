@@ -164,3 +164,7 @@ SpyFailure::SpyFailure(SpyCell::Operation operation, std::size_t n) {
 SpyFailure::~SpyFailure() {
   failure.left = 0;
 }
+
+bool SpyFailure::HasThrown() const {
+  return failure.left == 0;
+}

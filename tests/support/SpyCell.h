@@ -113,17 +113,24 @@ class SpyFailure {
   ~SpyFailure();
   SpyFailure(SpyFailure const&) = delete;
   SpyFailure& operator=(SpyFailure const&) = delete;
+
+  /// Whether the call was made, and threw.
+  bool HasThrown() const;
 };
 
-/// Runs `attempt` with the first call of `operation` failing, then with the second, ... until it
-/// succeeds, and calls `check` after every failure. Returns the number of failures.
+/// Runs `attempt` with the first call of `operation` failing, then with the second, ... until there
+/// is none to fail, and calls `check` after every failure. Returns the number of failures. It fails
+/// when `attempt` keeps what a call throws to itself.
 template <class Attempt, class Check>
 std::size_t FailEveryCall(SpyCell::Operation operation, Attempt attempt, Check check) {
   for (std::size_t n = 1;; ++n) {
     try {
       SpyFailure const failing(operation, n);
       attempt();
-      return n - 1;
+      if (!failing.HasThrown()) {
+        return n - 1;
+      }
+      ADD_FAILURE() << "nothing was thrown on of call " << n;
     } catch (SpyFailure::Exception const&) {  // NOLINT(bugprone-empty-catch): checked without it
     }
     check();
