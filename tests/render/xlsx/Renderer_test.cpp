@@ -6,19 +6,25 @@
 #include <gtest/gtest.h>
 #include <iterator>
 #include <map>
+#include <memory>
+#include <ostream>
 #include <sstream>
 #include <stdexcept>
 #include <string>
 #include <sys/resource.h>
 #include <vector>
 
+#include <cells/OmCellMetaData.h>
+#include <cells/OmNumber.h>
 #include <lakresvos/OmChart.h>
 #include <lakresvos/OmHeading.h>
 #include <lakresvos/OmTextBlock.h>
 #include <lakresvos/render/XlsxRenderer.h>
 
+#include "render/support/Collector.h"
 #include "render/support/SpyTable.h"
 #include "support/TemporaryDirectory.h"
+#include "support/ZipParts.h"
 #include "support/faults/FailingNew.h"
 
 using lakresvos::render::RenderXlsx;
@@ -287,22 +293,79 @@ TEST_F(XlsxRendererTest, BearsAHundredThousandLevels) {
   EXPECT_NE(Rendered(), "");
 }
 
-TEST_F(XlsxRendererTest, EveryFailedAllocationLeavesNothingBehind) {
-  Table& table = AddTable("a title that is long enough for the heap");
-  table.AddFlat("A", 2);
-  table.AddFlat("B", 2);
-  table.AddFlat("C", 2);
-  table.AddFlat("D", 2);
-  table.Place({0}, {1, 2}, {3});
-  table.PutAll();
-  AddFootnote(table, "note");
-  OmStringCellUTF8 marked("日本語");
-  table.Cell({0, 0, 0, 0}, WithFootnotes(marked, {0}));
-  AppendItem<OmTextBlock>(document_.begin(), Utf8("label"), "text that is long enough to allocate");
-  std::ostream nowhere(nullptr);
-  std::size_t const files = OpenFiles();
-  std::size_t const failures = FailEveryAllocation([&] { RenderXlsx(document_, nowhere); },
-                                                   [&] { ASSERT_EQ(temporary_.Entries(), 0u); });
-  EXPECT_GT(failures, 100u);
-  EXPECT_EQ(OpenFiles(), files);
+/// A document with something of all that workbooks show: two tables, the first with styles and
+/// notes, texts, and a picture that is none.
+class XlsxRendererWithoutMemory : public XlsxRendererTest {
+ protected:
+  XlsxRendererWithoutMemory() {
+    FillWithAll(AddTable("a title that is long enough for the heap"));
+    FillWithAll(AddTable("two lines\nof another title that is long enough for the heap"));
+    AppendItem<OmHeading>(document_.begin(), Utf8("a heading that is long enough for the heap"));
+    AppendItem<OmTextBlock>(document_.begin(), Utf8("label"), "a text that is long enough");
+    AppendItem<OmChart>(document_.begin(), Utf8("chart"), "", 1).SetImageStream("no picture", 10);
+  }
+
+  static void FillWithAll(Table& table) {
+    table.AddFlat("A", 2);
+    table.AddFlat("B", 2);
+    table.AddFlat("C", 2);
+    table.AddFlat("D", 2);
+    table.Place({0}, {1, 2}, {3});
+    table.PutAll();
+    AddFootnote(table, "note");
+    OmStringCellUTF8 marked("日本語, long enough for the heap");
+    OmCellMetaData styled;
+    styled.setStyle(1);
+    styled.addFootnote(0);
+    marked.setMeta(&styled);
+    table.Cell({0, 0, 0, 0}, marked);
+    OmNumber number(1.5, 2);
+    table.Cell({1, 0, 0, 0}, WithFootnotes(number, {0}));
+    table.cellStyles().resize(2);
+    table.cellStyles()[1].setTextColor("#102030");
+    OmStringCellUTF8 const caption("a caption that is long enough for the heap");
+    table.Caption(&caption);
+    auto format = std::make_unique<FormatArea>(FormatArea::AreaData);
+    format->setFontName("a font with a name that is long enough for the heap");
+    table.setAreaFormat(format.release());
+  }
+
+  /// Renders with each request for memory refused, and compares what there is with the whole.
+  /// @return the number of failures.
+  template <class Render>
+  std::size_t Failures(Render render) {
+    std::size_t const files = OpenFiles();
+    std::size_t const entries = temporary_.Entries();
+    std::size_t const failures = FailEveryAllocationOf(render);
+    EXPECT_EQ(temporary_.Entries(), entries);
+    EXPECT_EQ(OpenFiles(), files);
+    return failures;
+  }
+};
+
+TEST_F(XlsxRendererWithoutMemory, WritesAllOrThrows) {
+  Collector collector;
+  for (bool const layersAsSheets : {false, true}) {
+    lakresvos::render::XlsxOptions options;
+    options.layersAsSheets = layersAsSheets;
+    EXPECT_GT(Failures([&] {
+                collector.Clear();
+                std::ostream out(&collector);
+                RenderXlsx(document_, out, options);
+                return ZipParts(collector.Text(), kTimePart);
+              }),
+              100U);
+    EXPECT_NE(collector.Text(), "");
+  }
+}
+
+TEST_F(XlsxRendererWithoutMemory, ReplacesAFileOrThrows) {
+  TemporaryDirectory const directory;
+  std::string const path = directory.Path("book.xlsx");
+  EXPECT_GT(Failures([&] {
+              RenderXlsx(document_, path);
+              return ZipParts(ReadFile(path), kTimePart);
+            }),
+            100U);
+  EXPECT_EQ(directory.Entries(), 1U);
 }
