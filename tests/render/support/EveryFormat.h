@@ -31,7 +31,7 @@ inline void RenderInEveryFormat(OmOutputTree const& tree) {
   RenderJson(tree, out, options);
   try {
     RenderXlsx(tree, out);
-  } catch (std::runtime_error const&) {  // workbooks have limits of their own
+  } catch (std::length_error const&) {  // sheets have limits of their own
   }
 }
 
