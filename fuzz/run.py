@@ -87,7 +87,7 @@ class Target:
         status = self.call(f"-max_total_time={seconds}", "-print_final_stats=1", *dictionary,
                            self.grown, self.kept)
         for slow in set(self.findings.glob("slow-unit-*")) - known:
-            if self.seconds_in_release(slow) <= SECONDS_FOR_AN_INPUT:
+            if self.is_quick_in_release(slow):
                 slow.unlink()
         log = self.log.read_text(errors="replace")
         executions = re.findall(r"^stat::number_of_executed_units: +(\d+)", log, re.M)
@@ -99,14 +99,10 @@ class Target:
             "status": status,
         }
 
-    def seconds_in_release(self, file):
-        """How much processor time the replay of an input takes without sanitizers."""
-        replay = subprocess.Popen([RELEASE_BUILD / "fuzz" / self.program.name, file],
-                                  stdout=subprocess.DEVNULL)
-        _, status, usage = os.wait4(replay.pid, 0)
-        if status != 0:
-            sys.exit(f"{self.name}: {file} ends the replay")
-        return usage.ru_utime + usage.ru_stime
+    def is_quick_in_release(self, file):
+        """Whether the replay, which measures processor time, finds nothing without sanitizers."""
+        return subprocess.run([RELEASE_BUILD / "fuzz" / self.program.name, file], check=False,
+                              stdout=subprocess.DEVNULL).returncode == 0
 
     def merge(self):
         """Keeps of all inputs few that reach every edge that all reach, and those with names."""

@@ -3,9 +3,9 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <iostream>
+#include <optional>
 #include <rapidcheck.h>
-
-#include <cells/OmMemoryRegion.h>
+#include <sstream>
 
 #include "support/faults/FailingNew.h"
 
@@ -31,6 +31,22 @@ std::size_t Measure(std::string_view input) {
   return meter.Peak();
 }
 
+/// Runs the target, and says what memory is held when that is not what was held before.
+std::optional<std::string> WhatIsLeftBy(std::string_view input) {
+  HeldMemory const before = HeldMemory::Now();
+  std::size_t const peak = Measure(input);
+  if (peak > Needs(input.size()) + kBeyondNeeds) {
+    Fail(std::to_string(peak) + " bytes of memory for an input of " + std::to_string(input.size()));
+  }
+  HeldMemory const after = HeldMemory::Now();
+  if (after == before) {
+    return std::nullopt;
+  }
+  std::ostringstream text;
+  text << after << "; before: " << before;
+  return text.str();
+}
+
 }  // namespace
 
 void Fail(std::string const& why) {
@@ -40,14 +56,11 @@ void Fail(std::string const& why) {
 
 int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
   testing::GTEST_FLAG(break_on_failure) = true;
-  unsigned long const before = OmMemoryRegion::DefaultHeap()->BytesInUse();
-  std::size_t const peak = Measure({reinterpret_cast<char const*>(data), size});
-  if (peak > Needs(size) + kBeyondNeeds) {
-    Fail(std::to_string(peak) + " bytes of memory for an input of " + std::to_string(size));
-  }
-  unsigned long const after = OmMemoryRegion::DefaultHeap()->BytesInUse();
-  if (after != before) {
-    Fail(std::to_string(after - before) + " bytes are left on the default heap");
+  std::string_view const input(reinterpret_cast<char const*>(data), size);
+  if (WhatIsLeftBy(input).has_value()) {  // what is made once and kept is not left again
+    if (auto const left = WhatIsLeftBy(input)) {
+      Fail("memory is left: " + *left);
+    }
   }
   return 0;
 }

@@ -1,9 +1,12 @@
 #include "harness/Target.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 #include <stdexcept>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include <cells/OmMemoryRegion.h>
 
@@ -20,6 +23,13 @@ void Exercise(std::string_view input) {
     throw std::runtime_error("exception");
   } else if (input == "left") {
     OmMemoryRegion::DefaultHeap()->Allocate(16);
+  } else if (input == "left on the general heap") {
+    static std::vector<std::string> kept;
+    kept.emplace_back(100, 'x');
+  } else if (input == "made once") {
+    static std::string const once(100, 'x');
+  } else if (input == "65 MB in a thread") {
+    std::thread([] { std::string const large(65U << 20U, 'x'); }).join();
   } else if (input.starts_with("65 MB")) {
     std::string const large(65U << 20U, 'x');
   }
@@ -36,6 +46,7 @@ int RunOn(std::string const& input) noexcept {
 TEST(FuzzTarget, LetsInputsPassThatBreakNothing) {
   EXPECT_EQ(RunOn(""), 0);
   EXPECT_EQ(RunOn("discarded"), 0);
+  EXPECT_EXIT(std::_Exit(RunOn("made once")), testing::ExitedWithCode(0), "");
 }
 
 TEST(FuzzTarget, ReportsWhatAPropertyAsserts) {
@@ -52,9 +63,12 @@ TEST(FuzzTarget, ReportsExceptions) {
 
 TEST(FuzzTarget, ReportsMemoryBeyondWhatTheInputNeeds) {
   EXPECT_ABORT(RunOn("65 MB"), "finding: .* bytes of memory for an input of 5");
+  EXPECT_ABORT(RunOn("65 MB in a thread"), "finding: .* bytes of memory for an input of 17");
   EXPECT_EQ(RunOn("65 MB" + std::string(1024, ' ')), 0);
 }
 
-TEST(FuzzTarget, ReportsMemoryThatIsLeftOnTheDefaultHeap) {
-  EXPECT_ABORT(RunOn("left"), "finding: .* bytes are left on the default heap");
+TEST(FuzzTarget, ReportsMemoryThatIsLeft) {
+  EXPECT_ABORT(RunOn("left"), "finding: memory is left: .* on the default heap");
+  EXPECT_ABORT(RunOn("left on the general heap"),
+               "finding: memory is left: .* on the general heap");
 }

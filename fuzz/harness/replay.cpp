@@ -6,9 +6,28 @@
 #include <iostream>
 #include <iterator>
 #include <string>
+#include <time.h>
 #include <vector>
 
 #include "harness/Target.h"
+
+namespace {
+
+/// The processor time of all threads of the program so far.
+double Seconds() {
+  timespec time{};
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
+
+/// What an input may take; more where the code is slowed down.
+#if defined(__OPTIMIZE__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+constexpr double kMostSeconds = 1;
+#else
+constexpr double kMostSeconds = 10;
+#endif
+
+}  // namespace
 
 int main(int argc, char** argv) {
   std::vector<std::filesystem::path> files;
@@ -26,7 +45,11 @@ int main(int argc, char** argv) {
     std::cout << file.string() << std::endl;  // the last one is the one that failed
     std::ifstream in(file, std::ios::binary);
     std::vector<char> const bytes{std::istreambuf_iterator<char>(in), {}};
+    double const start = Seconds();
     LLVMFuzzerTestOneInput(reinterpret_cast<std::uint8_t const*>(bytes.data()), bytes.size());
+    if (double const taken = Seconds() - start; taken > kMostSeconds) {
+      Fail(std::to_string(taken) + " seconds for an input");
+    }
   }
   std::cout << files.size() << " inputs\n";
   return files.empty() ? 1 : 0;

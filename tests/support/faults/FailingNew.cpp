@@ -13,12 +13,22 @@ thread_local FailAfter* failingHere = nullptr;
 constinit std::atomic<FailAfter*> failingEverywhere = nullptr;
 
 struct Meter {
-  bool running = false;
-  long long held = 0;
-  long long peak = 0;
+  std::atomic<bool> running = false;
+  std::atomic<long long> held = 0;
+  std::atomic<long long> peak = 0;
+
+  void Add(long long size) {
+    if (!running) {
+      return;
+    }
+    long long const now = held.fetch_add(size) + size;
+    long long most = peak;
+    while (now > most && !peak.compare_exchange_weak(most, now)) {
+    }
+  }
 };
 
-thread_local Meter meter;
+constinit Meter meter;
 
 /// What lives, of one sort of memory, in all threads together.
 struct Tally {
@@ -90,10 +100,7 @@ void* Supply(std::size_t size, std::size_t alignment) noexcept {
     return nullptr;
   }
   TallyOf(alignment).Add(1, SizeOf(block, alignment));
-  if (meter.running) {
-    meter.held += static_cast<long long>(malloc_usable_size(block));
-    meter.peak = std::max(meter.peak, meter.held);
-  }
+  meter.Add(static_cast<long long>(malloc_usable_size(block)));
   return block;
 }
 
@@ -102,9 +109,7 @@ void TakeBack(void* block, std::size_t alignment) noexcept {
     return;
   }
   TallyOf(alignment).Add(-1, -SizeOf(block, alignment));
-  if (meter.running) {
-    meter.held -= static_cast<long long>(malloc_usable_size(block));
-  }
+  meter.Add(-static_cast<long long>(malloc_usable_size(block)));
   std::free(block);
 }
 
@@ -140,7 +145,9 @@ bool FailAfter::Refuses() {
 }
 
 MemoryMeter::MemoryMeter() {
-  meter = {true, 0, 0};
+  meter.held = 0;
+  meter.peak = 0;
+  meter.running = true;
 }
 
 MemoryMeter::~MemoryMeter() {
@@ -148,7 +155,7 @@ MemoryMeter::~MemoryMeter() {
 }
 
 std::size_t MemoryMeter::Peak() const {
-  return static_cast<std::size_t>(meter.peak);
+  return static_cast<std::size_t>(meter.peak.load());
 }
 
 HeldMemory HeldMemory::Now() {

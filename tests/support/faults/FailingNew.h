@@ -39,8 +39,8 @@ class FailAfter {
   std::atomic<std::size_t> asked_ = 0;
 };
 
-/// Measures what the global operator new gives out while it exists, which regions are filled by too.
-/// Memory of other threads is left out.
+/// Measures what the global operator new gives out in all threads while it exists, which regions are
+/// filled by too.
 ///
 /// One exists at a time.
 class MemoryMeter {
