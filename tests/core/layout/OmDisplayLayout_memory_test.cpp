@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <memory>
+#include <tuple>
 #include <vector>
 
 #include <lakresvos/OmDisplayColumnHeading.h>
@@ -135,17 +136,43 @@ TEST_F(OmDisplayLayoutMemory, RunsOutWithoutALeakInEveryList) {
   layers.NextLayer();
   OmDisplayRowHeading const rows(layers, true, false);
   OmDisplayColumnHeading const columns(layers, false);
-  auto const queries = [&] {
-    layers.Nodes(0);
-    layers.getCurrentCellIndex();
-    rows.Row(0);
-    rows.Column(0);
-    rows.RowCategories(0);
-    rows.CornerText();
-    columns.Column(1);
-    columns.Row(0);
+  auto const inTurn = [&] {
+    return std::tuple(layers.Nodes(0), layers.getCurrentCellIndex(), rows.Row(0), rows.Column(0),
+                      rows.RowCategories(0), rows.CornerText());
   };
-  EXPECT_GT(FailEveryAllocation(queries, [] {}), 0U);
+  EXPECT_GT(FailEveryAllocationOf(inTurn), 5U);
+  auto const ofColumns = [&] {
+    return std::tuple(columns.Column(1), columns.Row(0), columns.ColumnCategories(1),
+                      columns.getNonEmptyColumns());
+  };
+  EXPECT_GT(FailEveryAllocationOf(ofColumns), 3U);
+}
+
+TEST_F(OmDisplayLayoutMemory, RunsOutWithTheListsUnchangedWhileAColumnsPathsAreAppended) {
+  table.Place({}, {0, 1, 2});
+  OmDisplayLayerHeading layers(table, false);
+  layers.NextLayer();
+  OmDisplayColumnHeading const columns(layers, false);
+  Index index{5};
+  EXPECT_GT(
+      FailEveryAllocation([&] { columns.Fill(index, 1); }, [&] { EXPECT_EQ(index, Index{5}); }),
+      0U);
+  EXPECT_EQ(index.size(), 3U);
+  std::vector<PathNode*> out{nullptr};
+  EXPECT_GT(FailEveryAllocation([&] { columns.DimAllNodes(3, out); },
+                                [&] { EXPECT_EQ(out, std::vector<PathNode*>{nullptr}); }),
+            0U);
+  EXPECT_EQ(out.size(), 8U);
+  std::vector<PathNode*> outermost;
+  std::vector<PathNode*> categories{nullptr};
+  EXPECT_GT(FailEveryAllocation([&] { columns.DimCatNodes(3, outermost, categories); },
+                                [&] {
+                                  EXPECT_TRUE(outermost.empty());
+                                  EXPECT_EQ(categories.size(), 1U);
+                                }),
+            0U);
+  EXPECT_EQ(outermost.size(), 3U);
+  EXPECT_EQ(categories.size(), 4U);
 }
 
 // The dense search keeps sets for what it found no cell of yet.
