@@ -1,4 +1,5 @@
 #include <cstddef>
+#include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -200,6 +201,40 @@ TEST_F(RenderRefusedMemory, IsThrownByAFileThatIsNotWrittenThen) {
       });
   EXPECT_GT(failures, 2U);
   EXPECT_EQ(ReadFile(old), "new");
+}
+
+TEST_F(RenderRefusedMemory, IsThrownByANewFileThatIsNotThereThen) {
+  TemporaryDirectory const directory;
+  std::string const path = directory.Path("new");
+  std::size_t const failures = FailEveryAllocation(
+      [&] {
+        OutputFile file(path);
+        file.Stream() << "new";
+        file.Commit();
+      },
+      [&] { EXPECT_EQ(directory.Entries(), 0U); });
+  EXPECT_GT(failures, 2U);
+  EXPECT_EQ(ReadFile(path), "new");
+}
+
+TEST_F(RenderRefusedMemory, IsThrownByALinkToAFileThatIsNotWrittenThen) {
+  TemporaryDirectory const directory;
+  std::string const old = directory.Write("old", "old");
+  std::string const link = directory.Path("link");
+  std::filesystem::create_symlink(old, link);
+  std::size_t const failures = FailEveryAllocation(
+      [&] {
+        OutputFile file(link);
+        file.Stream() << "new";
+        file.Commit();
+      },
+      [&] {
+        EXPECT_EQ(ReadFile(old), "old");
+        EXPECT_EQ(directory.Entries(), 2U);
+      });
+  EXPECT_GT(failures, 2U);
+  EXPECT_EQ(ReadFile(old), "new");
+  EXPECT_TRUE(std::filesystem::is_symlink(link));
 }
 
 // Reading
