@@ -111,34 +111,26 @@ TEST(AllocationFailure, AFailedCloneOfNestedCompositesLeavesNothingBehind) {
 
 TEST(AllocationFailure, AFailedConstructionLeavesNothingBehind) {
   std::string const text(100, 'x');
-  std::function<OmCellText*()> const makers[] = {
-      [&]() -> OmCellText* { return new OmStringCell(text); },
-      [&]() -> OmCellText* { return new OmVariable(text, text); },
-      [&]() -> OmCellText* { return new OmNumDataValue(1, text); },
-      [&]() -> OmCellText* { return new OmComposite(text); },
+  std::function<OmCellText*(OmMemoryRegion*)> const makers[] = {
+      [&](OmMemoryRegion* in) { return new (in) OmStringCell(text); },
+      [&](OmMemoryRegion* in) { return new (in) OmStringCellUTF8(text); },
+      [&](OmMemoryRegion* in) { return new (in) OmNumber(1.5, 2); },
+      [&](OmMemoryRegion* in) { return new (in) OmVariable(text, text); },
+      [&](OmMemoryRegion* in) { return new (in) OmNumDataValue(1, text); },
+      [&](OmMemoryRegion* in) { return new (in) OmStringDataValue(text, text); },
+      [&](OmMemoryRegion* in) { return new (in) OmComposite(text); },
   };
-  unsigned long const heap = OmMemoryRegion::DefaultHeap()->BytesInUse();
-  for (auto const& make : makers) {
-    CellPointer cell;
-    FailEveryAllocation([&] { cell.reset(make()); },
-                        [&] { EXPECT_EQ(OmMemoryRegion::DefaultHeap()->BytesInUse(), heap); });
-  }
-}
-
-TEST(AllocationFailure, AFailedConstructionInARegionLeavesNothingBehind) {
-  std::string const text(100, 'x');
   OmMemoryRegion region(false);
-  std::function<OmCellText*()> const makers[] = {
-      [&]() -> OmCellText* { return new (&region) OmStringCell(text); },
-      [&]() -> OmCellText* { return new (&region) OmVariable(text, text); },
-      [&]() -> OmCellText* { return new (&region) OmComposite(text); },
-  };
-  for (auto const& make : makers) {
-    CellPointer cell;
-    EXPECT_GE(FailEveryAllocation([&] { cell.reset(make()); },
-                                  [&] { EXPECT_EQ(region.BytesInUse(), 0U); }),
-              4U);
-    EXPECT_GE(region.BytesInUse(), 100U);
+  for (OmMemoryRegion* const in : {OmMemoryRegion::DefaultHeap(), &region}) {
+    for (auto const& make : makers) {
+      unsigned long const before = in->BytesInUse();
+      CellPointer cell;
+      EXPECT_GE(FailEveryAllocation([&] { cell.reset(make(in)); },
+                                    [&] { EXPECT_EQ(in->BytesInUse(), before); }),
+                2U);
+      EXPECT_EQ(cell->GetText(), CellPointer(make(nullptr))->GetText());
+      EXPECT_GT(in->BytesInUse(), before);
+    }
   }
 }
 
