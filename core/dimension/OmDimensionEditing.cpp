@@ -208,8 +208,10 @@ void OmDimension::insertChild(OmCellText const& text, std::vector<Node*> nodes) 
   std::vector<bool> wrapped(receiver.children.size());
   std::vector<std::size_t> positions;
   for (Node const* node : nodes) {
-    std::size_t const position =
-        node != nullptr ? PositionAmong(receiver, node->element) : wrapped.size();
+    if (node == nullptr) {
+      return;
+    }
+    std::size_t const position = PositionAmong(receiver, node->element);
     if (position >= wrapped.size() || wrapped[position]) {
       return;
     }

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cstddef>
-#include <utility>
 
 #include <lakresvos/OMSException.h>
 #include <lakresvos/OmPivotTable.h>
@@ -99,17 +98,12 @@ OmDimension& OmPivotTable::Data::Adopt(Owned<OmDimension> dimension) {
   }
   dimension->value.subscript = _dimensions.size();
   ReserveLevels(_dimensions.size() + 1);
-  PointerVector* const before = cells;
-  AddCellDimension();
-  try {
-    _dimensions.push_back(dimension.get());
-  } catch (...) {
-    if (cells != before) {
-      PointerVector::Release(std::exchange(cells, before));
-    }
-    throw;
+  if (_dimensions.size() == _dimensions.capacity()) {
+    _dimensions.reserve(OmVector<OmDimension*>::GrownCapacity(_dimensions.size()));
   }
-  return *dimension.release();
+  AddCellDimension();
+  _dimensions.push_back(dimension.release());
+  return **(_dimensions.end - 1);
 }
 
 // Construction and destruction

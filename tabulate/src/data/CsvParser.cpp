@@ -61,9 +61,7 @@ char const* FindLineEnd(char const* at, char const* end) {
 }  // namespace
 
 CsvParser::CsvParser(std::string const& file, CsvSink& sink) : file_(file), sink_(sink) {
-  if (csv_init(&parser_, CSV_STRICT | CSV_STRICT_FINI | CSV_REPALL_NL) != 0) {
-    throw std::bad_alloc();
-  }
+  csv_init(&parser_, CSV_STRICT | CSV_STRICT_FINI | CSV_REPALL_NL);
   csv_set_space_func(&parser_, [](unsigned char) { return 0; });
   csv_set_blk_size(&parser_, 1 << 16);
 }
