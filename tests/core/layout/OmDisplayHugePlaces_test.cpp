@@ -68,6 +68,48 @@ struct Deep : Table {
 
 }  // namespace
 
+/// Twenty dimensions on the rows with ten subscripts each, which is more places than 64 bits count:
+/// those from 10^20 modulo 2^64 on do not exist.
+class OmDisplayPlacesBeyond64Bits : public testing::Test {
+ protected:
+  static constexpr int kDimensions = 20;
+
+  OmDisplayPlacesBeyond64Bits() {
+    for (short d = 0; d < kDimensions; ++d) {
+      table.AddFlat("D" + std::to_string(d), 10);
+      table.Rows().push_back(d);
+    }
+  }
+
+  /// Gives a dimension a second leaf for a subscript.
+  void AddLeaf(unsigned long subscript) {
+    OmDimension& dimension = table.Dimension(0);
+    Category(dimension, dimension.Root(), "again", subscript);
+  }
+
+  /// What the dense search keeps.
+  Places KeptRows() {
+    OmDisplayLayerHeading layers(table, false);
+    OmDisplayTestAccess::GetData(layers).sparse = false;
+    return OmDisplayRowHeading(layers, true, false).getNonEmptyRows();
+  }
+
+  Table table;
+};
+
+TEST_F(OmDisplayPlacesBeyond64Bits, PastTheEndAreNotKept) {
+  table.Put(Index(kDimensions, 0));
+  table.Put(Index(kDimensions, 9));
+  EXPECT_EQ(KeptRows(), Places{0});
+}
+
+TEST_F(OmDisplayPlacesBeyond64Bits, PastTheEndAreNotKeptWhereALeafIsToBeChosen) {
+  table.Put(Index(kDimensions, 0));
+  table.Put(Index(kDimensions, 9));
+  AddLeaf(9);
+  EXPECT_EQ(KeptRows(), Places{0});
+}
+
 // Rows
 
 TEST_F(OmDisplayHugePlaces, OfRowsAreKeptAtTheirFullWidth) {
