@@ -101,6 +101,7 @@ class HtmlTable {
         }
       }
       out_ << "</tr>\n";
+      out_.Drain();
     }
     out_ << "</thead>\n";
   }

@@ -8,7 +8,8 @@
 namespace lakresvos::render {
 
 void TextSlot::WriteLine(std::string& out, int width) {
-  if (LinesLeft() == 0) {
+  if (above > 0 || next == lines.size()) {
+    above = std::max(above - 1, 0);
     out.append(static_cast<std::size_t>(width), ' ');
     return;
   }
@@ -42,8 +43,7 @@ std::vector<std::vector<TextSlot>> TextSlots::MakeHeadingRows() const {
     top[row + 1] = top[row] + height + 1;
     for (TextSlot* slot : ending[row]) {
       int const room = top[row + 1] - top[static_cast<std::size_t>(slot->row)] - 1;
-      slot->lines.insert(slot->lines.begin(), static_cast<std::size_t>(room - slot->LinesLeft()),
-                         TextLine{{}, 0});
+      slot->above = room - slot->LinesLeft();
     }
   }
   return starting;

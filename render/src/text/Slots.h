@@ -24,10 +24,13 @@ struct TextSlot {
   int rowEnd;  ///< the grid row after its last
   HorizontalAlignment align = HorizontalAlignment::Left;
   int after = 0;  ///< columns to keep free right after the text
+  int above = 0;  ///< how many empty lines go out before the text
   std::vector<TextLine> lines = {};
   std::size_t next = 0;  ///< the line to go out next; past the last one, spaces do
 
-  int LinesLeft() const { return next < lines.size() ? static_cast<int>(lines.size() - next) : 0; }
+  int LinesLeft() const {
+    return above + (next < lines.size() ? static_cast<int>(lines.size() - next) : 0);
+  }
 
   /// Appends the next line to `out`, aligned in `width` columns.
   void WriteLine(std::string& out, int width);

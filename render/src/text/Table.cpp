@@ -27,7 +27,9 @@ class Drawing {
         slots_(slots),
         body_(slots.MakeBody()) {}
 
-  void Draw(RowRun const& run, std::string& out) {
+  /// @param drain called after each line, for the headings of a table may be many.
+  template <class Drain>
+  void Draw(RowRun const& run, std::string& out, Drain drain) {
     std::vector<bool> above = Start(run);
     for (int row = run.first; row < run.last; ++row) {
       bool const ruled = row <= grid_.HeadingRows() || layout_.tall || StartsGroup(row);
@@ -35,8 +37,12 @@ class Drawing {
       std::vector<bool> below = Edges(row);
       if (ruled) {
         WriteRule(row, above, below, out);
+        drain();
       }
-      WriteRow(row, out);
+      for (int line = Height(row); line > 0; --line) {
+        WriteLine(row, out);
+        drain();
+      }
       above = std::move(below);
     }
     if (run.last == grid_.Rows()) {
@@ -122,20 +128,19 @@ class Drawing {
     return height;
   }
 
-  void WriteRow(int row, std::string& out) {
-    for (int line = Height(row); line > 0; --line) {
-      for (TextSlot& slot : headings_) {
+  /// Writes one of the lines of a row.
+  void WriteLine(int row, std::string& out) {
+    for (TextSlot& slot : headings_) {
+      out += box_.Vertical();
+      WriteSlot(slot, out);
+    }
+    if (row >= grid_.HeadingRows()) {
+      for (TextSlot& slot : body_) {
         out += box_.Vertical();
         WriteSlot(slot, out);
       }
-      if (row >= grid_.HeadingRows()) {
-        for (TextSlot& slot : body_) {
-          out += box_.Vertical();
-          WriteSlot(slot, out);
-        }
-      }
-      out.append(box_.Vertical()) += '\n';
     }
+    out.append(box_.Vertical()) += '\n';
   }
 
   void WriteSlot(TextSlot& slot, std::string& out) const {
@@ -227,11 +232,12 @@ void TextTable::WritePart(TextPart const& part, std::vector<RowRun> const& runs,
   struct Block {
     RowRun const* run = nullptr;
     std::unique_ptr<Drawing> drawing;
+    std::string text;
   };
   TextSlots const slots(part.grid, marks_, part.layout);
   auto next = runs.begin();
-  WriteInBlocks<Block>(
-      out, options_.threads,
+  DoInBlocks<Block>(
+      options_.threads,
       [&](Block& block) {
         if (next == runs.end()) {
           return false;
@@ -242,7 +248,12 @@ void TextTable::WritePart(TextPart const& part, std::vector<RowRun> const& runs,
         }
         return true;
       },
-      [](Block& block, std::string& text) { block.drawing->Draw(*block.run, text); });
+      [&](Block& block) { block.drawing->Draw(*block.run, out.Text(), [&] { out.Drain(); }); },
+      [](Block& block) {
+        block.text.clear();
+        block.drawing->Draw(*block.run, block.text, [] {});
+      },
+      [&](Block& block) { out.Append(block.text); });
 }
 
 }  // namespace lakresvos::render
