@@ -7,12 +7,14 @@
 
 namespace lakresvos::render {
 
-/// About how many bytes it takes to show a table without its empty rows, columns and layers, beyond
-/// what its cells hold: an upper bound that is found without laying the table out.
+/// About how many bytes it takes to show a table without its empty rows, columns and layers, in the
+/// format that takes most, beyond what its cells hold: found without laying the table out.
 ///
-/// Counted are the levels of all headings, the labels of the groups that each category repeats, and
-/// the body, the latter only where cells are shown more than once: because categories share a
-/// subscript, or because an axis names a dimension that is placed already.
+/// Counted are the cells of the headings, as often as the dimensions further out repeat them, their
+/// labels where a format holds them for all columns at once, and the labels of the groups that each
+/// category repeats. The body counts only where cells are shown more than once: because categories
+/// share a subscript, or because an axis names a dimension that is placed already. So do all layers
+/// but one.
 ///
 /// @param cells how many cells the table has.
 double EstimateShownCost(OmPivotTable const& table, std::size_t cells);

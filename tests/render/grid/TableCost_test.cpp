@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 #include "render/support/RenderTables.h"
 
@@ -60,6 +61,59 @@ TEST(TableCost, LabelOfAGroupCountsForEachOfItsCategories) {
     return EstimateShownCost(table, 0);
   };
   EXPECT_EQ(estimate(std::string(1000, 'x')) - estimate(""), 50 * 1000);
+}
+
+TEST(TableCost, ADimensionAgainOnAnAxisCountsAtEachOfItsCategories) {
+  auto const estimate = [](std::vector<short> const& columns) {
+    Table table;
+    table.AddFlat("c", 10);
+    table.Columns().elements = columns;
+    return EstimateShownCost(table, 1);
+  };
+  double const once = estimate({0});
+  EXPECT_GT(estimate({0, 0, 0}), 50 * once);
+  EXPECT_GT(estimate({0, 0, 0, 0}), 500 * once);
+}
+
+TEST(TableCost, GroupsCountOnceForEachCombinationFurtherOut) {
+  auto const estimate = [](std::vector<short> const& columns) {
+    Table table;
+    table.AddFlat("many", 1000);
+    OmDimension& deep = table.Add("deep");
+    OmDimension::Node parent = deep.Root();
+    for (int i = 0; i < 100; ++i) {
+      parent = Group(deep, parent, "");
+    }
+    Category(deep, parent, "", 0);
+    table.Columns().elements = columns;
+    return EstimateShownCost(table, 1000);
+  };
+  constexpr short kMany = 0;
+  constexpr short kDeep = 1;
+  EXPECT_GT(estimate({kDeep, kMany}), 10 * estimate({kMany, kDeep}));  // the last one is outermost
+}
+
+TEST(TableCost, LabelOfAColumnCountsWhereverItIsRepeated) {
+  auto const estimate = [](std::string const& label) {
+    Table table;
+    table.AddFlat("r", 100);
+    OmDimension& columns = table.Add("c");
+    Category(columns, columns.Root(), label, 0);
+    table.Place({}, {1, 0});
+    return EstimateShownCost(table, 100);
+  };
+  EXPECT_GE(estimate(std::string(1000, 'x')) - estimate(""), 100 * 1000);
+}
+
+TEST(TableCost, LayersThatShowCellsAgainCountEachWithTheirHeadings) {
+  auto const estimate = [](std::vector<short> const& layers) {
+    Table table;
+    table.AddFlat("c", 50);
+    table.Place({}, {0});
+    table.Layers().elements = layers;
+    return EstimateShownCost(table, 50);
+  };
+  EXPECT_GT(estimate({0}), 40 * estimate({}));
 }
 
 TEST(TableCost, AxisMayNameNoDimension) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cstddef>
 #include <gtest/gtest.h>
@@ -32,7 +33,16 @@ std::size_t Cost(std::string const& text) {
 }
 
 std::size_t Ceiling(std::string const& text) {
-  return (std::size_t{1} << 27U) + 1024 * text.size();
+  return (std::size_t{1} << 26U) + 1024 * text.size();
+}
+
+bool IsRead(std::string const& text) {
+  try {
+    json_documents::Read(text);
+    return true;
+  } catch (JsonError const&) {
+    return false;
+  }
 }
 
 // Damage
@@ -140,6 +150,115 @@ PROPERTY(JsonReaderMemory, ADamagedDocumentCostsLittleMoreThanItsText) {
   RC_LOG() << text;
   RC_ASSERT(Cost(text) <= Ceiling(text));
 }
+
+// Dimensions on an axis again and again
+
+/// The categories of one dimension.
+struct Categories {
+  int leaves = 1;
+  int groups = 0;     ///< one in the other above each leaf
+  int sharing = 1;    ///< how many leaves have a subscript together
+  std::string label;  ///< of the root, and of each group and leaf
+};
+
+std::string WriteDimension(Categories const& categories) {
+  std::string const label = R"(,"label":{"text":")" + categories.label + R"("})";
+  std::string nodes = R"({"id":0,"group":true)" + label + "}";
+  int id = 0;
+  auto const add = [&](int parent, std::string const& kind) {
+    nodes += R"(,{"id":)" + std::to_string(++id) + R"(,"parent":)" + std::to_string(parent) +
+             label + kind + "}";
+    return id;
+  };
+  for (int leaf = 0; leaf < categories.leaves; ++leaf) {
+    int parent = 0;
+    for (int group = 0; group < categories.groups; ++group) {
+      parent = add(parent, R"(,"group":true)");
+    }
+    add(parent, R"(,"subscript":)" + std::to_string(leaf / categories.sharing));
+  }
+  return R"({"size":)" + std::to_string(categories.leaves) + R"(,"nodes":[)" + nodes + "]}";
+}
+
+/// A table's dimensions, and what its axes name.
+struct Placed {
+  std::vector<Categories> dimensions;
+  std::array<std::vector<std::size_t>, 3> axes;
+  std::size_t cells = 1;
+};
+
+template <class Element, class Write>
+std::string Join(std::vector<Element> const& elements, Write write) {
+  std::string text;
+  for (Element const& element : elements) {
+    text += (text.empty() ? "" : ",") + write(element);
+  }
+  return "[" + text + "]";
+}
+
+/// A document of that table, its cells at the first subscripts of the first dimension.
+std::string Write(Placed const& placed) {
+  std::string text =
+      R"({"format":"lakresvos-document","version":1,"parts":[{"depth":0,"type":"table",)"
+      R"("label":{"text":"t"},"template":{"text":"t"},"dimensions":)" +
+      Join(placed.dimensions, WriteDimension);
+  auto const number = [](std::size_t d) { return std::to_string(d); };
+  constexpr char const* kNames[] = {"rows", "columns", "layers"};
+  for (std::size_t axis = 0; axis < placed.axes.size(); ++axis) {
+    text += std::string(",\"") + kNames[axis] + "\":" + Join(placed.axes[axis], number);
+  }
+  std::vector<std::vector<std::size_t>> cells;
+  for (std::size_t i = 0; i < placed.cells; ++i) {
+    cells.emplace_back(placed.dimensions.size(), 0).front() = i;
+  }
+  return text + R"(,"cells":)" +
+         Join(cells,
+              [&](std::vector<std::size_t> const& index) {
+                return R"({"index":)" + Join(index, number) + R"(,"text":"c"})";
+              }) +
+         "}]}";
+}
+
+TEST(JsonReaderMemory, ADimensionAsOftenOnAnAxisAsIsReadCostsLittleMoreThanItsText) {
+  for (std::size_t axis = 0; axis < 3; ++axis) {
+    for (Categories const& categories : {Categories{3, 0, 1, "a label"}, {2, 10, 1, "another"}}) {
+      Placed placed{{categories}, {}};
+      std::string text;
+      for (std::string longer = Write(placed); IsRead(longer) && placed.axes[axis].size() < 40;
+           longer = Write(placed)) {
+        text = longer;
+        placed.axes[axis].push_back(0);
+      }
+      EXPECT_GT(placed.axes[axis].size(), 2);
+      EXPECT_LE(Cost(text), Ceiling(text)) << text;
+    }
+  }
+}
+
+PROPERTY(JsonReaderMemory, DimensionsOnAxesAgainAndAgainCostLittleMoreThanTheirText) {
+  Placed placed;
+  placed.dimensions.resize(1 + Draw(3));
+  for (Categories& categories : placed.dimensions) {
+    categories = {Pick<int>({1, 2, 3, 5, 8, 20}), Pick<int>({0, 0, 0, 1, 3, 10}),
+                  Pick<int>({1, 1, 1, 2, 10}),
+                  std::string(Pick<std::size_t>({0, 1, 30, 300}), 'x')};
+  }
+  placed.cells = 1 + Draw(static_cast<std::size_t>(placed.dimensions.front().leaves));
+  std::size_t const most = Draw(6);
+  std::size_t const favorite = Draw(3);
+  for (std::size_t i = 0; i < most; ++i) {
+    std::size_t const axis = Draw(4) != 0 ? favorite : Draw(3);
+    placed.axes[axis].push_back(Draw(placed.dimensions.size()));
+    if (!IsRead(Write(placed))) {
+      placed.axes[axis].pop_back();
+    }
+  }
+  std::string const text = Write(placed);
+  RC_LOG() << text;
+  RC_ASSERT(Cost(text) <= Ceiling(text));
+}
+
+// Other texts
 
 TEST(JsonReaderMemory, MeasuresWhatIsHeld) {
   std::string const text = "{\"format\":\"" + std::string(1000000, 'x') + "\"}";
