@@ -6,6 +6,7 @@
 
 #include "harness/InputBytes.h"
 #include "harness/Target.h"
+#include "tabulate/FewValues.h"
 #include "tabulate/data/PlainCsvReading.h"
 
 namespace {
@@ -16,6 +17,25 @@ DataSet Read(std::string const& bytes, RequiredColumns const& required) {
   WarningLog warnings;
   std::istringstream input(bytes);
   return ReadDataSet(input, "data.csv", required, warnings);
+}
+
+/// Reads the data again, in columns that have many values once they have two.
+void CheckManyValues(std::string const& bytes) {
+  DataSet const few = Read(bytes, {});
+  FewValues const setting;
+  DataSet const many = Read(bytes, {});
+  for (std::size_t i = 0; i < few.columns.size(); ++i) {
+    Dictionary const& values = few.columns[i].Values();
+    bool same = many.columns[i].Codes() == few.columns[i].Codes() &&
+                many.columns[i].MissingCount() == few.columns[i].MissingCount() &&
+                many.columns[i].Values().size() == values.size();
+    for (std::uint32_t code = 0; same && code < values.size(); ++code) {
+      same = many.columns[i].Values()[code] == values[code];
+    }
+    if (!same) {
+      Fail("a column with many values differs");
+    }
+  }
 }
 
 /// A name as formulas and lists of statistics have it, whatever is in it.
@@ -58,6 +78,8 @@ void Exercise(std::string_view input) {
   std::string const bytes = given.TakeRest();
   csv_model::CheckReading(bytes, {threads, block});
   try {
+    CheckManyValues(bytes);
+    FewValues const few;
     Tabulate(bytes);
   } catch (InputError const&) {
   }

@@ -12,6 +12,7 @@
 #include "data/DataSetBuilder.h"
 #include "support/faults/FailingMalloc.h"
 #include "support/faults/FailingNew.h"
+#include "tabulate/FewValues.h"
 #include "tabulate/TextData.h"
 
 // What tabulation does when there is no memory: it throws std::bad_alloc, and then nothing is left
@@ -186,13 +187,15 @@ TEST_F(TabulateRefusedMemory, WhileATextIsQuoted) {
 
 TEST_F(TabulateRefusedMemory, WhileDataAreRead) {
   RequiredColumns const required = AllColumns();
-  EXPECT_GT(FailEveryAllocationOf([&] {
-              WarningLog warnings;
-              std::istringstream input(kCsv);
-              DataSet const data = ReadDataSet(input, "data.csv", required, warnings);
-              return Describe(data) + Describe(warnings);
-            }),
-            30U);
+  auto const read = [&] {
+    WarningLog warnings;
+    std::istringstream input(kCsv);
+    DataSet const data = ReadDataSet(input, "data.csv", required, warnings);
+    return Describe(data) + Describe(warnings);
+  };
+  EXPECT_GT(FailEveryAllocationOf(read), 30U);
+  FewValues const few;
+  EXPECT_GT(FailEveryAllocationOf(read), 30U);
 }
 
 TEST_F(TabulateRefusedMemory, WhileThreadsReadData) {
@@ -201,16 +204,16 @@ TEST_F(TabulateRefusedMemory, WhileThreadsReadData) {
     csv += "a value number " + std::to_string(i) + ",\"b\",1,2\ns,q\n";
   }
   RequiredColumns const required = AllColumns();
-  EXPECT_GT(FailEveryAllocationOf(
-                [&] {
-                  WarningLog warnings;
-                  DataSetBuilder builder("data.csv", required, warnings);
-                  std::istringstream input(csv);
-                  ReadCsv(input, "data.csv", builder, {.threads = 3, .block = 64});
-                  return Describe(builder.Result()) + Describe(warnings);
-                },
-                FailAfter::Threads::All),
-            60U);
+  auto const read = [&] {
+    WarningLog warnings;
+    DataSetBuilder builder("data.csv", required, warnings);
+    std::istringstream input(csv);
+    ReadCsv(input, "data.csv", builder, {.threads = 3, .block = 64});
+    return Describe(builder.Result()) + Describe(warnings);
+  };
+  EXPECT_GT(FailEveryAllocationOf(read, FailAfter::Threads::All), 60U);
+  FewValues const few;
+  EXPECT_GT(FailEveryAllocationOf(read, FailAfter::Threads::All), 60U);
 }
 
 TEST_F(TabulateRefusedMemory, WhileTheParserInCReadsData) {

@@ -11,6 +11,10 @@
 
 namespace lakresvos::tabulate {
 
+/// How many distinct values are more than are near at hand at any time. Tests set another number, so
+/// that small data have many; nobody else does.
+inline std::size_t manyValues = 4096;
+
 /// Appends rows to a column faster than the column itself, which waits for memory at nearly every
 /// row once it has many distinct values: here some rows are looked up together, by when the memory
 /// that each one needs is on its way.
@@ -23,7 +27,7 @@ class ColumnWriter {
   /// @throws std::length_error when there are more than 4,294,967,295 distinct values. When anything
   ///         is thrown, the row is not added.
   void Append(std::string_view field) {
-    if (column_->Values().size() < kManyValues) {
+    if (column_->Values().size() < manyValues) {
       column_->Append(field);
     } else {
       AppendLater(field);
@@ -34,9 +38,6 @@ class ColumnWriter {
   void Flush();
 
  private:
-  /// Fewer distinct values than this are near at hand at any time.
-  static constexpr std::size_t kManyValues = 4096;
-
   struct Waiting {
     std::uint64_t hash;
     std::size_t end;  // of its text

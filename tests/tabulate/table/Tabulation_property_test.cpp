@@ -10,9 +10,11 @@
 
 #include <lakresvos/tabulate/WarningLog.h>
 
+#include "data/ColumnWriter.h"
 #include "support/Property.h"
 #include "table/Tabulation.h"
 #include "tabulate/ExactCell.h"
+#include "tabulate/FewValues.h"
 
 using namespace lakresvos::tabulate;
 
@@ -135,6 +137,9 @@ class Pair {
     for (char const* const name : kColumns) {
       data_.columns.emplace_back(name);
     }
+    for (DataColumn& column : data_.columns) {
+      writers_.emplace_back(column);
+    }
     std::vector<std::size_t> columns;
     std::vector<TableAxis> axes;
     Tabulation const table = Tabulate();
@@ -149,7 +154,8 @@ class Pair {
     Row const row{OneOf("p", "q", "r", "NA"), OneOf("10", "9", ""), OneOf("u", "v"), DrawWeight(),
                   DrawNumber()};
     for (std::size_t column = 0; column < row.size(); ++column) {
-      data_.columns[column].Append(row[column]);
+      writers_[column].Append(row[column]);
+      writers_[column].Flush();
       RC_LOG() << row[column] << (column + 1 < row.size() ? "," : "\n");
     }
     data_.lines.push_back(data_.lines.size() + 2);
@@ -224,7 +230,9 @@ class Pair {
   bool totals_;
   Formula formula_;
   std::vector<Statistic> statistics_;
+  FewValues few_;
   DataSet data_;
+  std::vector<ColumnWriter> writers_;
   std::optional<Model> model_;
 };
 

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "support/Property.h"
+#include "tabulate/FewValues.h"
 #include "tabulate/PlainTable.h"
 #include "tabulate/TextData.h"
 
@@ -222,6 +223,7 @@ void CheckCell(Tabulation const& table, std::size_t cell, PlainTable const& plai
 }  // namespace
 
 PROPERTY(Tabulation, AgreesWithLoopsOverTheRows) {
+  FewValues const few;
   auto const row = rc::gen::apply(
       [](char const* a, char const* b, char const* c, char const* w, char const* x) {
         return std::vector<std::string>{a, b, c, w, x};
