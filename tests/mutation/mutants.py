@@ -39,8 +39,8 @@ SKIPPED = (Kind.STATIC_ASSERT, Kind.CXX_UNARY_EXPR, Kind.TEMPLATE_TYPE_PARAMETER
            Kind.TYPE_ALIAS_DECL, Kind.TYPE_ALIAS_TEMPLATE_DECL, Kind.FRIEND_DECL, Kind.USING_DECLARATION)
 WRAPPERS = (Kind.UNEXPOSED_EXPR, Kind.PAREN_EXPR)
 DROPPED = (Kind.CALL_EXPR, Kind.BINARY_OPERATOR, Kind.COMPOUND_ASSIGNMENT_OPERATOR, Kind.UNARY_OPERATOR,
-           Kind.CXX_DELETE_EXPR, Kind.UNEXPOSED_EXPR, Kind.BREAK_STMT, Kind.CONTINUE_STMT,
-           Kind.RETURN_STMT)
+           Kind.CXX_DELETE_EXPR, Kind.CXX_THROW_EXPR, Kind.UNEXPOSED_EXPR, Kind.BREAK_STMT,
+           Kind.CONTINUE_STMT, Kind.RETURN_STMT)
 INTEGERS = (TypeKind.CHAR_S, TypeKind.SCHAR, TypeKind.UCHAR, TypeKind.SHORT, TypeKind.USHORT,
             TypeKind.INT, TypeKind.UINT, TypeKind.LONG, TypeKind.ULONG, TypeKind.LONGLONG,
             TypeKind.ULONGLONG)
@@ -298,7 +298,7 @@ class Finder:
         if (statement.kind not in DROPPED or not self.source[end:].lstrip().startswith(b";")
                 or (statement.kind == Kind.RETURN_STMT and text != b"return")):
             return
-        if text.startswith(b"throw") or self._is_room_for_standard_elements(statement):
+        if self._is_room_for_standard_elements(statement):
             return
         self._add("drop", start, end, b"", function, f"`{squeezed(text)}` dropped")
 

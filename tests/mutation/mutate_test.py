@@ -7,9 +7,13 @@ import sys
 import tempfile
 import time
 import unittest
+import unittest.mock
 from pathlib import Path
 
+import mutants
+import results
 import scratch
+import session
 
 HERE = Path(__file__).resolve().parent
 FILES = {
@@ -30,6 +34,7 @@ FILES = {
         int Fee(int weight);
         int Refund(int weight);
         long Length(char const* begin, char const* end);
+        int Checked(int weight);
         """,
     "core/Fee.cpp": """
         #include "Fee.h"
@@ -45,17 +50,25 @@ FILES = {
         long Length(char const* begin, char const* end) {
           return end - begin;
         }
+        int Checked(int weight) {
+          if (weight < 0) {
+            throw weight;
+          }
+          return weight;
+        }
         """,
     "tests/Fee_test.cpp": """
         #include "Fee.h"
         #include <gtest/gtest.h>
         TEST(Fee, IsLowForLightParcels) { EXPECT_EQ(Fee(1), 4); }
         TEST(Fee, IsHighForHeavyParcels) { EXPECT_EQ(Fee(50), 9); }
+        TEST(Checked, RefusesNegativeWeights) { EXPECT_THROW(Checked(-1), int); }
         """,
     "docs/reliability.md": """
-        | function | change | why no test can tell |
+        | place | change | why no test can tell |
         |---|---|---|
-        | `Fee` | `weight > 20` becomes `weight >= 20` | parcels never weigh 20 |
+        | `core/Fee.cpp: Fee` | `weight > 20` becomes `weight >= 20` | parcels never weigh 20 |
+        | `core/Other.cpp: Fee` | 20 becomes 21 in `return weight > 20 ? 9 : 4;` | another file |
         """,
 }
 
@@ -108,11 +121,14 @@ class MutateTest(unittest.TestCase):
         self.assertEqual(outcomes["9:10:no-sign"], "survived")
         self.assertEqual(outcomes["3:25:one-more"], "same code")
         self.assertEqual(outcomes["12:14:to-plus"], "does not compile")
+        self.assertEqual(outcomes["16:5:drop"], "killed")
 
         self.assertIn("core/Fee.cpp:9:10:no-sign survived: no test runs it", report)
         self.assertIn("core/Fee.cpp:6:19:one-more survived: 2 tests run it", report)
         self.assertIn("-  return weight > 20 ? 9 : 4;\n+  return weight > 21 ? 9 : 4;\n", report)
         self.assertNotIn("core/Fee.cpp:6:17:to-ge survived:", report)
+        self.assertIn("\n1 explained by | `core/Fee.cpp: Fee` | `weight > 20` becomes `weight >= 20` |\n",
+                      report)
         self.assertIn("survivors: 1 explained, ", report)
 
         # What is known is not tried again, until there are other tests.
@@ -121,6 +137,39 @@ class MutateTest(unittest.TestCase):
         self.write("tests/Fee_test.cpp", test + "\nTEST(Fee, IsHighFrom21) { EXPECT_EQ(Fee(21), 9); }")
         self.assertIn("killed           core/Fee.cpp:6:19:one-more  fee_tests Fee.IsHighFrom21",
                       self.mutate("--in", "core", "--only", "core/Fee.cpp:6:19:one-more"))
+
+        # But what a test killed that is gone.
+        self.write("tests/Fee_test.cpp", test.replace("IsHighForHeavyParcels", "IsHigh"))
+        again = self.mutate("1000")
+        self.assertIn("killed           core/Fee.cpp:6:24:one-more  fee_tests Fee.IsHigh\n", again)
+        self.assertNotIn("core/Fee.cpp:6:17:to-le", again)
+
+
+class SlowTest(unittest.TestCase):
+    MUTANT = mutants.Mutant("Fee.cpp", 1, 1, "drop", 0, 1, "", "Fee", "`f` dropped")
+    SLOW = (results.KILLED, "some_tests Some.Test (too slow)",
+            session.Killer("tests/some_tests", "Some.Test", True))
+
+    def run_with(self, *outcomes):
+        """Runs a mutant with these outcomes in turn, and gives the entry in the results."""
+        folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
+        (folder / "Fee.cpp").write_text("f;", encoding="utf-8")
+        run = object.__new__(session.Session)
+        run.root, run.jobs, run.trees, run.tests = folder, 1, [unittest.mock.Mock()], ""
+        run.contents, run.slow, run.results = {}, [], results.Results(folder / "results.json")
+        run._outcome = unittest.mock.Mock(side_effect=outcomes)
+        run.run([self.MUTANT])
+        self.assertEqual(run._outcome.call_count, len(outcomes))
+        return run.results.entries[self.MUTANT.id]
+
+    def test_a_mutant_that_is_too_slow_is_tried_again(self):
+        entry = self.run_with(self.SLOW, (results.SURVIVED, "1 tests run it", None))
+        self.assertEqual(entry["outcome"], results.SURVIVED)
+
+    def test_a_mutant_that_is_too_slow_alone_is_killed(self):
+        entry = self.run_with(self.SLOW, self.SLOW)
+        self.assertEqual(entry["outcome"], results.KILLED)
+        self.assertEqual(entry["killer"], ["tests/some_tests", "Some.Test"])
 
 
 class RunTestsTest(unittest.TestCase):

@@ -1,8 +1,10 @@
 """What became of the mutants, kept in a file that later runs resume from, and the report of it."""
 
+import collections
 import json
 import re
 import threading
+from pathlib import Path
 
 KILLED, SURVIVED, UNBUILT, SAME = "killed", "survived", "does not compile", "same code"
 COUNTED = (KILLED, SURVIVED)
@@ -17,13 +19,18 @@ class Results:
         self.lock = threading.Lock()
         self.entries = json.loads(file.read_text(encoding="utf-8")) if file.exists() else {}
 
-    def known(self, mutant, source, tests):
+    def known(self, mutant, source, tests, is_there):
         """What is known about a mutant of this source. Those that survived are tried again when the
-        tests are others."""
+        tests are others, and those that were killed when the test that did it is gone: `is_there`
+        tells of a program and its test."""
         entry = self.entries.get(mutant.id)
         if entry is None or entry["source"] != source or entry["change"] != mutant.change:
             return None
-        return entry if entry["outcome"] != SURVIVED or entry["tests"] == tests else None
+        if entry["outcome"] == SURVIVED and entry["tests"] != tests:
+            return None
+        if entry["outcome"] == KILLED and not is_there(*entry.get("killer", ("", ""))):
+            return None
+        return entry
 
     def add(self, mutant, entry):
         with self.lock:
@@ -33,27 +40,36 @@ class Results:
             new.replace(self.file)
 
 
-def table_row(function, change):
-    """How the manual names a mutant, wherever its line is."""
-    return f"| `{function}` | {change.replace('|', chr(92) + '|')} |"
+def row_of(mutant):
+    """What the manual calls a mutant, wherever its line is: the place and the change."""
+    outside = mutant.function == Path(mutant.file).name
+    return mutant.file if outside else f"{mutant.file}: {mutant.function}", mutant.change
+
+
+def table_row(place, change):
+    return f"| `{place}` | {change.replace('|', chr(92) + '|')} |"
 
 
 def explained(page):
-    """The functions and changes for which the page has a reason why no test can tell them."""
+    """The places and changes for which the page has a reason why no test can tell them."""
     text = page.read_text(encoding="utf-8") if page.exists() else ""
     text = text.replace(r"\|", "\0")
-    return {(function, change.replace("\0", "|")) for function, change, _ in ROW.findall(text)}
+    return {(place, change.replace("\0", "|")) for place, change, _ in ROW.findall(text)}
 
 
 def report(mutants, entries, reasons):
-    """Lines: each survivor without a reason, and the totals of each floor."""
-    left = [mutant for mutant in mutants if entries[mutant.id]["outcome"] == SURVIVED
-            and (mutant.function, mutant.change) not in reasons]
+    """Lines: each survivor without a reason, how many each reason is for, and the totals of each
+    floor."""
+    survivors = [mutant for mutant in mutants if entries[mutant.id]["outcome"] == SURVIVED]
+    left = [mutant for mutant in survivors if row_of(mutant) not in reasons]
     for mutant in sorted(left, key=lambda mutant: (mutant.file, mutant.start)):
         yield f"\n{mutant.id} survived: {entries[mutant.id]['by']}"
         yield entries[mutant.id]["diff"].rstrip()
-        yield table_row(mutant.function, mutant.change)
+        yield table_row(*row_of(mutant))
     yield ""
+    excused = collections.Counter(row_of(mutant) for mutant in survivors if row_of(mutant) in reasons)
+    for row, count in sorted(excused.items()):
+        yield f"{count} explained by {table_row(*row)}"
     missed = {mutant.id for mutant in left}
     floors = [*FLOORS.items()]
     floors.append(("elsewhere", tuple({mutant.file.split("/")[0] + "/" for mutant in mutants}

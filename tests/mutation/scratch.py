@@ -12,6 +12,7 @@ from pathlib import Path
 
 PRESET = "mutation"
 ASIDE = ".aside"
+NO_TEST = "before the first test"
 MEMORY = 6 * 2**30  # bytes of addresses, for one run of a test program
 
 
@@ -97,7 +98,7 @@ def run_tests(program, tests, seconds, notes, environment=None, keep_going=False
     begun = re.findall(r"^\[ RUN      \] ([\w/]+\.[\w/]+)", text, re.MULTILINE)
     if keep_going and failed and not slow:
         return Outcome(sorted(set(failed)))
-    return Outcome((failed or begun[-1:] or ["before the first test"])[0], slow)
+    return Outcome((failed or begun[-1:] or [NO_TEST])[0], slow)
 
 
 def output_of(command):

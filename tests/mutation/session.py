@@ -20,6 +20,18 @@ HOME_OF_HEADERS = {"include": "core"}
 QUICK = 0.2  # seconds; slower tests wait until the quicker ones have passed
 
 
+@dataclasses.dataclass
+class Killer:
+    """The test that noticed a mutant."""
+
+    program: str
+    test: str
+    slow: bool  # whether it took too long
+
+    def __str__(self):
+        return f"{Path(self.program).name} {self.test}" + (" (too slow)" if self.slow else "")
+
+
 def digest_of(content):
     return hashlib.sha256(content).hexdigest()
 
@@ -56,7 +68,7 @@ class Session:
         self.results = results.Results(self.folder / "results.json")
         self.tests = digest_of(" ".join(self.targets).encode() + scratch.digest(
             self.root, [name for name in self.sources if name.startswith("tests/")]))
-        self.programs, self.makers, self.broken = [], {}, {}
+        self.programs, self.makers, self.broken, self.slow = [], {}, {}, []
 
     # What there is to choose from
 
@@ -88,7 +100,14 @@ class Session:
         return self.contents[file]
 
     def known(self, mutant):
-        return self.results.known(mutant, digest_of(self.source(mutant.file)), self.tests)
+        return self.results.known(mutant, digest_of(self.source(mutant.file)), self.tests, self._has_test)
+
+    def _has_test(self, program, test):
+        """Whether there is such a test, as far as these programs tell."""
+        known = {one.name: one for one in self.programs}
+        if program not in known:
+            return bool(program) and self.targets != ["all"]
+        return test == scratch.NO_TEST or test in known[program].tests
 
     # Builds and tests of the sources as they are
 
@@ -148,18 +167,26 @@ class Session:
                 waiting.queue.clear()
                 scratch.end_all()
                 raise
+        while self.slow:
+            self._try(self.trees[0], self.slow.pop(), alone=True)
 
-    def _try(self, tree, mutant):
+    def _try(self, tree, mutant, alone=False):
+        """A mutant that is too slow among others may owe it to them, so it is tried again alone."""
         source, start = self.source(mutant.file), time.monotonic()
         tree.put(mutant)
         try:
-            outcome, by = self._outcome(tree, mutant)
+            outcome, by, killer = self._outcome(tree, mutant)
         finally:
             tree.take_back()
-        self.results.add(mutant, {
-            "outcome": outcome, "by": by, "seconds": round(time.monotonic() - start, 1),
-            "function": mutant.function, "change": mutant.change, "diff": mutant.diff(source),
-            "source": digest_of(source), "tests": self.tests})
+        if killer is not None and killer.slow and not alone:
+            self.slow.append(mutant)
+            return
+        entry = {"outcome": outcome, "by": by, "seconds": round(time.monotonic() - start, 1),
+                 "function": mutant.function, "change": mutant.change, "diff": mutant.diff(source),
+                 "source": digest_of(source), "tests": self.tests}
+        if killer is not None:
+            entry["killer"] = [killer.program, killer.test]
+        self.results.add(mutant, entry)
         print(f"{outcome:16} {mutant.id}  {by}", flush=True)
 
     def _outcome(self, tree, mutant):
@@ -173,18 +200,19 @@ class Session:
             # Code in headers is in many objects, and seldom needs those of the tests to be noticed.
             for step in partition(here):
                 if not tree.compile(step):
-                    return results.UNBUILT, ""
+                    return results.UNBUILT, "", None
                 if not tree.differs(step):
                     continue
                 alike = False
                 if not tree.link(program.name):
-                    return results.UNBUILT, ""
+                    return results.UNBUILT, "", None
                 killer = self._killer(tree, program, quick) or self._killer(tree, program, slow)
                 if killer is not None:
-                    return results.KILLED, killer
+                    return results.KILLED, str(killer), killer
         if alike:
-            return results.SAME, ""
-        return results.SURVIVED, f"{sum(len(quick) + len(slow) for _, quick, slow in plan)} tests run it"
+            return results.SAME, "", None
+        count = sum(len(quick) + len(slow) for _, quick, slow in plan)
+        return results.SURVIVED, f"{count} tests run it", None
 
     def _objects(self, tree, mutant):
         """The objects that may have code of the mutant."""
@@ -199,8 +227,10 @@ class Session:
         """No test runs it; whether it counts at all, one object tells."""
         some = sorted(objects)[:1]
         if not tree.compile(some):
-            return results.UNBUILT, ""
-        return (results.SURVIVED, "no test runs it") if tree.differs(some) else (results.SAME, "")
+            return results.UNBUILT, "", None
+        if not tree.differs(some):
+            return results.SAME, "", None
+        return results.SURVIVED, "no test runs it", None
 
     @staticmethod
     def _killer(tree, program, tests):
@@ -208,9 +238,7 @@ class Session:
             return None
         outcome = scratch.run_tests(tree.build_folder / program.name, sorted(tests),
                                     10 + 5 * sum(tests.values()), tree.notes)
-        if outcome.failed is None:
-            return None
-        return f"{Path(program.name).name} {outcome.failed}" + (" (too slow)" if outcome.slow else "")
+        return None if outcome.failed is None else Killer(program.name, outcome.failed, outcome.slow)
 
     def _plan(self, tree, mutant):
         """The programs to run, with their quick and their slow tests: first those that mirror the
