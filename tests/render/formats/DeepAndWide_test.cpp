@@ -1,6 +1,6 @@
 #include <algorithm>
-#include <functional>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <memory>
 #include <ostream>
 #include <stdexcept>
@@ -220,17 +220,13 @@ constexpr std::size_t MostMemory(std::size_t size) {
   return (std::size_t{1} << 20) + 1024 * size;
 }
 
-class DeepAndWide : public testing::TestWithParam<Shape> {
- protected:
-  /// Does it on a small stack, in memory for what there is.
-  static void Do(std::function<void()> const& action) {
-    OnASmallStack([&] {
-      MemoryMeter const meter;
-      action();
-      EXPECT_LT(meter.Peak(), MostMemory(GetParam().size));
-    });
-  }
-};
+class DeepAndWide : public testing::TestWithParam<Shape> {};
+
+/// Of the shapes that are read again.
+class DeepAndWideReading : public DeepAndWide {};
+
+/// Of those with a table.
+class DeepAndWideTable : public DeepAndWide {};
 
 class DeepAndWideFormat : public testing::TestWithParam<std::tuple<Shape, TextFormat>> {};
 
@@ -254,32 +250,33 @@ TEST_P(DeepAndWideFormat, IsWritten) {
 }
 
 TEST_P(DeepAndWide, IsBuiltAndDestroyed) {
-  Do([] {
-    OmOutputTree tree;
-    GetParam().build(tree);
+  OnASmallStack([] {
+    MemoryMeter const meter;
+    {
+      OmOutputTree tree;
+      GetParam().build(tree);
+    }
+    EXPECT_LT(meter.Peak(), MostMemory(GetParam().size));
   });
 }
 
-TEST_P(DeepAndWide, IsReadAsItWasWritten) {
-  if (!GetParam().readAgain) {
-    GTEST_SKIP() << "reading takes its time";
-  }
+TEST_P(DeepAndWideReading, IsReadAsItWasWritten) {
   OnASmallStack([] {
     OmOutputTree tree;
     GetParam().build(tree);
     std::string const text = json_documents::Written(tree);
-    EXPECT_EQ(json_documents::Written(*json_documents::Read(text)), text);
+    MemoryMeter const meter;
+    std::unique_ptr<OmOutputTree> const read = json_documents::Read(text);
+    EXPECT_LT(meter.Peak(), MostMemory(GetParam().size) + 8 * text.size());
+    EXPECT_EQ(json_documents::Written(*read), text);
   });
 }
 
-TEST_P(DeepAndWide, IsCopied) {
+TEST_P(DeepAndWideTable, IsCopied) {
   OnASmallStack([] {
     OmOutputTree tree;
     GetParam().build(tree);
     OmPivotTable const* const table = FindTable(tree);
-    if (table == nullptr) {
-      return;
-    }
     MemoryMeter const meter;
     Table copy;
     copy.CopyDimensions(*table);
@@ -292,14 +289,11 @@ TEST_P(DeepAndWide, IsCopied) {
   });
 }
 
-TEST_P(DeepAndWide, IsEdited) {
+TEST_P(DeepAndWideTable, IsEdited) {
   OnASmallStack([] {
     OmOutputTree tree;
     GetParam().build(tree);
     OmPivotTable* const table = FindTable(tree);
-    if (table == nullptr) {
-      return;
-    }
     OmDimension& dimension = table->Dimension(0);
     auto const deepest = [&] {
       layout_tables::Node node = dimension.Root();
@@ -334,8 +328,53 @@ TEST_P(DeepAndWide, IsEdited) {
   });
 }
 
-INSTANTIATE_TEST_SUITE_P(Shapes, DeepAndWide, testing::ValuesIn(kShapes),
-                         [](auto const& shape) { return shape.param.name; });
+TEST(DeepDocument, IsEdited) {
+  OnASmallStack([] {
+    OmOutputTree tree;
+    DeepDocument(tree);
+    auto const find = [&](int depth) {
+      OmOutputTree::Node node = tree.begin();
+      while (node.depth != depth) {
+        ++node;
+      }
+      return node;
+    };
+    MemoryMeter const meter;
+    OmOutputTree::Node erased = find(1);
+    tree.Erase(erased);
+    EXPECT_EQ(tree.size(), kLevels);
+    OmOutputTree::Node pruned = find(3 * kLevels / 4);
+    tree.Prune(pruned);
+    EXPECT_EQ(tree.size(), 3 * kLevels / 4);
+    Amputate(find(kLevels / 4), nullptr, "cut");
+    EXPECT_EQ(tree.size(), 3 * kLevels / 4);
+    Amputate(find(1), nullptr, "cut");
+    EXPECT_EQ(tree.size(), 3U);
+    EXPECT_LT(meter.Peak(), MostMemory(kLevels));
+  });
+}
+
+/// Those shapes that are wanted.
+std::vector<Shape> ShapesWith(bool (*isWanted)(Shape const&)) {
+  std::vector<Shape> shapes;
+  std::copy_if(std::begin(kShapes), std::end(kShapes), std::back_inserter(shapes), isWanted);
+  return shapes;
+}
+
+std::string NameOfShape(testing::TestParamInfo<Shape> const& shape) {
+  return shape.param.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Shapes, DeepAndWide, testing::ValuesIn(kShapes), NameOfShape);
+
+INSTANTIATE_TEST_SUITE_P(Shapes, DeepAndWideReading,
+                         testing::ValuesIn(ShapesWith([](auto& shape) { return shape.readAgain; })),
+                         NameOfShape);
+
+INSTANTIATE_TEST_SUITE_P(Shapes, DeepAndWideTable, testing::ValuesIn(ShapesWith([](auto& shape) {
+                           return shape.build != DeepDocument;
+                         })),
+                         NameOfShape);
 
 INSTANTIATE_TEST_SUITE_P(Shapes, DeepAndWideFormat,
                          testing::Combine(testing::ValuesIn(kShapes), testing::ValuesIn(Formats())),
