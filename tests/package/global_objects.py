@@ -28,11 +28,16 @@ def writable_sections(binary):
 def objects(binary):
     sections = writable_sections(binary)
     found = set()
+    stripped = True
     for line in readelf("--symbols", binary):
         fields = line.split(maxsplit=7)
+        if line.startswith("Symbol table '.symtab'"):
+            stripped = False
         if len(fields) == 8 and fields[3] in ("OBJECT", "TLS") and fields[6] in sections:
             if not COMPILERS_OWN.match(fields[7]):
                 found.add(fields[7])
+    if stripped:
+        sys.exit(f"{binary}: has no symbols, so its objects cannot be told")
     return found
 
 

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # usage: global_objects_finds_faults.sh GLOBAL_OBJECTS COMPILER
 #
-# The check finds objects that its list lacks, whatever section they are in, and what no binary has.
+# The check finds objects that its list lacks, whatever section they are in, what no binary has, and
+# a binary that has no symbols to look at.
 set -euo pipefail
 check=$1 compiler=$2
 folder=$(mktemp -d)
@@ -17,7 +18,7 @@ CPP
 
 expect() {
   local found
-  found=$("$check" "$folder/list.txt" "$folder/globals.so" | sed "s|$folder/||") && status=0 || status=$?
+  found=$("$check" "$folder/list.txt" "$folder/globals.so" 2>&1 | sed "s|$folder/||") && status=0 || status=$?
   [[ $status == "$1" && $found == "$2" ]] || { printf 'exit %s\n%s\n' "$status" "$found"; exit 1; }
 }
 
@@ -28,3 +29,7 @@ expect 1 'globals.so: Lazy()::first may be written after start
 globals.so: perThread may be written after start
 globals.so: space::counter may be written after start
 list.txt: no binary has gone'
+
+strip "$folder/globals.so"
+printf 'space::*: a reason\nperThread: a reason\n' >"$folder/list.txt"
+expect 1 'globals.so: has no symbols, so its objects cannot be told'

@@ -8,25 +8,41 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 fail() { echo "$*" >&2; exit 1; }
 
+table=("$data" --table 'Class ~ Survived')
 run() { # run PROGRAM OPTION...: one table
-  "$1" "$data" --table 'Class ~ Survived' -o "$work/output" "${@:2}"
+  "$1" "${table[@]}" -o "$work/output" "${@:2}"
 }
 
-# find_more OPTION...: a line for each library that a run loads beyond the program's.
+# find_more ARGUMENT...: the libraries that a run loads beyond the program's.
 find_more() {
-  LD_DEBUG=libs LD_DEBUG_OUTPUT="$work/trace" run "$program" "$@" || fail "$* does not run"
+  LD_DEBUG=libs LD_DEBUG_OUTPUT="$work/trace" "$program" "$@" >"$work/printed" ||
+    fail "$* does not run"
   sed -n 's/.*calling init: .*\///p' "$work"/trace.* | LC_ALL=C sort -u |
-    comm -23 - <(ldd "$program" | awk '{print $1}' | sed 's/.*\///' | LC_ALL=C sort -u) |
-    sed "s/^/$* loads /"
+    comm -23 - <(ldd "$program" | awk '{print $1}' | sed 's/.*\///' | LC_ALL=C sort -u)
   rm "$work"/trace.*
 }
 
+# list_more NAME ARGUMENT...: a line for each of them, which are the same whether a file is written
+# or standard output.
+list_more() {
+  find_more "${@:2}" -o "$work/output" >"$work/file"
+  find_more "${@:2}" | diff "$work/file" - >&2 || fail "$1 to standard output loads other libraries"
+  sed "s/^/$1 loads /" "$work/file"
+}
+
+run "$program" --format json
+mv "$work/output" "$work/document.json"
+echo '{"title": {"fontStyle": "bold"}}' >"$work/style.json"
 {
   for format in csv html json markdown text xlsx; do
-    find_more --format "$format"
+    list_more "--format $format" "${table[@]}" --format "$format"
+    list_more "--from --format $format" --from "$work/document.json" --format "$format"
+  done
+  for format in html json text xlsx; do
+    list_more "--style --format $format" "${table[@]}" --style "$work/style.json" --format "$format"
   done
   for format in html json; do
-    find_more --format "$format" --chart
+    list_more "--format $format --chart" "${table[@]}" --format "$format" --chart
   done
 } | LC_ALL=C sort | diff "$list" -
 
