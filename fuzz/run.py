@@ -174,7 +174,7 @@ def print_lines(label, targets, subject):
         check=True, capture_output=True)
     files = json.loads(export.stdout)["data"][0]["files"]
     lines = [file["summary"]["lines"] for file in files
-             if file["filename"].removeprefix(f"{ROOT}/").startswith(subject)]
+             if os.path.relpath(file["filename"], ROOT).startswith(subject)]
     count = sum(one["count"] for one in lines)
     reached = sum(one["covered"] for one in lines)
     print(f"{label:24} {count:8} {reached / count:8.1%}")
