@@ -48,6 +48,8 @@ FOUND = re.compile(r"[0-9a-f]{40}")
 
 # The sources that a target in a folder is about.
 SUBJECTS = {
+    "cells": ("cells/",),
+    "codepage": ("codepage/",),
     "core": ("core/", "include/"),
     "tabulate": ("tabulate/",),
     "render": ("render/",),

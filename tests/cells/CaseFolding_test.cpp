@@ -1,7 +1,6 @@
 #include <clocale>
 #include <gtest/gtest.h>
 #include <locale>
-#include <rapidcheck/gtest.h>
 #include <set>
 #include <string>
 #include <utility>
@@ -9,6 +8,8 @@
 #include <wctype.h>
 
 #include <cells/OmStringCell.h>
+
+#include "support/Property.h"
 
 namespace {
 
@@ -132,7 +133,7 @@ std::vector<std::pair<std::string, std::string>> const kPieces{
     {"\x80", "\x80"},
     {std::string(1, '\0'), std::string(1, '\0')}};
 
-RC_GTEST_PROP(CaseFoldingOrder, IsThatOfTheFoldedBytesWhateverTheirNumber, ()) {
+PROPERTY(CaseFoldingOrder, IsThatOfTheFoldedBytesWhateverTheirNumber) {
   std::string texts[2];
   std::string folded[2];
   for (int i = 0; i < 2; ++i) {
@@ -146,7 +147,7 @@ RC_GTEST_PROP(CaseFoldingOrder, IsThatOfTheFoldedBytesWhateverTheirNumber, ()) {
   RC_ASSERT(Folded(texts[0], texts[1]) == (expected > 0) - (expected < 0));
 }
 
-RC_GTEST_PROP(CaseFoldingAscii, AgreesWithLoweringAsciiLetters, ()) {
+PROPERTY(CaseFoldingAscii, AgreesWithLoweringAsciiLetters) {
   auto const text = [] {
     return *rc::gen::container<std::string>(
         rc::gen::map(rc::gen::inRange(0, 128), [](int c) { return static_cast<char>(c); }));

@@ -8,16 +8,13 @@
 #include <vector>
 
 #include "EveryKind.h"
+#include "PlainOrder.h"
 #include "support/faults/FailingNew.h"
 
 namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
-int Sign(int value) {
-  return (value > 0) - (value < 0);
-}
 
 TEST(Compare, TextsCompareByUnsignedBytes) {
   EXPECT_LT(OmStringCell("a").Compare(OmStringCell("b"), false), 0);
@@ -265,41 +262,13 @@ RC_GTEST_PROP(CompareOrder, IsAWeakOrderOverAllKinds, (bool ignoreCase)) {
   CheckOrder(cells, ignoreCase);
 }
 
-/// Simple case folding for the texts of random cells.
-std::string Fold(std::string text) {
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == 'A') {
-      text[i] = 'a';
-    } else if (text[i] == '\x89' && i != 0 && text[i - 1] == '\xC3') {
-      text[i] = '\xA9';
-    }
-  }
-  return text;
-}
-
-int PlainOrder(std::string const& a, std::string const& b, bool ignoreCase) {
-  return Sign(ignoreCase ? Fold(a).compare(Fold(b)) : a.compare(b));
-}
-
-int PlainOrder(double a, double b) {
-  if (std::isnan(a) || std::isnan(b)) {
-    return static_cast<int>(std::isnan(b)) - static_cast<int>(std::isnan(a));
-  }
-  return static_cast<int>(a > b) - static_cast<int>(a < b);
-}
-
-/// The first of two comparisons that finds a difference.
-int Either(int first, int second) {
-  return first != 0 ? first : second;
-}
-
 template <class Cell>
 std::pair<Cell const&, Cell const&> As(OmCellText const& a, OmCellText const& b) {
   return {dynamic_cast<Cell const&>(a), dynamic_cast<Cell const&>(b)};
 }
 
 /// The order of cells that no display mode was set for, from copies of what they hold.
-int PlainOrder(OmCellText const& a, OmCellText const& b, bool ignoreCase) {
+int OrderOf(OmCellText const& a, OmCellText const& b, bool ignoreCase) {
   auto const rank = [](OmCellText const& cell) {
     long const kind = cell.GetKind();
     return kind == 1 || kind == 2 ? std::numeric_limits<long>::min() : kind;
@@ -335,13 +304,13 @@ RC_GTEST_PROP(CompareOrder, AgreesWithThatOfPlainCopiesWithinEveryKind, (bool ig
   int const kind = *rc::gen::inRange(0, kKinds);
   CellPointer const a = RandomCell(kind);
   CellPointer const b = RandomCell(kind);
-  RC_ASSERT(Sign(a->Compare(*b, ignoreCase)) == PlainOrder(*a, *b, ignoreCase));
+  RC_ASSERT(Sign(a->Compare(*b, ignoreCase)) == OrderOf(*a, *b, ignoreCase));
 }
 
 RC_GTEST_PROP(CompareOrder, AgreesWithThatOfPlainCopiesOverAllKinds, (bool ignoreCase)) {
   CellPointer const a = RandomCell();
   CellPointer const b = RandomCell();
-  RC_ASSERT(Sign(a->Compare(*b, ignoreCase)) == PlainOrder(*a, *b, ignoreCase));
+  RC_ASSERT(Sign(a->Compare(*b, ignoreCase)) == OrderOf(*a, *b, ignoreCase));
 }
 
 /// Sets the display mode of a cell, of its context, and of its parts.

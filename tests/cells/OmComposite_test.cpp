@@ -2,7 +2,6 @@
 // This header comes first to show that it is self-contained.
 #include <gtest/gtest.h>
 #include <memory>
-#include <rapidcheck/gtest.h>
 #include <string>
 #include <utility>
 
@@ -10,6 +9,8 @@
 #include <cells/OmStringCell.h>
 #include <cells/OmVariable.h>
 
+#include "PlainTexts.h"
+#include "support/Property.h"
 #include "support/SmallStack.h"
 
 namespace {
@@ -223,7 +224,7 @@ TEST(OmComposite, CompositesAHundredThousandLevelsDeepNeedNoDeepStack) {
   EXPECT_EQ(clone->Compare(*composite, true), 0);
 }
 
-RC_GTEST_PROP(OmCompositeText, AgreesWithReplacingTheMarksOneByOne, ()) {
+PROPERTY(OmCompositeText, AgreesWithReplacingTheMarksOneByOne) {
   auto const pieces = *rc::gen::container<std::vector<std::string>>(
       rc::gen::element<std::string>("{0}", "{1}", "{2}", "{3}", "{", "}", "1", "x", "{{", "{01}"));
   std::string const parts[] = {"A", "", "CC"};
@@ -237,24 +238,8 @@ RC_GTEST_PROP(OmCompositeText, AgreesWithReplacingTheMarksOneByOne, ()) {
   for (std::string const& part : parts) {
     composite.AddPart(OmStringCell(part));
   }
-  std::string const pattern = composite.Pattern();
-  std::string expected;
-  for (std::size_t i = 0; i < pattern.size();) {
-    std::size_t digits = i + 1;
-    while (digits < pattern.size() && pattern[digits] >= '0' && pattern[digits] <= '9') {
-      ++digits;
-    }
-    bool const mark = pattern[i] == '{' && digits > i + 1 && digits < pattern.size() &&
-                      pattern[digits] == '}' &&
-                      std::stoul(pattern.substr(i + 1, digits - i - 1)) < 3;
-    if (mark) {
-      expected += parts[std::stoul(pattern.substr(i + 1, digits - i - 1))];
-      i = digits + 1;
-    } else {
-      expected += pattern[i++];
-    }
-  }
-  RC_ASSERT(composite.GetText() == expected);
+  RC_ASSERT(composite.GetText() ==
+            PlainCompositeText(composite.Pattern(), {parts[0], parts[1], parts[2]}));
 }
 
 }  // namespace

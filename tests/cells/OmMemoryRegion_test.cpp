@@ -9,7 +9,6 @@
 #include <map>
 #include <memory>
 #include <new>
-#include <rapidcheck/gtest.h>
 #include <thread>
 #include <type_traits>
 #include <utility>
@@ -17,6 +16,7 @@
 
 #include <cells/OmStringCell.h>
 
+#include "support/Property.h"
 #include "support/faults/FailingNew.h"
 
 static_assert(!std::is_copy_constructible_v<OmMemoryRegion>);
@@ -424,12 +424,12 @@ void CompareWithModel(OmMemoryRegion& region) {
   }
 }
 
-RC_GTEST_PROP(OmMemoryRegionModel, AgreesWithAMapOfLiveBlocksInAnOwnedRegion, ()) {
+PROPERTY(OmMemoryRegionModel, AgreesWithAMapOfLiveBlocksInAnOwnedRegion) {
   OmMemoryRegion region(false);
   CompareWithModel(region);
 }
 
-RC_GTEST_PROP(OmMemoryRegionModel, AgreesWithAMapOfLiveBlocksInASharedRegion, ()) {
+PROPERTY(OmMemoryRegionModel, AgreesWithAMapOfLiveBlocksInASharedRegion) {
   OmMemoryRegion region(true);
   CompareWithModel(region);
 }

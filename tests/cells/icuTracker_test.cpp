@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
-#include <rapidcheck/gtest.h>
 #include <string>
 #include <vector>
 
 #include "EveryKind.h"
+#include "support/Property.h"
 #include "support/faults/FailingNew.h"
 
 namespace {
@@ -180,7 +180,7 @@ TEST(IcuTracker, ACompositeIsBoundAlone) {
   EXPECT_EQ(composite.Parts().Root().Child(0).Value()->GetTracker(), nullptr);
 }
 
-RC_GTEST_PROP(IcuTrackerModel, CountsTheDistinctTextsOfTheBoundCells, ()) {
+PROPERTY(IcuTrackerModel, CountsTheDistinctTextsOfTheBoundCells) {
   std::vector<std::string> const words{"", "a", "b", "ab", std::string("\0", 1)};
   icuTracker trackers[2] = {icuTracker(kSettings), icuTracker(kSettings)};
   std::map<std::string, int> model[2];

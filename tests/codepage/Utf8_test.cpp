@@ -6,43 +6,14 @@
 #include <string>
 #include <string_view>
 
+#include "PlainUtf8.h"
+
 namespace {
 
 constexpr char32_t kMaxCode = 0x10FFFF;
 
 bool IsSurrogate(char32_t code) {
   return code >= 0xD800 && code <= 0xDFFF;
-}
-
-bool IsWithin(unsigned char byte, unsigned char lowest, unsigned char highest) {
-  return byte >= lowest && byte <= highest;
-}
-
-/// The well-formed byte sequences of Unicode 14.0, table 3-7, row by row.
-std::size_t LengthByTable(std::string_view text) {
-  struct Row {
-    unsigned char first[2];
-    unsigned char second[2];
-    std::size_t length;
-  };
-  constexpr Row kRows[] = {
-      {{0x00, 0x7F}, {0x00, 0x00}, 1}, {{0xC2, 0xDF}, {0x80, 0xBF}, 2},
-      {{0xE0, 0xE0}, {0xA0, 0xBF}, 3}, {{0xE1, 0xEC}, {0x80, 0xBF}, 3},
-      {{0xED, 0xED}, {0x80, 0x9F}, 3}, {{0xEE, 0xEF}, {0x80, 0xBF}, 3},
-      {{0xF0, 0xF0}, {0x90, 0xBF}, 4}, {{0xF1, 0xF3}, {0x80, 0xBF}, 4},
-      {{0xF4, 0xF4}, {0x80, 0x8F}, 4},
-  };
-  auto const byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  for (Row const& row : kRows) {
-    if (IsWithin(byte(0), row.first[0], row.first[1]) && row.length <= text.size()) {
-      bool whole = row.length == 1 || IsWithin(byte(1), row.second[0], row.second[1]);
-      for (std::size_t i = 2; i < row.length; ++i) {
-        whole = whole && IsWithin(byte(i), 0x80, 0xBF);
-      }
-      return whole ? row.length : 0;
-    }
-  }
-  return 0;
 }
 
 TEST(Utf8, ReadsBackEveryCharacter) {
