@@ -8,6 +8,7 @@ void Exercise(std::string_view input) {
                "OmDisplayLayout.FollowsFlagsThatChangeWhileTheHeadingsLive",
                "OmDisplayLayout.AnswersAsTheModelAboutDimensionsThatCameLater",
                "OmDisplayLayout.FindsTheSamePlacesAsTheModelByEitherMethod",
-               "OmDisplayLayout.PreparesTheSameHeadersAsTheModel"},
+               "OmDisplayLayout.PreparesTheSameHeadersAsTheModel",
+               "OmDisplayLayout.AnswersAsTheModelAfterAnySequence"},
               input);
 }
