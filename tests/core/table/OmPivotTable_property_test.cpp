@@ -2,9 +2,14 @@
 #include <climits>
 #include <gtest/gtest.h>
 #include <map>
+#include <memory>
 #include <optional>
 #include <random>
+#include <string>
+#include <utility>
+#include <vector>
 
+#include <cells/OmNumber.h>
 #include <lakresvos/OmPivotTable.h>
 
 #include "core/table/OmPivotTableFixture.h"
@@ -12,22 +17,47 @@
 
 namespace {
 
-/// A table as a map from index, last dimension first, to text; and, for the start of a walk, the
-/// sizes of the store's nodes by their path from the root.
+/// A text, and the style in its metadata if it has any.
+struct Styled {
+  std::string text;
+  std::optional<int> style;
+
+  std::string Text() const { return style ? text + " in " + std::to_string(*style) : text; }
+};
+
+std::string StyledTextOf(OmCellText const* cell) {
+  bool const styled = cell != nullptr && cell->hasMeta();
+  return Styled{TestTable::TextOf(cell),
+                styled ? std::optional(cell->getMeta()->getStyle()) : std::nullopt}
+      .Text();
+}
+
+/// The cells of a table as a map from index, last dimension first, to text; and, for the start of a
+/// walk, the sizes of the store's nodes by their path from the root.
 class Model {
  public:
   explicit Model(std::size_t dimensions) : dimensions_(dimensions) {}
 
-  void Write(Index const& index, std::optional<std::string> const& text) {
+  /// Writes a cell, which keeps the style of the one before it, or clears it.
+  void Write(Index const& index, std::optional<Styled> cell) {
     Index const path(index.rbegin(), index.rend());
     for (std::size_t level = 0; level < dimensions_; ++level) {
       long& size = nodes_[Head(path, level)];
       size = std::max(size, path[level] + 1L);
     }
-    cells_.erase(path);
-    if (text) {
-      cells_[path] = *text;
+    auto const old = cells_.find(path);
+    if (cell && old != cells_.end() && old->second.style) {
+      cell->style = old->second.style;
     }
+    cells_.erase(path);
+    if (cell) {
+      cells_[path] = *cell;
+    }
+  }
+
+  /// Gives the cell a style, or takes it away.
+  void SetStyle(Index const& index, std::optional<int> style) {
+    cells_.at(Index(index.rbegin(), index.rend())).style = style;
   }
 
   void Delete(Index const& index) {
@@ -54,9 +84,9 @@ class Model {
     if (!nodes.empty()) {
       nodes[Index{}] = 1;
     }
-    std::map<Index, std::string> cells;
-    for (auto const& [path, text] : cells_) {
-      cells[Below(path)] = text;
+    std::map<Index, Styled> cells;
+    for (auto const& [path, cell] : cells_) {
+      cells[Below(path)] = cell;
     }
     nodes_ = nodes;
     cells_ = cells;
@@ -65,7 +95,7 @@ class Model {
 
   std::string At(Index const& index) const {
     auto const found = cells_.find(Index(index.rbegin(), index.rend()));
-    return found != cells_.end() ? found->second : "(none)";
+    return found != cells_.end() ? found->second.Text() : "(none)";
   }
 
   Walked Walk() const {
@@ -73,8 +103,8 @@ class Model {
     if (StartsInAClearedBranch()) {
       return walked;
     }
-    for (auto const& [path, text] : cells_) {
-      walked.emplace_back(Index(path.rbegin(), path.rend()), text);
+    for (auto const& [path, cell] : cells_) {
+      walked.emplace_back(Index(path.rbegin(), path.rend()), cell.Text());
     }
     return walked;
   }
@@ -112,43 +142,202 @@ class Model {
 
   std::size_t dimensions_;
   std::map<Index, long> nodes_;
-  std::map<Index, std::string> cells_;
+  std::map<Index, Styled> cells_;
 };
 
-RANDOM_PROGRAM(OmPivotTableProperty, BehavesAsAMapUnderRandomChanges) {
-  auto const dimensions = *rc::gen::inRange(1, 5);
-  TestTable table(dimensions);
-  Model model(static_cast<std::size_t>(dimensions));
-  int const steps = DrawStepCount();
-  for (int step = 0; step < steps; ++step) {
-    int const count = table.NDimensions();
-    Index const index = *rc::gen::container<Index>(
-        static_cast<std::size_t>(count),
+/// A table and what it should hold, which are changed alike.
+class Pair {
+ public:
+  explicit Pair(int dimensions)
+      : table_(std::make_unique<TestTable>(dimensions)),
+        cells_(static_cast<std::size_t>(dimensions)) {
+    for (int number = 0; number < dimensions; ++number) {
+      dimensions_.push_back({std::to_string(number), 0, static_cast<unsigned long>(number)});
+    }
+  }
+
+  void Step(int step) {
+    Index const index = DrawIndex();
+    int const action = *rc::gen::inRange(0, 28);
+    if (action < 10) {
+      Write(index, Styled{std::to_string(step), DrawStyle()});
+    } else if (action < 14) {
+      Write(index, std::nullopt);
+    } else if (action < 19) {
+      table_->deleteCell(index);
+      cells_.Delete(index);
+    } else if (action == 19) {
+      AddDimension();
+    } else if (action < 23) {
+      SetStyle(index);
+    } else if (action < 25) {
+      AddCategory();
+    } else if (action < 27) {
+      SetBackend();
+    } else {
+      CopyDimensions();
+    }
+    CheckCells(index, step);
+    CheckDimensions();
+  }
+
+ private:
+  struct Dimension {
+    std::string label;
+    int size;
+    unsigned long subscript;
+  };
+
+  int Count() const { return table_->NDimensions(); }
+
+  Index DrawIndex() const {
+    return *rc::gen::container<Index>(
+        static_cast<std::size_t>(Count()),
         rc::gen::weightedOneOf<int>({{9, rc::gen::inRange(0, 4)},
                                      {1, rc::gen::inRange(0, 30)},
                                      {1, rc::gen::element(63, 64, 5000, 1 << 20, INT_MAX)}}));
-    int const action = *rc::gen::inRange(0, 20);
-    if (action < 10) {
-      table.Put(index, std::to_string(step));
-      model.Write(index, std::to_string(step));
-    } else if (action < 14) {
-      table.Clear(index);
-      model.Write(index, std::nullopt);
-    } else if (action < 19) {
-      table.deleteCell(index);
-      model.Delete(index);
-    } else if (count < 7) {
-      table.AddDimension(Text("more"));
-      model.AddDimension();
+  }
+
+  static std::optional<int> DrawStyle() {
+    int const style = *rc::gen::inRange(0, 10);
+    return style < 2 ? std::optional(style) : std::nullopt;
+  }
+
+  static void SetStyle(OmCellText& cell, std::optional<int> style) {
+    OmCellMetaData meta;
+    meta.setStyle(static_cast<unsigned short>(style.value_or(0)));
+    cell.setMeta(style ? &meta : nullptr);
+  }
+
+  void Write(Index const& index, std::optional<Styled> const& styled) {
+    OmStringCell cell(styled ? styled->text : "");
+    if (styled) {
+      SetStyle(cell, styled->style);
     }
-    Index probe = index;
-    probe.resize(static_cast<std::size_t>(table.NDimensions()));
-    RC_ASSERT(table.At(probe) == model.At(probe));
-    RC_ASSERT(table.Walk() == model.Walk());
-    probe[static_cast<std::size_t>(step) % probe.size()] = *rc::gen::element(-1, -2, INT_MIN);
-    table.deleteCell(probe);
-    RC_ASSERT_THROWS_AS(table.At(probe), OMSException);
-    RC_ASSERT_THROWS_AS(table.Put(probe, "nowhere"), OMSException);
+    bool const room = written_ <= limit_;
+    ++written_;
+    RC_ASSERT(table_->Cell(index, styled ? &cell : nullptr) == room);
+    if (room) {
+      cells_.Write(index, styled);
+    } else {
+      scratched_ = true;
+    }
+  }
+
+  /// Changes the metadata of the cell itself.
+  void SetStyle(Index const& index) {
+    if (OmCellText* const cell = std::as_const(*table_).Cell(index)) {
+      std::optional<int> const style = DrawStyle();
+      SetStyle(*cell, style);
+      cells_.SetStyle(index, style);
+    }
+  }
+
+  /// With a label, or with categories.
+  void AddDimension() {
+    if (Count() >= 7) {
+      return;
+    }
+    std::string const label = *rc::gen::element<std::string>("more", "1");
+    auto const number = static_cast<unsigned long>(Count());
+    bool const copied = *rc::gen::arbitrary<bool>();
+    OmDimension const& added =
+        copied ? table_->AddDimension(*Nested(label)) : table_->AddDimension(Text(label));
+    RC_ASSERT(&added == &std::as_const(*table_).Dimension(static_cast<int>(number)));
+    dimensions_.push_back({label, copied ? 3 : 0, number});
+    cells_.AddDimension();
+  }
+
+  void AddCategory() {
+    int const which = *rc::gen::inRange(0, Count());
+    OmDimension& dimension = table_->Dimension(which);
+    dimension.AddNewChild(dimension.Root(), Text("new"), 0, false);
+    ++dimensions_[static_cast<std::size_t>(which)].size;
+  }
+
+  /// The settings do not show, but for the limit, which later ones raise or lower.
+  void SetBackend() {
+    BackendSettings settings = Settings(*rc::gen::arbitrary<bool>(), *rc::gen::arbitrary<bool>());
+    if (*rc::gen::inRange(0, 4) == 0) {
+      settings.setMaxCells(*rc::gen::inRange(0, 100));
+    }
+    limit_ = settings.getMaxCells();
+    table_->setBackendSettings(settings);
+  }
+
+  /// Goes on with an empty table of the same dimensions.
+  void CopyDimensions() {
+    RC_ASSERT_THROWS_AS(table_->CopyDimensions(*table_), OMSException);
+    auto copy = std::make_unique<TestTable>();
+    if (*rc::gen::arbitrary<bool>()) {
+      copy->setBackendSettings(table_->getBackendSettings());
+    } else {
+      limit_ = INT_MAX;
+    }
+    copy->CopyDimensions(*table_);
+    table_ = std::move(copy);
+    cells_ = Model(dimensions_.size());
+    written_ = 0;
+    scratched_ = false;
+  }
+
+  void CheckCells(Index index, int step) {
+    index.resize(static_cast<std::size_t>(Count()));
+    RC_ASSERT(StyledTextOf(table_->Cell(index)) == cells_.At(index));
+    Walked walked;
+    for (auto at = table_->FirstCell(); at.Cell() != nullptr; ++at) {
+      walked.emplace_back(at.Index(), StyledTextOf(at.Cell()));
+    }
+    RC_ASSERT(walked == cells_.Walk());
+    index[static_cast<std::size_t>(step) % index.size()] = *rc::gen::element(-1, -2, INT_MIN);
+    table_->deleteCell(index);
+    RC_ASSERT_THROWS_AS(table_->At(index), OMSException);
+    if (written_ <= limit_) {
+      RC_ASSERT_THROWS_AS(table_->Put(index, "nowhere"), OMSException);
+    } else {
+      RC_ASSERT(!table_->Put(index, "nowhere"));
+      scratched_ = true;
+    }
+    ++written_;
+    RC_ASSERT(table_->getNumCells() == written_);
+    RC_ASSERT(table_->IsScratched() == scratched_);
+  }
+
+  void CheckDimensions() const {
+    std::vector<int> sizes;
+    for (std::size_t i = 0; i < dimensions_.size(); ++i) {
+      auto const& [label, size, subscript] = dimensions_[i];
+      OmDimension const& dimension = std::as_const(*table_).Dimension(static_cast<int>(i));
+      RC_ASSERT(LabelOf(dimension.Root()) == label);
+      RC_ASSERT(dimension.Root().Value().subscript == subscript);
+      RC_ASSERT(table_->Size(static_cast<int>(i)) == size);
+      sizes.push_back(size);
+    }
+    RC_ASSERT(table_->SizeVector() == sizes);
+    RC_ASSERT_THROWS_AS(table_->Size(static_cast<int>(sizes.size())), OMSException);
+    RC_ASSERT_THROWS_AS(table_->Dimension(-1), OMSException);
+    for (char const* const label : {"0", "1", "more", "none"}) {
+      auto const found = std::find_if(dimensions_.begin(), dimensions_.end(),
+                                      [&](Dimension const& one) { return one.label == label; });
+      RC_ASSERT(table_->FindDimension(Text(label)) ==
+                (found != dimensions_.end() ? found - dimensions_.begin() : -1));
+    }
+    RC_ASSERT(table_->FindDimension(OmNumber(0, 0)) == -1);
+  }
+
+  std::unique_ptr<TestTable> table_;
+  Model cells_;
+  std::vector<Dimension> dimensions_;
+  int written_ = 0;
+  int limit_ = INT_MAX;
+  bool scratched_ = false;
+};
+
+RANDOM_PROGRAM(OmPivotTableProperty, BehavesAsAMapUnderRandomChanges) {
+  Pair pair(*rc::gen::inRange(1, 5));
+  int const steps = DrawStepCount();
+  for (int step = 0; step < steps; ++step) {
+    pair.Step(step);
   }
 }
 
