@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/dimension/OmDimensionEditingPair.h"
+#include "core/dimension/PlainQueries.h"
 #include "support/Property.h"
 
 namespace {
@@ -31,6 +32,9 @@ RANDOM_PROGRAM(OmDimensionEditing, BehavesLikeAPlainTreeUnderAnySequence) {
         pair.Edit();
     }
     pair.Check();
+    if (step % 4 == 0) {
+      CheckQueries(dimension, *pair.model().root);
+    }
   }
 }
 
