@@ -189,6 +189,13 @@ class PlainDocument {
   }
 };
 
+void CheckDocument(OmOutputTree& tree, PlainDocument const& model,
+                   std::vector<std::string> const& deleted) {
+  RC_ASSERT(TextOf(tree) == PlainText(model.roots));
+  RC_ASSERT(NavigatedText(tree.begin()) == PlainText(model.roots));
+  RC_ASSERT(deleted == model.deleted);
+}
+
 RANDOM_PROGRAM(OmOutputTree, BehavesLikeATreeOfVectorsUnderAnySequence) {
   std::vector<std::string> deleted;
   OmOutputTree tree;
@@ -199,9 +206,10 @@ RANDOM_PROGRAM(OmOutputTree, BehavesLikeATreeOfVectorsUnderAnySequence) {
     std::string const name = "n" + std::to_string(step);
     std::vector<Spot> spots;
     CollectSpots(model.roots, 0, spots);
-    if (spots.empty()) {
-      tree.Append(new SpyPart(name, deleted));
+    if (spots.empty() || *rc::gen::inRange(0, 16) == 0) {
+      RC_ASSERT(tree.Append(new SpyPart(name, deleted)).depth == 0);
       model.roots.push_back(MakeItem(name, true));
+      CheckDocument(tree, model, deleted);
       continue;
     }
     std::size_t const position = SomePosition(spots.size());
@@ -210,11 +218,21 @@ RANDOM_PROGRAM(OmOutputTree, BehavesLikeATreeOfVectorsUnderAnySequence) {
     std::advance(node.position, static_cast<long>(position));
     node = OmOutputTree::Node(&tree, node.position);
     RC_ASSERT(node.depth == spot.depth);
-    switch (*rc::gen::weightedElement<int>({{9, 0}, {2, 1}, {1, 2}, {2, 3}})) {
+    switch (*rc::gen::weightedElement<int>({{6, 0}, {3, 4}, {2, 1}, {1, 2}, {2, 3}})) {
       case 0:
         RC_ASSERT(node.AppendChild(new SpyPart(name, deleted)).depth == spot.depth + 1);
         (*spot.list)[spot.place]->children.push_back(MakeItem(name, true));
         break;
+      case 4: {
+        auto part = std::make_unique<SpyPart>(name, deleted);
+        SpyPart const* const made = part.get();
+        OmOutputTree::Node const child = node.AppendChild(std::move(part));
+        RC_ASSERT(part == nullptr);
+        RC_ASSERT(child.Value() == made);
+        RC_ASSERT(child.depth == spot.depth + 1);
+        (*spot.list)[spot.place]->children.push_back(MakeItem(name, true));
+        break;
+      }
       case 1:
         tree.Erase(node);
         model.Erase(spot);
@@ -233,9 +251,7 @@ RANDOM_PROGRAM(OmOutputTree, BehavesLikeATreeOfVectorsUnderAnySequence) {
         RC_ASSERT(result.depth == (spot.depth >= 2 ? spot.depth : spot.depth + 1));
       }
     }
-    RC_ASSERT(TextOf(tree) == PlainText(model.roots));
-    RC_ASSERT(NavigatedText(tree.begin()) == PlainText(model.roots));
-    RC_ASSERT(deleted == model.deleted);
+    CheckDocument(tree, model, deleted);
   }
 }
 
