@@ -62,13 +62,19 @@ void AddChildren(OmDimension& dimension, Node const& parent, int count, int leve
   }
 }
 
+/// The way from the root to a node below it, if there is any.
+std::vector<Node> AnyPath(OmDimension& dimension) {
+  std::vector<Node> path{dimension.Root()};
+  while (path.back().NChildren() != 0 && (path.size() == 1 || !OneIn(2))) {
+    path.push_back(path.back().Child(
+        static_cast<std::size_t>(Draw(static_cast<int>(path.back().NChildren())))));
+  }
+  return path;
+}
+
 /// A node below the root, if there is any.
 Node AnyNode(OmDimension& dimension) {
-  Node node = dimension.Root();
-  while (node.NChildren() != 0 && (node.depth == 0 || !OneIn(2))) {
-    node = node.Child(static_cast<std::size_t>(Draw(static_cast<int>(node.NChildren()))));
-  }
-  return node;
+  return AnyPath(dimension).back();
 }
 
 void DeleteSome(OmDimension& dimension) {
@@ -93,12 +99,13 @@ void AddRandomDimension(Table& table, std::string const& label) {
   }
 }
 
-/// The product of the extents of all axis entries: what trying every combination costs.
+/// The product of the extents of all axis entries: what trying every combination costs. An empty
+/// dimension counts as one, for it empties its own axis alone.
 double Places(Table const& table) {
   double product = 1;
   for (PuppetVector<short> const* axis : {&table.Rows(), &table.Columns(), &table.Layers()}) {
     for (short d : *axis) {
-      product *= d >= 0 && d < table.NDimensions() ? table.Size(d) : 1;
+      product *= d >= 0 && d < table.NDimensions() ? std::max(table.Size(d), 1) : 1;
     }
   }
   return product;
@@ -255,6 +262,51 @@ void DeleteNode(Table& table) {
   }
 }
 
+/// Wraps a node, and some of the siblings after it.
+void InsertChild(OmDimension& dimension, Node const& parent, Node const& node) {
+  std::vector<Node> nodes;
+  for (std::size_t i = 0; i < parent.NChildren(); ++i) {
+    if (parent[i].element == node.element || (!nodes.empty() && OneIn(2))) {
+      nodes.push_back(parent[i]);
+    }
+  }
+  std::vector<Node*> wrapped;
+  for (Node& one : nodes) {
+    wrapped.push_back(&one);
+  }
+  dimension.insertChild(OmStringCell("wrap"), wrapped);
+}
+
+void MoveChild(OmDimension& dimension, Node& node) {
+  Node before = AnyNode(dimension);
+  bool const exchange = OneIn(2);
+  RC_LOG() << (exchange ? "  exchanged with " : "  before ") << before.Value().label->GetText()
+           << "\n";
+  dimension.moveChild(node, OneIn(4) ? nullptr : &before, exchange);
+}
+
+/// Makes one of the edits that keep subscripts and groups consistent. Categories are not dissolved:
+/// that leaves them a subscript for which the model has no room.
+void EditCategories(Table& table) {
+  OmDimension& dimension = AnyDimension(table);
+  std::vector<Node> const path = AnyPath(dimension);
+  Node node = path.back();
+  Node const parent = path.size() > 1 ? path[path.size() - 2] : node;
+  int const edit = Draw(4);
+  RC_LOG() << "edit " << edit << " of " << node.Value().label->GetText() << "\n";
+  if (edit == 0) {
+    dimension.insertCategory(OmStringCell("inserted"), node, OneIn(3) ? AnyNode(dimension) : parent,
+                             OneIn(2));
+  } else if (edit == 1) {
+    InsertChild(dimension, parent, node);
+  } else if (edit == 2 && node.Value().group) {
+    dimension.removeChild(node);
+  } else {
+    MoveChild(dimension, node);
+  }
+  LogTable(table);
+}
+
 void AddDimension(Table& table) {
   if (table.NDimensions() < 4) {
     AddRandomDimension(table, std::string(1, static_cast<char>('A' + table.NDimensions())));
@@ -287,7 +339,7 @@ void MakeRandomTable(Table& table, double mostPlaces) {
 }
 
 void ChangeTable(Table& table, double mostPlaces) {
-  switch (table.NDimensions() == 0 ? -1 : Draw(8)) {
+  switch (table.NDimensions() == 0 ? -1 : Draw(10)) {
     case 0:
       return ChangeFlags(table);
     case 1:
@@ -303,6 +355,10 @@ void ChangeTable(Table& table, double mostPlaces) {
     case 5:
     case 6:
       return ChangeCell(table);
+    case 7:
+    case 8:
+      EditCategories(table);
+      break;
     default:
       AddDimension(table);
   }

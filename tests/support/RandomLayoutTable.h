@@ -18,8 +18,8 @@ namespace layout_tables {
 /// @param mostPlaces how many combinations of categories the axes have at most.
 void MakeRandomTable(Table& table, double mostPlaces = 8000);
 
-/// Changes one thing in a table, which is printed then: a cell, the flags of a node, a category, an
-/// entry of an axis, or the number of dimensions.
+/// Changes one thing in a table, which is printed then: a cell, the flags of a node, a category or
+/// its place in the tree, an entry of an axis, or the number of dimensions.
 void ChangeTable(Table& table, double mostPlaces);
 
 /// Adds one or two dimensions to the table and to its rows or columns, as after a layer heading was
