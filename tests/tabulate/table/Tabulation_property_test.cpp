@@ -4,10 +4,15 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <map>
+#include <memory>
 #include <optional>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include <lakresvos/tabulate/CrossTable.h>
+#include <lakresvos/tabulate/InputError.h>
 #include <lakresvos/tabulate/WarningLog.h>
 
 #include "data/ColumnWriter.h"
@@ -41,6 +46,11 @@ std::string OneOf(Texts... texts) {
   return *rc::gen::element<std::string>(texts...);
 }
 
+/// The value as the category that it falls into: a number however it is written.
+std::string CategoryOf(std::string const& field) {
+  return field == "10.0" ? "10" : field;
+}
+
 std::string DrawWeight() {
   return OneOf("1", "1", "2", "5", "0", "0.1", "0.7", "1e9", "NA");
 }
@@ -59,8 +69,10 @@ class Model {
   using Key = std::vector<std::string>;
   inline static std::string const kTotal = "(total)";
 
-  /// @param dimensions the column and the axis of each.
-  Model(std::vector<std::size_t> columns, std::vector<TableAxis> axes, bool weighted, bool totals)
+  /// @param columns of each dimension, nested ones outermost first.
+  /// @param axes    of each dimension.
+  Model(std::vector<std::vector<std::size_t>> columns, std::vector<TableAxis> axes, bool weighted,
+        bool totals)
       : columns_(std::move(columns)),
         axes_(std::move(axes)),
         weighted_(weighted),
@@ -73,9 +85,12 @@ class Model {
     }
     Key key;
     bool missing = false;
-    for (std::size_t const column : columns_) {
-      missing = missing || IsMissing(row[column]);
-      key.push_back(row[column]);
+    for (std::vector<std::size_t> const& nested : columns_) {
+      std::string& category = key.emplace_back();
+      for (std::size_t const column : nested) {
+        missing = missing || IsMissing(row[column]);
+        category += "/" + CategoryOf(row[column]);
+      }
     }
     if (missing) {
       ++excluded_;
@@ -115,7 +130,7 @@ class Model {
     }
   }
 
-  std::vector<std::size_t> columns_;
+  std::vector<std::vector<std::size_t>> columns_;
   std::vector<TableAxis> axes_;
   bool weighted_;
   bool totals_;
@@ -123,36 +138,93 @@ class Model {
   std::map<Key, ExactCell> cells_;
 };
 
+/// Categories as they are to stand in the tree: the groups and values on the way to each.
+struct PlainLeaf {
+  std::vector<std::string> path;
+  std::size_t subscript;
+};
+
+/// Children in the order of their first leaf, each with its subscript or its own children.
+std::string Outline(std::vector<PlainLeaf> const& leaves, std::size_t level = 0) {
+  std::vector<std::vector<PlainLeaf>> children;
+  for (PlainLeaf const& leaf : leaves) {
+    auto const known = std::find_if(children.begin(), children.end(), [&](auto const& child) {
+      return child.front().path[level] == leaf.path[level];
+    });
+    (known != children.end() ? *known : children.emplace_back()).push_back(leaf);
+  }
+  std::string text;
+  for (std::vector<PlainLeaf> const& child : children) {
+    PlainLeaf const& first = child.front();
+    text += first.path[level];
+    text += first.path.size() == level + 1 ? "#" + std::to_string(first.subscript)
+                                           : "(" + Outline(child, level + 1) + ")";
+    text += " ";
+  }
+  return text;
+}
+
+std::string Outline(OmDimension::ConstNode node) {
+  std::string text;
+  for (std::size_t i = 0; i < node.NChildren(); ++i) {
+    OmDimensionNode const& child = node[i].Value();
+    text += child.label->GetText();
+    text += child.group ? "(" + Outline(node[i]) + ")" : "#" + std::to_string(child.subscript);
+    text += " ";
+  }
+  return text;
+}
+
+/// The cells of a table, by their subscripts.
+std::map<std::vector<int>, std::string> CellsOf(OmPivotTable const& table) {
+  std::map<std::vector<int>, std::string> cells;
+  for (auto at = table.FirstCell(); at.Cell() != nullptr; ++at) {
+    cells[at.Index()] = at.Cell()->GetText();
+  }
+  return cells;
+}
+
 /// Data that grow row by row, the tables of them, and what those should say.
 class Pair {
  public:
-  Pair()
-      : weighted_(*rc::gen::arbitrary<bool>()),
-        percentages_(*rc::gen::arbitrary<bool>()),
-        totals_(*rc::gen::arbitrary<bool>()),
-        formula_(ParseFormula(OneOf("a ~ b | c", "a * b ~ c", "~ b * a | c", "b ~ a", "a ~ c | b",
-                                    "c * a * b ~", "~ | a * b * c", "~"))),
-        statistics_(ParseStatistics(std::string("count,mean:x,sd:x,sum:x,min:x,max:x") +
-                                    (percentages_ ? ",row%,column%,total%" : ""))) {
-    for (char const* const name : kColumns) {
-      data_.columns.emplace_back(name);
+  Pair() { AskForAnother(); }
+
+  /// Draws another table of the same rows.
+  void AskForAnother() {
+    weighted_ = *rc::gen::arbitrary<bool>();
+    percentages_ = *rc::gen::arbitrary<bool>();
+    totals_ = *rc::gen::arbitrary<bool>();
+    formula_ = ParseFormula(OneOf("a ~ b | c", "a * b ~ c", "~ b * a | c", "b ~ a", "a ~ c | b",
+                                  "c * a * b ~", "~ | a * b * c", "~", "a / b ~ c", "~ b / a",
+                                  "a ~ | b / c", "a / b / c ~", "c / a ~ | b"));
+    statistics_ = ParseStatistics(std::string("count,mean:x,sd:x,sum:x,min:x,max:x") +
+                                  (percentages_ ? ",row%,column%,total%" : ""));
+    RC_LOG() << formula_.text << (weighted_ ? " weighted" : "") << (totals_ ? " totals" : "")
+             << (percentages_ ? " percentages" : "") << "\n";
+    if (data_.columns.empty()) {
+      for (char const* const name : kColumns) {
+        data_.columns.emplace_back(name);
+      }
+      for (DataColumn& column : data_.columns) {
+        writers_.emplace_back(column);
+      }
     }
-    for (DataColumn& column : data_.columns) {
-      writers_.emplace_back(column);
-    }
-    std::vector<std::size_t> columns;
+    std::vector<std::vector<std::size_t>> columns;
     std::vector<TableAxis> axes;
     Tabulation const table = Tabulate();
     for (TableDimension const& dimension : table.Dimensions()) {
-      columns.push_back(dimension.columns[0]);
+      columns.push_back(dimension.columns);
       axes.push_back(dimension.axis);
     }
     model_.emplace(std::move(columns), std::move(axes), weighted_, totals_ || percentages_);
+    for (Row const& row : rows_) {
+      model_->Add(row);
+    }
   }
 
   void AddRow() {
-    Row const row{OneOf("p", "q", "r", "NA"), OneOf("10", "9", ""), OneOf("u", "v"), DrawWeight(),
-                  DrawNumber()};
+    Row const row{OneOf("p", "q", "r", "NA"), OneOf("10", "9", "10.0", ""), OneOf("u", "v"),
+                  DrawWeight(), DrawNumber()};
     for (std::size_t column = 0; column < row.size(); ++column) {
       writers_[column].Append(row[column]);
       writers_[column].Flush();
@@ -160,11 +232,50 @@ class Pair {
     }
     data_.lines.push_back(data_.lines.size() + 2);
     ++data_.records;
+    rows_.push_back(row);
     model_->Add(row);
+  }
+
+  /// Puts values of a column in groups, which has to show in the trees alone.
+  void CheckGroups() const {
+    std::size_t const column = static_cast<std::size_t>(*rc::gen::inRange(0, 3));
+    std::map<std::string, std::string> groups = DrawGroups(column);
+    std::vector<Grouping> groupings;
+    for (char const* const group : {"g", "h"}) {
+      std::string members;
+      for (auto const& [value, of] : groups) {
+        members += of == group ? (members.empty() ? "" : ", ") + value : "";
+      }
+      if (!members.empty()) {
+        groupings.push_back(
+            ParseGrouping(std::string(kColumns[column]) + ": " + group + " = " + members));
+        RC_LOG() << groupings.back().text << "\n";
+      }
+    }
+    Tabulation const table = Tabulate();
+    bool const strangers =
+        std::any_of(table.Dimensions().begin(), table.Dimensions().end(),
+                    [&](TableDimension const& one) { return HasStrangers(one, column, groups); });
+    try {
+      auto const grouped = MakeTable(groupings);
+      RC_ASSERT(!strangers);
+      RC_ASSERT(CellsOf(*grouped) == CellsOf(*MakeTable({})));
+      for (std::size_t d = 0; d < table.Dimensions().size(); ++d) {
+        OmDimension const& dimension = std::as_const(*grouped).Dimension(static_cast<int>(d));
+        RC_ASSERT(Outline(dimension.Root()) ==
+                  Outline(Leaves(table.Dimensions()[d], column, groups)));
+      }
+    } catch (InputError const& error) {
+      RC_ASSERT(strangers);
+      RC_ASSERT(std::string(error.what()).find("never occurs next to") != std::string::npos);
+    }
   }
 
   void Check() const {
     Tabulation const table = Tabulate();
+    for (TableDimension const& dimension : table.Dimensions()) {
+      CheckOrder(dimension);
+    }
     RC_ASSERT(table.ExcludedRows() == model_->Excluded());
     RC_ASSERT(table.Cells() == model_->Cells());
     for (std::size_t cell = 0; cell < table.Cells(); ++cell) {
@@ -191,12 +302,116 @@ class Pair {
       if (subscripts[d] == dimension.Total()) {
         key.push_back(Model::kTotal);
       } else {
-        std::uint32_t const category = dimension.categories[subscripts[d]][0];
-        std::uint32_t const code = dimension.orders[0].codeByCategory[category];
-        key.emplace_back(data_.columns[dimension.columns[0]].Values()[code]);
+        std::string& category = key.emplace_back();
+        for (std::string const& value : ValuesOf(dimension, subscripts[d])) {
+          category += "/" + CategoryOf(value);
+        }
       }
     }
     return key;
+  }
+
+  /// The values of a category, one for each column of the dimension, as they are written first.
+  std::vector<std::string> ValuesOf(TableDimension const& dimension, std::size_t subscript) const {
+    std::vector<std::string> values;
+    for (std::size_t level = 0; level < dimension.columns.size(); ++level) {
+      std::uint32_t const category = dimension.categories[subscript][level];
+      std::uint32_t const code = dimension.orders[level].codeByCategory[category];
+      values.emplace_back(data_.columns[dimension.columns[level]].Values()[code]);
+    }
+    return values;
+  }
+
+  /// The place of a value among those of its column: numbers ascend, texts stand as they came.
+  std::size_t Rank(std::size_t column, std::string const& value) const {
+    if (column == 1) {
+      return value == "9" ? 0 : 1;
+    }
+    auto const first = std::find_if(rows_.begin(), rows_.end(),
+                                    [&](Row const& row) { return row[column] == value; });
+    return static_cast<std::size_t>(first - rows_.begin());
+  }
+
+  void CheckOrder(TableDimension const& dimension) const {
+    std::vector<std::size_t> former;
+    for (std::size_t subscript = 0; subscript < dimension.Total(); ++subscript) {
+      std::vector<std::string> const values = ValuesOf(dimension, subscript);
+      std::vector<std::size_t> ranks;
+      for (std::size_t level = 0; level < values.size(); ++level) {
+        ranks.push_back(Rank(dimension.columns[level], values[level]));
+      }
+      RC_ASSERT(former < ranks);
+      former = ranks;
+    }
+  }
+
+  /// Which group each of some values of the column is to be in.
+  std::map<std::string, std::string> DrawGroups(std::size_t column) const {
+    std::map<std::string, std::string> groups;
+    for (Row const& row : rows_) {
+      std::string const value = CategoryOf(row[column]);
+      if (!IsMissing(value) && groups.count(value) == 0) {
+        groups[value] = OneOf("g", "g", "h", "");
+      }
+    }
+    return groups;
+  }
+
+  std::unique_ptr<OmPivotTable> MakeTable(std::vector<Grouping> const& groupings) const {
+    WarningLog warnings;
+    return MakeCrossTable(data_, weighted_ ? RowWeights(data_, "w", warnings) : RowWeights(),
+                          {formula_}, ParseStatistics("count"), totals_, groupings);
+  }
+
+  /// The tree that the dimension should have.
+  std::vector<PlainLeaf> Leaves(TableDimension const& dimension, std::size_t column,
+                                std::map<std::string, std::string> const& groups) const {
+    std::vector<PlainLeaf> leaves;
+    for (std::size_t subscript = 0; subscript < dimension.Total(); ++subscript) {
+      std::vector<std::string> const values = ValuesOf(dimension, subscript);
+      PlainLeaf& leaf = leaves.emplace_back(PlainLeaf{{}, subscript});
+      for (std::size_t level = 0; level < values.size(); ++level) {
+        std::string const group =
+            dimension.columns[level] == column ? groups.at(CategoryOf(values[level])) : "";
+        if (!group.empty()) {
+          leaf.path.push_back(group);
+        }
+        leaf.path.push_back(values[level]);
+      }
+    }
+    if (totals_ && dimension.axis != TableAxis::Layers) {
+      leaves.push_back({{"Total"}, dimension.Total()});
+    }
+    return leaves;
+  }
+
+  /// Whether a group has a member that no outer category has together with the group's first one.
+  bool HasStrangers(TableDimension const& dimension, std::size_t column,
+                    std::map<std::string, std::string> const& groups) const {
+    auto const at = std::find(dimension.columns.begin(), dimension.columns.end(), column);
+    auto const level = static_cast<std::size_t>(at - dimension.columns.begin());
+    if (level == 0 || at == dimension.columns.end()) {
+      return false;
+    }
+    std::map<std::vector<std::string>, std::set<std::string>> inner;  // by the outer values
+    for (std::size_t subscript = 0; subscript < dimension.Total(); ++subscript) {
+      std::vector<std::string> values = ValuesOf(dimension, subscript);
+      std::string const value = CategoryOf(values[level]);
+      values.resize(level);
+      inner[values].insert(value);
+    }
+    for (auto const& [value, group] : groups) {
+      auto const first = std::find_if(groups.begin(), groups.end(),
+                                      [&](auto const& one) { return one.second == group; });
+      bool const together =
+          value == first->first || std::any_of(inner.begin(), inner.end(), [&](auto const& one) {
+            return one.second.count(value) != 0 && one.second.count(first->first) != 0;
+          });
+      if (!group.empty() && !together) {
+        return true;
+      }
+    }
+    return false;
   }
 
   static bool Same(double number, double expected) {
@@ -225,11 +440,12 @@ class Pair {
     }
   }
 
-  bool weighted_;
-  bool percentages_;
-  bool totals_;
+  bool weighted_ = false;
+  bool percentages_ = false;
+  bool totals_ = false;
   Formula formula_;
   std::vector<Statistic> statistics_;
+  std::vector<Row> rows_;
   FewValues few_;
   DataSet data_;
   std::vector<ColumnWriter> writers_;
@@ -242,7 +458,14 @@ RANDOM_PROGRAM(TabulationProperty, SaysWhatExactArithmeticDoesOfDataThatGrow) {
   Pair pair;
   pair.Check();
   for (int steps = DrawStepCount(); steps > 0; --steps) {
-    pair.AddRow();
+    int const step = *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(0, 40));
+    if (step == 0) {
+      pair.AskForAnother();
+    } else if (step < 4) {
+      pair.CheckGroups();
+    } else {
+      pair.AddRow();
+    }
     pair.Check();
   }
 }
