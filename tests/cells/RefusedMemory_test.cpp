@@ -93,6 +93,30 @@ TEST(CellsRefusedMemory, WhileCellsAreDumpedAndVisited) {
   std::cout.clear();
 }
 
+TEST(CellsRefusedMemory, WhileATrackerIsMade) {
+  EXPECT_GT(FailEveryAllocationOf([] { return icuTracker({true, kLong}).getLocale(); }), 2U);
+}
+
+TEST(CellsRefusedMemory, WhileCellsOfEveryKindAreBoundAndUnbound) {
+  icuTracker tracker({true, ""});
+  for (CellPointer const& cell : EveryKind()) {
+    SCOPED_TRACE(cell->GetKind());
+    std::string const text = cell->GetText();
+    FailEveryAllocation([&] { cell->UseTracker(&tracker); },
+                        [&] {
+                          EXPECT_EQ(cell->GetTracker(), nullptr);
+                          EXPECT_EQ(tracker.TextCount(), 0U);
+                        });
+    FailEveryAllocation([&] { cell->UseTracker(nullptr); },
+                        [&] {
+                          EXPECT_EQ(cell->GetTracker(), &tracker);
+                          EXPECT_EQ(cell->GetText(), text);
+                        });
+    EXPECT_EQ(cell->GetText(), text);
+    EXPECT_EQ(tracker.TextCount(), 0U);
+  }
+}
+
 TEST(CellsRefusedMemory, WhileSharedTextsArePooled) {
   icuTracker tracker({true, ""});
   for (int round = 0; round < 40; ++round) {

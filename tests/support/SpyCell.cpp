@@ -1,21 +1,26 @@
 #include "SpyCell.h"
 
 #include <algorithm>
+#include <atomic>
 #include <iterator>
 
 namespace {
 
-long live = 0;
+std::atomic<long> live = 0;
 SpyLog* listener = nullptr;
 
-struct Failure {
-  SpyCell::Operation operation = SpyCell::Operation::Clone;
-  std::size_t left = 0;
-};
-Failure failure;
+// The call that is to fail. Several threads may make it.
+SpyCell::Operation failing = SpyCell::Operation::Clone;
+std::atomic<std::size_t> left = 0;
 
 void ThrowWhenDue(SpyCell::Operation operation) {
-  if (failure.left != 0 && failure.operation == operation && --failure.left == 0) {
+  if (failing != operation) {
+    return;
+  }
+  std::size_t n = left;
+  while (n != 0 && !left.compare_exchange_weak(n, n - 1)) {
+  }
+  if (n == 1) {
     throw SpyFailure::Exception("a spy cell was told to fail");
   }
 }
@@ -158,13 +163,14 @@ std::vector<std::string> SpyLog::Lines() const {
 }
 
 SpyFailure::SpyFailure(SpyCell::Operation operation, std::size_t n) {
-  failure = {operation, n};
+  failing = operation;
+  left = n;
 }
 
 SpyFailure::~SpyFailure() {
-  failure.left = 0;
+  left = 0;
 }
 
 bool SpyFailure::HasThrown() const {
-  return failure.left == 0;
+  return left == 0;
 }

@@ -232,6 +232,12 @@ TEST_F(TabulateRefusedMemory, WhileTheParserInCReadsData) {
   EXPECT_EQ(described, expected);
 }
 
+TEST_F(TabulateRefusedMemory, WhileAnEmptyColumnOrDictionaryIsMade) {
+  std::string const name = "the name of a column that is long enough for the heap";
+  EXPECT_GT(FailEveryAllocationOf([&] { return DataColumn(name).Name(); }), 1U);
+  FailEveryAllocationOf([] { return Dictionary().size(); });
+}
+
 TEST_F(TabulateRefusedMemory, WhileAColumnGrows) {
   DataColumn column("a column");
   auto const rows = [&] { return column.Codes().size() + column.MissingCount(); };

@@ -274,6 +274,16 @@ TEST(OmItemsReading, NeedsNoMoreThanItsResult) {
   FailEveryAllocation([&] { EXPECT_EQ(OmUtility::GetFirstNumber(outer), first); }, [] {});
 }
 
+TEST(OmItemsRefusedMemoryOfTexts, LeavesTheListOfATextBlock) {
+  OmTextBlock block(OmStringCell("label"), "text");
+  for (std::size_t size = 0; size < 5; ++size) {
+    EXPECT_GT(FailEveryAllocation([&] { block.TextList().push_back(kLong); },
+                                  [&] { EXPECT_EQ(block.TextList().size(), size); }),
+              0U);
+    EXPECT_EQ(block.TextList().back(), kLong);
+  }
+}
+
 TEST(OmItemsReading, AnExceptionThatCannotBeMadeLeavesNothingBehind) {
   EXPECT_GT(FailEveryAllocationOf([] { return std::string(OMSException(kLong, 1, 2).what()); }),
             2U);

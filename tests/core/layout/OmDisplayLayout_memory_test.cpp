@@ -68,6 +68,25 @@ TEST_F(OmDisplayLayoutMemory, RunsOutWithTheLayerUnchangedWhileItIsSwitched) {
   }
 }
 
+TEST_F(OmDisplayLayoutMemory, RunsOutWithTheLayerUnchangedWhileItIsChanged) {
+  table.setLayerLoc(2);
+  for (bool skipEmpty : {false, true}) {
+    OmDisplayLayerHeading layers(table, skipEmpty);
+    auto const unchanged = [&](int layer) {
+      return [&layers, layer, before = layers.getCurrentCellIndex()] {
+        EXPECT_EQ(layers.getLayer(), layer);
+        EXPECT_EQ(layers.getCurrentCellIndex(), before);
+      };
+    };
+    FailEveryAllocation([&] { layers.NextLayer(); }, unchanged(-1));
+    EXPECT_EQ(layers.getLayer(), 0);
+    FailEveryAllocation([&] { layers.LastLayer(); }, unchanged(0));
+    EXPECT_EQ(layers.getLayer(), 3);
+    FailEveryAllocation([&] { layers.restoreLayer(); }, unchanged(3));
+    EXPECT_EQ(layers.getLayer(), 2);
+  }
+}
+
 TEST_F(OmDisplayLayoutMemory, RunsOutWithTheIndexUnchangedWhileItIsFilledForARow) {
   OmDisplayLayerHeading layers(table, false);
   OmDisplayRowHeading const rows(layers, false, false);
@@ -94,6 +113,15 @@ TEST_F(OmDisplayLayoutMemory, RunsOutWithTheListUnchangedWhileALayersPathIsAppen
   auto const check = [&] { EXPECT_EQ(out, std::vector<PathNode*>{nullptr}); };
   EXPECT_GT(FailEveryAllocation([&] { layers.DimAllNodes(0, out); }, check), 0U);
   EXPECT_EQ(out.size(), 3U);
+  PathNode* first = nullptr;
+  PathNode* last = nullptr;
+  FailEveryAllocation([&] { layers.DimCatNodes(0, first, last); },
+                      [&] {
+                        EXPECT_EQ(first, nullptr);
+                        EXPECT_EQ(last, nullptr);
+                      });
+  EXPECT_EQ(first, out[1]);
+  EXPECT_EQ(last, out[2]);
 }
 
 TEST_F(OmDisplayLayoutMemory, RunsOutWithTheListsUnchangedWhileARowsPathsAreAppended) {

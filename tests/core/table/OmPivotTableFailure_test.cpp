@@ -402,6 +402,58 @@ TEST_F(OmPivotTableCopyFailure, AnyCloneMayFail) {
   EXPECT_EQ(copy.NDimensions(), 5);
 }
 
+TEST_F(OmPivotTableCopyFailure, AnyCallOfALabelMayFailInABoundTable) {
+  copy.setBackendSettings(Settings(true));
+  for (Operation const operation : {Operation::Clone, Operation::UseTracker, Operation::Accept}) {
+    TestTable bound;
+    bound.setBackendSettings(Settings(true));
+    FailEveryCall(
+        operation, [&] { bound.CopyDimensions(source); },
+        [&] { EXPECT_EQ(bound.NDimensions(), 0); });
+    EXPECT_EQ(bound.NDimensions(), 5);
+    EXPECT_EQ(LabelOf(std::as_const(bound).Dimension(4).Root()), "label");
+  }
+}
+
+// Labels that are compared, texts that are bound
+
+TEST(OmPivotTableCellFailure, LeavesDimensionsThatAreLookedFor) {
+  SpyBalance const balance;
+  TestTable table;
+  table.AddDimension(SpyCell("first"));
+  table.AddDimension(SpyCell("second"));
+  SpyCell const sought("second");
+  for (Operation const operation : {Operation::Compare, Operation::GetKind}) {
+    int found = -2;
+    EXPECT_GT(
+        FailEveryCall(
+            operation, [&] { found = table.FindDimension(sought); }, [&] { EXPECT_EQ(found, -2); }),
+        1U);
+    EXPECT_EQ(found, 1);
+  }
+}
+
+TEST(OmPivotTableCellFailure, LeavesATextThatIsToBeBound) {
+  /// A text that cannot be bound.
+  struct Unbindable : OmStringCell {
+    using OmStringCell::OmStringCell;
+    void UseTracker(icuTracker* /*tracker*/) override { throw std::length_error("unbindable"); }
+  };
+  TestTable table;
+  table.setBackendSettings(Settings(true));
+  std::size_t const texts = table.getICUTracker()->TextCount();
+  Unbindable text("text");
+  EXPECT_THROW(table.setHelper(text), std::length_error);
+  EXPECT_EQ(text.GetText(), "text");
+  EXPECT_EQ(text.GetTracker(), nullptr);
+  EXPECT_EQ(table.getICUTracker()->TextCount(), texts);
+  SpyCell spy("spy");
+  EXPECT_EQ(FailEveryCall(
+                Operation::Accept, [&] { table.setHelper(spy); },
+                [&] { EXPECT_EQ(table.getICUTracker()->TextCount(), texts); }),
+            1U);
+}
+
 // Construction
 
 TEST(OmPivotTableConstructionFailure, AnyAllocationMayFail) {
@@ -547,6 +599,9 @@ TEST_F(OmPivotTableRefusedMemory, WhileItIsRead) {
               return filled;
             }),
             0U);
+  EXPECT_GT(FailEveryAllocationOf([&] { return at.Index(); }), 0U);
+  OmPivotTable::ConstIterator const constant = std::as_const(table).FirstCell();
+  EXPECT_GT(FailEveryAllocationOf([&] { return constant.Index(); }), 0U);
 }
 
 TEST_F(OmPivotTableRefusedMemory, WhileItIsPrinted) {

@@ -306,6 +306,30 @@ TEST(RenderThrowingCells, AreThrownOnByEveryFormat) {
   EXPECT_GT(failures, 200U);
 }
 
+TEST(RenderThrowingCells, AreThrownOnFromWhateverThreadReadsThem) {
+  SpyBalance const balance;
+  OmOutputTree document;
+  FillWithSpies(AppendItem<Table>(document.begin()));
+  Collector collector;
+  TableOptions tables;
+  tables.threads = 3;
+  SmallBlocks const small(1);
+  for (TextFormat const& format : Formats()) {
+    SCOPED_TRACE(format.name);
+    Digest const expected = WriteTo(collector, format, document);
+    for (SpyCell::Operation const operation :
+         {SpyCell::Operation::GetText, SpyCell::Operation::Accept}) {
+      Digest last;
+      HeldMemory const before = HeldMemory::Now();
+      EXPECT_GT(FailEveryCall(
+                    operation, [&] { last = WriteTo(collector, format, document, tables); },
+                    [&] { EXPECT_EQ(HeldMemory::Now(), before); }),
+                3U);
+      EXPECT_EQ(last, expected);
+    }
+  }
+}
+
 TEST(RenderThrowingCells, AreThrownOnByWorkbooks) {
   SpyBalance const balance;
   OmOutputTree document;

@@ -19,6 +19,7 @@
 
 #include "io/Descriptor.h"
 #include "support/TemporaryDirectory.h"
+#include "support/faults/FailingNew.h"
 
 using lakresvos::render::Descriptor;
 using lakresvos::render::OutputFile;
@@ -373,6 +374,47 @@ TEST(OutputFile, WorksWithoutUnnamedFiles) {
     EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
     fileSystem = FileSystem::Whole;
   }
+}
+
+TEST(OutputFile, IsAsItWasWithoutMemoryOnSuchFileSystems) {
+  for (FileSystem const lack : {FileSystem::WithoutUnnamedFiles, FileSystem::WithoutLinking}) {
+    for (bool const old : {false, true}) {
+      TemporaryDirectory const directory;
+      std::string const path =
+          old ? directory.Write("out.txt", "before") : directory.Path("out.txt");
+      fileSystem = lack;
+      std::size_t const failures = FailEveryAllocation(
+          [&] {
+            OutputFile file(path);
+            file.Stream() << "after";
+            file.Commit();
+          },
+          [&] {
+            EXPECT_EQ(directory.Entries(), old ? 1u : 0u);
+            EXPECT_EQ(old ? ReadFile(path) : "before", "before");
+          });
+      fileSystem = FileSystem::Whole;
+      EXPECT_GT(failures, 2u);
+      EXPECT_EQ(ReadFile(path), "after");
+      EXPECT_EQ(directory.Entries(), 1u);
+    }
+  }
+}
+
+TEST(OutputFile, WritesAllOrNothingToAnOpenFileWithoutMemory) {
+  TemporaryDirectory const directory;
+  std::string const path = directory.Path("out.txt");
+  Descriptor const open(::open(path.c_str(), O_RDWR | O_CREAT | O_TRUNC, 0600));
+  std::string const name = "/dev/fd/" + std::to_string(open.Number());
+  EXPECT_GT(FailEveryAllocation(
+                [&] {
+                  OutputFile file(name);
+                  file.Stream() << "text";
+                  file.Commit();
+                },
+                [&] { EXPECT_EQ(ReadFile(path), ""); }),
+            0u);
+  EXPECT_EQ(ReadFile(path), "text");
 }
 
 TEST(OutputFile, WritesToADeviceWithoutReplacingIt) {
