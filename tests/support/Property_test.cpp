@@ -8,27 +8,9 @@
 #include <stdexcept>
 #include <string>
 
+#include "support/Setting.h"
+
 namespace {
-
-/// An environment variable with another value for a while; null: none.
-class Setting {
- public:
-  Setting(char const* name, char const* value) : name_(name) {
-    if (char const* const before = std::getenv(name)) {
-      before_ = before;
-    }
-    Set(value);
-  }
-  ~Setting() { Set(before_ ? before_->c_str() : nullptr); }
-  Setting(Setting const&) = delete;
-  Setting& operator=(Setting const&) = delete;
-
- private:
-  void Set(char const* value) { value != nullptr ? setenv(name_, value, 1) : unsetenv(name_); }
-
-  char const* name_;
-  std::optional<std::string> before_;
-};
 
 int sequences = 0;
 

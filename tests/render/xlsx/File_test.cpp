@@ -10,6 +10,7 @@
 #include <lakresvos/render/XlsxRenderer.h>
 
 #include "render/support/RenderTables.h"
+#include "support/CannotRun.h"
 #include "support/TemporaryDirectory.h"
 #include "support/ZipParts.h"
 #include "support/faults/WriteFaults.h"
@@ -99,7 +100,7 @@ TEST_F(XlsxFileTest, IsNotMadeWhenTheDocumentHasNoRoom) {
 
 TEST_F(XlsxFileTest, IsOldOrNewWhateverCallFailsOrEndsTheProcess) {
   if (!CanRunUnderFaults()) {
-    GTEST_SKIP() << "this machine does not let a process watch the calls of another";
+    CANNOT_RUN("this machine does not let a process watch the calls of another");
   }
   auto& table = AppendItem<Table>(document_.begin());
   table.AddFlat("r", 5);

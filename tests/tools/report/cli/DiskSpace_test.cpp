@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "support/CannotRun.h"
 #include "support/ChildProcess.h"
 #include "support/TemporaryDirectory.h"
 #include "support/faults/WriteFaults.h"
@@ -24,7 +25,7 @@ class DiskSpace : public testing::TestWithParam<char const*> {
  protected:
   void SetUp() override {
     if (!CanEnterOwnMounts()) {
-      GTEST_SKIP() << "this machine does not let tests mount a disk";
+      CANNOT_RUN("this machine does not let tests mount a disk");
     }
     ASSERT_EQ(RunInChild([&] { return report_.Write(output_, disk_.Path(""), STDERR_FILENO); }), 0);
     expected_ = report_.Read(output_);

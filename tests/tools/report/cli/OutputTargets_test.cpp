@@ -11,6 +11,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "support/CannotRun.h"
 #include "support/ChildProcess.h"
 #include "support/TemporaryDirectory.h"
 #include "tools/report/cli/WrittenReport.h"
@@ -151,7 +152,7 @@ TEST_P(OutputTargets, DirectoryThatMayNotBeChanged) {
 
 TEST_P(OutputTargets, FileSystemThatMayNotBeChanged) {
   if (!CanEnterOwnMounts()) {
-    GTEST_SKIP() << "this machine does not let tests mount a file system";
+    CANNOT_RUN("this machine does not let tests mount a file system");
   }
   auto const prepare = [&] {
     std::string const path = outputs_.Path("");

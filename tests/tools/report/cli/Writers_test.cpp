@@ -8,6 +8,7 @@
 #include <string>
 #include <unistd.h>
 
+#include "support/CannotRun.h"
 #include "support/TemporaryDirectory.h"
 #include "support/faults/WriteFaults.h"
 #include "tools/report/cli/WrittenReport.h"
@@ -23,7 +24,7 @@ class Writers : public testing::TestWithParam<char const*> {
  protected:
   void SetUp() override {
     if (!CanRunUnderFaults()) {
-      GTEST_SKIP() << "this machine does not let a process watch the calls of another";
+      CANNOT_RUN("this machine does not let a process watch the calls of another");
     }
     ASSERT_EQ(Run({}).ExitCode(), 0);
     expected_ = Written();
