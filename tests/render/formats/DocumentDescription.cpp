@@ -1,5 +1,6 @@
 #include "render/formats/DocumentDescription.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -45,7 +46,7 @@ class ShownNumber : public OmCellText::Visitor {
  private:
   void Show(double value, int decimals) {
     if (std::isfinite(value)) {
-      number = {{"value", value}, {"decimals", decimals}};
+      number = {{"value", value}, {"decimals", std::max(decimals, -1)}};
     }
   }
 };
