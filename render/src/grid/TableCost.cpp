@@ -69,12 +69,11 @@ Extent MeasureExtent(OmDimension const& dimension) {
 /// The places of one axis.
 struct AxisCost {
   double combinations = 1;  ///< of subscripts
-  double repeats = 1;       ///< at how many places a cell may be found
-  double levels = 1;        ///< of the heading
+  double places = 1;   ///< of the heading; a cell that none of the leaves has is at one of them
+  double repeats = 1;  ///< at how many places a cell may be found
+  double levels = 1;   ///< of the heading
 
-  double Places(double cells) const {
-    return std::min(cells * repeats, std::max(cells, combinations));
-  }
+  double Places(double cells) const { return std::min(cells * repeats, places); }
 };
 
 /// Calls `use` with the extent of each entry of an axis that is a dimension's, and its number: the
@@ -96,6 +95,7 @@ AxisCost EstimateCost(std::vector<short> const& axis, std::vector<Extent> const&
   cost.levels += static_cast<double>(axis.size());
   ForEachExtent(axis, extents, [&](Extent const& extent, std::size_t d) {
     cost.combinations *= extent.size;
+    cost.places *= std::max(extent.size, extent.leaves) + 1;
     cost.repeats *=
         across[d] ? std::max(std::min(extent.size, extent.leaves), 1.0) : extent.sameLeaves;
     cost.levels += extent.levels;

@@ -122,3 +122,11 @@ TEST(TableCost, AxisMayNameNoDimension) {
   table.Place({0, 7, -1}, {});
   EXPECT_GT(EstimateShownCost(table, 2), 0);
 }
+
+TEST(TableCost, HeadingsHaveNoMorePlacesThanTheyHaveCategories) {
+  Table table;
+  table.AddFlat("c", 5);
+  table.AddFlat("d", 5);
+  table.Place({}, {0}, {1, 1});
+  EXPECT_LT(EstimateShownCost(table, 100000), 1e6);
+}
