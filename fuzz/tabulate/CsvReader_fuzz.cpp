@@ -21,9 +21,13 @@ DataSet Read(std::string const& bytes, RequiredColumns const& required) {
 
 /// Reads the data again, in columns that have many values once they have two.
 void CheckManyValues(std::string const& bytes) {
-  DataSet const few = Read(bytes, {});
+  RequiredColumns required;
+  for (DataColumn const& column : Read(bytes, {}).columns) {
+    required.push_back({column.Name(), "the input"});
+  }
+  DataSet const few = Read(bytes, required);
   FewValues const setting;
-  DataSet const many = Read(bytes, {});
+  DataSet const many = Read(bytes, required);
   for (std::size_t i = 0; i < few.columns.size(); ++i) {
     Dictionary const& values = few.columns[i].Values();
     bool same = many.columns[i].Codes() == few.columns[i].Codes() &&
