@@ -96,3 +96,16 @@ TEST(Dictionary, TakesItsTextsAlongWhenItIsMoved) {
   EXPECT_EQ(texts.Intern("b"), 0u);
   EXPECT_EQ(moved.Intern("b"), 1u);
 }
+
+TEST(Dictionary, ShortTextsThatDifferAtAnyPlacesAreDifferent) {
+  for (std::size_t const length : {1, 2, 3, 4, 5, 6, 7}) {
+    Dictionary dictionary;
+    for (std::uint32_t places = 0; places < 1U << length; ++places) {
+      std::string text(length, 'a');
+      for (std::size_t at = 0; at < length; ++at) {
+        text[at] = (places >> at & 1) != 0 ? 'c' : 'a';
+      }
+      EXPECT_EQ(dictionary.Intern(text), places) << text;
+    }
+  }
+}

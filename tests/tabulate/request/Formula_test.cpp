@@ -126,3 +126,7 @@ TEST(FormulaErrors, OneColumnTwice) {
 TEST(FormulaErrors, PositionsCountCharacters) {
   EXPECT_EQ(ErrorIn("年月 * ~"), "expected a column name at position 6");
 }
+
+TEST(Formula, SaysWhereItsTextIsFrom) {
+  EXPECT_EQ(ParseFormula("a ~ b", "the second --table").source, "the second --table");
+}
