@@ -213,7 +213,7 @@ PROPERTY(OmDisplayLayout, AnswersEveryQueryAsTheModelInEveryLayer) {
 
 PROPERTY(OmDisplayLayout, FollowsAnyWalkOverTheLayers) {
   Table table;
-  MakeRandomTable(table);
+  MakeRandomTable(table, 3000);
   bool const skipEmpty = Flag();
   OmDisplayLayerHeading heading(table, skipEmpty);
   Layers model(table, skipEmpty);
