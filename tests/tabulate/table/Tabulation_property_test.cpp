@@ -400,14 +400,14 @@ class Pair {
       values.resize(level);
       inner[values].insert(value);
     }
-    for (auto const& [value, group] : groups) {
-      auto const first = std::find_if(groups.begin(), groups.end(),
-                                      [&](auto const& one) { return one.second == group; });
-      bool const together =
-          value == first->first || std::any_of(inner.begin(), inner.end(), [&](auto const& one) {
-            return one.second.count(value) != 0 && one.second.count(first->first) != 0;
-          });
-      if (!group.empty() && !together) {
+    for (auto const& member : groups) {
+      auto const& first = *std::find_if(groups.begin(), groups.end(), [&](auto const& one) {
+        return one.second == member.second;
+      });
+      bool const together = std::any_of(inner.begin(), inner.end(), [&](auto const& one) {
+        return one.second.count(member.first) != 0 && one.second.count(first.first) != 0;
+      });
+      if (!member.second.empty() && member.first != first.first && !together) {
         return true;
       }
     }
