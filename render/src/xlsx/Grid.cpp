@@ -198,6 +198,13 @@ class XlsxGrid {
     return rowLabels_;
   }
 
+  /// Whether a place of merged cells can show something beside their text: a rule. A corner between
+  /// deep headings has millions of other places.
+  static bool IsAtEdge(GridCell const& cell, int row, int column) {
+    return row == cell.row || row == cell.row + cell.rowSpan - 1 || column == cell.column ||
+           column == cell.column + cell.columnSpan - 1;
+  }
+
   void WriteLabel(int row, int column) {
     Above const& above = above_[static_cast<std::size_t>(column)];
     GridCell const& cell = *above.cell;
@@ -205,7 +212,9 @@ class XlsxGrid {
     style.groupRule = column >= ruleStart_;
     bool const first = cell.row == row && cell.column == column;
     if (above.merged && !first) {
-      sheet_.FormatEmptyCell(top_ + row, column, style);
+      if (IsAtEdge(cell, row, column)) {
+        sheet_.FormatEmptyCell(top_ + row, column, style);
+      }
     } else {
       sheet_.WriteText(top_ + row, column, *above.text, style, cell.columnSpan == 1);
     }

@@ -37,6 +37,19 @@ std::size_t OpenFiles() {
   return static_cast<std::size_t>(std::distance(begin(files), end(files)));
 }
 
+/// The number of bytes of the first table's sheet in a workbook, before they were packed.
+std::size_t SheetSize(std::string const& workbook) {
+  std::string const parts = ZipParts(workbook, kTimePart);
+  std::string const name = "xl/worksheets/sheet2.xml\n";
+  std::size_t const at =
+      parts.find(name) + name.size() + 8;  // after the checksum and the packed size
+  std::size_t size = 0;
+  for (std::size_t i = 4; i != 0; --i) {
+    size = size << 8U | static_cast<unsigned char>(parts.at(at + i - 1));
+  }
+  return size;
+}
+
 /// A cell that looks for something on a disk that is full.
 class BusyCell : public OmStringCellUTF8 {
  public:
@@ -256,6 +269,25 @@ TEST_F(XlsxRendererTest, AsksEachLabelAndCellForItsTextOnce) {
       EXPECT_EQ(count, 1) << text;
     }
   }
+}
+
+TEST_F(XlsxRendererTest, ACornerBetweenDeepHeadingsHasCellsAtItsEdgesAlone) {
+  constexpr int kLevels = 300;
+  Table& table = AddTable("table");
+  for (char const* const name : {"rows", "columns"}) {
+    OmDimension& dimension = table.Add(name);
+    OmDimension::Node parent = dimension.Root();
+    for (int level = 1; level < kLevels; ++level) {
+      parent = Group(dimension, parent, "g");
+    }
+    Category(dimension, parent, "leaf", 0);
+  }
+  table.Place({0}, {1});
+  table.PutAll();
+  RenderXlsx(document_, out_);
+  constexpr std::size_t kCell = 20;  // about how many bytes an empty one takes
+  EXPECT_GT(SheetSize(out_.str()), 4 * kLevels * kCell);
+  EXPECT_LT(SheetSize(out_.str()), 20 * kLevels * kCell);
 }
 
 TEST_F(XlsxRendererTest, SaysWhenThereCanBeNoTemporaryFile) {
