@@ -142,11 +142,13 @@ def collect(root, program, libraries, folder, measured, jobs):
                           {"LLVM_PROFILE_FILE": f"{place}/%c%m.profraw"})
         seconds = time.monotonic() - start
         merged = folder / f"{number}.profdata"
+        # A process that is killed can leave a file that is empty or broken.
         raw = [file for file in place.glob("*.profraw") if file.stat().st_size > 0]
         if raw:
-            subprocess.run(["llvm-profdata", "merge", "--sparse", "-o", merged, *raw], check=True)
+            subprocess.run(["llvm-profdata", "merge", "--sparse", "--failure-mode=all", "-o", merged,
+                            *raw], stderr=subprocess.DEVNULL, check=False)
         shutil.rmtree(place)
-        return test, seconds, functions_in(merged) if raw else set()
+        return test, seconds, functions_in(merged) if merged.exists() else set()
 
     tests = list(names_of_tests(program))
     with ThreadPoolExecutor(jobs) as pool:
