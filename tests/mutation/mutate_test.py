@@ -1,6 +1,7 @@
 #!/usr/bin/env -S python3 -B
 """On a tiny library, the script tells the mutants that its tests notice from those that they miss."""
 
+import fcntl
 import json
 import subprocess
 import sys
@@ -88,10 +89,13 @@ class MutateTest(unittest.TestCase):
         file.parent.mkdir(parents=True, exist_ok=True)
         file.write_text(text + "\n", encoding="utf-8")
 
+    def run_script(self, *options):
+        return subprocess.run([sys.executable, "-B", HERE / "mutate.py", "--root", self.root,
+                               "--jobs", "1", *options],
+                              capture_output=True, text=True)
+
     def mutate(self, *options):
-        run = subprocess.run([sys.executable, "-B", HERE / "mutate.py", "--root", self.root,
-                              "--jobs", "1", *options],
-                             capture_output=True, text=True)
+        run = self.run_script(*options)
         self.assertEqual(run.returncode, 0, run.stdout + run.stderr)
         return run.stdout
 
@@ -110,6 +114,16 @@ class MutateTest(unittest.TestCase):
 
         shown = self.mutate("--show", "core/Fee.cpp:6:17:to-ge")
         self.assertIn("-  return weight > 20 ? 9 : 4;\n+  return weight >= 20 ? 9 : 4;\n", shown)
+
+    def test_a_second_run_at_a_time_is_refused(self):
+        folder = self.root / "build" / "mutation"
+        folder.mkdir(parents=True)
+        with open(folder / "lock", "w", encoding="utf-8") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            run = self.run_script("--list", "1")
+        self.assertEqual(run.returncode, 1, run.stdout)
+        self.assertEqual(run.stderr, f"./dev mutate: another run is at work in {folder}\n")
+        self.assertIn("core/Fee.cpp", self.mutate("--list", "1"))
 
     def test_killed_and_surviving_mutants_are_told_apart(self):
         report = self.mutate("1000")

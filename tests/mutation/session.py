@@ -1,6 +1,7 @@
 """A run of the script: what there is to mutate, the builds and tests, and the mutants one by one."""
 
 import dataclasses
+import fcntl
 import functools
 import hashlib
 import json
@@ -62,6 +63,7 @@ class Session:
         self.targets = programs or ["all"]
         self.folder = self.root / "build" / "mutation"
         self.folder.mkdir(parents=True, exist_ok=True)
+        self.lock = self._lock()
         self.trees = [scratch.Tree(self.root, self.folder / f"tree-{k}") for k in range(self.jobs)]
         self.sources = scratch.sources(self.root)
         self.contents = {}
@@ -69,6 +71,15 @@ class Session:
         self.tests = digest_of(" ".join(self.targets).encode() + scratch.digest(
             self.root, [name for name in self.sources if name.startswith("tests/")]))
         self.programs, self.makers, self.broken, self.slow = [], {}, {}, []
+
+    def _lock(self):
+        """Keeps other runs away, for each makes the copies equal to the sources when it starts."""
+        lock = open(self.folder / "lock", "w", encoding="utf-8")
+        try:
+            fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        except BlockingIOError:
+            sys.exit(f"./dev mutate: another run is at work in {self.folder}")
+        return lock
 
     # What there is to choose from
 
