@@ -5,14 +5,16 @@
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <vector>
 
 #include "tools/report/cli/ReportRun.h"
 
 namespace {
+
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGXFSZ, SIGKILL};
 
 /// A run of the program that writes `output`, with temporary files in `temporary`.
 class Run {
@@ -21,6 +23,10 @@ class Run {
       std::string const& temporary) {
     process_ = fork();
     if (process_ == 0) {
+      // Runs in the background ignore some.
+      for (int const signal : kSignals) {
+        std::signal(signal, SIG_DFL);
+      }
       setenv("TMPDIR", temporary.c_str(), 1);
       execl(LAKRESVOS_REPORT_PROGRAM, "lakresvos-report", data.c_str(), "--table", "a ~ b | c",
             "--format", format.c_str(), "-o", output.c_str(), nullptr);
@@ -58,9 +64,8 @@ void InterruptRuns(std::string const& format, bool replaces) {
   std::string const output = outputs.Path("output");
   int ended = 0;
   constexpr int kMoments = 15;
-  std::vector<int> const signals{SIGINT, SIGTERM, SIGHUP, SIGXFSZ, SIGKILL};
   for (int moment = 0; moment < kMoments; ++moment) {
-    int const signal = signals[static_cast<std::size_t>(moment) % signals.size()];
+    int const signal = kSignals[static_cast<std::size_t>(moment) % std::size(kSignals)];
     std::remove(output.c_str());
     if (replaces) {
       outputs.Write("output", "as it was");
