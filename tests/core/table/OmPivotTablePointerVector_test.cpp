@@ -242,6 +242,18 @@ TEST(OmPivotTablePointerVector, TakesMemoryForWhatItHoldsAlone) {
   }
 }
 
+TEST(OmPivotTablePointerVector, TakesLittleMemoryAheadOfEntriesThatAreExpected) {
+  for (unsigned long const step : {1UL, 2UL, 4UL, 7UL}) {
+    NodePair pair;
+    for (unsigned long k = 0; k < 200; ++k) {
+      unsigned long const position = 100 + step * k;
+      pair.Set(position, Mark(position), 1'000'000);
+      ASSERT_LE(pair.region.BytesInUse(), 64 * position + 200) << k << " of every " << step;
+    }
+    pair.Check();
+  }
+}
+
 TEST(OmPivotTablePointerVector, IsHardlyLongerThanItsEntriesWhenFull) {
   NodePair pair;
   pair.Fill(Every(1, 10000), 10000);
