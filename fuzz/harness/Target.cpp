@@ -1,12 +1,15 @@
 #include "harness/Target.h"
 
 #include <cstdlib>
+#include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <optional>
 #include <rapidcheck.h>
 #include <sstream>
 
+#include "harness/ProcessorTime.h"
 #include "support/faults/FailingNew.h"
 
 namespace {
@@ -47,6 +50,13 @@ std::optional<std::string> WhatIsLeftBy(std::string_view input) {
   return text.str();
 }
 
+void KeepSlow(std::string_view input) {
+  if (char const* const folder = std::getenv(kSlowInputs)) {
+    std::string const name = std::to_string(std::hash<std::string_view>()(input));
+    std::ofstream(std::string(folder) + "/" + name, std::ios::binary) << input;
+  }
+}
+
 }  // namespace
 
 void Fail(std::string const& why) {
@@ -57,10 +67,14 @@ void Fail(std::string const& why) {
 int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
   testing::GTEST_FLAG(break_on_failure) = true;
   std::string_view const input(reinterpret_cast<char const*>(data), size);
+  double const start = ProcessorTime();
   if (WhatIsLeftBy(input).has_value()) {  // what is made once and kept is not left again
     if (auto const left = WhatIsLeftBy(input)) {
       Fail("memory is left: " + *left);
     }
+  }
+  if (ProcessorTime() - start > kMostSeconds) {
+    KeepSlow(input);
   }
   return 0;
 }

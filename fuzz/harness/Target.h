@@ -16,6 +16,10 @@ void Exercise(std::string_view input);
 /// Reports a finding: writes one line to standard error and aborts.
 [[noreturn]] void Fail(std::string const& why);
 
+/// The variable of the environment that names a folder for inputs that took more than a second of
+/// the processor, which is no finding where sanitizers slow the code down. Not set: they go nowhere.
+constexpr char const* kSlowInputs = "LAKRESVOS_SLOW_INPUTS";
+
 /// What libFuzzer calls, and the replay of the corpus.
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size);
 

@@ -1,6 +1,7 @@
 #include "harness/Target.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 #include <stdexcept>
@@ -10,7 +11,9 @@
 
 #include <cells/OmMemoryRegion.h>
 
+#include "harness/ProcessorTime.h"
 #include "support/Assertions.h"
+#include "support/TemporaryDirectory.h"
 
 void Exercise(std::string_view input) {
   if (input == "assertion") {
@@ -30,6 +33,9 @@ void Exercise(std::string_view input) {
     static std::string const once(100, 'x');
   } else if (input == "65 MB in a thread") {
     std::thread([] { std::string const large(65U << 20U, 'x'); }).join();
+  } else if (input == "slow") {
+    for (double const start = ProcessorTime(); ProcessorTime() - start < 1.01;) {
+    }
   } else if (input.starts_with("65 MB")) {
     std::string const large(65U << 20U, 'x');
   }
@@ -71,4 +77,17 @@ TEST(FuzzTarget, ReportsMemoryThatIsLeft) {
   EXPECT_ABORT(RunOn("left"), "finding: memory is left: .* on the default heap");
   EXPECT_ABORT(RunOn("left on the general heap"),
                "finding: memory is left: .* on the general heap");
+}
+
+TEST(FuzzTarget, KeepsInputsThatTakeMoreThanASecondWhereAskedTo) {
+  TemporaryDirectory const folder;
+  EXPECT_EQ(RunOn("slow"), 0);
+  setenv(kSlowInputs, folder.Path("").c_str(), 1);
+  EXPECT_EQ(RunOn("quick"), 0);
+  EXPECT_EQ(folder.Entries(), 0U);
+  EXPECT_EQ(RunOn("slow"), 0);
+  unsetenv(kSlowInputs);
+  ASSERT_EQ(folder.Entries(), 1U);
+  auto const kept = std::filesystem::directory_iterator(folder.Path(""));
+  EXPECT_EQ(ReadFile(kept->path()), "slow");
 }

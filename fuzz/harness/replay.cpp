@@ -6,25 +6,18 @@
 #include <iostream>
 #include <iterator>
 #include <string>
-#include <time.h>
 #include <vector>
 
+#include "harness/ProcessorTime.h"
 #include "harness/Target.h"
 
 namespace {
 
-/// The processor time of all threads of the program so far.
-double Seconds() {
-  timespec time{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
-}
-
-/// What an input may take; more where the code is slowed down.
+/// How many times longer an input may take where the code is slowed down.
 #if defined(__OPTIMIZE__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-constexpr double kMostSeconds = 1;
+constexpr double kSlowness = 1;
 #else
-constexpr double kMostSeconds = 10;
+constexpr double kSlowness = 10;
 #endif
 
 }  // namespace
@@ -45,9 +38,9 @@ int main(int argc, char** argv) {
     std::cout << file.string() << std::endl;  // the last one is the one that failed
     std::ifstream in(file, std::ios::binary);
     std::vector<char> const bytes{std::istreambuf_iterator<char>(in), {}};
-    double const start = Seconds();
+    double const start = ProcessorTime();
     LLVMFuzzerTestOneInput(reinterpret_cast<std::uint8_t const*>(bytes.data()), bytes.size());
-    if (double const taken = Seconds() - start; taken > kMostSeconds) {
+    if (double const taken = ProcessorTime() - start; taken > kMostSeconds * kSlowness) {
       Fail(std::to_string(taken) + " seconds for an input");
     }
   }
