@@ -26,6 +26,17 @@ TEST(ChunkMap, HoldsTheChunksThatWereAddedAndNoOthers) {
   EXPECT_FALSE(chunk_map::Has(At(start)));
 }
 
+TEST(ChunkMap, TellsEveryChunkFromAllOthersNearIt) {
+  constexpr std::uintptr_t kNear = 200;
+  for (std::uintptr_t added = 0; added < kNear; ++added) {
+    chunk_map::Add(At(added * kChunkSize), kChunkSize);
+    for (std::uintptr_t chunk = 0; chunk < kNear; ++chunk) {
+      ASSERT_EQ(chunk_map::Has(At(chunk * kChunkSize)), chunk == added) << chunk << ", " << added;
+    }
+    chunk_map::Remove(At(added * kChunkSize), kChunkSize);
+  }
+}
+
 TEST(ChunkMap, ReachesToTheLastChunk) {
   chunk_map::Add(At(kEnd - kChunkSize), kChunkSize);
   EXPECT_TRUE(chunk_map::Has(At(kEnd - 1)));

@@ -347,7 +347,7 @@ class Finder:
                                "operator>=") and len(arguments) == 2:
             self._replace_operator(self._operator_between(*arguments), COMPARISONS, function,
                                    self._span(cursor))
-        elif not cursor.spelling.startswith("operator") and cursor.spelling not in ("min", "max"):
+        elif not cursor.spelling.startswith("operator") and cursor.spelling not in ("min", "max", "swap"):
             self._swap(arguments, function)
 
     def _init_list_expr(self, cursor, children, function):

@@ -8,6 +8,7 @@
 #include <lakresvos/OmPivotTable.h>
 
 #include "core/table/OmPivotTableFixture.h"
+#include "support/SpyCell.h"
 #include "support/faults/FailingNew.h"
 
 namespace {
@@ -380,6 +381,34 @@ TEST(OmPivotTableCells, ACellMayWriteToTheTableWhileItIsCopied) {
   EXPECT_EQ(table.Walk().size(), 302U);
   table.Put({1, 1}, "after");
   EXPECT_EQ(table.At({1, 1}), "after");
+}
+
+/// A cell that writes another one to a place whenever it is copied.
+class Rival : public OmStringCell {
+ public:
+  Rival(OmPivotTable& table, Index index)
+      : OmStringCell("winner"), table_(table), index_(std::move(index)) {}
+  OmCellText* Clone(OmMemoryRegion* region) const override {
+    table_.Cell(index_, SpyCell("rival"));
+    return OmStringCell::Clone(region);
+  }
+  long GetKind() const override { return 3003; }
+
+ private:
+  OmPivotTable& table_;
+  Index index_;
+};
+
+TEST(OmPivotTableCells, ACellReplacesWhatWasWrittenToItsPlaceWhileItWasCopied) {
+  long const outside = SpyCell::Live();
+  TestTable table(2);
+  table.Cell({1, 1}, Rival(table, {1, 1}));
+  EXPECT_EQ(table.At({1, 1}), "winner");
+  EXPECT_EQ(SpyCell::Live(), outside);
+  table.Cell({2, 1}, SpyCell("before"));
+  table.Cell({2, 1}, Rival(table, {2, 1}));
+  EXPECT_EQ(table.At({2, 1}), "winner");
+  EXPECT_EQ(SpyCell::Live(), outside);
 }
 
 /// A cell that adds a dimension to a table whenever it is copied.

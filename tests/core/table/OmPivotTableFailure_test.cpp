@@ -310,6 +310,23 @@ TEST_P(OmPivotTableFailure, AnyCallOfACellMayFail) {
   }
 }
 
+TEST(OmPivotTableDimensionFailure, LeavesTheTableAsItWasHoweverManyDimensionsItHas) {
+  for (std::size_t count = 1; count < 10; ++count) {
+    TestTable table(static_cast<int>(count));
+    Index index(count, 1);
+    table.Put(index, "cell");
+    SpyCell const label("another");
+    EXPECT_GT(FailEveryAllocation([&] { table.AddDimension(label); },
+                                  [&] {
+                                    ASSERT_EQ(table.NDimensions(), static_cast<int>(count));
+                                    ASSERT_EQ(table.At(index), "cell");
+                                  }),
+              0U);
+    index.push_back(0);
+    EXPECT_EQ(table.At(index), "cell");
+  }
+}
+
 // A write that fails
 
 TEST(OmPivotTableWriteFailure, IsCounted) {

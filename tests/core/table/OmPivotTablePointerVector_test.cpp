@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include <cells/OmMemoryRegion.h>
@@ -239,6 +240,20 @@ TEST(OmPivotTablePointerVector, TakesMemoryForWhatItHoldsAlone) {
     pair.Fill(Shuffled(Every(step, end)));
     pair.Check();
     EXPECT_LE(pair.BytesPerEntry(), 80U) << "every " << step;
+  }
+}
+
+TEST(OmPivotTablePointerVector, TakesTheSmallestBlockForAList) {
+  unsigned long count = 1;
+  for (auto const& [room, bytes] : std::vector<std::pair<unsigned long, unsigned long>>{
+           {2, 48}, {4, 64}, {8, 112}, {16, 208}, {36, 448}}) {
+    for (; count <= room; ++count) {
+      NodePair pair;
+      for (unsigned long k = 1; k <= count; ++k) {
+        pair.Set(1000 * k, Mark(k));
+      }
+      EXPECT_LE(pair.region.BytesInUse(), bytes) << count;
+    }
   }
 }
 
