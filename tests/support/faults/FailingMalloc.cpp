@@ -18,17 +18,21 @@ struct Countdown {
   FailAfter::Mode mode = FailAfter::Mode::Once;
   std::size_t n = 0;
   std::size_t asked = 0;
+  std::size_t firstRefused = 0;
 };
 
 constinit thread_local Countdown countdown;
 
 #ifndef SANITIZED
 
-bool Refused() {
+bool Refused(std::size_t size) {
   if (!countdown.running) {
     return false;
   }
   ++countdown.asked;
+  if (countdown.asked == countdown.n) {
+    countdown.firstRefused = size;
+  }
   bool const refused = countdown.mode == FailAfter::Mode::Once ? countdown.asked == countdown.n
                                                                : countdown.asked >= countdown.n;
   if (refused) {
@@ -51,15 +55,15 @@ extern "C" void* __libc_calloc(std::size_t count, std::size_t size);
 extern "C" void* __libc_realloc(void* block, std::size_t size);
 
 EXPORTED void* malloc(std::size_t size) {
-  return Refused() ? nullptr : __libc_malloc(size);
+  return Refused(size) ? nullptr : __libc_malloc(size);
 }
 
 EXPORTED void* calloc(std::size_t count, std::size_t size) {
-  return Refused() ? nullptr : __libc_calloc(count, size);
+  return Refused(count * size) ? nullptr : __libc_calloc(count, size);
 }
 
 EXPORTED void* realloc(void* block, std::size_t size) {
-  return Refused() ? nullptr : __libc_realloc(block, size);
+  return Refused(size) ? nullptr : __libc_realloc(block, size);
 }
 
 bool FailMallocAfter::Works() {
@@ -75,7 +79,7 @@ bool FailMallocAfter::Works() {
 #endif
 
 FailMallocAfter::FailMallocAfter(std::size_t n, FailAfter::Mode mode) {
-  countdown = {true, mode, n, 0};
+  countdown = {true, mode, n, 0, 0};
 }
 
 FailMallocAfter::~FailMallocAfter() {
@@ -84,4 +88,8 @@ FailMallocAfter::~FailMallocAfter() {
 
 bool FailMallocAfter::HasRefused() const {
   return countdown.asked >= countdown.n;
+}
+
+std::size_t FailMallocAfter::FirstRefused() const {
+  return countdown.firstRefused;
 }

@@ -21,6 +21,9 @@ class FailMallocAfter {
 
   /// Whether anything was refused.
   bool HasRefused() const;
+
+  /// The bytes of the first request that was refused.
+  std::size_t FirstRefused() const;
 };
 
 #endif

@@ -80,19 +80,19 @@ void* Acquire(std::size_t size, std::size_t alignment) {
   return block;
 }
 
-bool Refused() {
+bool Refused(std::size_t size) {
   FailAfter* const failing = failingHere != nullptr ? failingHere : failingEverywhere.load();
-  return failing != nullptr && failing->Refuses();
+  return failing != nullptr && failing->Refuses(size);
 }
 
-void Count(unsigned long /*size*/) {
-  if (Refused()) {
+void Count(unsigned long size) {
+  if (Refused(size)) {
     throw std::bad_alloc();
   }
 }
 
 void* Supply(std::size_t size, std::size_t alignment) noexcept {
-  if (Refused()) {
+  if (Refused(size)) {
     return nullptr;
   }
   void* const block = Acquire(size, alignment);
@@ -139,8 +139,11 @@ FailAfter::~FailAfter() {
   OmMemoryRegion::setAllocationProbe(nullptr);
 }
 
-bool FailAfter::Refuses() {
+bool FailAfter::Refuses(std::size_t size) {
   std::size_t const request = asked_.fetch_add(1) + 1;
+  if (request == n_) {
+    firstRefused_ = size;
+  }
   return mode_ == Mode::Once ? request == n_ : request >= n_;
 }
 

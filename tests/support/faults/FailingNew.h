@@ -30,13 +30,17 @@ class FailAfter {
   /// Whether any allocation was refused.
   bool HasRefused() const { return asked_ >= n_; }
 
-  /// Counts an allocation, and tells whether it is refused.
-  bool Refuses();
+  /// The bytes of the first allocation that was refused.
+  std::size_t FirstRefused() const { return firstRefused_; }
+
+  /// Counts an allocation of so many bytes, and tells whether it is refused.
+  bool Refuses(std::size_t size);
 
  private:
   std::size_t const n_;
   Mode const mode_;
   std::atomic<std::size_t> asked_ = 0;
+  std::atomic<std::size_t> firstRefused_ = 0;
 };
 
 /// Measures what the global operator new gives out in all threads while it exists, which regions are
@@ -72,25 +76,43 @@ std::ostream& operator<<(std::ostream& out, HeldMemory const& held);
 
 /// Runs `attempt` with its first request for memory refused, then with its second, ... until none is
 /// any more, in both modes, and calls `check` after every failure. Returns the number of failures.
+///
+/// What an attempt has made room for may be there for the next one, whose n-th request is a later one
+/// then. So the n-th is refused until it asks for as much twice in a row, once in each mode.
 /// @tparam Failing refuses what is counted, and is made with `how` in the end.
 /// @param attempt makes all of its changes or throws std::bad_alloc. It may also do without what it
 ///                was refused; then it is run once more.
 template <class Failing, class Attempt, class Check, class... How>
 std::size_t FailEvery(Attempt attempt, Check check, How... how) {
   std::size_t failures = 0;
+  constexpr int kMostAttempts = 10;
   for (std::size_t n = 1;; ++n) {
-    for (FailAfter::Mode mode : {FailAfter::Mode::FromThenOn, FailAfter::Mode::Once}) {
-      try {
-        Failing const failing(n, mode, how...);
-        attempt();
-        if (!failing.HasRefused()) {
-          return failures;
+    std::size_t before = 0;
+    for (int number = 0; number < kMostAttempts; ++number) {
+      bool failed = false;
+      bool refused = false;
+      std::size_t size = 0;
+      {
+        Failing const failing(
+            n, number % 2 == 0 ? FailAfter::Mode::FromThenOn : FailAfter::Mode::Once, how...);
+        try {
+          attempt();
+        } catch (std::bad_alloc const&) {
+          failed = true;
         }
-        continue;
-      } catch (std::bad_alloc const&) {
-        ++failures;
+        refused = failing.HasRefused();
+        size = failing.FirstRefused();
       }
-      check();
+      if (failed) {
+        ++failures;
+        check();
+      } else if (!refused) {
+        return failures;
+      }
+      if (number > 0 && size == before) {
+        break;
+      }
+      before = size;
     }
   }
 }

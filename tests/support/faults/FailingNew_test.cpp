@@ -1,5 +1,6 @@
 #include "support/faults/FailingNew.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
@@ -64,6 +65,30 @@ TEST(FailAfter, LeavesOtherThreadsAloneUnlessTold) {
     bool const reached = threads == Threads::All;
     EXPECT_EQ(refused, (std::vector<bool>{false, reached, reached}));
   }
+}
+
+TEST(FailEveryAllocation, RefusesRequestsThatMoveUpWhenOthersAreNoLongerMade) {
+  std::string first;
+  std::string second;
+  std::vector<std::size_t> refused;
+  refused.reserve(100);
+  auto const request = [&](std::size_t size) {
+    try {
+      ::operator delete(::operator new(size));
+    } catch (std::bad_alloc const&) {
+      refused.push_back(size);
+      throw;
+    }
+  };
+  auto const attempt = [&] {
+    first.reserve(100);
+    second.reserve(200);
+    request(300);
+    request(400);
+  };
+  EXPECT_GT(FailEveryAllocation(attempt, [] {}), 0U);
+  EXPECT_NE(std::find(refused.begin(), refused.end(), 300U), refused.end());
+  EXPECT_NE(std::find(refused.begin(), refused.end(), 400U), refused.end());
 }
 
 TEST(FailEveryAllocation, GoesOnWhereARefusalIsDoneWithout) {
