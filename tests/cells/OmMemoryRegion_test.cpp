@@ -1,6 +1,7 @@
 #include <cells/OmMemoryRegion.h>
 // This header comes first to show that it is self-contained.
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <cstring>
@@ -313,8 +314,11 @@ TEST(OmMemoryRegionDefaultHeap, IsOneSharedRegionThatTakesBlocksBack) {
 TEST(OmMemoryRegionDefaultHeap, CountsTheSmallBlocksOfSeveralThreads) {
   OmMemoryRegion* const heap = OmMemoryRegion::DefaultHeap();
   unsigned long const before = heap->BytesInUse();
-  auto const work = [heap] {
-    for (int round = 0; round < 300000; ++round) {
+  std::atomic<int> ready = 0;
+  auto const work = [&] {
+    for (++ready; ready != 2;) {  // what starts later might find the other one done
+    }
+    for (int round = 0; round < 1'000'000; ++round) {
       OmMemoryRegion::Release(heap->Allocate(16));
     }
   };
