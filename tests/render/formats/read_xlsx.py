@@ -11,34 +11,47 @@ import openpyxl.utils
 openpyxl.styles.stylesheet.is_date_format = lambda number_format: False
 
 
-def text_without_marks(rich_text):
+RAISED = "\0"  # before what is raised in a text; no XML holds one
+
+
+def text_with_raised(rich_text):
     """The marks of footnotes are what is raised."""
-    parts = [rich_text.plain] + [part.t for part in rich_text.formatted if not is_raised(part)]
-    return "".join(part for part in parts if part)
+    parts = [rich_text.plain or ""]
+    parts += [RAISED * is_raised(part) + (part.t or "") for part in rich_text.formatted]
+    return "".join(parts)
 
 
 def is_raised(part):
     return part.rPr is not None and part.rPr.vertAlign == "superscript"
 
 
-openpyxl.cell.text.Text.content = property(text_without_marks)
+openpyxl.cell.text.Text.content = property(text_with_raised)
+
+
+def text_and_marks(cell):
+    """What a cell with a text shows, and what is raised after it."""
+    if cell.font.vertAlign == "superscript":
+        return "", cell.value
+    text, _, marks = cell.value.partition(RAISED)
+    return text, marks
 
 
 def shown(cell):
+    """Without marks."""
     if cell.value is None:
         return ""
     if cell.data_type != "n":
-        return cell.value
-    decimals = decimals_of(cell)
+        return text_and_marks(cell)[0]
+    decimals, _ = decimals_and_marks(cell)
     return str(cell.value) if decimals < 0 else f"{cell.value:.{decimals}f}"
 
 
-def decimals_of(cell):
-    """Of its number format; -1 for the general one."""
-    number_format = re.sub(r'"[^"]*"', "", cell.number_format)
+def decimals_and_marks(cell):
+    """Of its number format, whose marks are quoted; -1 decimals for the general one."""
+    number_format, marks = re.fullmatch(r'([^"]*)(?:"([^"]*)")?', cell.number_format).groups("")
     if number_format == "General":
-        return -1
-    return len(re.fullmatch(r"0(?:\.(0+))?", number_format)[1] or "")
+        return -1, marks
+    return len(re.fullmatch(r"0(?:\.(0+))?", number_format)[1] or ""), marks
 
 
 def expanded(sheet, shown=shown):

@@ -21,7 +21,7 @@ def text_of(element, skipped=("sup",)):
 
 
 def marks_in(element):
-    return "".join(text_of(mark) for mark in element.iter("sup"))
+    return "".join(text_of(mark) for mark in element.iter("sup")) if element is not None else ""
 
 
 def marked(element):
@@ -63,10 +63,9 @@ def captions_in(element):
 
 
 def layer_in(element):
-    line = first(element, "layer-line")
     return {
         "title": marked(first(element, "title")),
-        "name": text_of(line),
+        "name": marked(first(element, "layer-line")),
         "rows": [row for row in grid(next(element.iter("table"))) if row],
         "notes": trimmed(notes_in(element), element),
         "captions": captions_in(element),
@@ -149,7 +148,6 @@ def expected_table(table):
     listed = set()
     for layer in table["layers"]:
         texts = description.texts_in_layer(layer)
-        name, _ = description.layer_line(layer, show)
         plain, _ = description.layer_line(layer, lambda text: (description.shown(text), ""))
         used = around | {number for text in texts for number in footnotes.of(text)}
         if plain:
@@ -157,7 +155,7 @@ def expected_table(table):
         listed |= used
         layers.append({
             "title": show(table["title"]),
-            "name": name if plain else "",
+            "name": description.layer_line(layer, show) if plain else ("", ""),
             "rows": [[show(position["text"]) for position in row] for row in layer["rows"] if row],
             "notes": notes(used),
             "captions": captions,

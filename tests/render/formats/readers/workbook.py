@@ -22,27 +22,38 @@ def shown(directory):
                 xml.sax.parseString(book.read(part), xml.sax.ContentHandler())
     contents, *sheets = read_xlsx.openpyxl.load_workbook(path).worksheets
     return [
-        {"lines": [row[0] for row in rows_in(contents)]},
+        {"lines": [row[0].text for row in rows_in(contents)]},
         *({"rows": rows_in(sheet)} for sheet in sheets),
     ]
 
 
 def rows_in(sheet):
     rows = read_xlsx.expanded(sheet, content)
-    return [row for row in rows if any(str(text).strip() for text in row)]
+    return [row for row in rows if any(row)]
 
 
 def content(cell):
-    """A number with its decimals, or a text."""
-    if cell.value is not None and cell.data_type == "n":
-        return Number(cell.value, read_xlsx.decimals_of(cell))
-    return cell.value if cell.value is not None else ""
+    """A number or a text; nothing for none."""
+    if cell.value is None:
+        return None
+    if cell.data_type == "n":
+        decimals, marks = read_xlsx.decimals_and_marks(cell)
+        return Number(cell.value, decimals, tidy(marks))
+    text, marks = map(tidy, read_xlsx.text_and_marks(cell))
+    return Text(text, marks) if text or marks else None
+
+
+@dataclasses.dataclass(frozen=True)
+class Text:
+    text: str
+    raised: str
 
 
 @dataclasses.dataclass(frozen=True)
 class Number:
     value: float
     decimals: int  # -1: as many as it needs
+    marks: str = ""  # in raised characters, as far as there are any
 
 
 def expected(items):
@@ -92,13 +103,13 @@ class Within:
         return f"{self.texts} and more"
 
     def __eq__(self, lines):
-        rest = iter([tidy(str(line)) for line in lines])
+        rest = iter(lines)
         return all(tidy(text) in rest for text in self.texts)
 
 
 class Shown:
-    """What a cell is to show, and the marks of its footnotes: raised, and so told from the text, only
-    where there is one. A number is one to 16 digits; it may be a text where it has marks."""
+    """What a cell is to show, and the raised marks of its footnotes. A number is one to 16 digits; it
+    may be a text where it has marks."""
 
     def __init__(self, text, marks="", number=None):
         self.text, self.marks, self.number = text, marks, number
@@ -111,25 +122,24 @@ class Shown:
             return other == self.number
         if self.number and not self.marks:
             return False
-        text = tidy(other or "")
-        wanted = [self.text] if self.text.strip() else [self.text, self.marks]
-        return any(text == tidy(want) for want in wanted)
+        text, marks = tidy(self.text), tidy(self.marks)
+        return other == (Text(text, marks) if text or marks else None)
 
     def __bool__(self):
-        return bool(self.text.strip() or self.marks)
+        return bool(tidy(self.text) or tidy(self.marks))
 
 
 def tidy(text):
     return " ".join(text.split())
 
 
-def number_at(position):
+def number_at(position, marks=""):
     """The number that the cell in a position is to hold; none for one that no cell can hold."""
     number = position.get("number")
     if number is None or abs(number["value"]) > LARGEST:
         return None
-    decimals = number["decimals"]
-    return Number(float(f"{number['value']:.16g}"), decimals if decimals <= MOST_DECIMALS else -1)
+    decimals = number["decimals"] if number["decimals"] <= MOST_DECIMALS else -1
+    return Number(float(f"{number['value']:.16g}"), decimals, tidy(marks.replace('"', "'")))
 
 
 class Sheet:
@@ -142,7 +152,7 @@ class Sheet:
         for layer in table["layers"]:
             self.add_lines(*description.layer_line(layer, self.show_raised))
             for row in layer["rows"]:
-                self.add([Shown(*self.show(position["text"]), number_at(position)) for position in row])
+                self.add(list(map(self.show_position, row)))
         for mark, text in zip(self.footnotes.written, self.footnotes.texts):
             self.add_lines(description.clean(raised(mark) or f"[{mark}]") + f" {text}")
         self.add_lines(*self.show(table["caption"]))
@@ -150,10 +160,17 @@ class Sheet:
     def show(self, text):
         return description.marked(text, self.footnotes)
 
+    def show_position(self, position):
+        text = position["text"]
+        return Shown(*self.show(text), number_at(position, self.raised_marks_of(text)))
+
     def show_raised(self, text):
         """With the marks as a part of the text."""
-        marks = joined([self.footnotes.written[number] for number in self.footnotes.of(text)])
-        return description.shown(text) + description.clean(marks), ""
+        return description.shown(text) + self.raised_marks_of(text), ""
+
+    def raised_marks_of(self, text):
+        marks = [self.footnotes.written[number] for number in self.footnotes.of(text)]
+        return description.clean(joined(marks))
 
     def add(self, row):
         while row and not row[-1]:
