@@ -63,15 +63,17 @@ TEST(CellsRefusedMemory, WhileTextsAreMade) {
 
 TEST(CellsRefusedMemory, WhileCellsAreCompared) {
   std::vector<CellPointer> const cells = LongCells();
+  std::size_t failures = 0;
   for (CellPointer const& one : cells) {
     for (CellPointer const& other : cells) {
       for (bool const ignoreCase : {false, true}) {
-        FailEveryAllocationOf([&] { return one->Compare(*other, ignoreCase); });
+        failures += FailEveryAllocationOf([&] { return one->Compare(*other, ignoreCase); });
       }
     }
     OmComposite const same("{0}");
-    FailEveryAllocationOf([&] { return same.Compare(*one, true); });
+    failures += FailEveryAllocationOf([&] { return same.Compare(*one, true); });
   }
+  EXPECT_GT(failures, 40U);
 }
 
 TEST(CellsRefusedMemory, WhileCellsAreDumpedAndVisited) {
@@ -91,30 +93,6 @@ TEST(CellsRefusedMemory, WhileCellsAreDumpedAndVisited) {
   }
   std::cout.rdbuf(before);
   std::cout.clear();
-}
-
-TEST(CellsRefusedMemory, WhileATrackerIsMade) {
-  EXPECT_GT(FailEveryAllocationOf([] { return icuTracker({true, kLong}).getLocale(); }), 2U);
-}
-
-TEST(CellsRefusedMemory, WhileCellsOfEveryKindAreBoundAndUnbound) {
-  icuTracker tracker({true, ""});
-  for (CellPointer const& cell : EveryKind()) {
-    SCOPED_TRACE(cell->GetKind());
-    std::string const text = cell->GetText();
-    FailEveryAllocation([&] { cell->UseTracker(&tracker); },
-                        [&] {
-                          EXPECT_EQ(cell->GetTracker(), nullptr);
-                          EXPECT_EQ(tracker.TextCount(), 0U);
-                        });
-    FailEveryAllocation([&] { cell->UseTracker(nullptr); },
-                        [&] {
-                          EXPECT_EQ(cell->GetTracker(), &tracker);
-                          EXPECT_EQ(cell->GetText(), text);
-                        });
-    EXPECT_EQ(cell->GetText(), text);
-    EXPECT_EQ(tracker.TextCount(), 0U);
-  }
 }
 
 TEST(CellsRefusedMemory, WhileSharedTextsArePooled) {
@@ -192,10 +170,7 @@ TEST(CompositeOfThrowingParts, LetsWhatTheyThrowPassAndIsAsItWas) {
   long const live = SpyCell::Live();
   std::size_t failures = 0;
   for (auto const& operation : operations) {
-    for (SpyCell::Operation const call :
-         {SpyCell::Operation::Clone, SpyCell::Operation::GetText, SpyCell::Operation::GetKind,
-          SpyCell::Operation::Compare, SpyCell::Operation::ShareContext,
-          SpyCell::Operation::UseTracker, SpyCell::Operation::Accept}) {
+    for (SpyCell::Operation const call : SpyCell::kThrowing) {
       HeldMemory const before = HeldMemory::Now();
       failures += FailEveryCall(call, operation, [&] {
         EXPECT_EQ(SpyCell::Live(), live);

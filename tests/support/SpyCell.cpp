@@ -9,18 +9,18 @@ namespace {
 std::atomic<long> live = 0;
 SpyLog* listener = nullptr;
 
-// The call that is to fail. Several threads may make it.
+// The call that is to fail, 0 for none. Several threads may make it.
 SpyCell::Operation failing = SpyCell::Operation::Clone;
-std::atomic<std::size_t> left = 0;
+FailAfter::Mode failingMode = FailAfter::Mode::Once;
+std::size_t failingCall = 0;
+std::atomic<std::size_t> called = 0;
 
 void ThrowWhenDue(SpyCell::Operation operation) {
-  if (failing != operation) {
+  if (failing != operation || failingCall == 0) {
     return;
   }
-  std::size_t n = left;
-  while (n != 0 && !left.compare_exchange_weak(n, n - 1)) {
-  }
-  if (n == 1) {
+  std::size_t const call = ++called;
+  if (call == failingCall || (call > failingCall && failingMode == FailAfter::Mode::FromThenOn)) {
     throw SpyFailure::Exception("a spy cell was told to fail");
   }
 }
@@ -162,15 +162,17 @@ std::vector<std::string> SpyLog::Lines() const {
   return lines;
 }
 
-SpyFailure::SpyFailure(SpyCell::Operation operation, std::size_t n) {
+SpyFailure::SpyFailure(SpyCell::Operation operation, std::size_t n, FailAfter::Mode mode) {
   failing = operation;
-  left = n;
+  failingMode = mode;
+  failingCall = n;
+  called = 0;
 }
 
 SpyFailure::~SpyFailure() {
-  left = 0;
+  failingCall = 0;
 }
 
 bool SpyFailure::HasThrown() const {
-  return left == 0;
+  return called >= failingCall;
 }

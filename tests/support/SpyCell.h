@@ -9,6 +9,8 @@
 
 #include <cells/OmCellText.h>
 
+#include "support/faults/FailingNew.h"
+
 /// A text cell that can be watched: it knows how many of its kind are alive, tells a SpyLog what is
 /// called on it, and throws when a SpyFailure wants it to.
 ///
@@ -26,6 +28,11 @@ class SpyCell : public OmCellText {
     Accept,
     Destroy,
   };
+
+  /// What callers of a cell have to bear when it throws.
+  static constexpr Operation kThrowing[] = {
+      Operation::Clone,        Operation::GetText,    Operation::GetKind, Operation::Compare,
+      Operation::ShareContext, Operation::UseTracker, Operation::Accept};
 
   static constexpr long kKind = 1000;
 
@@ -101,15 +108,16 @@ class SpyLog {
   std::vector<std::string> Lines() const;
 };
 
-/// Makes one call on a spy cell throw an Exception: the n-th call of `operation` from here on,
-/// counted from 1 over all spy cells. One exists at a time. Destroy cannot fail.
+/// Makes a call on a spy cell throw an Exception: the n-th call of `operation` from here on, counted
+/// from 1 over all spy cells, and with Mode::FromThenOn all later ones. One exists at a time. Destroy
+/// cannot fail.
 class SpyFailure {
  public:
   struct Exception : std::runtime_error {
     using std::runtime_error::runtime_error;
   };
 
-  SpyFailure(SpyCell::Operation operation, std::size_t n);
+  SpyFailure(SpyCell::Operation operation, std::size_t n, FailAfter::Mode mode);
   ~SpyFailure();
   SpyFailure(SpyFailure const&) = delete;
   SpyFailure& operator=(SpyFailure const&) = delete;
@@ -119,21 +127,23 @@ class SpyFailure {
 };
 
 /// Runs `attempt` with the first call of `operation` failing, then with the second, ... until there
-/// is none to fail, and calls `check` after every failure. Returns the number of failures. It fails
-/// when `attempt` keeps what a call throws to itself.
+/// is none to fail, in both modes, and calls `check` after every failure. Returns how many calls have
+/// failed. It fails when `attempt` keeps what a call throws to itself.
 template <class Attempt, class Check>
 std::size_t FailEveryCall(SpyCell::Operation operation, Attempt attempt, Check check) {
   for (std::size_t n = 1;; ++n) {
-    try {
-      SpyFailure const failing(operation, n);
-      attempt();
-      if (!failing.HasThrown()) {
-        return n - 1;
+    for (FailAfter::Mode const mode : {FailAfter::Mode::FromThenOn, FailAfter::Mode::Once}) {
+      try {
+        SpyFailure const failing(operation, n, mode);
+        attempt();
+        if (!failing.HasThrown()) {
+          return n - 1;
+        }
+        ADD_FAILURE() << "call " << n << " threw, and the operation kept that to itself";
+      } catch (SpyFailure::Exception const&) {  // NOLINT(bugprone-empty-catch): checked without it
       }
-      ADD_FAILURE() << "nothing was thrown on of call " << n;
-    } catch (SpyFailure::Exception const&) {  // NOLINT(bugprone-empty-catch): checked without it
+      check();
     }
-    check();
   }
 }
 
