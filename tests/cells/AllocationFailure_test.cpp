@@ -35,30 +35,36 @@ TEST(AllocationFailure, AFailedCloneLeavesNothingBehind) {
 
 TEST(AllocationFailure, AFailedBindingOrUnbindingChangesNothing) {
   OmMemoryRegion region(false);
+  std::size_t bindings = 0;
+  std::size_t unbindings = 0;
   for (CellPointer const& original : EveryKind()) {
+    SCOPED_TRACE(original->GetKind());
     CellPointer const cell(original->Clone(&region));
     icuTracker tracker({true, ""});
     std::string const text = cell->GetText();
     unsigned long inUse = region.BytesInUse();
-    FailEveryAllocation([&] { cell->UseTracker(&tracker); },
-                        [&] {
-                          EXPECT_EQ(cell->GetText(), text);
-                          EXPECT_EQ(cell->GetTracker(), nullptr);
-                          EXPECT_EQ(tracker.TextCount(), 0U);
-                          EXPECT_EQ(region.BytesInUse(), inUse);
-                        });
+    bindings += FailEveryAllocation([&] { cell->UseTracker(&tracker); },
+                                    [&] {
+                                      EXPECT_EQ(cell->GetText(), text);
+                                      EXPECT_EQ(cell->GetTracker(), nullptr);
+                                      EXPECT_EQ(tracker.TextCount(), 0U);
+                                      EXPECT_EQ(region.BytesInUse(), inUse);
+                                    });
     icuTracker* const bound = cell->GetTracker();
     std::size_t const texts = tracker.TextCount();
     inUse = region.BytesInUse();
-    FailEveryAllocation([&] { cell->UseTracker(nullptr); },
-                        [&] {
-                          EXPECT_EQ(cell->GetText(), text);
-                          EXPECT_EQ(cell->GetTracker(), bound);
-                          EXPECT_EQ(tracker.TextCount(), texts);
-                          EXPECT_EQ(region.BytesInUse(), inUse);
-                        });
+    unbindings += FailEveryAllocation([&] { cell->UseTracker(nullptr); },
+                                      [&] {
+                                        EXPECT_EQ(cell->GetText(), text);
+                                        EXPECT_EQ(cell->GetTracker(), bound);
+                                        EXPECT_EQ(tracker.TextCount(), texts);
+                                        EXPECT_EQ(region.BytesInUse(), inUse);
+                                      });
     EXPECT_EQ(cell->GetText(), text);
+    EXPECT_EQ(tracker.TextCount(), 0U);
   }
+  EXPECT_GT(bindings, 5U);
+  EXPECT_GT(unbindings, 5U);
 }
 
 TEST(AllocationFailure, AFailedSetMetaKeepsTheOldMetadata) {
@@ -104,8 +110,9 @@ TEST(AllocationFailure, AFailedCloneOfNestedCompositesLeavesNothingBehind) {
   outer.AddPart(inner);
   OmMemoryRegion region(false);
   CellPointer clone;
-  FailEveryAllocation([&] { clone.reset(outer.Clone(&region)); },
-                      [&] { EXPECT_EQ(region.BytesInUse(), 0U); });
+  EXPECT_GT(FailEveryAllocation([&] { clone.reset(outer.Clone(&region)); },
+                                [&] { EXPECT_EQ(region.BytesInUse(), 0U); }),
+            10U);
   EXPECT_EQ(clone->GetText(), "texttext");
 }
 

@@ -81,7 +81,8 @@ std::ostream& operator<<(std::ostream& out, HeldMemory const& held);
 /// then. So the n-th is refused until it asks for as much twice in a row, once in each mode.
 /// @tparam Failing refuses what is counted, and is made with `how` in the end.
 /// @param attempt makes all of its changes or throws std::bad_alloc. It may also do without what it
-///                was refused; then it is run once more.
+///                was refused; then it is run again, as often as there are requests, so it has to
+///                bear that.
 template <class Failing, class Attempt, class Check, class... How>
 std::size_t FailEvery(Attempt attempt, Check check, How... how) {
   std::size_t failures = 0;
