@@ -4,17 +4,14 @@
 #include <rapidcheck/gtest.h>
 #include <string>
 
+#include "render/support/Pictures.h"
+
 using lakresvos::render::IsWholeJpeg;
 using lakresvos::render::IsWholePng;
 
 namespace {
 
-/// A picture of one pixel.
-std::string const kPng(
-    "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\0\x01\0\0\0\x01\x08\0\0\0\0:~\x9BU\0\0\0\nIDATx\x9C"
-    "c`\0\0\0\x02\0\x01H\xAF\xA4q\0\0\0\0IEND\xAE"
-    "B`\x82",
-    67);
+std::string const kPng(kPixelPng);
 
 std::string const kJpegFrame("\xFF\xC0\0\x0B\x08\0\x01\0\x01\x01\x01\x11\0", 13);
 std::string const kJpegScan("\xFF\xDA\0\x08\x01\x01\0\0?\0\x7F\xFF\0\xFF\xD0\x7F", 16);

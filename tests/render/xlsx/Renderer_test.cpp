@@ -22,6 +22,7 @@
 #include <lakresvos/render/XlsxRenderer.h>
 
 #include "render/support/Collector.h"
+#include "render/support/Pictures.h"
 #include "render/support/SpyTable.h"
 #include "support/TemporaryDirectory.h"
 #include "support/ZipParts.h"
@@ -325,11 +326,10 @@ TEST_F(XlsxRendererTest, BearsAHundredThousandLevels) {
   EXPECT_NE(Rendered(), "");
 }
 
-/// A document with something of all that workbooks show: two tables, the first with styles and
-/// notes, texts, and a picture that is none.
 class XlsxRendererWithoutMemory : public XlsxRendererTest {
  protected:
-  XlsxRendererWithoutMemory() {
+  /// Two tables, the first with styles and notes, texts, and a picture that is none.
+  void FillDocument() {
     FillWithAll(AddTable("a title that is long enough for the heap"));
     FillWithAll(AddTable("two lines\nof another title that is long enough for the heap"));
     AppendItem<OmHeading>(document_.begin(), Utf8("a heading that is long enough for the heap"));
@@ -376,6 +376,7 @@ class XlsxRendererWithoutMemory : public XlsxRendererTest {
 };
 
 TEST_F(XlsxRendererWithoutMemory, WritesAllOrThrows) {
+  FillDocument();
   Collector collector;
   for (bool const layersAsSheets : {false, true}) {
     lakresvos::render::XlsxOptions options;
@@ -391,7 +392,30 @@ TEST_F(XlsxRendererWithoutMemory, WritesAllOrThrows) {
   }
 }
 
+TEST_F(XlsxRendererWithoutMemory, AddsPicturesAndTellsOfLossesOrThrows) {
+  AppendItem<OmChart>(document_.begin(), Utf8("a picture with a label for the heap"), "", 1)
+      .SetImageStream(kPixelPng.data(), static_cast<unsigned int>(kPixelPng.size()));
+  Table& table = AddTable("a text that is too long for a cell");
+  table.AddFlat("A", 1);
+  table.Place({0}, {});
+  table.Cell({0}, Utf8(std::string(32768, 'x')));
+  Collector collector;
+  std::string losses;
+  lakresvos::render::XlsxOptions options;
+  options.onLoss = [&](std::string const& loss) { losses = loss; };
+  EXPECT_GT(Failures([&] {
+              collector.Clear();
+              std::ostream out(&collector);
+              RenderXlsx(document_, out, options);
+              return losses + ZipParts(collector.Text(), kTimePart);
+            }),
+            100U);
+  EXPECT_NE(collector.Text().find("xl/media/image1.png"), std::string::npos);
+  EXPECT_NE(losses.find("too long"), std::string::npos) << losses;
+}
+
 TEST_F(XlsxRendererWithoutMemory, ReplacesAFileOrThrows) {
+  FillDocument();
   TemporaryDirectory const directory;
   std::string const path = directory.Path("book.xlsx");
   EXPECT_GT(Failures([&] {

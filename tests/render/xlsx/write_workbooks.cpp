@@ -13,6 +13,7 @@
 #include <lakresvos/OmTextBlock.h>
 #include <lakresvos/render/XlsxRenderer.h>
 
+#include "render/support/Pictures.h"
 #include "render/support/RenderTables.h"
 
 // Writes a workbook for each of the cases that test_workbooks.py reads back.
@@ -24,13 +25,6 @@ using lakresvos::render::XlsxOptions;
 using namespace std::string_view_literals;
 
 constexpr double kMissing = std::numeric_limits<double>::quiet_NaN();
-
-/// A picture of one pixel.
-constexpr std::string_view kPng(
-    "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\0\x01\0\0\0\x01\x08\0\0\0\0:~\x9BU\0\0\0\nIDATx\x9C"
-    "c`\0\0\0\x02\0\x01H\xAF\xA4q\0\0\0\0IEND\xAE"
-    "B`\x82",
-    67);
 
 /// A picture of one pixel in outline: no decoder can show it, but it is whole.
 constexpr std::string_view kJpeg =
@@ -352,10 +346,10 @@ void Pictures(Document& document) {
     document.Add<OmChart>(Utf8(label), "", 1)
         .SetImageStream(bytes.data(), static_cast<unsigned int>(bytes.size()));
   };
-  picture("Bars & <more>", kPng);
-  picture("", kPng);
-  picture("Broken", kPng.substr(0, 10));
-  std::string flipped(kPng);
+  picture("Bars & <more>", kPixelPng);
+  picture("", kPixelPng);
+  picture("Broken", kPixelPng.substr(0, 10));
+  std::string flipped(kPixelPng);
   flipped[50] ^= 1;
   picture("Flipped", flipped);
   picture("Unknown", "some bytes");
@@ -364,7 +358,7 @@ void Pictures(Document& document) {
   for (int i = 0; i < 1000; ++i) {
     label += "\xE8\xA1\xA8";
   }
-  picture(label, kPng);
+  picture(label, kPixelPng);
   picture("Drawn", "<svg xmlns=\"http://www.w3.org/2000/svg\"/>");
 }
 
