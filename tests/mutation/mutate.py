@@ -48,6 +48,7 @@ def find(candidates, wanted):
 
 
 def main():
+    """Whether a mutant survived for which there is no reason."""
     options = arguments()
     session = Session(options.root, options.programs, options.jobs)
     one = options.show or options.only
@@ -58,10 +59,10 @@ def main():
         drawn = mutants.drawn(candidates, options.seed)
     if options.show:
         print(drawn[0].diff(session.source(drawn[0].file)), end="")
-        return
+        return False
     if options.list:
         print(*(f"{mutant.id}  {mutant.change}" for mutant in drawn[:options.count]), sep="\n")
-        return
+        return False
 
     session.prepare()
     if options.only:
@@ -71,6 +72,7 @@ def main():
         chosen = draw_and_run(session, drawn, options.count)
     reasons = results.explained(session.root / "docs" / "reliability.md")
     print(*results.report(chosen, session.results.entries, reasons), sep="\n")
+    return bool(results.unexplained(chosen, session.results.entries, reasons))
 
 
 def draw_and_run(session, drawn, count):
@@ -90,7 +92,7 @@ if __name__ == "__main__":
     # As an interrupt: what was started has to end, however long a mutant would run.
     signal.signal(signal.SIGTERM, lambda *_: sys.exit("./dev mutate: ended"))
     try:
-        main()
+        sys.exit(main())
     except subprocess.CalledProcessError as error:
         sys.exit(f"./dev mutate: {error.cmd[0]} failed")
     except KeyboardInterrupt:

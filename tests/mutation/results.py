@@ -57,17 +57,26 @@ def explained(page):
     return {(place, change.replace("\0", "|")) for place, change, _ in ROW.findall(text)}
 
 
+def survivors(mutants, entries):
+    return [mutant for mutant in mutants if entries[mutant.id]["outcome"] == SURVIVED]
+
+
+def unexplained(mutants, entries, reasons):
+    """The survivors without a reason."""
+    return [mutant for mutant in survivors(mutants, entries) if row_of(mutant) not in reasons]
+
+
 def report(mutants, entries, reasons):
     """Lines: each survivor without a reason, how many each reason is for, and the totals of each
     floor."""
-    survivors = [mutant for mutant in mutants if entries[mutant.id]["outcome"] == SURVIVED]
-    left = [mutant for mutant in survivors if row_of(mutant) not in reasons]
+    left = unexplained(mutants, entries, reasons)
     for mutant in sorted(left, key=lambda mutant: (mutant.file, mutant.start)):
         yield f"\n{mutant.id} survived: {entries[mutant.id]['by']}"
         yield entries[mutant.id]["diff"].rstrip()
         yield table_row(*row_of(mutant))
     yield ""
-    excused = collections.Counter(row_of(mutant) for mutant in survivors if row_of(mutant) in reasons)
+    excused = collections.Counter(row_of(mutant) for mutant in survivors(mutants, entries)
+                                  if row_of(mutant) in reasons)
     for row, count in sorted(excused.items()):
         yield f"{count} explained by {table_row(*row)}"
     missed = {mutant.id for mutant in left}
@@ -80,8 +89,8 @@ def report(mutants, entries, reasons):
         killed, survived = outcomes.count(KILLED), outcomes.count(SURVIVED)
         if not killed + survived:
             continue
-        unexplained = sum(mutant.id in missed for mutant in here)
+        others = sum(mutant.id in missed for mutant in here)
         yield (f"{floor}: {killed} of {killed + survived} killed"
-               f" ({100 * killed / (killed + survived):.1f} %); survivors: {survived - unexplained}"
-               f" explained, {unexplained} not; not counted: {outcomes.count(UNBUILT)} that do not"
+               f" ({100 * killed / (killed + survived):.1f} %); survivors: {survived - others}"
+               f" explained, {others} not; not counted: {outcomes.count(UNBUILT)} that do not"
                f" compile, {outcomes.count(SAME)} that compile to the same code")
