@@ -1,5 +1,6 @@
 // What runs of the program leave when a signal ends them.
 
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -8,12 +9,14 @@
 #include <iterator>
 #include <string>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 #include "tools/report/cli/ReportRun.h"
 
 namespace {
 
+constexpr char const* kFormats[] = {"text", "html", "markdown", "csv", "json", "xlsx"};
 constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGXFSZ, SIGKILL};
 
 /// A run of the program that writes `output`, with temporary files in `temporary`.
@@ -62,6 +65,10 @@ void InterruptRuns(std::string const& format, bool replaces) {
   TemporaryDirectory const outputs;
   std::string const data = inputs.Write("data.csv", Data());
   std::string const output = outputs.Path("output");
+  using Clock = std::chrono::steady_clock;
+  Clock::time_point const start = Clock::now();
+  EXPECT_EQ(Run(data, format, output, inputs.Path("")).End(), 0);
+  Clock::duration const whole = Clock::now() - start;
   int ended = 0;
   constexpr int kMoments = 15;
   for (int moment = 0; moment < kMoments; ++moment) {
@@ -72,7 +79,7 @@ void InterruptRuns(std::string const& format, bool replaces) {
     }
     TemporaryDirectory const temporary;
     Run const run(data, format, output, temporary.Path(""));
-    usleep(static_cast<useconds_t>(moment) * 4000);
+    std::this_thread::sleep_for(whole * moment / kMoments);
     run.Send(signal);
     int const status = run.End();
     bool const finished = WIFEXITED(status);
@@ -83,7 +90,11 @@ void InterruptRuns(std::string const& format, bool replaces) {
       EXPECT_EQ(WTERMSIG(status), signal);
     }
     bool const written = std::filesystem::exists(output) && ReadFile(output) != "as it was";
-    EXPECT_EQ(outputs.Entries(), written || replaces ? 1U : 0U) << format << " " << moment;
+    std::size_t const names = written || replaces ? 1 : 0;
+    // A run that is killed just before it renames leaves a name.
+    std::size_t const most = replaces && signal == SIGKILL && !written ? 2 : names;
+    EXPECT_GE(outputs.Entries(), names) << format << " " << moment;
+    EXPECT_LE(outputs.Entries(), most) << format << " " << moment;
     EXPECT_EQ(temporary.Entries(), 0U) << format << " " << moment;
   }
   EXPECT_GT(ended, 0);
@@ -92,18 +103,19 @@ void InterruptRuns(std::string const& format, bool replaces) {
 }  // namespace
 
 TEST(Interruption, LeavesNothingOfAnyFormat) {
-  for (char const* format : {"text", "html", "markdown", "csv", "json", "xlsx"}) {
+  for (char const* format : kFormats) {
     InterruptRuns(format, false);
   }
 }
 
 TEST(Interruption, LeavesNothingBesideAFileThatWasThere) {
-  InterruptRuns("csv", true);
-  InterruptRuns("xlsx", true);
+  for (char const* format : kFormats) {
+    InterruptRuns(format, true);
+  }
 }
 
 TEST(Interruption, AFileThatMayNotGrowIsAnError) {
-  for (char const* format : {"html", "csv", "json", "xlsx"}) {
+  for (char const* format : kFormats) {
     TemporaryDirectory const directory;
     TemporaryDirectory const temporary;
     std::string const data = directory.Write("data.csv", Data());

@@ -102,7 +102,8 @@ constexpr std::size_t kFew = 8;
 
 /// Runs the program with single requests refused and with all from one on, and checks whether it
 /// does all that it is to do or gives one message. Of many requests, more are tried at the start and
-/// the end, which come before and after the work.
+/// the end, which come before and after the work; of those between, others alone than with all that
+/// follow.
 /// @param part  the larger, the more are tried.
 /// @param check called after each run; also after one without failures, which is returned.
 template <class Check>
@@ -114,6 +115,7 @@ Outcome TryRequests(std::vector<char const*> const& arguments, std::size_t part,
   check(whole, kNever);
   std::size_t failures = 0;
   for (FailAfter::Mode const mode : {FailAfter::Mode::FromThenOn, FailAfter::Mode::Once}) {
+    std::size_t const dense = mode == FailAfter::Mode::Once ? part + 1 : part;
     for (std::size_t n = 1; n <= requests;) {
       Outcome const outcome = RunWithout(n, mode, arguments);
       check(outcome, n);
@@ -127,7 +129,8 @@ Outcome TryRequests(std::vector<char const*> const& arguments, std::size_t part,
         EXPECT_TRUE(outcome.err.starts_with("lakresvos-report: ")) << outcome.err;
         EXPECT_EQ(outcome.err.find('\n') + 1, outcome.err.size()) << outcome.err;
       }
-      n = std::max(n + 1, std::min(n + 1 + n / part, requests - std::min(requests, kEnd)));
+      n = std::max(n + 1, std::min(n < dense ? n + 1 : n + 1 + n / part,
+                                   requests - std::min(requests, kEnd)));
     }
   }
   EXPECT_GT(failures, 50U);

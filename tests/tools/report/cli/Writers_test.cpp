@@ -53,15 +53,17 @@ class Writers : public testing::TestWithParam<char const*> {
   std::string Written() const { return report_.Read(output_); }
 
   /// The file is the former one or the new one, and nothing stands beside it.
-  void ExpectOldOrNew(FaultedRun const& run, bool replaces, std::string const& what) {
+  /// @param placing whether the fault may have befallen a file with a name that is to get another,
+  ///                to which the new one is copied in the end.
+  void ExpectOldOrNew(FaultedRun const& run, bool replaces, bool placing, std::string const& what) {
     bool const exists = std::filesystem::exists(output_);
     bool const isFormer = exists == replaces && Written() == (replaces ? kFormer : "");
     EXPECT_TRUE(isFormer || Written() == expected_) << what;
     // What is killed as it renames leaves a name, and so does what cannot remove it.
-    bool const mayLeaveOne =
-        (run.Killed() && (run.Befell("rename") || noUnnamed_)) || run.Befell("unlink");
+    bool const staysNamed = run.Befell("unlink");
+    bool const mayLeaveOne = (run.Killed() && (run.Befell("rename") || placing)) || staysNamed;
     EXPECT_LE(outputs_.Entries(), (exists ? 1U : 0U) + (mayLeaveOne ? 1U : 0U)) << what;
-    EXPECT_LE(temporary_.Entries(), noUnnamed_ && mayLeaveOne ? 1U : 0U) << what;
+    EXPECT_LE(temporary_.Entries(), staysNamed ? 1U : 0U) << what;
     if (!run.Killed()) {
       EXPECT_EQ(isFormer, run.ExitCode() != 0) << what;
     }
@@ -87,14 +89,15 @@ class Writers : public testing::TestWithParam<char const*> {
 
   /// Each call that can change a file has the fault once, or from then on.
   void Sweep(WriteFault fault, bool replaces) {
-    noUnnamed_ = fault.noUnnamed;
+    Prepare(replaces);
+    std::size_t const calls = Run({.noUnnamed = fault.noUnnamed}).calls;
     for (fault.first = 1;; fault.first += kSweepStep) {
       Prepare(replaces);
       FaultedRun const run = Run(fault);
       std::string const call = run.faulted.empty() ? "none" : run.faulted.front();
       std::string const what =
           std::string(GetParam()) + ", call " + std::to_string(fault.first) + ", " + call + '\n';
-      ExpectOldOrNew(run, replaces, what);
+      ExpectOldOrNew(run, replaces, fault.noUnnamed && 3 * fault.first > calls, what);
       if (fault.kind == Kind::Kill) {
         EXPECT_EQ(run.Killed(), !run.faulted.empty()) << what;
       } else {
@@ -113,7 +116,6 @@ class Writers : public testing::TestWithParam<char const*> {
   WrittenReport report_{GetParam()};
   std::string output_ = outputs_.Path("output");
   std::string expected_;
-  bool noUnnamed_ = false;
 };
 
 }  // namespace
@@ -152,7 +154,16 @@ TEST_P(Writers, KilledAtEachCallWhereAllFilesHaveNames) {
 }
 
 TEST_P(Writers, DiskThatIsFullFromEachCallOnWhereAllFilesHaveNames) {
+  Sweep({.kind = Kind::Error, .onwards = true, .error = ENOSPC, .noUnnamed = true}, false);
   Sweep({.kind = Kind::Error, .onwards = true, .error = ENOSPC, .noUnnamed = true}, true);
+}
+
+TEST_P(Writers, DiskThatFailsForOneCallWhereAllFilesHaveNames) {
+  Sweep({.kind = Kind::Error, .error = EIO, .noUnnamed = true}, true);
+}
+
+TEST_P(Writers, InterruptedCallsWhereAllFilesHaveNames) {
+  Sweep({.kind = Kind::Error, .error = EINTR, .noUnnamed = true}, true);
 }
 
 TEST_P(Writers, ShortWrites) {
