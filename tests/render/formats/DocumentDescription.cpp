@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ios>
+#include <sstream>
 #include <string>
+#include <utility>
 
 #include <cells/cells.h>
 #include <lakresvos/lakresvos.h>
@@ -35,6 +38,7 @@ class ShownNumber : public OmCellText::Visitor {
   using OmCellText::Visitor::Visit;
 
   json number = nullptr;
+  json exact = nullptr;  ///< as C++ writes it in hexadecimal; also one that is not finite
 
   void Visit(OmNumber& cell) override { Show(cell.Value(), cell.Decimals()); }
   void Visit(OmNumDataValue& cell) override {
@@ -45,6 +49,9 @@ class ShownNumber : public OmCellText::Visitor {
 
  private:
   void Show(double value, int decimals) {
+    std::ostringstream digits;
+    digits << std::hexfloat << value;
+    exact = digits.str();
     if (std::isfinite(value)) {
       number = {{"value", value}, {"decimals", std::max(decimals, -1)}};
     }
@@ -55,6 +62,8 @@ class ShownNumber : public OmCellText::Visitor {
 class Describer : public OmOutputPart::Visitor {
  public:
   json items = json::array();
+
+  explicit Describer(bool skipEmpty) : skipEmpty_(skipEmpty) {}
 
   void Visit(OmHeading& heading) override { Add("heading", TextOf(heading.Label())); }
   void Visit(OmProcedure& procedure) override { Add("procedure", Plain(procedure.OutlineText())); }
@@ -99,7 +108,7 @@ class Describer : public OmOutputPart::Visitor {
     return text;
   }
 
-  static json TableOf(OmPivotTable& table) {
+  json TableOf(OmPivotTable& table) const {
     OmCellText const* const title = table.GetTableTitle();
     json footnotes = json::array();
     for (OmFootnote const& footnote : table.Footnotes().Elements()) {
@@ -111,14 +120,68 @@ class Describer : public OmOutputPart::Visitor {
             {"title", TextOf(title != nullptr ? title : table.Label(), &table)},
             {"caption", TextOf(table.showCaption() ? table.Caption() : nullptr, &table)},
             {"footnotes", footnotes},
-            {"layers", LayersOf(table)}};
+            {"layers", LayersOf(table)},
+            {"categories", CategoriesOf(table)},
+            {"cells", CellsOf(table)},
+            {"titleNotes", title != nullptr ? TextOf(title, &table)["notes"] : json::array()}};
   }
 
-  static json LayersOf(OmPivotTable& table) {
+  /// Of each dimension the label, also in parts where it is a composite, and all categories with the
+  /// labels of the groups that they are in.
+  static json CategoriesOf(OmPivotTable& table) {
+    json dimensions = json::array();
+    for (int i = 0; i < table.NDimensions(); ++i) {
+      OmDimension const& dimension = std::as_const(table).Dimension(i);
+      json parts = json::array();
+      if (auto* const label = dynamic_cast<OmComposite*>(dimension.value.label)) {
+        for (std::size_t part = 0; part < label->Parts().Root().NChildren(); ++part) {
+          parts.push_back(TextOf(label->Parts().Root()[part].Value()));
+        }
+      }
+      json categories = json::array();
+      AddCategories(dimension.Root(), json::array(), table, categories);
+      dimensions.push_back({{"label", TextOf(dimension.value.label, &table)},
+                            {"parts", parts},
+                            {"isGroup", dimension.Root().Value().group},
+                            {"categories", categories}});
+    }
+    return dimensions;
+  }
+
+  static void AddCategories(OmDimension::ConstNode node, json const& path,
+                            OmPivotTable const& table, json& categories) {
+    OmDimensionNode const& value = node.Value();
+    if (!value.group) {
+      OmCellMetaData const* const meta = value.label != nullptr ? value.label->getMeta() : nullptr;
+      categories.push_back({{"subscript", static_cast<int>(value.subscript)},
+                            {"path", path},
+                            {"isTotal", meta != nullptr && meta->isTotal()}});
+    }
+    for (std::size_t i = 0; i < node.NChildren(); ++i) {
+      json below = path;
+      below.push_back(TextOf(node.Child(i).Value().label, &table));
+      AddCategories(node.Child(i), below, table, categories);
+    }
+  }
+
+  /// The stored cells in their order; a number as digits that say it exactly, also one that is not
+  /// finite.
+  static json CellsOf(OmPivotTable& table) {
+    json cells = json::array();
+    for (auto at = table.FirstCell(); at.Cell() != nullptr; ++at) {
+      ShownNumber shown;
+      at.Cell()->Accept(shown);
+      cells.push_back(
+          {{"index", at.Index()}, {"text", TextOf(at.Cell(), &table)}, {"exact", shown.exact}});
+    }
+    return cells;
+  }
+
+  json LayersOf(OmPivotTable& table) const {
     json described = json::array();
-    OmDisplayLayerHeading layers(table, true);
+    OmDisplayLayerHeading layers(table, skipEmpty_);
     while (layers.NextLayer()) {
-      GridModel const grid(layers, true, true);
+      GridModel const grid(layers, skipEmpty_, true);
       described.push_back({{"name", NameOf(layers)},
                            {"headingRows", grid.HeadingRows()},
                            {"headingColumns", grid.HeadingColumns()},
@@ -170,12 +233,14 @@ class Describer : public OmOutputPart::Visitor {
     }
     return rows;
   }
+
+  bool skipEmpty_;
 };
 
 }  // namespace
 
-json DescribeDocument(OmOutputTree& document) {
-  Describer describer;
+json DescribeDocument(OmOutputTree& document, bool skipEmpty) {
+  Describer describer(skipEmpty);
   for (OmOutputTree::Node node = document.begin(); !node.AtEnd(); ++node) {
     if (*node != nullptr) {
       (*node)->Accept(describer);

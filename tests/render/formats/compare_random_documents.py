@@ -14,12 +14,13 @@ import subprocess
 import sys
 
 from compare_formats import differences
-from readers import csv_file, description, html_page, json_file, markdown_file, workbook
+from readers import csv_cells, csv_file, description, html_page, json_file, markdown_file, workbook
 
 USUAL_DOCUMENTS = 50
 MOST_DIFFERENCES = 10
 READERS = {
     "CSV": csv_file,
+    "CSV of cells": csv_cells,
     "HTML": html_page,
     "JSON": json_file,
     "Markdown": markdown_file,

@@ -40,31 +40,48 @@ nlohmann::json ListBlocks(std::string const& markdown) {
   return blocks;
 }
 
+/// The options of a format that is to show the tables in one way.
+template <class Options>
+Options OptionsOf(TableOptions const& tables) {
+  Options options;
+  static_cast<TableOptions&>(options) = tables;
+  return options;
+}
+
 void Write(OmOutputTree& document, std::filesystem::path const& directory) {
+  TableOptions tables;
+  tables.skipEmpty = *rc::gen::arbitrary<bool>();
   std::filesystem::create_directories(directory);
-  File(directory / "description.json") << DescribeDocument(document).dump();
+  File(directory / "description.json") << DescribeDocument(document, tables.skipEmpty).dump();
   {
     std::ofstream out = File(directory / "document.json");
-    JsonOptions options;
+    auto options = OptionsOf<JsonOptions>(tables);
     options.layout = true;
     RenderJson(document, out, options);
   }
   {
     std::ofstream out = File(directory / "tables.csv");
-    CsvOptions options;
+    auto options = OptionsOf<CsvOptions>(tables);
     options.shape = CsvOptions::Shape::Display;
     RenderCsv(document, out, options);
   }
   {
+    std::ofstream out = File(directory / "cells.csv");
+    RenderCsv(document, out);
+  }
+  {
     std::ofstream out = File(directory / "document.html");
-    RenderHtml(document, out);
+    RenderHtml(document, out, OptionsOf<HtmlOptions>(tables));
   }
   {
     std::ofstream out = File(directory / "document.xlsx");
-    RenderXlsx(document, out);
+    auto options = OptionsOf<XlsxOptions>(tables);
+    options.mergeRows = *rc::gen::arbitrary<bool>();
+    options.mergeColumns = *rc::gen::arbitrary<bool>();
+    RenderXlsx(document, out, options);
   }
   std::ostringstream markdown;
-  RenderMarkdown(document, markdown);
+  RenderMarkdown(document, markdown, OptionsOf<MarkdownOptions>(tables));
   File(directory / "document.md") << markdown.str();
   File(directory / "markdown.json") << ListBlocks(markdown.str()).dump();
 }
