@@ -81,9 +81,9 @@ struct XlsxOptions : TableOptions {
 /// @param out where to write; its state tells whether writing failed.
 /// @param options see XlsxOptions.
 /// @throws std::length_error that names the table when it has more than 1,048,576 rows or 16,384
-///         columns, and for more than 65,000 sheets; std::runtime_error when the
-///         module cannot be loaded, libxlsxwriter was loaded before it, or there can be no temporary
-///         file, std::system_error when that cannot be written. Nothing is written to `out` then.
+///         columns, and for more than 65,000 sheets; std::runtime_error when the module
+///         cannot be loaded, libxlsxwriter was loaded before it, or there can be no temporary file,
+///         std::system_error when that cannot be written. Nothing is written to `out` then.
 LAKRESVOS_RENDER_EXPORT void RenderXlsx(OmOutputTree const& tree, std::ostream& out,
                                         XlsxOptions const& options = {});
 
