@@ -9,11 +9,11 @@ namespace lakresvos::tabulate {
 
 /// A sum of doubles and of products of two, at little more than the cost of a plain one.
 ///
-/// What an addition loses is added up beside the sum, and what that loses once more, so that the
-/// result is as exact as if it had been computed with three times the digits of a double and then
-/// rounded (Ogita, Rump, Oishi 2005, "Accurate sum and dot product": SumK and DotK for K = 3).
-/// Terms so large or so small that a step might leave the range of a double are added in a wider
-/// one.
+/// What an addition loses is added up beside the sum, and what that loses once more (Ogita, Rump,
+/// Oishi 2005, "Accurate sum and dot product": SumK and DotK for K = 3). What even that loses, which
+/// is seldom anything, is added to a number that is wider than a double, as are terms so large or so
+/// small that a step might leave the range of a double. So nothing is lost of terms that are less
+/// than 2^200 apart.
 class CompensatedSum {
  public:
   /// Adds a finite number.
@@ -40,11 +40,22 @@ class CompensatedSum {
   void Add(CompensatedSum const& other) {
     Add(other.sum_);
     AddLoss(other.loss_);
-    lossOfLoss_ += other.lossOfLoss_;
+    AddLossOfLoss(other.lossOfLoss_);
     rest_ += other.rest_;
   }
 
-  WideNumber Value() const { return rest_ + lossOfLoss_ + loss_ + sum_; }
+  WideNumber Value() const {
+    // The parts may cancel one another. Twice is enough for three numbers to have only what the ones
+    // before them cannot hold.
+    double sum = sum_;
+    double loss = loss_;
+    double lossOfLoss = lossOfLoss_;
+    for (int round = 0; round < 2; ++round) {
+      loss = AddTo(sum, loss);
+      lossOfLoss = AddTo(loss, lossOfLoss);
+    }
+    return rest_ + lossOfLoss + loss + sum;
+  }
 
  private:
   // Far enough from the ends of the range for 2^64 terms, and for the last digit of a product.
@@ -63,7 +74,16 @@ class CompensatedSum {
 
   void AddLoss(double loss) {
     if (loss != 0) {
-      lossOfLoss_ += AddTo(loss_, loss);
+      AddLossOfLoss(AddTo(loss_, loss));
+    }
+  }
+
+  void AddLossOfLoss(double loss) {
+    if (loss != 0) {
+      double const left = AddTo(lossOfLoss_, loss);
+      if (left != 0) {
+        rest_ += left;
+      }
     }
   }
 

@@ -3,6 +3,7 @@
 #include <boost/multiprecision/cpp_bin_float.hpp>
 #include <boost/multiprecision/cpp_int.hpp>
 #include <cmath>
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <limits>
 #include <rapidcheck/gtest.h>
@@ -84,6 +85,31 @@ TEST(CompensatedSum, KeepsAProductBelowTheRangeOfADouble) {
   sum.AddProduct(std::numeric_limits<double>::denorm_min(), 0.25);
   sum.AddProduct(std::numeric_limits<double>::denorm_min(), 0.75);
   EXPECT_EQ(Rounded(sum), std::numeric_limits<double>::denorm_min());
+}
+
+RC_GTEST_PROP(CompensatedSum, LosesNothingOfWhatCancelsOut, ()) {
+  std::int64_t const most = std::int64_t{1} << 53;
+  auto const digits = rc::gen::resize(rc::kNominalSize, rc::gen::inRange(-most, most));
+  auto const list = rc::gen::container<std::vector<std::int64_t>>(digits);
+  std::vector<std::int64_t> const large = *list;
+  std::vector<std::int64_t> const small = *list;
+  CompensatedSum sum;
+  Exact exact = 0;
+  auto const add = [&](std::int64_t term, int power) {
+    double const number = std::ldexp(term, power);
+    sum.AddProduct(number, 0.1);
+    exact += Exact(number) * Exact(0.1);
+  };
+  for (std::int64_t const term : large) {
+    add(term, 30);
+  }
+  for (std::int64_t const term : small) {
+    add(term, -80);
+  }
+  for (std::int64_t const term : large) {
+    add(-term, 30);
+  }
+  RC_ASSERT(Rounded(sum) == exact.convert_to<double>());
 }
 
 RC_GTEST_PROP(CompensatedSum, AgreesWithExactArithmeticHoweverItIsMerged, ()) {
