@@ -257,6 +257,12 @@ TEST_F(ListTreeTest, HandlesStayValidWhileOthersAreAdded) {
   EXPECT_EQ(three.AppendChild(9).depth, 3);
 }
 
+TEST(ListTree, HasNoFirstElementWhenThereIsNoMemoryForIt) {
+  Tree tree;
+  EXPECT_GE(FailEveryAllocation([&] { tree.Append(1); }, [&] { EXPECT_TRUE(tree.empty()); }), 2U);
+  EXPECT_EQ(tree.size(), 1U);
+}
+
 TEST_F(ListTreeTest, ARefusedAllocationChangesNothing) {
   std::string const before = Listing(tree_);
   auto const unchanged = [&] {
