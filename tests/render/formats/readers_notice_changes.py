@@ -77,8 +77,6 @@ def changes_in_table(table):
                 elif "start" not in position:
                     yield from changes_of_cell(position, PAGES | {"JSON"} | tabular)
                     yield from change_notes("cell", position["text"], table)
-
-
     if tabular:
         yield from changes_of_stored_cells(table)
 
