@@ -30,8 +30,7 @@ double Rounded(CompensatedSum const& sum) {
 
 /// Whether a sum differs from the exact one by a tiny part of the sum of the terms' sizes.
 bool IsClose(CompensatedSum const& sum, Exact const& exact, Exact const& size) {
-  return abs(Exact(sum.Value()) - exact) <=
-         size / (Exact(1) * pow(boost::multiprecision::cpp_int(2), 110));
+  return abs(Exact(sum.Value()) - exact) <= size / Exact(boost::multiprecision::cpp_int(1) << 110);
 }
 
 /// Any finite number of moderate size, or of any size at all.
