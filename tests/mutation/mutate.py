@@ -3,7 +3,8 @@
 
 Each mutant is built in a copy of the sources, and what tests run its place, as the coverage says, are
 run up to the first that fails. A mutant that does not compile, or compiles to the same code, does not
-count. Everything is kept in build/mutation; the same command again goes on where it was stopped.
+count. What was found out is kept in tests/mutation/results.json, from where the same command goes on;
+the copies and what else is made are in build/mutation.
 """
 
 import argparse
@@ -71,7 +72,7 @@ def main():
     else:
         chosen = draw_and_run(session, drawn, options.count)
     reasons = results.explained(session.root / "docs" / "reliability.md")
-    print(*results.report(chosen, session.results.entries, reasons), sep="\n")
+    print(*results.report(chosen, session.results.entries, reasons, session.source), sep="\n")
     return bool(results.unexplained(chosen, session.results.entries, reasons))
 
 

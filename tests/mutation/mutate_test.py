@@ -100,7 +100,7 @@ class MutateTest(unittest.TestCase):
         return run.stdout
 
     def outcomes(self):
-        file = self.root / "build" / "mutation" / "results.json"
+        file = self.root / results.FILE
         return {name.removeprefix("core/Fee.cpp:"): entry["outcome"]
                 for name, entry in json.loads(file.read_text("utf-8")).items()}
 

@@ -1,4 +1,5 @@
-"""What became of the mutants, kept in a file that later runs resume from, and the report of it."""
+"""What became of the mutants, kept in a file that later runs resume from, on whatever machine, and the
+report of it."""
 
 import collections
 import json
@@ -6,6 +7,7 @@ import re
 import threading
 from pathlib import Path
 
+FILE = "tests/mutation/results.json"
 KILLED, SURVIVED, UNBUILT, SAME = "killed", "survived", "does not compile", "same code"
 COUNTED = (KILLED, SURVIVED)
 FLOORS = {"core, cells and tabulation": ("core/", "include/", "cells/", "tabulate/"),
@@ -19,12 +21,12 @@ class Results:
         self.lock = threading.Lock()
         self.entries = json.loads(file.read_text(encoding="utf-8")) if file.exists() else {}
 
-    def known(self, mutant, source, tests, is_there):
-        """What is known about a mutant of this source. Those that survived are tried again when the
+    def known(self, mutant, digest, tests, is_there):
+        """What is known about a mutant with this digest. Those that survived are tried again when the
         tests are others, and those that were killed when the test that did it is gone: `is_there`
         tells of a program and its test."""
         entry = self.entries.get(mutant.id)
-        if entry is None or entry["source"] != source or entry["change"] != mutant.change:
+        if entry is None or entry["mutant"] != digest:
             return None
         if entry["outcome"] == SURVIVED and entry["tests"] != tests:
             return None
@@ -34,9 +36,12 @@ class Results:
 
     def add(self, mutant, entry):
         with self.lock:
+            self.file.parent.mkdir(parents=True, exist_ok=True)
             self.entries[mutant.id] = entry
             new = self.file.with_suffix(".new")
-            new.write_text(json.dumps(self.entries, indent=1, sort_keys=True), encoding="utf-8")
+            lines = (f"{json.dumps(name)}: {json.dumps(found, sort_keys=True)}"
+                     for name, found in sorted(self.entries.items()))
+            new.write_text("{\n" + ",\n".join(lines) + "\n}\n", encoding="utf-8")
             new.replace(self.file)
 
 
@@ -66,13 +71,13 @@ def unexplained(mutants, entries, reasons):
     return [mutant for mutant in survivors(mutants, entries) if row_of(mutant) not in reasons]
 
 
-def report(mutants, entries, reasons):
+def report(mutants, entries, reasons, source_of):
     """Lines: each survivor without a reason, how many each reason is for, and the totals of each
-    floor."""
+    floor. `source_of` gives the content of a file."""
     left = unexplained(mutants, entries, reasons)
     for mutant in sorted(left, key=lambda mutant: (mutant.file, mutant.start)):
         yield f"\n{mutant.id} survived: {entries[mutant.id]['by']}"
-        yield entries[mutant.id]["diff"].rstrip()
+        yield mutant.diff(source_of(mutant.file)).rstrip()
         yield table_row(*row_of(mutant))
     yield ""
     excused = collections.Counter(row_of(mutant) for mutant in survivors(mutants, entries)

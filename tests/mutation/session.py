@@ -7,7 +7,6 @@ import hashlib
 import json
 import queue
 import sys
-import time
 from concurrent.futures import ProcessPoolExecutor, ThreadPoolExecutor
 from pathlib import Path
 
@@ -65,11 +64,11 @@ class Session:
         self.folder.mkdir(parents=True, exist_ok=True)
         self.lock = self._lock()
         self.trees = [scratch.Tree(self.root, self.folder / f"tree-{k}") for k in range(self.jobs)]
-        self.sources = scratch.sources(self.root)
+        self.sources = [name for name in scratch.sources(self.root) if name != results.FILE]
         self.contents = {}
-        self.results = results.Results(self.folder / "results.json")
+        self.results = results.Results(self.root / results.FILE)
         self.tests = digest_of(" ".join(self.targets).encode() + scratch.digest(
-            self.root, [name for name in self.sources if name.startswith("tests/")]))
+            self.root, [name for name in self.sources if name.startswith("tests/")]))[:16]
         self.programs, self.makers, self.broken, self.slow = [], {}, {}, []
 
     def _lock(self):
@@ -111,7 +110,11 @@ class Session:
         return self.contents[file]
 
     def known(self, mutant):
-        return self.results.known(mutant, digest_of(self.source(mutant.file)), self.tests, self._has_test)
+        return self.results.known(mutant, self._digest(mutant), self.tests, self._has_test)
+
+    def _digest(self, mutant):
+        """Tells a mutant from all others, of other states of its file too."""
+        return digest_of(self.source(mutant.file) + mutant.change.encode())[:16]
 
     def _has_test(self, program, test):
         """Whether there is such a test, as far as these programs tell."""
@@ -183,7 +186,6 @@ class Session:
 
     def _try(self, tree, mutant, alone=False):
         """A mutant that is too slow among others may owe it to them, so it is tried again alone."""
-        source, start = self.source(mutant.file), time.monotonic()
         tree.put(mutant)
         try:
             outcome, by, killer = self._outcome(tree, mutant)
@@ -192,9 +194,9 @@ class Session:
         if killer is not None and killer.slow and not alone:
             self.slow.append(mutant)
             return
-        entry = {"outcome": outcome, "by": by, "seconds": round(time.monotonic() - start, 1),
-                 "function": mutant.function, "change": mutant.change, "diff": mutant.diff(source),
-                 "source": digest_of(source), "tests": self.tests}
+        entry = {"outcome": outcome, "mutant": self._digest(mutant)}
+        if outcome == results.SURVIVED:
+            entry |= {"by": by, "tests": self.tests}
         if killer is not None:
             entry["killer"] = [killer.program, killer.test]
         self.results.add(mutant, entry)
