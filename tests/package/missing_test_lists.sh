@@ -15,7 +15,8 @@ set(LAKRESVOS_BROWSER_TESTS ON)
 foreach(command include find_library find_package find_path find_program pkg_check_modules
         add_dependencies add_executable add_library add_test set_target_properties
         set_tests_properties gtest_discover_tests target_compile_definitions
-        target_include_directories target_link_libraries target_link_options target_sources)
+        target_compile_options target_include_directories target_link_libraries target_link_options
+        target_precompile_headers target_sources)
   cmake_language(EVAL CODE "function(${command})\nendfunction()")
 endforeach()
 add_subdirectory(tests)
