@@ -7,7 +7,7 @@
 #include "harness/InputBytes.h"
 #include "harness/Target.h"
 #include "tabulate/FewValues.h"
-#include "tabulate/data/PlainCsvReading.h"
+#include "tabulate/csv/PlainCsvReading.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "data/CsvReader.h"
+#include "csv/CsvReader.h"
 #include "support/ErrorOf.h"
 
 /// Keeps all records of CSV, in one thread or several.

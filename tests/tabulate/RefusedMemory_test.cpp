@@ -8,7 +8,7 @@
 #include <lakresvos/OmVectorTreeWalk.h>
 #include <lakresvos/tabulate/tabulate.h>
 
-#include "data/CsvReader.h"
+#include "csv/CsvReader.h"
 #include "data/DataSetBuilder.h"
 #include "support/faults/FailingMalloc.h"
 #include "support/faults/FailingNew.h"

@@ -2,7 +2,7 @@
 
 #include <lakresvos/tabulate/DataSet.h>
 
-#include "data/CsvReader.h"
+#include "csv/CsvReader.h"
 #include "data/DataSetBuilder.h"
 
 namespace lakresvos::tabulate {

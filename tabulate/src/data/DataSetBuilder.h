@@ -10,8 +10,8 @@
 #include <lakresvos/tabulate/RequiredColumns.h>
 #include <lakresvos/tabulate/WarningLog.h>
 
+#include "csv/CsvSink.h"
 #include "data/ColumnWriter.h"
-#include "data/CsvSink.h"
 
 namespace lakresvos::tabulate {
 

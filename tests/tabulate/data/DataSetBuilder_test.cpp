@@ -5,7 +5,7 @@
 #include <sstream>
 #include <vector>
 
-#include "data/CsvReader.h"
+#include "csv/CsvReader.h"
 #include "support/ErrorOf.h"
 
 using namespace lakresvos::tabulate;

@@ -1,11 +1,11 @@
-#ifndef LAKRESVOS_TABULATE_DATA_CSVREADER_H
-#define LAKRESVOS_TABULATE_DATA_CSVREADER_H
+#ifndef LAKRESVOS_TABULATE_CSV_CSVREADER_H
+#define LAKRESVOS_TABULATE_CSV_CSVREADER_H
 
 #include <cstddef>
 #include <iosfwd>
 #include <string>
 
-#include "data/CsvSink.h"
+#include "csv/CsvSink.h"
 
 namespace lakresvos::tabulate {
 

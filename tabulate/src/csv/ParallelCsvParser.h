@@ -1,5 +1,5 @@
-#ifndef LAKRESVOS_TABULATE_DATA_PARALLELCSVPARSER_H
-#define LAKRESVOS_TABULATE_DATA_PARALLELCSVPARSER_H
+#ifndef LAKRESVOS_TABULATE_CSV_PARALLELCSVPARSER_H
+#define LAKRESVOS_TABULATE_CSV_PARALLELCSVPARSER_H
 
 #include <cstddef>
 #include <deque>
@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "data/CsvParser.h"
-#include "data/CsvReader.h"
+#include "csv/CsvParser.h"
+#include "csv/CsvReader.h"
 
 namespace lakresvos::tabulate {
 

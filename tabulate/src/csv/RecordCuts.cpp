@@ -1,4 +1,4 @@
-#include "data/RecordCuts.h"
+#include "csv/RecordCuts.h"
 
 namespace lakresvos::tabulate {
 

@@ -1,11 +1,11 @@
-#include "data/ParallelCsvParser.h"
+#include "csv/ParallelCsvParser.h"
 
 #include <algorithm>
 
 #include <lakresvos/tabulate/InputError.h>
 
-#include "data/RecordCuts.h"
-#include "data/RunTogether.h"
+#include "csv/RecordCuts.h"
+#include "csv/RunTogether.h"
 
 namespace lakresvos::tabulate {
 

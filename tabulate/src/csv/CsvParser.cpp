@@ -1,4 +1,4 @@
-#include "data/CsvParser.h"
+#include "csv/CsvParser.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,4 +1,4 @@
-#include "data/RunTogether.h"
+#include "csv/RunTogether.h"
 
 #include <atomic>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "data/CsvReader.h"
+#include "csv/CsvReader.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -11,7 +11,7 @@
 
 #include <lakresvos/tabulate/InputError.h>
 
-#include "data/ParallelCsvParser.h"
+#include "csv/ParallelCsvParser.h"
 
 namespace lakresvos::tabulate {
 

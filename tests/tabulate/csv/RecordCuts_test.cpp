@@ -1,4 +1,4 @@
-#include "data/RecordCuts.h"
+#include "csv/RecordCuts.h"
 
 #include <gtest/gtest.h>
 #include <string>

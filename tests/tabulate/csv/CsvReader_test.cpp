@@ -1,4 +1,4 @@
-#include "data/CsvReader.h"
+#include "csv/CsvReader.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -12,7 +12,7 @@
 #include "support/ErrorOf.h"
 #include "support/TemporaryDirectory.h"
 #include "tabulate/GatheredCsv.h"
-#include "tabulate/data/PlainCsvReading.h"
+#include "tabulate/csv/PlainCsvReading.h"
 
 using namespace lakresvos::tabulate;
 

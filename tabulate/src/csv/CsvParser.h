@@ -1,5 +1,5 @@
-#ifndef LAKRESVOS_TABULATE_DATA_CSVPARSER_H
-#define LAKRESVOS_TABULATE_DATA_CSVPARSER_H
+#ifndef LAKRESVOS_TABULATE_CSV_CSVPARSER_H
+#define LAKRESVOS_TABULATE_CSV_CSVPARSER_H
 
 #include <cstddef>
 #include <csv.h>
@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "data/CsvSink.h"
+#include "csv/CsvSink.h"
 
 namespace lakresvos::tabulate {
 

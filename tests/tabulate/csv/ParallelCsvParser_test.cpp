@@ -1,4 +1,4 @@
-#include "data/ParallelCsvParser.h"
+#include "csv/ParallelCsvParser.h"
 
 #include <algorithm>
 #include <filesystem>
