@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -8,6 +9,7 @@
 #include <lakresvos/OmVectorTreeWalk.h>
 #include <lakresvos/tabulate/tabulate.h>
 
+#include "count/RowCounter.h"
 #include "csv/CsvReader.h"
 #include "data/DataSetBuilder.h"
 #include "support/faults/FailingMalloc.h"
@@ -214,6 +216,48 @@ TEST_F(TabulateRefusedMemory, WhileThreadsReadData) {
   EXPECT_GT(FailEveryAllocationOf(read, FailAfter::Threads::All), 60U);
   FewValues const few;
   EXPECT_GT(FailEveryAllocationOf(read, FailAfter::Threads::All), 60U);
+}
+
+TEST_F(TabulateRefusedMemory, WhileDataAreCountedAsTheyAreRead) {
+  std::string csv = kCsv;
+  for (int i = 0; i < 20; ++i) {
+    csv += "a value number " + std::to_string(i) + ",\"b\",1,2\ns,q\nNA,a,text,NA\n";
+  }
+  CountRequest const request{
+      {formula, ParseFormula("b ~ a")}, statistics, RequiredColumn{"w", "--weight"}};
+  for (CsvReading const how : {CsvReading{}, CsvReading{.threads = 3, .block = 64}}) {
+    EXPECT_GT(FailEveryAllocationOf(
+                  [&] {
+                    WarningLog warnings;
+                    RowCounter counter("data.csv", request, warnings);
+                    std::istringstream input(csv);
+                    ReadCsv(input, "data.csv", counter, how);
+                    CountedData const data = counter.Result();
+                    return Describe(*MakeCrossTable(data, 0, {formula}, statistics, true)) +
+                           Describe(warnings);
+                  },
+                  FailAfter::Threads::All),
+              100U);
+  }
+}
+
+TEST_F(TabulateRefusedMemory, WhileALogTakesOverAnother) {
+  WarningLog below;
+  below.Add({Skipped::Lines, 1, "a column with a long name", "a problem that is described"});
+  WarningLog log;
+  log.Add({Skipped::Lines, 9, "another column with a long name", "another problem as well"});
+  std::size_t total = 1;
+  EXPECT_GT(FailEveryAllocation(
+                [&] {
+                  log.Append(below, 1);
+                  ++total;
+                },
+                [&] {
+                  EXPECT_EQ(log.Total(), total);
+                  EXPECT_EQ(log.Summary(Skipped::Lines).count, total);
+                  EXPECT_EQ(log.First().size(), std::min(total, WarningLog::kMaxKept));
+                }),
+            3U);
 }
 
 TEST_F(TabulateRefusedMemory, WhileTheParserInCReadsData) {

@@ -1,8 +1,11 @@
 #include "tabulate/TableReader.h"
 
 #include <algorithm>
+#include <iomanip>
+#include <sstream>
 
 #include <cells/OmCellMetaData.h>
+#include <cells/OmNumber.h>
 
 namespace {
 
@@ -54,6 +57,25 @@ std::string NotesAt(OmPivotTable const& table, OmCellText const* cell) {
     }
   }
   return notes;
+}
+
+std::string DescribeTable(OmPivotTable const& table) {
+  std::ostringstream text;
+  text << std::setprecision(17) << table.GetTableTitle()->GetText() << " ["
+       << NotesAt(table, table.GetTableTitle()) << "]\n";
+  for (int d = 0; d < table.NDimensions(); ++d) {
+    for (std::string const& path : CategoryPaths(table.Dimension(d))) {
+      text << d << ": " << path << '\n';
+    }
+  }
+  for (auto at = table.FirstCell(); at.Cell() != nullptr; ++at) {
+    for (int const subscript : at.Index()) {
+      text << subscript << ' ';
+    }
+    auto const& number = dynamic_cast<OmNumber const&>(*at.Cell());
+    text << number.GetText() << ' ' << number.Value() << " [" << NotesAt(table, at.Cell()) << "]\n";
+  }
+  return text.str();
 }
 
 std::size_t CellCount(OmPivotTable const& table) {

@@ -19,6 +19,9 @@ std::string TextAt(OmPivotTable const& table, std::vector<std::string> const& pa
 /// The texts of the footnotes that the cell or text refers to, joined by "; ".
 std::string NotesAt(OmPivotTable const& table, OmCellText const* cell);
 
+/// All that the table says, as a text: titles, categories, cells to their last digit, footnotes.
+std::string DescribeTable(OmPivotTable const& table);
+
 /// How many cells are stored.
 std::size_t CellCount(OmPivotTable const& table);
 

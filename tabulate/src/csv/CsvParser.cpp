@@ -33,26 +33,6 @@ std::uint64_t MarkZeros(std::uint64_t word) {
   return (word - Repeat('\x01')) & ~word & Repeat('\x80');
 }
 
-/// The first comma, quote or line end, or the end, eight bytes at a time (H. S. Warren, Hacker's
-/// Delight, 6-1).
-char const* FindSpecial(char const* at, char const* end) {
-  if constexpr (std::endian::native == std::endian::little) {
-    for (; end - at >= 8; at += 8) {
-      std::uint64_t word = 0;
-      std::memcpy(&word, at, sizeof word);
-      std::uint64_t const marks = MarkZeros(word ^ Repeat(',')) | MarkZeros(word ^ Repeat('"')) |
-                                  MarkZeros(word ^ Repeat('\n')) | MarkZeros(word ^ Repeat('\r'));
-      if (marks != 0) {
-        return at + std::countr_zero(marks) / 8;
-      }
-    }
-  }
-  while (at != end && *at != ',' && *at != '"' && *at != '\n' && *at != '\r') {
-    ++at;
-  }
-  return at;
-}
-
 /// The first line end, or the end.
 char const* FindLineEnd(char const* at, char const* end) {
   return std::find_if(at, end, [](char c) { return c == '\n' || c == '\r'; });
@@ -60,9 +40,11 @@ char const* FindLineEnd(char const* at, char const* end) {
 
 }  // namespace
 
-CsvParser::CsvParser(std::string const& file, CsvSink& sink) : file_(file), sink_(sink) {
+CsvParser::CsvParser(std::string const& file, CsvSink& sink, char separator)
+    : file_(file), sink_(sink), separator_(separator) {
   csv_init(&parser_, CSV_STRICT | CSV_STRICT_FINI | CSV_REPALL_NL);
   csv_set_space_func(&parser_, [](unsigned char) { return 0; });
+  csv_set_delim(&parser_, static_cast<unsigned char>(separator));
   csv_set_blk_size(&parser_, 1 << 16);
 }
 
@@ -94,6 +76,27 @@ void CsvParser::GoOnAt(std::size_t line) {
   afterCarriageReturn_ = false;
 }
 
+/// The first separator, quote or line end, or the end, eight bytes at a time (H. S. Warren, Hacker's
+/// Delight, 6-1).
+char const* CsvParser::FindSpecial(char const* at, char const* end) const {
+  if constexpr (std::endian::native == std::endian::little) {
+    std::uint64_t const separators = Repeat(separator_);
+    for (; end - at >= 8; at += 8) {
+      std::uint64_t word = 0;
+      std::memcpy(&word, at, sizeof word);
+      std::uint64_t const marks = MarkZeros(word ^ separators) | MarkZeros(word ^ Repeat('"')) |
+                                  MarkZeros(word ^ Repeat('\n')) | MarkZeros(word ^ Repeat('\r'));
+      if (marks != 0) {
+        return at + std::countr_zero(marks) / 8;
+      }
+    }
+  }
+  while (at != end && *at != separator_ && *at != '"' && *at != '\n' && *at != '\r') {
+    ++at;
+  }
+  return at;
+}
+
 /// Takes a record without quotes. If there are some, the parser is to take it.
 /// @return where it ends; where it starts when it is not taken.
 char const* CsvParser::ReadPlainRecord(char const* const start, char const* const end) {
@@ -104,11 +107,11 @@ char const* CsvParser::ReadPlainRecord(char const* const start, char const* cons
     if (stop == end || parsing_) {
       return start;
     }
-    if (*stop == ',' || !record_.fields_.empty() || stop != field) {
+    if (*stop == separator_ || !record_.fields_.empty() || stop != field) {
       record_.fields_.emplace_back(field, static_cast<std::size_t>(stop - field));
     }
     field = stop + 1;
-    if (*stop != ',') {
+    if (*stop != separator_) {
       EndRow(*stop, ascii_ || IsAscii({start, static_cast<std::size_t>(stop - start)}));
       return field;
     }

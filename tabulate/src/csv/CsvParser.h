@@ -16,8 +16,9 @@ namespace lakresvos::tabulate {
 /// stand; the others go through a parser.
 class CsvParser {
  public:
-  /// @param file names the source in messages; has to outlive the parser, as the sink has.
-  CsvParser(std::string const& file, CsvSink& sink);
+  /// @param file      names the source in messages; has to outlive the parser, as the sink has.
+  /// @param separator between fields; a byte of ASCII, neither a quote nor a line end.
+  CsvParser(std::string const& file, CsvSink& sink, char separator);
   CsvParser(CsvParser const&) = delete;
   CsvParser& operator=(CsvParser const&) = delete;
   ~CsvParser() { csv_free(&parser_); }
@@ -37,6 +38,7 @@ class CsvParser {
   void GoOnAt(std::size_t line);
 
  private:
+  char const* FindSpecial(char const* at, char const* end) const;
   char const* ReadPlainRecord(char const* start, char const* end);
   char const* ParseLine(char const* start, char const* end);
   void ParsePart(std::string_view bytes);
@@ -56,6 +58,7 @@ class CsvParser {
 
   std::string const& file_;
   CsvSink& sink_;
+  char separator_;
   csv_parser parser_;
   bool parsing_ = false;           // whether the parser is to take the next bytes
   bool ascii_ = false;             // whether all bytes at hand are ASCII

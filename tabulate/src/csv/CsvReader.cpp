@@ -12,6 +12,7 @@
 #include <lakresvos/tabulate/InputError.h>
 
 #include "csv/ParallelCsvParser.h"
+#include "csv/Separator.h"
 
 namespace lakresvos::tabulate {
 
@@ -21,34 +22,36 @@ constexpr char kByteOrderMark[] = {'\xEF', '\xBB', '\xBF'};
 
 /// Parses all bytes of a source.
 /// @param read fills a buffer and returns how many bytes it got; none at the end.
+/// @return what separated the fields.
 template <class Read>
-void ParseAll(std::string const& name, CsvSink& sink, CsvReading const& how, Read read) {
-  ParallelCsvParser parser(name, sink, how);
+char ParseAll(std::string const& name, CsvSink& sink, CsvReading const& how, Read read) {
   std::vector<char> buffer(how.block);
-  std::size_t kept = 0;  // bytes at the start of the buffer that are still to be parsed
-  for (bool first = true;; first = false) {
-    std::size_t const got = read(buffer.data() + kept, buffer.size() - kept);
-    std::string_view bytes(buffer.data(), kept + got);
-    if (got == 0) {
-      parser.Finish(bytes);
-      return;
-    }
-    bool const full = bytes.size() == buffer.size();
-    if (first && bytes.starts_with(std::string_view(kByteOrderMark, sizeof kByteOrderMark))) {
-      bytes.remove_prefix(sizeof kByteOrderMark);
-    }
+  std::size_t got = read(buffer.data(), buffer.size());
+  std::string_view bytes(buffer.data(), got);
+  if (bytes.starts_with(std::string_view(kByteOrderMark, sizeof kByteOrderMark))) {
+    bytes.remove_prefix(sizeof kByteOrderMark);
+  }
+  char const separator = how.separator.has_value() ? *how.separator : GuessSeparator(bytes);
+  ParallelCsvParser parser(name, sink, how, separator);
+  while (got != 0) {
+    bool const full =
+        static_cast<std::size_t>(bytes.data() + bytes.size() - buffer.data()) == buffer.size();
     bytes.remove_prefix(parser.Parse(bytes));
-    kept = bytes.size();
+    std::size_t const kept = bytes.size();  // still to be parsed
     std::copy(bytes.begin(), bytes.end(), buffer.begin());
     if (kept == buffer.size() || (full && 2 * buffer.size() <= parser.GoodSize())) {
       buffer.resize(2 * buffer.size());
     }
+    got = read(buffer.data() + kept, buffer.size() - kept);
+    bytes = {buffer.data(), kept + got};
   }
+  parser.Finish(bytes);
+  return separator;
 }
 
 }  // namespace
 
-void ReadCsv(std::string const& file, CsvSink& sink, CsvReading const& how) {
+char ReadCsv(std::string const& file, CsvSink& sink, CsvReading const& how) {
   auto const fail = [&file](int error) {
     throw InputError(file + ": " + std::generic_category().message(error));
   };
@@ -58,7 +61,7 @@ void ReadCsv(std::string const& file, CsvSink& sink, CsvReading const& how) {
     fail(errno);
   }
   int error = 0;
-  ParseAll(file, sink, how, [&](char* buffer, std::size_t size) {
+  return ParseAll(file, sink, how, [&](char* buffer, std::size_t size) {
     if (error != 0) {
       fail(error);
     }
@@ -73,8 +76,8 @@ void ReadCsv(std::string const& file, CsvSink& sink, CsvReading const& how) {
   });
 }
 
-void ReadCsv(std::istream& input, std::string const& name, CsvSink& sink, CsvReading const& how) {
-  ParseAll(name, sink, how, [&](char* buffer, std::size_t size) {
+char ReadCsv(std::istream& input, std::string const& name, CsvSink& sink, CsvReading const& how) {
+  return ParseAll(name, sink, how, [&](char* buffer, std::size_t size) {
     input.read(buffer, static_cast<std::streamsize>(size));
     if (input.gcount() == 0 && input.bad()) {
       throw InputError(name + ": read error");

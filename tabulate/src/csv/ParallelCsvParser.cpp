@@ -15,8 +15,9 @@ constexpr std::size_t kBlocksPerThread = 16;
 
 }  // namespace
 
-ParallelCsvParser::ParallelCsvParser(std::string const& file, CsvSink& sink, CsvReading const& how)
-    : file_(file), sink_(sink), how_(how), parser_(file, sink) {}
+ParallelCsvParser::ParallelCsvParser(std::string const& file, CsvSink& sink, CsvReading const& how,
+                                     char separator)
+    : file_(file), sink_(sink), how_(how), separator_(separator), parser_(file, sink, separator) {}
 
 std::size_t ParallelCsvParser::GoodSize() const {
   return how_.threads == 1 ? how_.block : how_.threads * kBlocksPerThread * how_.block;
@@ -53,7 +54,7 @@ bool ParallelCsvParser::MakeParts(std::size_t count) {
     if (sink == nullptr) {
       return false;
     }
-    parts_.emplace_back(file_, std::move(sink));
+    parts_.emplace_back(file_, std::move(sink), separator_);
   }
   return true;
 }

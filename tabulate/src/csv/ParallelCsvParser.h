@@ -21,8 +21,9 @@ namespace lakresvos::tabulate {
 /// quoted fields, for any other one is an error, and then what comes after it does not matter.
 class ParallelCsvParser {
  public:
-  /// @param file names the source in messages; has to outlive the parser, as the sink has.
-  ParallelCsvParser(std::string const& file, CsvSink& sink, CsvReading const& how);
+  /// @param file      names the source in messages; has to outlive the parser, as the sink has.
+  /// @param separator between fields, whatever `how` says.
+  ParallelCsvParser(std::string const& file, CsvSink& sink, CsvReading const& how, char separator);
 
   /// How many bytes are worth being parsed at once.
   std::size_t GoodSize() const;
@@ -37,8 +38,8 @@ class ParallelCsvParser {
  private:
   /// What a thread other than the calling one has.
   struct Part {
-    Part(std::string const& file, std::unique_ptr<CsvPartSink> partSink)
-        : sink(std::move(partSink)), parser(file, *sink) {}
+    Part(std::string const& file, std::unique_ptr<CsvPartSink> partSink, char separator)
+        : sink(std::move(partSink)), parser(file, *sink, separator) {}
 
     /// Parses bytes whose line is not known yet.
     void Parse(std::string_view bytes);
@@ -56,6 +57,7 @@ class ParallelCsvParser {
   std::string const& file_;
   CsvSink& sink_;
   CsvReading how_;
+  char separator_;
   CsvParser parser_;        // of the calling thread, which has the first part of the bytes
   std::deque<Part> parts_;  // of the other ones
   bool quoted_ = false;     // whether the next bytes start inside a quoted field

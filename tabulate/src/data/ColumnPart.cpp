@@ -13,13 +13,15 @@ void ColumnPart::HandOver() {
   writer_.Flush();
   whole_->missing_ += part_->missing_;
   part_->missing_ = 0;
-  if (part_->codes_.empty()) {
-    return;
+  if (codeInWhole_.size() != part_->values_.size()) {
+    whole_->ForgetNumbers();
   }
-  whole_->ForgetNumbers();
   for (std::size_t code = codeInWhole_.size(); code < part_->values_.size(); ++code) {
     std::string_view const value = part_->values_[static_cast<std::uint32_t>(code)];
     codeInWhole_.push_back(whole_->values_.Intern(value));
+  }
+  if (part_->codes_.empty()) {
+    return;
   }
   std::size_t const rows = whole_->codes_.size();
   whole_->codes_.resize(rows + part_->codes_.size());

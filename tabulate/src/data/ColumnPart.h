@@ -24,9 +24,15 @@ class ColumnPart {
   /// Adds a row.
   void Append(std::string_view field) { writer_.Append(field); }
 
+  /// The rows that were added since the last time. Its codes are not those of the whole column.
+  DataColumn& Rows() { return *part_; }
+
   /// Moves the rows to the end of the column. New values get their codes there in the order in
   /// which they appeared here.
   void HandOver();
+
+  /// For each value that was handed over its code in the whole column.
+  std::vector<std::uint32_t> const& CodesInWhole() const { return codeInWhole_; }
 
  private:
   DataColumn* whole_;

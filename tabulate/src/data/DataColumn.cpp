@@ -46,20 +46,31 @@ bool DataColumn::IsMissing(std::string_view field) {
 }
 
 void DataColumn::Append(std::string_view field) {
-  bool const missing = IsMissing(field);
-  if (kept_) {
-    ForgetNumbers();
-    codes_.push_back(kMissingCode);
-    if (!missing) {
-      try {
-        codes_.back() = values_.Intern(field);
-      } catch (...) {
-        codes_.pop_back();
-        throw;
-      }
-    }
+  if (!kept_) {
+    Take(field);
+    return;
   }
-  missing_ += missing ? 1 : 0;
+  codes_.push_back(kMissingCode);
+  try {
+    codes_.back() = Take(field);
+  } catch (...) {
+    codes_.pop_back();
+    throw;
+  }
+}
+
+/// Adds a row without keeping it.
+/// @return the code of its value, or kMissingCode, also when values are not kept.
+std::uint32_t DataColumn::Take(std::string_view field) {
+  if (IsMissing(field)) {
+    ++missing_;
+    return kMissingCode;
+  }
+  if (!kept_) {
+    return kMissingCode;
+  }
+  ForgetNumbers();
+  return values_.Intern(field);
 }
 
 void DataColumn::ForgetNumbers() {

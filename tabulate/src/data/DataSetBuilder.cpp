@@ -2,15 +2,11 @@
 
 #include <algorithm>
 #include <iterator>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
-#include <lakresvos/tabulate/InputError.h>
-#include <lakresvos/tabulate/Quoting.h>
-
+#include "csv/CsvHeader.h"
 #include "data/ColumnPart.h"
-#include "text/Plural.h"
 
 namespace lakresvos::tabulate {
 
@@ -79,31 +75,16 @@ std::unique_ptr<CsvPartSink> DataSetBuilder::MakePart() {
 
 DataSet DataSetBuilder::Result() {
   if (data_.columns.empty()) {
-    throw InputError(data_.file, 1, "expected a header line with the names of the columns");
+    FailWithoutHeader(data_.file);
   }
   FlushColumns();
   return std::move(data_);
 }
 
 void DataSetBuilder::AddColumns(CsvRecord const& header) {
-  std::unordered_map<std::string, std::size_t> numbers;
-  for (std::size_t i = 0; i < header.size(); ++i) {
-    std::string const name(header[i]);
-    auto const [known, added] = numbers.emplace(name, i);
-    if (!added) {
-      throw InputError(data_.file, header.Line(),
-                       "duplicate column name " + Quote(name) + " in columns " +
-                           std::to_string(known->second + 1) + " and " + std::to_string(i + 1));
-    }
-  }
   std::vector<bool> kept(header.size());
-  for (RequiredColumn const& column : required_) {
-    auto const found = numbers.find(column.name);
-    if (found == numbers.end()) {
-      throw InputError(data_.file, header.Line(),
-                       "unknown column " + Quote(column.name) + " in " + column.DescribeSource());
-    }
-    kept[found->second] = true;
+  for (std::size_t const column : FindColumns(header, data_.file, required_)) {
+    kept[column] = true;
   }
   for (std::size_t i = 0; i < header.size(); ++i) {
     data_.columns.emplace_back(std::string(header[i]), kept[i]);
@@ -134,15 +115,7 @@ void DataSetBuilder::FlushColumns() {
 /// Leaves out a record with this number of fields.
 void DataSetBuilder::Skip(std::size_t line, std::size_t fields) {
   ++data_.records;
-  warnings_.Add({Skipped::Lines, line, NameFirstOddField(fields),
-                 Plural(fields, "field") + " where the header has " +
-                     std::to_string(data_.columns.size()) + "; the line was skipped"});
-}
-
-/// The first column that a record has no field for, or the number of the first field too many.
-std::string DataSetBuilder::NameFirstOddField(std::size_t fields) const {
-  return fields < data_.columns.size() ? data_.columns[fields].Name()
-                                       : std::to_string(data_.columns.size() + 1);
+  SkipRecord(line, fields, data_.columns, warnings_);
 }
 
 }  // namespace lakresvos::tabulate

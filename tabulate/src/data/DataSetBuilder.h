@@ -38,8 +38,6 @@ class DataSetBuilder : public CsvSink {
   void AddColumns(CsvRecord const& header);
   void AddRow(CsvRecord const& record);
   void Skip(std::size_t line, std::size_t fields);
-  std::string NameFirstOddField(std::size_t fields) const;
-
   void FlushColumns();
 
   DataSet data_;

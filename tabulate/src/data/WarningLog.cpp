@@ -36,6 +36,33 @@ void WarningLog::Count(Skipped kind, std::size_t line, std::string const& column
   ++count.count;
 }
 
+void WarningLog::Append(WarningLog const& other, std::size_t linesBefore) {
+  if (!other.HasAny()) {
+    return;
+  }
+  WarningLog both = *this;
+  for (std::size_t kind = 0; kind < counts_.size(); ++kind) {
+    SkipCount const& from = other.counts_[kind];
+    SkipCount& to = both.counts_[kind];
+    if (from.count != 0 && (to.count == 0 || linesBefore + from.line < to.line)) {
+      to.column = from.column;
+      to.line = linesBefore + from.line;
+    }
+    to.count += from.count;
+  }
+  both.kept_.reserve(2 * kMaxKept);
+  std::vector<Warning> first = other.First();
+  for (Warning& warning : first) {
+    warning.line += linesBefore;
+    both.kept_.push_back(std::move(warning));
+    if (both.kept_.size() == 2 * kMaxKept) {
+      CutToFirst(both.kept_);
+    }
+  }
+  both.total_ += other.total_;
+  *this = std::move(both);
+}
+
 bool WarningLog::HasAny() const {
   return std::any_of(counts_.begin(), counts_.end(),
                      [](SkipCount const& count) { return count.count != 0; });

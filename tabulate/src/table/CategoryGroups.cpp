@@ -31,11 +31,11 @@ std::vector<std::uint32_t> FindMembers(Grouping const& grouping, DataColumn cons
 
 }  // namespace
 
-CategoryGroups::CategoryGroups(TableDimension const& dimension, DataSet const& data,
+CategoryGroups::CategoryGroups(TableDimension const& dimension, std::vector<DataColumn> const& data,
                                std::vector<Grouping> const& groupings)
     : groupsByLevel_(dimension.columns.size()) {
   for (std::size_t level = dimension.columns.size(); level-- > 0;) {
-    AddLevel(level, dimension, data.columns[dimension.columns[level]], groupings);
+    AddLevel(level, dimension, data[dimension.columns[level]], groupings);
   }
 }
 

@@ -20,7 +20,7 @@ class CategoryGroups {
   /// @param groupings have to outlive the object.
   /// @throws InputError for a category that its column does not have, for a duplicate one, and,
   ///         inside nested columns, for one that has no outer category in common with the first.
-  CategoryGroups(TableDimension const& dimension, DataSet const& data,
+  CategoryGroups(TableDimension const& dimension, std::vector<DataColumn> const& data,
                  std::vector<Grouping> const& groupings);
 
   /// The group of a category of a column, by the column's level in the dimension; null for none.

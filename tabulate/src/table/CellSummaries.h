@@ -18,8 +18,9 @@ class CellSummaries {
   /// Adds a number to a cell as often as its weight says, which is 0 or more.
   virtual void Add(std::size_t cell, double number, double weight) = 0;
 
-  /// Adds all numbers of one cell to another, which is a total.
-  virtual void Merge(std::size_t total, std::size_t part) = 0;
+  /// Adds all numbers of another object's cell, which may be this object, to a cell.
+  /// Requires: the other one is of the same type.
+  virtual void Merge(std::size_t cell, CellSummaries const& other, std::size_t otherCell) = 0;
 };
 
 /// Sums numbers up in objects of one type, which has `Add(number, weight)` and `Merge(other)`.
@@ -32,7 +33,9 @@ class CellSummariesIn : public CellSummaries {
   void Add(std::size_t cell, double number, double weight) override {
     cells_[cell].Add(number, weight);
   }
-  void Merge(std::size_t total, std::size_t part) override { cells_[total].Merge(cells_[part]); }
+  void Merge(std::size_t cell, CellSummaries const& other, std::size_t otherCell) override {
+    cells_[cell].Merge(static_cast<CellSummariesIn const&>(other)[otherCell]);
+  }
 
   Summary const& operator[](std::size_t cell) const { return cells_[cell]; }
 

@@ -8,6 +8,7 @@
 #include <cells/OmStringCell.h>
 #include <lakresvos/tabulate/CrossTable.h>
 
+#include "count/CountRows.h"
 #include "table/CategoryGroups.h"
 #include "table/DimensionTree.h"
 #include "table/Tabulation.h"
@@ -44,14 +45,14 @@ std::string MakeTitle(Formula const& formula, std::vector<Statistic> const& stat
 
 class CrossTableBuilder {
  public:
-  CrossTableBuilder(DataSet const& data, RowWeights const& weights, TableRequest const& request,
-                    std::vector<Statistic> const& statistics, bool totals,
-                    std::vector<Grouping> const& groupings)
+  CrossTableBuilder(std::vector<DataColumn> const& data, TableCounts const& counts,
+                    TableRequest const& request, std::vector<Statistic> const& statistics,
+                    bool totals, std::vector<Grouping> const& groupings)
       : data_(data),
         statistics_(statistics),
         totals_(totals),
         groupings_(groupings),
-        tabulation_(data, weights, request.formula, statistics, totals),
+        tabulation_(data, counts, request.formula, statistics, totals),
         hasStatisticsDimension_(statistics.size() > 1 || tabulation_.Dimensions().empty()) {
     std::string const title =
         request.title.empty() ? MakeTitle(request.formula, statistics) : request.title;
@@ -178,7 +179,7 @@ class CrossTableBuilder {
     std::string columns;
     for (MissingRows const& missing : tabulation_.MissingByColumn()) {
       if (missing.rows != 0) {
-        columns += (columns.empty() ? "" : ", ") + data_.columns[missing.column].Name() + ": " +
+        columns += (columns.empty() ? "" : ", ") + data_[missing.column].Name() + ": " +
                    std::to_string(missing.rows);
       }
     }
@@ -186,7 +187,7 @@ class CrossTableBuilder {
            " left out (" + columns + ")";
   }
 
-  DataSet const& data_;
+  std::vector<DataColumn> const& data_;
   std::vector<Statistic> const& statistics_;
   bool totals_;
   std::vector<Grouping> const& groupings_;
@@ -198,11 +199,20 @@ class CrossTableBuilder {
 
 }  // namespace
 
+std::unique_ptr<OmPivotTable> MakeCrossTable(CountedData const& data, std::size_t table,
+                                             TableRequest const& request,
+                                             std::vector<Statistic> const& statistics, bool totals,
+                                             std::vector<Grouping> const& groupings) {
+  return CrossTableBuilder(data.columns, data.tables[table], request, statistics, totals, groupings)
+      .Result();
+}
+
 std::unique_ptr<OmPivotTable> MakeCrossTable(DataSet const& data, RowWeights const& weights,
                                              TableRequest const& request,
                                              std::vector<Statistic> const& statistics, bool totals,
                                              std::vector<Grouping> const& groupings) {
-  return CrossTableBuilder(data, weights, request, statistics, totals, groupings).Result();
+  TableCounts const counts = CountRows(data, weights, request.formula, statistics);
+  return CrossTableBuilder(data.columns, counts, request, statistics, totals, groupings).Result();
 }
 
 }  // namespace lakresvos::tabulate

@@ -39,7 +39,7 @@ std::unique_ptr<OmCellText> MakeCategoryLabel(DataColumn const& column, Category
 class DimensionBuilder {
  public:
   DimensionBuilder(OmDimension& target, TableDimension const& source, CategoryGroups const& groups,
-                   DataSet const& data)
+                   std::vector<DataColumn> const& data)
       : target_(target), source_(source), groups_(groups), data_(data) {}
 
   void Build(bool withTotal) {
@@ -145,9 +145,8 @@ class DimensionBuilder {
 
   void AddCategory(Node const& parent, Run const& run, std::size_t level) {
     bool const isInnermost = level + 1 == source_.columns.size();
-    auto const label =
-        MakeCategoryLabel(data_.columns[source_.columns[level]], source_.orders[level],
-                          source_.categories[run.start][level]);
+    auto const label = MakeCategoryLabel(data_[source_.columns[level]], source_.orders[level],
+                                         source_.categories[run.start][level]);
     target_.AddNewChild(parent, *label, isInnermost ? run.start : kNoSubscript, !isInnermost);
   }
 
@@ -168,16 +167,16 @@ class DimensionBuilder {
   OmDimension& target_;
   TableDimension const& source_;
   CategoryGroups const& groups_;
-  DataSet const& data_;
+  std::vector<DataColumn> const& data_;
   std::vector<Pending> pending_;
 };
 
 }  // namespace
 
 std::unique_ptr<OmCellText> MakeDimensionLabel(TableDimension const& dimension,
-                                               DataSet const& data) {
+                                               std::vector<DataColumn> const& data) {
   if (dimension.columns.size() == 1) {
-    return std::make_unique<OmVariable>(data.columns[dimension.columns[0]].Name(), "");
+    return std::make_unique<OmVariable>(data[dimension.columns[0]].Name(), "");
   }
   std::string pattern;
   for (std::size_t level = 0; level < dimension.columns.size(); ++level) {
@@ -185,13 +184,13 @@ std::unique_ptr<OmCellText> MakeDimensionLabel(TableDimension const& dimension,
   }
   auto label = std::make_unique<OmComposite>(pattern);
   for (std::size_t const column : dimension.columns) {
-    label->AddPart(OmVariable(data.columns[column].Name(), ""));
+    label->AddPart(OmVariable(data[column].Name(), ""));
   }
   return label;
 }
 
 void FillDimension(OmDimension& target, TableDimension const& source, CategoryGroups const& groups,
-                   DataSet const& data, bool withTotal) {
+                   std::vector<DataColumn> const& data, bool withTotal) {
   DimensionBuilder(target, source, groups, data).Build(withTotal);
 }
 

@@ -14,7 +14,7 @@ namespace lakresvos::tabulate {
 
 /// What names a dimension: its column, or its nested columns one after the other.
 std::unique_ptr<OmCellText> MakeDimensionLabel(TableDimension const& dimension,
-                                               DataSet const& data);
+                                               std::vector<DataColumn> const& data);
 
 /// Fills a dimension without categories: one category for each of `source`, with the same
 /// subscript, in groups for the outer ones of nested columns; and a Total after them if asked for.
@@ -22,7 +22,7 @@ std::unique_ptr<OmCellText> MakeDimensionLabel(TableDimension const& dimension,
 /// Categories that `groups` names are together under a group, where the first of them would be.
 /// Those of an inner column are so within each category of the outer one.
 void FillDimension(OmDimension& target, TableDimension const& source, CategoryGroups const& groups,
-                   DataSet const& data, bool withTotal);
+                   std::vector<DataColumn> const& data, bool withTotal);
 
 }  // namespace lakresvos::tabulate
 

@@ -8,44 +8,40 @@ namespace lakresvos::tabulate {
 
 namespace {
 
-/// Numbers the combinations that occur as they appear, row by row.
-TupleIndex CollectCombinations(DataSet const& data, std::vector<std::size_t> const& columns,
-                               std::vector<CategoryOrder> const& orders,
-                               std::vector<std::uint32_t>& combinationByRow) {
-  TupleIndex combinations(columns.size());
-  std::vector<std::uint32_t> combination(columns.size());
-  combinationByRow.reserve(data.Rows());
-  for (std::size_t row = 0; row < data.Rows(); ++row) {
-    bool missing = false;
-    for (std::size_t level = 0; level < columns.size() && !missing; ++level) {
-      std::uint32_t const code = data.columns[columns[level]].Codes()[row];
-      missing = code == kMissingCode;
-      combination[level] = missing ? 0 : orders[level].categoryByCode[code];
+/// Numbers the combinations that occur as they appear, cell by cell.
+TupleIndex CollectCombinations(CellCounts const& cells, std::size_t first,
+                               TableDimension& dimension) {
+  std::size_t const width = dimension.columns.size();
+  TupleIndex combinations(width);
+  std::vector<std::uint32_t> combination(width);
+  for (std::size_t cell = 0; cell < cells.size(); ++cell) {
+    TupleIndex::Tuple const codes = cells.Codes(cell).subspan(first, width);
+    bool const missing = std::ranges::find(codes, kMissingCode) != codes.end();
+    for (std::size_t level = 0; level < width && !missing; ++level) {
+      combination[level] = dimension.orders[level].categoryByCode[codes[level]];
     }
-    combinationByRow.push_back(missing ? TableDimension::kMissing
-                                       : combinations.Intern(combination));
+    dimension.categoryByCell.push_back(missing ? TableDimension::kMissing
+                                               : combinations.Intern(combination));
   }
   return combinations;
 }
 
 /// The categories of one column, all of which occur.
-void TakeCategories(DataSet const& data, TableDimension& dimension) {
+void TakeCategories(CellCounts const& cells, std::size_t first, TableDimension& dimension) {
   CategoryOrder const& order = dimension.orders.front();
   for (std::uint32_t category = 0; category < order.codeByCategory.size(); ++category) {
     dimension.categories.Intern({&category, 1});
   }
-  std::vector<std::uint32_t> const& codes = data.columns[dimension.columns.front()].Codes();
-  dimension.categoryByRow.reserve(codes.size());
-  for (std::uint32_t const code : codes) {
-    dimension.categoryByRow.push_back(code == kMissingCode ? TableDimension::kMissing
-                                                           : order.categoryByCode[code]);
+  for (std::size_t cell = 0; cell < cells.size(); ++cell) {
+    std::uint32_t const code = cells.Codes(cell)[first];
+    dimension.categoryByCell.push_back(code == kMissingCode ? TableDimension::kMissing
+                                                            : order.categoryByCode[code]);
   }
 }
 
 /// The combinations that occur of the categories of several columns.
-void CombineCategories(DataSet const& data, TableDimension& dimension) {
-  TupleIndex const found =
-      CollectCombinations(data, dimension.columns, dimension.orders, dimension.categoryByRow);
+void CombineCategories(CellCounts const& cells, std::size_t first, TableDimension& dimension) {
+  TupleIndex const found = CollectCombinations(cells, first, dimension);
   std::vector<std::uint32_t> sorted(found.size());
   std::iota(sorted.begin(), sorted.end(), 0);
   std::sort(sorted.begin(), sorted.end(), [&](std::uint32_t a, std::uint32_t b) {
@@ -56,7 +52,7 @@ void CombineCategories(DataSet const& data, TableDimension& dimension) {
   for (std::uint32_t const combination : sorted) {
     place[combination] = dimension.categories.Intern(found[combination]);
   }
-  for (std::uint32_t& category : dimension.categoryByRow) {
+  for (std::uint32_t& category : dimension.categoryByCell) {
     if (category != TableDimension::kMissing) {
       category = place[category];
     }
@@ -65,17 +61,18 @@ void CombineCategories(DataSet const& data, TableDimension& dimension) {
 
 }  // namespace
 
-TableDimension MakeDimension(DataSet const& data, TableAxis axis,
-                             std::vector<std::size_t> columns) {
+TableDimension MakeDimension(std::vector<DataColumn> const& data, CellCounts const& cells,
+                             std::size_t first, TableAxis axis, std::vector<std::size_t> columns) {
   TableDimension dimension{axis, std::move(columns), {}, TupleIndex(0), {}};
   for (std::size_t const column : dimension.columns) {
-    dimension.orders.push_back(OrderCategories(data.columns[column]));
+    dimension.orders.push_back(OrderCategories(data[column]));
   }
   dimension.categories = TupleIndex(dimension.columns.size());
+  dimension.categoryByCell.reserve(cells.size());
   if (dimension.columns.size() == 1) {
-    TakeCategories(data, dimension);
+    TakeCategories(cells, first, dimension);
   } else {
-    CombineCategories(data, dimension);
+    CombineCategories(cells, first, dimension);
   }
   return dimension;
 }

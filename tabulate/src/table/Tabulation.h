@@ -11,6 +11,7 @@
 #include <lakresvos/tabulate/RowWeights.h>
 #include <lakresvos/tabulate/Statistic.h>
 
+#include "count/TableCounts.h"
 #include "table/CompensatedSum.h"
 #include "table/StatisticKind.h"
 #include "table/TableDimension.h"
@@ -25,18 +26,24 @@ struct MissingRows {
 };
 
 /// The numbers of one table: for every combination of categories that occurs, the statistics of its
-/// rows.
+/// rows, made of what was counted for every combination of values.
 ///
 /// A row that lacks a value in a column of the formula is excluded; one that lacks a value of which
 /// a statistic is taken counts in all others. With totals, and where percentages need them, there is
 /// also a cell for every combination in which the Total of row and column dimensions stands in for a
-/// category; it is made from the same rows, not from the numbers of other cells.
+/// category.
 ///
 /// Thread safety: const operations may run in several threads at once; others need exclusive access.
 class Tabulation {
  public:
-  /// Goes through the rows once. Time and memory are linear in the rows, and in the cells times 2
-  /// to the number of row and column dimensions when totals are needed.
+  /// Takes time and memory linear in the counted cells, and in the cells times 2 to the number of row
+  /// and column dimensions when totals are needed.
+  /// @param columns of the data.
+  /// @param counts  made for this formula and these statistics.
+  Tabulation(std::vector<DataColumn> const& columns, TableCounts const& counts,
+             Formula const& formula, std::vector<Statistic> const& statistics, bool totals);
+
+  /// Counts the rows of data in memory first.
   Tabulation(DataSet const& data, RowWeights const& weights, Formula const& formula,
              std::vector<Statistic> const& statistics, bool totals);
 
@@ -69,10 +76,7 @@ class Tabulation {
   std::vector<MissingRows> const& MissingByColumn() const { return missingByColumn_; }
 
  private:
-  /// A data column of which statistics are taken that sum it up in the same way.
   struct Measured {
-    std::size_t column;
-    std::unique_ptr<CellSummaries> (*makeSummaries)();
     std::unique_ptr<CellSummaries> summaries;
     std::vector<std::size_t> missing;  // per cell, how many of its rows lack a value
     int decimals;                      // of the column's numbers
@@ -80,15 +84,13 @@ class Tabulation {
 
   struct Computed {
     StatisticKind const* kind;
-    std::size_t measured;  // its place in measured_, or kNone
+    std::size_t measured;  // its place in measured_, or MeasurePlan::kNone
   };
 
-  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-
-  void AddDimensions(DataSet const& data, std::vector<FormulaTerm> const& terms, TableAxis axis);
-  void AddStatistic(DataSet const& data, Statistic const& statistic);
-  void CountRows(DataSet const& data, RowWeights const& weights);
-  void ExcludeRow(DataSet const& data, std::size_t row);
+  void AddDimensions(std::vector<DataColumn> const& columns, CellCounts const& cells,
+                     std::vector<FormulaTerm> const& terms, TableAxis axis);
+  void AddCells(CellCounts const& cells);
+  void ExcludeCell(CellCounts const& cells, std::size_t cell);
   void AddTotals();
   std::uint32_t InternCell(TupleIndex::Tuple subscripts);
   WideNumber CountWhole(std::size_t cell, Whole const& whole) const;

@@ -255,6 +255,30 @@ RC_GTEST_PROP(CsvReader, AgreesWithAReaderThatGoesFromByteToByte, ()) {
   CheckReading(*MarkedBytes());
 }
 
+RC_GTEST_PROP(CsvReader, ReadsTheSameWithAnotherSeparator, ()) {
+  auto const commas = *rc::gen::scale(10, MarkedBytes());
+  char const separator = *rc::gen::element(';', '\t', '|', '^');
+  auto const swap = [separator](std::string text) {
+    for (char& c : text) {
+      c = c == ',' ? separator : c == separator ? ',' : c;
+    }
+    return text;
+  };
+  CsvReading const how{*rc::gen::element<std::size_t>(1, 3), 7};
+  CsvResult expected(commas, how);
+  for (std::vector<std::string>& record : expected.gathered.records) {
+    for (std::string& field : record) {
+      field = swap(field);
+    }
+  }
+  CsvReading other = how;
+  other.separator = separator;
+  CsvResult const result(swap(commas), other);
+  RC_ASSERT(result.error == expected.error);
+  RC_ASSERT(result.gathered.records == expected.gathered.records);
+  RC_ASSERT(result.gathered.lines == expected.gathered.lines);
+}
+
 RC_GTEST_PROP(CsvReader, AgreesWithThatOneInSeveralThreads, ()) {
   auto const bytes = *rc::gen::scale(10, MarkedBytes());
   auto const threads = *rc::gen::element<std::size_t>(2, 3, 7);

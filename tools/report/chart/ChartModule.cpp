@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include <lakresvos/tabulate/CrossTable.h>
+#include <lakresvos/tabulate/Formula.h>
 
 #include "chart/DrawingModule.h"
 
@@ -15,7 +15,7 @@ namespace {
 /// The module is where the library for tabulation is, wherever that is.
 std::string FindModule() {
   Dl_info library{};
-  if (::dladdr(reinterpret_cast<void const*>(&tabulate::MakeCrossTable), &library) == 0) {
+  if (::dladdr(reinterpret_cast<void const*>(&tabulate::ParseFormula), &library) == 0) {
     return kDrawingModule;
   }
   return std::filesystem::path(library.dli_fname).replace_filename(kDrawingModule);

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cctype>
 #include <initializer_list>
 #include <ostream>
 #include <thread>
@@ -11,6 +12,7 @@
 
 #include <lakresvos/lakresvos.h>
 #include <lakresvos/tabulate/InputError.h>
+#include <lakresvos/tabulate/Quoting.h>
 
 #include "cli/Help.h"
 #include "cli/OptionBuilder.h"
@@ -32,15 +34,20 @@ struct RawValues {
   std::vector<std::string> captions;
   std::vector<std::string> groupings;
   std::string statistics = "count";
+  std::string separator;
   bool allLayers = true;
   bool keepEmpty = false;
   std::pair<bool, bool> mergeRowsAndColumns{true, true};
   int threads = 0;  // 0: one per processor
 };
 
-void DeclareInput(OptionBuilder& builder, Options& options) {
+void DeclareInput(OptionBuilder& builder, Options& options, RawValues& raw) {
   builder.StartGroup("Input");
   builder.AddText("DATA", "", options.dataFile, "CSV file whose first line names the columns")
+      .Requires(kDataGiven);
+  builder
+      .AddText("--separator", "CHAR", raw.separator,
+               "what separates fields, ';' or tab, say (default: guessed)")
       .Requires(kDataGiven);
   builder.AddText("--from", "DOCUMENT", options.documentFile,
                   "document saved with --format json, instead of DATA");
@@ -189,6 +196,17 @@ std::string QuoteCommand(int argc, char const* const* argv) {
   return command;
 }
 
+char ReadSeparator(std::string const& text) {
+  if (text == "tab" || text == "\t") {
+    return '\t';
+  }
+  if (text.size() != 1 || std::ispunct(static_cast<unsigned char>(text[0])) == 0 || text == "\"") {
+    throw tabulate::InputError("--separator: expected tab or a single punctuation mark, not " +
+                               tabulate::Quote(text));
+  }
+  return text[0];
+}
+
 /// Reads the raw values but for those that belong to single tables.
 void ReadValues(RawValues const& raw, Options& options) {
   for (std::string const& formula : raw.formulas) {
@@ -196,6 +214,9 @@ void ReadValues(RawValues const& raw, Options& options) {
   }
   for (std::string const& grouping : raw.groupings) {
     options.groupings.push_back(tabulate::ParseGrouping(grouping, "--group"));
+  }
+  if (!raw.separator.empty()) {
+    options.dataFormat.separator = ReadSeparator(raw.separator);
   }
   options.statistics = tabulate::ParseStatistics(raw.statistics, "--statistics");
   options.threads = static_cast<unsigned>(raw.threads > 0 ? raw.threads : CountProcessors());
@@ -219,7 +240,7 @@ std::optional<Options> ParseCommandLine(int argc, char const* const* argv, std::
     return FormatHelp(*which);
   });
   OptionBuilder builder(app);
-  DeclareInput(builder, options);
+  DeclareInput(builder, options, raw);
   DeclareTables(builder, options, raw);
   DeclareOutput(builder, options);
   DeclareFormats(builder, options, raw);

@@ -14,6 +14,7 @@
 #include <lakresvos/render/XlsxRenderer.h>
 #include <lakresvos/tabulate/CrossTable.h>
 #include <lakresvos/tabulate/Statistic.h>
+#include <lakresvos/tabulate/TextFormat.h>
 
 namespace lakresvos::report {
 
@@ -22,8 +23,9 @@ enum class OutputFormat { Text, Html, Markdown, Csv, Json, Xlsx };
 
 /// What the program is asked to do.
 struct Options {
-  std::string command;       ///< the whole command line, quoted for a shell
-  std::string dataFile;      ///< empty: a saved document is given instead
+  std::string command;   ///< the whole command line, quoted for a shell
+  std::string dataFile;  ///< empty: a saved document is given instead
+  tabulate::TextFormat dataFormat;
   std::string documentFile;  ///< empty: data are given instead
   std::vector<tabulate::TableRequest> tables;
   std::vector<tabulate::Statistic> statistics;

@@ -1,7 +1,7 @@
 #include "document/Document.h"
 
 #include <algorithm>
-#include <cmath>
+#include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -13,7 +13,7 @@
 #include <lakresvos/tabulate/Grouping.h>
 #include <lakresvos/tabulate/InputError.h>
 #include <lakresvos/tabulate/Quoting.h>
-#include <lakresvos/tabulate/RowWeights.h>
+#include <lakresvos/tabulate/TextFile.h>
 #include <lakresvos/tabulate/WarningLog.h>
 
 #include "chart/ChartModule.h"
@@ -37,15 +37,16 @@ tabulate::RequiredColumns ListTableColumns(std::vector<tabulate::TableRequest> c
   return columns;
 }
 
-tabulate::RequiredColumns ListRequiredColumns(Options const& options) {
-  tabulate::RequiredColumns columns = ListTableColumns(options.tables);
-  for (tabulate::RequiredColumn const& column : tabulate::ListColumns(options.statistics)) {
-    columns.push_back(column);
+tabulate::CountRequest MakeCountRequest(Options const& options) {
+  tabulate::CountRequest request;
+  for (tabulate::TableRequest const& table : options.tables) {
+    request.formulas.push_back(table.formula);
   }
+  request.statistics = options.statistics;
   if (!options.weight.empty()) {
-    columns.push_back({options.weight, "--weight"});
+    request.weight = {options.weight, "--weight"};
   }
-  return columns;
+  return request;
 }
 
 /// @throws InputError for a column that is in no table.
@@ -57,40 +58,6 @@ void CheckTextColumns(std::vector<std::string> const& columns,
       throw tabulate::InputError("--text: column " + tabulate::Quote(column) + " is in no table");
     }
   }
-}
-
-/// Counts the rows that lack a value in any of these columns and have a weight all the same.
-void CountMissing(tabulate::DataSet const& data, tabulate::RowWeights const& weights,
-                  tabulate::RequiredColumns const& columns, tabulate::Skipped kind,
-                  tabulate::WarningLog& warnings) {
-  std::vector<tabulate::DataColumn const*> kept;
-  kept.reserve(columns.size());
-  for (tabulate::RequiredColumn const& column : columns) {
-    tabulate::DataColumn const& found = data.columns[data.FindColumn(column.name)];
-    if (found.MissingCount() != 0) {
-      kept.push_back(&found);
-    }
-  }
-  for (std::size_t row = 0; !kept.empty() && row < data.Rows(); ++row) {
-    auto const missing =
-        std::find_if(kept.begin(), kept.end(), [row](tabulate::DataColumn const* column) {
-          return column->Codes()[row] == tabulate::kMissingCode;
-        });
-    if (missing != kept.end() && !std::isnan(weights.At(row))) {
-      warnings.Count(kind, data.lines[row], (*missing)->Name());
-    }
-  }
-}
-
-/// Counts the rows that tables and their statistics leave out.
-void CountMissing(tabulate::DataSet const& data, tabulate::RowWeights const& weights,
-                  Options const& options, tabulate::WarningLog& warnings) {
-  if (options.tables.empty()) {
-    return;
-  }
-  CountMissing(data, weights, ListTableColumns(options.tables), tabulate::Skipped::Rows, warnings);
-  CountMissing(data, weights, tabulate::ListColumns(options.statistics), tabulate::Skipped::Values,
-               warnings);
 }
 
 using Item = std::unique_ptr<OmOutputPart>;
@@ -124,16 +91,12 @@ tabulate::WarningLog AppendReport(OmOutputTree& document, Options const& options
   tabulate::CheckGroupings(options.groupings, ListTableColumns(options.tables));
   CheckTextColumns(options.textColumns, ListTableColumns(options.tables));
   tabulate::WarningLog warnings;
-  tabulate::DataSet data = tabulate::ReadDataSet(options.dataFile, ListRequiredColumns(options),
-                                                 warnings, {.threads = options.threads});
+  tabulate::CountedData data =
+      tabulate::TextFile(options.dataFile, options.dataFormat, {.threads = options.threads})
+          .Count(MakeCountRequest(options), warnings);
   for (std::string const& column : options.textColumns) {
     data.columns[data.FindColumn(column)].TreatAsText();
   }
-  tabulate::RowWeights const weights = options.weight.empty()
-                                           ? tabulate::RowWeights()
-                                           : tabulate::RowWeights(data, options.weight, warnings);
-  tabulate::WarnAboutTexts(data, options.statistics, warnings);
-  CountMissing(data, weights, options, warnings);
 
   std::vector<Item> items;
   items.push_back(std::make_unique<OmTextBlock>(OmStringCell("Log", true), options.command));
@@ -143,9 +106,10 @@ tabulate::WarningLog AppendReport(OmOutputTree& document, Options const& options
   };
   long long charts = 0;
   addTable(MakeNotesTable(data, options.weight));
-  for (tabulate::TableRequest const& request : options.tables) {
-    auto table = tabulate::MakeCrossTable(data, weights, request, options.statistics,
-                                          options.totals, options.groupings);
+  for (std::size_t i = 0; i < options.tables.size(); ++i) {
+    tabulate::TableRequest const& request = options.tables[i];
+    auto table = tabulate::MakeCrossTable(data, i, request, options.statistics, options.totals,
+                                          options.groupings);
     std::unique_ptr<OmChart> chart;
     if (options.charts && CanChart(request.formula)) {
       chart = MakeChart(*table, request.formula, options, ++charts);

@@ -50,17 +50,18 @@ OmNumber MakeCount(std::size_t count) {
 
 }  // namespace
 
-std::unique_ptr<OmPivotTable> MakeNotesTable(tabulate::DataSet const& data,
+std::unique_ptr<OmPivotTable> MakeNotesTable(tabulate::CountedData const& data,
                                              std::string const& weight) {
   NotesTableBuilder notes;
-  notes.Add("Data file", OmStringCell(data.file));
+  notes.Add("Data file", OmStringCell(data.source));
+  for (tabulate::SourceNote const& note : data.notes) {
+    notes.Add(note.label.c_str(), OmStringCell(note.text, true));
+  }
   notes.Add("Rows read", MakeCount(data.records));
+  notes.Add("Rows used", MakeCount(data.rows));
   if (weight.empty()) {
-    notes.Add("Rows used", MakeCount(data.Rows()));
     notes.Add("Weight", OmStringCell("None", true));
   } else {
-    notes.Add("Rows used",
-              MakeCount(data.Rows() - data.columns[data.FindColumn(weight)].MissingCount()));
     notes.Add("Weight", OmVariable(weight, ""));
   }
   OmDimension::Node const group = notes.AddGroup("Missing values");

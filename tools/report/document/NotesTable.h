@@ -5,14 +5,14 @@
 #include <string>
 
 #include <lakresvos/OmPivotTable.h>
-#include <lakresvos/tabulate/DataSet.h>
+#include <lakresvos/tabulate/CountedData.h>
 
 namespace lakresvos::report {
 
-/// Makes the table "Notes": the data file, the numbers of rows read and rows used, the weight, and
+/// Makes the table "Notes": the data file and what there is to know of it, the numbers of rows read and rows used, the weight, and
 /// the number of missing values in each column.
 /// @param weight the column of weights; empty when there is none.
-std::unique_ptr<OmPivotTable> MakeNotesTable(tabulate::DataSet const& data,
+std::unique_ptr<OmPivotTable> MakeNotesTable(tabulate::CountedData const& data,
                                              std::string const& weight);
 
 }  // namespace lakresvos::report

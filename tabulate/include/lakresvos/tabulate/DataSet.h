@@ -19,6 +19,7 @@ namespace lakresvos::tabulate {
 
 class ColumnPart;
 class ColumnWriter;
+class RowTally;
 struct LazyNumbers;
 class WarningLog;
 
@@ -48,7 +49,8 @@ class LAKRESVOS_TABULATE_EXPORT DataColumn {
   /// The name in the header of the data.
   std::string const& Name() const { return name_; }
 
-  /// Whether values are kept. If not, Values() and Codes() are empty.
+  /// Whether values are kept. If not, Values() and Codes() are empty. Codes() are empty too when
+  /// rows were counted as they were read.
   bool IsKept() const { return kept_; }
 
   /// Whether the categories are texts in any case, even if all values are numbers; false at first.
@@ -76,8 +78,10 @@ class LAKRESVOS_TABULATE_EXPORT DataColumn {
  private:
   friend class ColumnPart;
   friend class ColumnWriter;
+  friend class RowTally;
 
   LAKRESVOS_HIDDEN static bool IsMissing(std::string_view field);
+  LAKRESVOS_HIDDEN std::uint32_t Take(std::string_view field);
   LAKRESVOS_HIDDEN void ForgetNumbers();
 
   std::string name_;

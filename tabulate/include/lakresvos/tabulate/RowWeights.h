@@ -35,6 +35,9 @@ class LAKRESVOS_TABULATE_EXPORT RowWeights {
     return column_ == nullptr ? 1 : numbers_->At(column_->Codes()[row]);
   }
 
+  /// Whether a column says how often rows count.
+  bool HasColumn() const { return column_ != nullptr; }
+
   /// The largest number of decimals that a weight is written with; 0 when all weights are integers.
   int Decimals() const { return decimals_; }
 

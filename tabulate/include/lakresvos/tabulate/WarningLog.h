@@ -61,6 +61,10 @@ class LAKRESVOS_TABULATE_EXPORT WarningLog {
   /// @param column as in a Warning.
   void Count(Skipped kind, std::size_t line, std::string const& column);
 
+  /// Adds everything of another log.
+  /// @param linesBefore to be added to its lines.
+  void Append(WarningLog const& other, std::size_t linesBefore);
+
   /// What was counted of a kind. The reference is valid as long as the log.
   SkipCount const& Summary(Skipped kind) const { return counts_[static_cast<std::size_t>(kind)]; }
 

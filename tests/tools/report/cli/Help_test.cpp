@@ -17,6 +17,7 @@ a spreadsheet or another program.
 
 Input:
   DATA                CSV file whose first line names the columns
+  --separator CHAR    what separates fields, ';' or tab, say (default: guessed)
   --from DOCUMENT     document saved with --format json, instead of DATA
   --weight COLUMN     count each row as often as COLUMN says
   --text COLUMN       treat the categories of COLUMN as text (repeatable)
@@ -106,5 +107,5 @@ TEST(Help, NamesNoOptionThatTheManualLeavesOut) {
       ++options;
     }
   }
-  EXPECT_EQ(options, 26u);
+  EXPECT_EQ(options, 27u);
 }

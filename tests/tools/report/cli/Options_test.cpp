@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include <lakresvos/lakresvos.h>
+#include <lakresvos/tabulate/Quoting.h>
 
 #include "support/ErrorOf.h"
 
@@ -17,7 +18,7 @@ namespace {
 constexpr char const* kWithValue[] = {
     "--table", "--weight",    "--statistics",  "--title",      "--caption", "--group",
     "--text",  "--style",     "--from",        "--format",     "-o",        "--layers",
-    "--width", "--csv-shape", "--xlsx-layers", "--xlsx-merge", "--threads"};
+    "--width", "--csv-shape", "--xlsx-layers", "--xlsx-merge", "--threads", "--separator"};
 constexpr char const* kFlags[] = {"--totals",      "--chart", "--strict",
                                   "--keep-empty",  "--ascii", "--csv-safe",
                                   "--json-layout", "--help",  "--version"};
@@ -130,6 +131,21 @@ TEST(Options, TakeColumnsOfTexts) {
   Options const options = Parse({"--text", "a", "--text", "b c", "a.csv"}).options.value();
   EXPECT_EQ(options.textColumns, (std::vector<std::string>{"a", "b c"}));
   EXPECT_EQ(options.dataFile, "a.csv");
+}
+
+TEST(Options, TakeASeparator) {
+  EXPECT_FALSE(Parse({"a.csv"}).options->dataFormat.separator.has_value());
+  for (auto const& [text, separator] :
+       {std::pair{";", ';'}, {",", ','}, {"|", '|'}, {"^", '^'}, {"tab", '\t'}, {"\t", '\t'}}) {
+    EXPECT_EQ(Parse({"a.csv", "--separator", text}).options->dataFormat.separator, separator);
+  }
+}
+
+TEST(Options, RefuseOtherSeparators) {
+  for (std::string const text : {"x", "7", "\"", " ", ";;", "\n", "\xC2\xA7"}) {
+    EXPECT_EQ(ErrorIn({"a.csv", "--separator", text.c_str()}),
+              "--separator: expected tab or a single punctuation mark, not " + Quote(text));
+  }
 }
 
 TEST(Options, RememberTheCommandAsAShellWouldTakeIt) {
