@@ -229,7 +229,7 @@ TEST_F(TabulateRefusedMemory, WhileDataAreCountedAsTheyAreRead) {
     EXPECT_GT(FailEveryAllocationOf(
                   [&] {
                     WarningLog warnings;
-                    RowCounter counter("data.csv", request, warnings);
+                    RowCounter counter("data.csv", nullptr, request, warnings);
                     std::istringstream input(csv);
                     ReadCsv(input, "data.csv", counter, how);
                     CountedData const data = counter.Result();

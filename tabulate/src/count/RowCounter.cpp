@@ -23,9 +23,9 @@ std::vector<DataColumn*> RowsOf(std::vector<ColumnPart>& columns) {
 
 /// What another thread has counted so far.
 struct RowCounter::PartRows {
-  PartRows(RowPlan const& plan, CountedData& whole)
+  PartRows(RowPlan const& plan, ValueFormat const* format, CountedData& whole)
       : columns(whole.columns.begin(), whole.columns.end()),
-        rows(plan, whole.source, RowsOf(columns), warnings) {}
+        rows(plan, whole.source, format, RowsOf(columns), warnings) {}
 
   std::vector<ColumnPart> columns;
   WarningLog warnings;  // since the last time, by lines from 1
@@ -60,8 +60,9 @@ class RowCounter::Part : public CsvPartSink {
   std::size_t records_ = 0;
 };
 
-RowCounter::RowCounter(std::string const& name, CountRequest const& request, WarningLog& warnings)
-    : request_(request), warnings_(warnings) {
+RowCounter::RowCounter(std::string const& name, std::shared_ptr<ValueFormat const> format,
+                       CountRequest const& request, WarningLog& warnings)
+    : format_(std::move(format)), request_(request), warnings_(warnings) {
   data_.source = name;
 }
 
@@ -88,19 +89,20 @@ void RowCounter::ReadHeader(CsvRecord const& header) {
   }
   for (std::size_t i = 0; i < header.size(); ++i) {
     data_.columns.emplace_back(std::string(header[i]), kept[i]);
+    data_.columns.back().format_ = format_;
   }
   std::vector<DataColumn*> columns;
   for (DataColumn& column : data_.columns) {
     columns.push_back(&column);
   }
-  rows_.emplace(*plan_, data_.source, std::move(columns), warnings_);
+  rows_.emplace(*plan_, data_.source, format_.get(), std::move(columns), warnings_);
 }
 
 std::unique_ptr<CsvPartSink> RowCounter::MakePart() {
   if (!rows_.has_value()) {
     return nullptr;
   }
-  return std::make_unique<Part>(*this, parts_.emplace_back(*plan_, data_));
+  return std::make_unique<Part>(*this, parts_.emplace_back(*plan_, format_.get(), data_));
 }
 
 CountedData RowCounter::Result() {

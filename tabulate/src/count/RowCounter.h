@@ -21,9 +21,11 @@ namespace lakresvos::tabulate {
 class RowCounter : public CsvSink {
  public:
   /// @param name     names the source in messages.
+  /// @param format   of the values; null: the usual one.
   /// @param request  has to outlive the counter.
   /// @param warnings gets a warning of everything that is skipped; has to outlive the counter.
-  RowCounter(std::string const& name, CountRequest const& request, WarningLog& warnings);
+  RowCounter(std::string const& name, std::shared_ptr<ValueFormat const> format,
+             CountRequest const& request, WarningLog& warnings);
   ~RowCounter() override;
 
   /// @throws InputError when the header has a name twice or lacks a required column, and for a
@@ -43,6 +45,7 @@ class RowCounter : public CsvSink {
   void ReadHeader(CsvRecord const& header);
 
   CountedData data_;
+  std::shared_ptr<ValueFormat const> format_;
   CountRequest const& request_;
   WarningLog& warnings_;
   std::optional<RowPlan> plan_;   // none before the header

@@ -9,13 +9,14 @@
 
 namespace lakresvos::tabulate {
 
-RowTally::RowTally(RowPlan const& plan, std::string const& file, std::vector<DataColumn*> columns,
-                   WarningLog& warnings)
+RowTally::RowTally(RowPlan const& plan, std::string const& file, ValueFormat const* format,
+                   std::vector<DataColumn*> columns, WarningLog& warnings)
     : plan_(plan),
       file_(file),
       columns_(std::move(columns)),
       warnings_(warnings),
-      numberReaders_(plan.numbers.size()),
+      weightReader_(format),
+      numberReaders_(plan.numbers.size(), NumberReader(format)),
       codes_(columns_.size()),
       numbers_(plan.numbers.size()) {
   for (std::vector<std::size_t> const& table : plan.tables) {
@@ -45,7 +46,7 @@ void RowTally::Add(CsvRecord const& row) {
 double RowTally::ReadWeight(CsvRecord const& row) {
   std::string_view const field = row[*plan_.weight];
   std::string const& column = columns_[*plan_.weight]->Name();
-  if (DataColumn::IsMissing(field)) {
+  if (columns_[*plan_.weight]->IsMissing(field)) {
     warnings_.Add(
         {Skipped::Weights, row.Line(), column, "the weight is missing; the line was skipped"});
     return kNoNumber;
@@ -62,7 +63,7 @@ double RowTally::ReadWeight(CsvRecord const& row) {
 void RowTally::ReadNumbers(CsvRecord const& row) {
   for (std::size_t i = 0; i < numbers_.size(); ++i) {
     std::string_view const field = row[plan_.numbers[i]];
-    if (DataColumn::IsMissing(field)) {
+    if (columns_[plan_.numbers[i]]->IsMissing(field)) {
       numbers_[i] = kNoNumber;
       continue;
     }
@@ -81,7 +82,7 @@ void RowTally::CountMissing(CsvRecord const& row) {
   }
   auto const count = [&](Skipped kind, std::vector<std::size_t> const& columns) {
     auto const missing = std::ranges::find_if(
-        columns, [&](std::size_t column) { return DataColumn::IsMissing(row[column]); });
+        columns, [&](std::size_t column) { return columns_[column]->IsMissing(row[column]); });
     if (missing != columns.end()) {
       warnings_.Count(kind, row.Line(), columns_[*missing]->Name());
     }

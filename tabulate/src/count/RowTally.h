@@ -21,10 +21,11 @@ class RowTally {
  public:
   /// @param plan     as the others, has to outlive the tally.
   /// @param file     names the source in messages.
+  /// @param format   of the values; null: the usual one.
   /// @param columns  get the distinct values of the rows.
   /// @param warnings gets a warning of everything that is skipped.
-  RowTally(RowPlan const& plan, std::string const& file, std::vector<DataColumn*> columns,
-           WarningLog& warnings);
+  RowTally(RowPlan const& plan, std::string const& file, ValueFormat const* format,
+           std::vector<DataColumn*> columns, WarningLog& warnings);
 
   /// Counts a row. Requires: it has a field for each column.
   /// @throws InputError for a weight that is not a number or is below 0.

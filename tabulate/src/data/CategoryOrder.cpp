@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <string>
 
 #include "data/Number.h"
 
@@ -15,7 +16,7 @@ bool AreNumbers(DataColumn const& column) {
     return false;
   }
   for (std::uint32_t code = 0; code < column.Values().size(); ++code) {
-    if (HasNeedlessZero(column.Values()[code])) {
+    if (HasNeedlessZero(column.ToPlainNumber(column.Values()[code]))) {
       return false;
     }
   }
@@ -33,7 +34,8 @@ CategoryOrder OrderCategories(DataColumn const& column) {
   // Doubles decide quickly; the few that are equal may still differ in digits that a double lacks.
   auto const less = [&](std::uint32_t a, std::uint32_t b) {
     return number[a] != number[b] ? number[a] < number[b]
-                                  : CompareNumbers(values[a], values[b]) < 0;
+                                  : CompareNumbers(column.ToPlainNumber(values[a]),
+                                                   column.ToPlainNumber(values[b])) < 0;
   };
   if (order.numeric) {
     std::stable_sort(codes.begin(), codes.end(), less);
@@ -53,14 +55,16 @@ std::optional<std::uint32_t> FindCategory(DataColumn const& column, CategoryOrde
     std::uint32_t const code = column.Values().Find(value);
     return code == Dictionary::kNone ? std::nullopt : std::optional(order.categoryByCode[code]);
   }
-  if (std::isnan(ParseNumber(value)) || HasNeedlessZero(value)) {
+  std::string const number = column.ToPlainNumber(value);
+  if (std::isnan(ParseNumber(number)) || HasNeedlessZero(number)) {
     return std::nullopt;
   }
-  auto const found = std::lower_bound(order.codeByCategory.begin(), order.codeByCategory.end(),
-                                      value, [&](std::uint32_t code, std::string_view number) {
-                                        return CompareNumbers(column.Values()[code], number) < 0;
-                                      });
-  if (found == order.codeByCategory.end() || CompareNumbers(column.Values()[*found], value) != 0) {
+  auto const compare = [&](std::uint32_t code) {
+    return CompareNumbers(column.ToPlainNumber(column.Values()[code]), number);
+  };
+  auto const found = std::lower_bound(order.codeByCategory.begin(), order.codeByCategory.end(), 0,
+                                      [&](std::uint32_t code, int) { return compare(code) < 0; });
+  if (found == order.codeByCategory.end() || compare(*found) != 0) {
     return std::nullopt;
   }
   return static_cast<std::uint32_t>(found - order.codeByCategory.begin());

@@ -7,7 +7,9 @@ namespace lakresvos::tabulate {
 ColumnPart::ColumnPart(DataColumn& whole)
     : whole_(&whole),
       part_(std::make_unique<DataColumn>(whole.Name(), whole.IsKept())),
-      writer_(*part_) {}
+      writer_(*part_) {
+  part_->format_ = whole.format_;
+}
 
 void ColumnPart::HandOver() {
   writer_.Flush();

@@ -3,7 +3,7 @@
 namespace lakresvos::tabulate {
 
 void ColumnWriter::AppendLater(std::string_view field) {
-  if (DataColumn::IsMissing(field)) {
+  if (column_->IsMissing(field)) {
     column_->Append(field);
     return;
   }

@@ -1,26 +1,31 @@
 #include <algorithm>
 #include <cmath>
 #include <mutex>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include <lakresvos/tabulate/DataSet.h>
 
 #include "data/Number.h"
+#include "data/ValueFormat.h"
 
 namespace lakresvos::tabulate {
 
 namespace {
 
-ColumnNumbers ParseColumnNumbers(Dictionary const& values) {
+ColumnNumbers ParseColumnNumbers(Dictionary const& values, ValueFormat const* format) {
   ColumnNumbers numbers;
   numbers.byCode.reserve(values.size());
   for (std::uint32_t code = 0; code < values.size(); ++code) {
-    double const number = ParseNumber(values[code]);
+    std::string const formatted = format != nullptr ? format->ToPlainNumber(values[code]) : "";
+    std::string_view const text = format != nullptr ? formatted : values[code];
+    double const number = ParseNumber(text);
     numbers.byCode.push_back(number);
     if (std::isnan(number)) {
       numbers.complete = false;
     } else {
-      numbers.decimals = std::max(numbers.decimals, CountDecimals(values[code]));
+      numbers.decimals = std::max(numbers.decimals, CountDecimals(text));
     }
   }
   return numbers;
@@ -41,8 +46,15 @@ DataColumn::DataColumn(DataColumn&& other) noexcept = default;
 DataColumn& DataColumn::operator=(DataColumn&& other) noexcept = default;
 DataColumn::~DataColumn() = default;
 
-bool DataColumn::IsMissing(std::string_view field) {
+bool DataColumn::IsMissing(std::string_view field) const {
+  if (format_ != nullptr) {
+    return field.empty() || format_->IsMissing(field);
+  }
   return field.empty() || (field.size() == 2 && field[0] == 'N' && field[1] == 'A');
+}
+
+std::string DataColumn::ToPlainNumber(std::string_view value) const {
+  return format_ != nullptr ? format_->ToPlainNumber(value) : std::string(value);
 }
 
 void DataColumn::Append(std::string_view field) {
@@ -81,7 +93,7 @@ void DataColumn::ForgetNumbers() {
 
 ColumnNumbers const& DataColumn::Numbers() const {
   std::call_once(numbers_->once, [this] {
-    numbers_->numbers = ParseColumnNumbers(values_);
+    numbers_->numbers = ParseColumnNumbers(values_, format_.get());
     numbers_->parsed = true;
   });
   return numbers_->numbers;

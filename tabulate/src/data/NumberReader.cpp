@@ -19,7 +19,7 @@ constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
 
 }  // namespace
 
-double NumberReader::Read(std::string_view text) {
+double NumberReader::ReadPlain(std::string_view text) {
   std::size_t const point = text.find('.');
   std::int64_t digits = 0;
   bool plain =

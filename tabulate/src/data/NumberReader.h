@@ -3,13 +3,21 @@
 
 #include <string_view>
 
+#include "data/ValueFormat.h"
+
 namespace lakresvos::tabulate {
 
 /// Reads the numbers of a column one after the other, and knows how they were written.
 class NumberReader {
  public:
-  /// The number that a text is, or kNoNumber; see ParseNumber().
-  double Read(std::string_view text);
+  /// @param format of the numbers; null: as ParseNumber() reads them. Has to outlive the reader.
+  explicit NumberReader(ValueFormat const* format = nullptr)
+      : format_(format == nullptr || format->HasPlainNumbers() ? nullptr : format) {}
+
+  /// The number that a text is, or kNoNumber.
+  double Read(std::string_view text) {
+    return format_ == nullptr ? ReadPlain(text) : ReadPlain(format_->ToPlainNumber(text));
+  }
 
   /// The largest number of decimals of a number so far; see CountDecimals().
   int Decimals() const { return decimals_; }
@@ -21,8 +29,10 @@ class NumberReader {
   void Merge(NumberReader const& other);
 
  private:
+  double ReadPlain(std::string_view text);
   void Note(double number, int decimals);
 
+  ValueFormat const* format_;
   int decimals_ = 0;
   bool integers_ = true;
 };

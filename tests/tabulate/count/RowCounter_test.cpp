@@ -33,7 +33,7 @@ CountRequest MakeRequest(std::vector<std::string> const& formulas, std::string c
 CountedData Count(std::string const& bytes, CountRequest const& request, WarningLog& warnings,
                   CsvReading const& how = {}) {
   std::istringstream input(bytes);
-  RowCounter counter("data.csv", request, warnings);
+  RowCounter counter("data.csv", nullptr, request, warnings);
   ReadCsv(input, "data.csv", counter, how);
   return counter.Result();
 }

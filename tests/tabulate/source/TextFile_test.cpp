@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sstream>
 
 #include <lakresvos/tabulate/CrossTable.h>
 #include <lakresvos/tabulate/TextFile.h>
@@ -108,6 +109,22 @@ TEST(TextFile, TakesTheSeparatorThatItIsGiven) {
   EXPECT_EQ(data.columns[0].Name(), "a,x");
   EXPECT_EQ(data.rows, 1u);
   EXPECT_TRUE(data.notes.empty());
+}
+
+TEST(TextFile, ReadsAStream) {
+  std::istringstream input("a,b,x\np,1,2\nq\n");
+  WarningLog warnings;
+  CountedData const data = TextFile(input, "standard input").Count(CountBy("a ~"), warnings);
+  EXPECT_EQ(data.source, "standard input");
+  EXPECT_EQ(data.rows, 1u);
+  EXPECT_EQ(warnings.Summary(Skipped::Lines).line, 3u);
+}
+
+TEST(TextFile, NamesAStreamThatIsBroken) {
+  std::istringstream input("a,b\n\"");
+  WarningLog warnings;
+  EXPECT_EQ(ErrorOf([&] { TextFile(input, "standard input").Count({}, warnings); }),
+            "standard input:2: column 1: unclosed quoted field");
 }
 
 TEST(TextFile, NamesAFileThatCannotBeRead) {

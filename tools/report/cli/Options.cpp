@@ -5,6 +5,7 @@
 #include <cctype>
 #include <initializer_list>
 #include <ostream>
+#include <string_view>
 #include <thread>
 #include <tuple>
 #include <unistd.h>
@@ -35,6 +36,8 @@ struct RawValues {
   std::vector<std::string> groupings;
   std::string statistics = "count";
   std::string separator;
+  std::string missing;
+  std::string thousands;
   bool allLayers = true;
   bool keepEmpty = false;
   std::pair<bool, bool> mergeRowsAndColumns{true, true};
@@ -43,11 +46,23 @@ struct RawValues {
 
 void DeclareInput(OptionBuilder& builder, Options& options, RawValues& raw) {
   builder.StartGroup("Input");
-  builder.AddText("DATA", "", options.dataFile, "CSV file whose first line names the columns")
+  builder.AddText("DATA", "", options.dataFile, "CSV file whose first line names the columns, or -")
       .Requires(kDataGiven);
   builder
       .AddText("--separator", "CHAR", raw.separator,
                "what separates fields, ';' or tab, say (default: guessed)")
+      .Requires(kDataGiven);
+  builder
+      .AddText("--missing", "LIST", raw.missing,
+               "missing values, separated by commas (default: NA)")
+      .Requires(kDataGiven);
+  builder
+      .AddChoice<char>("--decimal", "MARK", options.dataFormat.decimal, {{".", '.'}, {",", ','}},
+                       "what is before the decimals of numbers:")
+      .Requires(kDataGiven);
+  builder
+      .AddText("--thousands", "MARK", raw.thousands,
+               "what is between groups of three digits (default: nothing)")
       .Requires(kDataGiven);
   builder.AddText("--from", "DOCUMENT", options.documentFile,
                   "document saved with --format json, instead of DATA");
@@ -106,7 +121,8 @@ void DeclareOutput(OptionBuilder& builder, Options& options) {
                                 {"xlsx", OutputFormat::Xlsx}},
                                "write")
       .Requires(kFormatWithContent);
-  builder.AddText("-o", "FILE", options.outputFile, "write to FILE (default: standard output)");
+  builder.AddText("-o", "FILE", options.outputFile,
+                  "write to FILE (default: standard output, also -)");
   builder.AddFlag("--strict", options.strict,
                   "write nothing and exit with 1 if anything is skipped");
 }
@@ -207,6 +223,44 @@ char ReadSeparator(std::string const& text) {
   return text[0];
 }
 
+std::vector<std::string> SplitAtCommas(std::string const& list) {
+  std::vector<std::string> parts(1);
+  for (char const c : list) {
+    if (c == ',') {
+      parts.emplace_back();
+    } else {
+      parts.back() += c;
+    }
+  }
+  return parts;
+}
+
+std::string ReadThousands(std::string const& text, char decimal) {
+  std::string mark = text == "space" ? " " : text;
+  if (mark.size() != 1 || std::string_view(" .,'_").find(mark) == std::string_view::npos) {
+    throw tabulate::InputError("--thousands: expected space, '.', ',', ''' or '_', not " +
+                               tabulate::Quote(text));
+  }
+  if (mark[0] == decimal) {
+    throw tabulate::InputError("--thousands: " + tabulate::Quote(text) +
+                               " is before the decimals (--decimal)");
+  }
+  return mark;
+}
+
+/// Reads what is said of the data's format.
+void ReadFormat(RawValues const& raw, tabulate::TextFormat& format) {
+  if (!raw.separator.empty()) {
+    format.separator = ReadSeparator(raw.separator);
+  }
+  if (!raw.missing.empty()) {
+    format.missing = SplitAtCommas(raw.missing);
+  }
+  if (!raw.thousands.empty()) {
+    format.thousands = ReadThousands(raw.thousands, format.decimal);
+  }
+}
+
 /// Reads the raw values but for those that belong to single tables.
 void ReadValues(RawValues const& raw, Options& options) {
   for (std::string const& formula : raw.formulas) {
@@ -215,8 +269,9 @@ void ReadValues(RawValues const& raw, Options& options) {
   for (std::string const& grouping : raw.groupings) {
     options.groupings.push_back(tabulate::ParseGrouping(grouping, "--group"));
   }
-  if (!raw.separator.empty()) {
-    options.dataFormat.separator = ReadSeparator(raw.separator);
+  ReadFormat(raw, options.dataFormat);
+  if (options.outputFile == "-") {
+    options.outputFile.clear();
   }
   options.statistics = tabulate::ParseStatistics(raw.statistics, "--statistics");
   options.threads = static_cast<unsigned>(raw.threads > 0 ? raw.threads : CountProcessors());

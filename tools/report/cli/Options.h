@@ -24,7 +24,7 @@ enum class OutputFormat { Text, Html, Markdown, Csv, Json, Xlsx };
 /// What the program is asked to do.
 struct Options {
   std::string command;   ///< the whole command line, quoted for a shell
-  std::string dataFile;  ///< empty: a saved document is given instead
+  std::string dataFile;  ///< "-": standard input; empty: a saved document is given instead
   tabulate::TextFormat dataFormat;
   std::string documentFile;  ///< empty: data are given instead
   std::vector<tabulate::TableRequest> tables;
@@ -48,6 +48,11 @@ struct Options {
   render::CsvOptions csv;
   render::JsonOptions json;
   render::XlsxOptions xlsx;
+
+  bool ReadsStandardInput() const { return dataFile == "-"; }
+
+  /// What messages and documents call the data.
+  std::string DataName() const { return ReadsStandardInput() ? "standard input" : dataFile; }
 };
 
 /// Reads the command line.

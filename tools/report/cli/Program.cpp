@@ -87,7 +87,9 @@ std::string Write(OmOutputTree const& document, Options const& options, render::
     out.Commit();
     return losses;
   }
-  RefuseToOverwrite(options.dataFile, "data file", options.outputFile);
+  if (!options.ReadsStandardInput()) {
+    RefuseToOverwrite(options.dataFile, "data file", options.outputFile);
+  }
   RefuseToOverwrite(options.documentFile, "saved document", options.outputFile);
   RefuseToOverwrite(options.styleFile, "style file", options.outputFile);
   render::OutputFile file(options.outputFile);
@@ -104,7 +106,7 @@ int Run(Options const& options, render::OutputFile& out) {
   }
   tabulate::WarningLog skipped;
   std::unique_ptr<OmOutputTree> const document = MakeDocument(options, skipped);
-  std::string const skips = MakeLines(MakeSkipMessages(skipped, options.dataFile));
+  std::string const skips = MakeLines(MakeSkipMessages(skipped, options.DataName()));
   std::string losses;
   if (!options.strict || skips.empty()) {
     losses = Write(*document, options, out);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iostream>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -35,6 +36,15 @@ tabulate::RequiredColumns ListTableColumns(std::vector<tabulate::TableRequest> c
     }
   }
   return columns;
+}
+
+std::unique_ptr<tabulate::DataSource> OpenData(Options const& options) {
+  tabulate::ReadOptions const reading{.threads = options.threads};
+  if (options.ReadsStandardInput()) {
+    return std::make_unique<tabulate::TextFile>(std::cin, options.DataName(), options.dataFormat,
+                                                reading);
+  }
+  return std::make_unique<tabulate::TextFile>(options.dataFile, options.dataFormat, reading);
 }
 
 tabulate::CountRequest MakeCountRequest(Options const& options) {
@@ -91,9 +101,7 @@ tabulate::WarningLog AppendReport(OmOutputTree& document, Options const& options
   tabulate::CheckGroupings(options.groupings, ListTableColumns(options.tables));
   CheckTextColumns(options.textColumns, ListTableColumns(options.tables));
   tabulate::WarningLog warnings;
-  tabulate::CountedData data =
-      tabulate::TextFile(options.dataFile, options.dataFormat, {.threads = options.threads})
-          .Count(MakeCountRequest(options), warnings);
+  tabulate::CountedData data = OpenData(options)->Count(MakeCountRequest(options), warnings);
   for (std::string const& column : options.textColumns) {
     data.columns[data.FindColumn(column)].TreatAsText();
   }
@@ -122,9 +130,9 @@ tabulate::WarningLog AppendReport(OmOutputTree& document, Options const& options
   if (warnings.Total() != 0) {
     addTable(MakeWarningsTable(warnings));
   }
-  Node procedure =
-      Append(document.begin(), std::make_unique<OmProcedure>(OmStringCell("lakresvos-report"),
-                                                             options.dataFile, options.weight, ""));
+  Node procedure = Append(document.begin(),
+                          std::make_unique<OmProcedure>(OmStringCell("lakresvos-report"),
+                                                        options.DataName(), options.weight, ""));
   try {
     for (Item& item : items) {
       Append(procedure, std::move(item));

@@ -19,7 +19,9 @@ namespace lakresvos::tabulate {
 
 class ColumnPart;
 class ColumnWriter;
+class RowCounter;
 class RowTally;
+class ValueFormat;
 struct LazyNumbers;
 class WarningLog;
 
@@ -70,6 +72,10 @@ class LAKRESVOS_TABULATE_EXPORT DataColumn {
   /// column.
   std::vector<std::uint32_t> const& Codes() const { return codes_; }
 
+  /// A value as a number that ParseNumber() reads, if it is one as this column writes them; if not,
+  /// some other text. For the library itself.
+  LAKRESVOS_HIDDEN std::string ToPlainNumber(std::string_view value) const;
+
   /// The distinct values as numbers. The first call after values were added parses each distinct
   /// value once; later calls take constant time. The reference is valid until the next Append() and
   /// until the column is moved from or destroyed.
@@ -78,9 +84,10 @@ class LAKRESVOS_TABULATE_EXPORT DataColumn {
  private:
   friend class ColumnPart;
   friend class ColumnWriter;
+  friend class RowCounter;
   friend class RowTally;
 
-  LAKRESVOS_HIDDEN static bool IsMissing(std::string_view field);
+  LAKRESVOS_HIDDEN bool IsMissing(std::string_view field) const;
   LAKRESVOS_HIDDEN std::uint32_t Take(std::string_view field);
   LAKRESVOS_HIDDEN void ForgetNumbers();
 
@@ -91,6 +98,7 @@ class LAKRESVOS_TABULATE_EXPORT DataColumn {
   Dictionary values_;
   std::vector<std::uint32_t> codes_;
   std::unique_ptr<LazyNumbers> numbers_;
+  std::shared_ptr<ValueFormat const> format_;  // null: NA is missing, and numbers are plain
 };
 
 /// The data of one source, column by column.

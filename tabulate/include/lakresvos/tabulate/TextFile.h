@@ -1,6 +1,7 @@
 #ifndef LAKRESVOS_TABULATE_TEXTFILE_H
 #define LAKRESVOS_TABULATE_TEXTFILE_H
 
+#include <iosfwd>
 #include <string>
 
 #include <lakresvos/tabulate/DataSet.h>
@@ -22,10 +23,17 @@ class LAKRESVOS_TABULATE_EXPORT TextFile : public DataSource {
   explicit TextFile(std::string file, TextFormat const& format = {},
                     ReadOptions const& options = {});
 
+  /// Data that are read from a stream instead, from where it is, in the calling thread.
+  /// @param input has to outlive the object, which counts once.
+  /// @param name  names the stream in messages.
+  TextFile(std::istream& input, std::string name, TextFormat const& format = {},
+           ReadOptions const& options = {});
+
   /// Reads the file once, as ReadDataSet() does. A separator that was guessed is noted.
   CountedData Count(CountRequest const& request, WarningLog& warnings) override;
 
  private:
+  std::istream* input_ = nullptr;  // null: the file
   std::string file_;
   TextFormat format_;
   ReadOptions options_;

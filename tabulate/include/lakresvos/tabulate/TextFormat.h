@@ -2,6 +2,8 @@
 #define LAKRESVOS_TABULATE_TEXTFORMAT_H
 
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace lakresvos::tabulate {
 
@@ -13,6 +15,14 @@ struct TextFormat {
   /// What separates the fields: a byte of ASCII that is neither a quote nor a line end. None: a
   /// comma, a semicolon, a tab or a bar, as the first lines suggest.
   std::optional<char> separator = {};
+
+  /// Values that are missing, beside empty ones, exactly as they are written.
+  std::vector<std::string> missing = {"NA"};
+
+  char decimal = '.';  ///< what is before the decimals of a number
+  std::string thousands =
+      {};  ///< what is between groups of three digits of a number, if it has any:
+           ///< other than `decimal`; a space is also one at which no line breaks
 };
 
 }  // namespace lakresvos::tabulate

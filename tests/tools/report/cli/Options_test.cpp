@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <initializer_list>
+#include <regex>
 #include <sched.h>
 #include <sstream>
 
@@ -16,9 +17,10 @@ using namespace lakresvos::tabulate;
 namespace {
 
 constexpr char const* kWithValue[] = {
-    "--table", "--weight",    "--statistics",  "--title",      "--caption", "--group",
-    "--text",  "--style",     "--from",        "--format",     "-o",        "--layers",
-    "--width", "--csv-shape", "--xlsx-layers", "--xlsx-merge", "--threads", "--separator"};
+    "--table",   "--weight",    "--statistics",  "--title",      "--caption", "--group",
+    "--text",    "--style",     "--from",        "--format",     "-o",        "--layers",
+    "--width",   "--csv-shape", "--xlsx-layers", "--xlsx-merge", "--threads", "--separator",
+    "--missing", "--decimal",   "--thousands"};
 constexpr char const* kFlags[] = {"--totals",      "--chart", "--strict",
                                   "--keep-empty",  "--ascii", "--csv-safe",
                                   "--json-layout", "--help",  "--version"};
@@ -148,6 +150,47 @@ TEST(Options, RefuseOtherSeparators) {
   }
 }
 
+TEST(Options, TakeTheFormatOfValues) {
+  TextFormat const usual = Parse({"a.csv"}).options->dataFormat;
+  EXPECT_EQ(usual.missing, (std::vector<std::string>{"NA"}));
+  EXPECT_EQ(usual.decimal, '.');
+  EXPECT_EQ(usual.thousands, "");
+  TextFormat const format =
+      Parse({"a.csv", "--missing", "NA,.,N/A, 99", "--decimal", ",", "--thousands", "space"})
+          .options->dataFormat;
+  EXPECT_EQ(format.missing, (std::vector<std::string>{"NA", ".", "N/A", " 99"}));
+  EXPECT_EQ(format.decimal, ',');
+  EXPECT_EQ(format.thousands, " ");
+  for (std::string const mark : {".", "'", "_", " "}) {
+    EXPECT_EQ(Parse({"a.csv", "--decimal", ",", "--thousands", mark.c_str()})
+                  .options->dataFormat.thousands,
+              mark);
+  }
+  EXPECT_EQ(Parse({"a.csv", "--thousands", ","}).options->dataFormat.thousands, ",");
+}
+
+TEST(Options, RefuseMarksThatNumbersDoNotHave) {
+  for (std::string const text : {"x", "..", "-", "5"}) {
+    EXPECT_EQ(ErrorIn({"a.csv", "--thousands", text.c_str()}),
+              "--thousands: expected space, '.', ',', ''' or '_', not " + Quote(text));
+  }
+  EXPECT_EQ(ErrorIn({"a.csv", "--thousands", "."}),
+            "--thousands: '.' is before the decimals (--decimal)");
+  EXPECT_EQ(ErrorIn({"a.csv", "--thousands", ",", "--decimal", ","}),
+            "--thousands: ',' is before the decimals (--decimal)");
+}
+
+TEST(Options, TakeAHyphenForStandardInputAndOutput) {
+  Options const options = Parse({"-", "-o", "-"}).options.value();
+  EXPECT_TRUE(options.ReadsStandardInput());
+  EXPECT_EQ(options.DataName(), "standard input");
+  EXPECT_EQ(options.outputFile, "");
+  Options const file = Parse({"./-", "-o", "./-"}).options.value();
+  EXPECT_FALSE(file.ReadsStandardInput());
+  EXPECT_EQ(file.DataName(), "./-");
+  EXPECT_EQ(file.outputFile, "./-");
+}
+
 TEST(Options, RememberTheCommandAsAShellWouldTakeIt) {
   EXPECT_EQ(Parse({"a b.csv", "--table", "a ~ b"}).options->command,
             "lakresvos-report 'a b.csv' --table 'a ~ b'");
@@ -226,7 +269,8 @@ TEST(OptionErrors, AreNeverInTheWordsOfTheParser) {
   for (std::string const& first : arguments) {
     for (std::string const& second :
          {std::string("a.csv"), std::string("--from=x"), std::string("--nope"), first}) {
-      std::string const error = ErrorIn({first.c_str(), second.c_str()});
+      std::string const error =
+          std::regex_replace(ErrorIn({first.c_str(), second.c_str()}), std::regex("--missing"), "");
       for (char const* words : {"required",
                                 "expected:",
                                 "expected exactly",

@@ -206,11 +206,24 @@ TEST(Program, ReadsEveryFormOfCsvAlike) {
 
 TEST(Program, ReadsFromAPipe) {
   TemporaryDirectory const directory;
-  std::string const command = "printf 'a\\nx\\nx\\n' | " LAKRESVOS_REPORT_PROGRAM
-                              " /dev/stdin --table 'a ~' --ascii >" +
-                              directory.Path("out");
-  EXPECT_EQ(std::system(command.c_str()), 0);
-  EXPECT_NE(ReadFile(directory.Path("out")).find("| x | 2 |"), std::string::npos);
+  for (std::string const data : {"/dev/stdin", "-"}) {
+    std::string const command = "printf 'a\\nx\\nx\\n' | " LAKRESVOS_REPORT_PROGRAM " " + data +
+                                " --table 'a ~' --ascii -o - >" + directory.Path("out");
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_NE(ReadFile(directory.Path("out")).find("| x | 2 |"), std::string::npos);
+  }
+  EXPECT_NE(ReadFile(directory.Path("out")).find("standard input"), std::string::npos);
+}
+
+TEST(Program, ReadsOtherSeparatorsAndNumbers) {
+  TemporaryDirectory const directory;
+  std::string const file =
+      directory.Write("data.csv", "region;amount\nnorth;1.234,5\nsouth;n/a\nnorth;0,25\n");
+  ReportRun const run =
+      RunReport({file, "--decimal", ",", "--thousands", ".", "--missing", "n/a", "--table",
+                 "region ~", "--statistics", "sum:amount", "--format", "csv"});
+  EXPECT_EQ(run.exitCode, 0) << run.err;
+  EXPECT_NE(run.out.find("north,1234.75,"), std::string::npos) << run.out;
 }
 
 TEST(Program, GivesHelpAndVersion) {
