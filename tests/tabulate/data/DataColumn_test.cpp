@@ -1,3 +1,4 @@
+#include <atomic>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -19,8 +20,9 @@ static_assert(!std::is_copy_constructible_v<DataColumn>);
 
 namespace {
 
-/// How often a text was parsed as a number; the linker puts the wrapper below in the parser's place.
-std::size_t parses = 0;
+/// How often a text was parsed as a number, in whatever thread; the linker puts the wrapper below in
+/// the place of the parser.
+std::atomic<std::size_t> parses = 0;
 
 }  // namespace
 
