@@ -80,15 +80,16 @@ void RowTally::CountMissing(CsvRecord const& row) {
   if (plan_.tables.empty()) {
     return;
   }
-  auto const count = [&](Skipped kind, std::vector<std::size_t> const& columns) {
-    auto const missing = std::ranges::find_if(
-        columns, [&](std::size_t column) { return columns_[column]->IsMissing(row[column]); });
+  auto const count = [&](Skipped kind, std::vector<std::size_t> const& columns, auto isMissing) {
+    auto const missing = std::ranges::find_if(columns, isMissing);
     if (missing != columns.end()) {
       warnings_.Count(kind, row.Line(), columns_[*missing]->Name());
     }
   };
-  count(Skipped::Rows, plan_.categories);
-  count(Skipped::Values, plan_.numbers);
+  count(Skipped::Rows, plan_.categories,
+        [&](std::size_t column) { return codes_[column] == kMissingCode; });
+  count(Skipped::Values, plan_.numbers,
+        [&](std::size_t column) { return columns_[column]->IsMissing(row[column]); });
 }
 
 void RowTally::Merge(RowTally const& other,

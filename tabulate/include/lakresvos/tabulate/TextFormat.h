@@ -20,9 +20,10 @@ struct TextFormat {
   std::vector<std::string> missing = {"NA"};
 
   char decimal = '.';  ///< what is before the decimals of a number
-  std::string thousands =
-      {};  ///< what is between groups of three digits of a number, if it has any:
-           ///< other than `decimal`; a space is also one at which no line breaks
+
+  /// What is between groups of three digits of a number, if it has any; other than `decimal`. A space
+  /// is also one at which no line breaks.
+  std::string thousands = {};
 };
 
 }  // namespace lakresvos::tabulate
