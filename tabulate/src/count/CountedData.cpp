@@ -1,9 +1,7 @@
-#include <algorithm>
-#include <ranges>
-
 #include <lakresvos/tabulate/CountedData.h>
 
 #include "count/TableCounts.h"
+#include "data/FindColumn.h"
 
 namespace lakresvos::tabulate {
 
@@ -13,8 +11,7 @@ CountedData& CountedData::operator=(CountedData&& other) noexcept = default;
 CountedData::~CountedData() = default;
 
 std::size_t CountedData::FindColumn(std::string const& name) const {
-  auto const found = std::ranges::find(columns, name, &DataColumn::Name);
-  return static_cast<std::size_t>(found - columns.begin());
+  return tabulate::FindColumn(columns, name);
 }
 
 }  // namespace lakresvos::tabulate

@@ -4,6 +4,7 @@
 
 #include "csv/CsvReader.h"
 #include "data/DataSetBuilder.h"
+#include "data/FindColumn.h"
 
 namespace lakresvos::tabulate {
 
@@ -16,9 +17,7 @@ CsvReading ChooseReading(ReadOptions const& options) {
 }  // namespace
 
 std::size_t DataSet::FindColumn(std::string const& name) const {
-  auto const found = std::find_if(columns.begin(), columns.end(),
-                                  [&](DataColumn const& column) { return column.Name() == name; });
-  return static_cast<std::size_t>(found - columns.begin());
+  return tabulate::FindColumn(columns, name);
 }
 
 DataSet ReadDataSet(std::string const& file, RequiredColumns const& required, WarningLog& warnings,

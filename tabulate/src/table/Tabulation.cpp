@@ -1,24 +1,13 @@
 #include "table/Tabulation.h"
 
 #include <algorithm>
-#include <ranges>
-#include <string>
 #include <utility>
 
 #include "count/CountRows.h"
 #include "count/MeasurePlan.h"
+#include "data/FindColumn.h"
 
 namespace lakresvos::tabulate {
-
-namespace {
-
-/// The place of a column with this name, which is there.
-std::size_t FindColumn(std::vector<DataColumn> const& columns, std::string const& name) {
-  auto const found = std::ranges::find(columns, name, &DataColumn::Name);
-  return static_cast<std::size_t>(found - columns.begin());
-}
-
-}  // namespace
 
 Tabulation::Tabulation(std::vector<DataColumn> const& columns, TableCounts const& counts,
                        Formula const& formula, std::vector<Statistic> const& statistics,
